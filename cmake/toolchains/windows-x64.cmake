@@ -1,0 +1,3 @@
+set(TILLORA_TRIPLE x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+include(${CMAKE_CURRENT_LIST_DIR}/windows-mingw.cmake)

@@ -1,0 +1,3 @@
+set(TILLORA_TRIPLE i686-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR x86)
+include(${CMAKE_CURRENT_LIST_DIR}/windows-mingw.cmake)

@@ -1,0 +1,169 @@
+#include "component/frmOptions.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "component/first_use.h"
+#include "component/save_options.h"
+#include "support/text_rules.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+struct TabInfo {
+  const char16_t* caption;
+  int helpContext;
+};
+
+// Layby and Pump share a help topic.
+constexpr std::array<TabInfo, 12> kTabs = {{
+    {u"General", 53},
+    {u"Lists", 19},
+    {u"Transactions", 20},
+    {u"Rounding", 21},
+    {u"Currency", 22},
+    {u"Scanning", 23},
+    {u"Layby", 216},
+    {u"EOD", 24},
+    {u"Pump", 216},
+    {u"Web", 26},
+    {u"Security", 27},
+    {u"FRED", 25},
+}};
+
+constexpr ui::Size kClientSize{10650, 8100};
+constexpr int kMargin = 120;
+
+}  // namespace
+
+frmOptions::frmOptions(Platform platform)
+    : Form(platform.screen, u"Options"),
+      tabOptions(add<ui::TabStrip>()),
+      platform_(std::move(platform)),
+      messages_(platform_.messageBoxes) {
+  makeFrame();
+  tabs_ = std::make_unique<Tabs>(static_cast<OptionsDialog&>(*this));
+}
+
+void frmOptions::makeFrame() {
+  setClientSize(kClientSize);
+  for (std::size_t i = 0; i < kTabs.size(); ++i) {
+    auto& frame = add<ui::Frame>(Text(), ui::Frame::Border::none);
+    frame.setVisible(i == 0);
+    fraFrame.set(static_cast<int>(i), frame);
+    if (i + 1 < kTabs.size()) tabOptions.addTab(kTabs[i].caption);
+  }
+
+  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"&OK"));
+  okButton.setToolTip(u"Apply and save all changes then close this window");
+  okButton.setDefault(true);
+  auto& applyButton = cmdCommand.set(apply, add<ui::CommandButton>(u"&Apply"));
+  applyButton.setToolTip(u"Apply and save all changes");
+  applyButton.setEnabled(false);
+  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
+  cancelButton.setToolTip(u"Cancel all changes and close this window");
+  cancelButton.setCancel();
+  auto& helpButton = cmdCommand.set(help_, add<ui::CommandButton>(u"&Help"));
+  helpButton.setToolTip(u"Display help for this window");
+
+  const int buttons = ui::Rows::buttonRow(*this, {&okButton, &applyButton, &cancelButton, &helpButton});
+  tabOptions.setBounds({kMargin, kMargin, kClientSize.width - 2 * kMargin, buttons - 2 * kMargin});
+  onResize();
+
+  tabOptions.beforeClick = [this](bool& refuse) { tabBeforeClick(refuse); };
+  tabOptions.click = [this] { tabClick(); };
+  cmdCommand.on(&ui::CommandButton::click, [this](int index) { commandClick(index); });
+  help = [this] { showHelp(); };
+}
+
+void frmOptions::setHost(HostObjects host) {
+  host_ = std::move(host);
+  messages_.setSettings(host_.settings);
+}
+
+void frmOptions::onLoad() {
+  loading_ = true;
+  setHelpContext(kTabs.front().helpContext);
+  shortProductName_ = beforeLastBlank(requireObject(host_.app, u"AppObject").title());
+  if (requireObject(host_.settings, u"SettingsObject").dispensingAvailable()) {
+    tabOptions.addTab(kTabs.back().caption);
+  }
+  {
+    const auto record = requireObject(host_.database, u"DBJetObject").optionsRecord();
+    tabs_->load(*record);
+  }
+  if (FirstUse) {
+    prepareFirstUse(host_);
+    cmdCommand[apply].setEnabled(!SaveOptions(*this));
+  }
+  loading_ = false;
+}
+
+void frmOptions::onResize() {
+  const ui::Rect client = tabOptions.clientArea();
+  for (const auto& [index, frame] : fraFrame) frame->setBounds(client);
+}
+
+void frmOptions::onQueryUnload(bool& /*cancel*/, ui::UnloadMode /*mode*/) {
+  host_.database.reset();
+  host_.settings.reset();
+  host_.app.reset();
+  messages_.setSettings(nullptr);
+}
+
+void frmOptions::edited(ui::Control& control) {
+  const bool onPage = std::ranges::any_of(
+      fraFrame, [&](const auto& entry) { return entry.second->contains(control); });
+  if (onPage) markChanged();
+}
+
+void frmOptions::markChanged() {
+  if (!loading_) cmdCommand[apply].setEnabled(true);
+}
+
+ui::Frame& frmOptions::page(TabPage page) { return fraFrame[static_cast<int>(page) - 1]; }
+
+void frmOptions::selectTab(TabPage page) { tabOptions.setSelected(static_cast<int>(page)); }
+
+void frmOptions::setOkDefault(bool isDefault) { cmdCommand[ok].setDefault(isDefault); }
+
+void frmOptions::tabBeforeClick(bool& refuse) {
+  ui::Frame& shown = fraFrame[tabOptions.selected() - 1];
+  const ui::Control* active = activeControl();
+  if (active != nullptr && shown.contains(*active) && !tabOptions.setFocus()) {
+    refuse = true;
+    return;
+  }
+  shown.setVisible(false);
+}
+
+void frmOptions::tabClick() {
+  const int index = tabOptions.selected() - 1;
+  fraFrame[index].setVisible(true);
+  setHelpContext(kTabs[static_cast<std::size_t>(index)].helpContext);
+}
+
+void frmOptions::commandClick(int index) {
+  switch (index) {
+    case ok:
+      if (!cmdCommand[apply].enabled() || SaveOptions(*this)) unload();
+      break;
+    case apply:
+      SaveOptions(*this);
+      break;
+    case cancel:
+      unload();
+      break;
+    default:  // Help is reached by F1; pressing the button does nothing.
+      break;
+  }
+}
+
+void frmOptions::showHelp() {
+  App& app = requireObject(host_.app, u"AppObject");
+  platform_.help.show(app.path() + u"\\" + app.title() + u".chm", helpContext());
+}
+
+}  // namespace tillora

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "component/host_objects.h"
+#include "component/messages.h"
+#include "component/options_tab.h"
+#include "component/platform.h"
+#include "component/tab_order.h"
+#include "ui/buttons.h"
+#include "ui/control_array.h"
+#include "ui/form.h"
+#include "ui/tab_strip.h"
+
+namespace tillora {
+
+/// The options dialog: its tab strip and pages, its four buttons, and the state of Apply, which is
+/// the dialog's only record of unsaved changes. What is on the pages belongs to the tab parts
+/// (tab_order.h); the save is save_options.h.
+class frmOptions final : public ui::Form, private OptionsDialog {
+ public:
+  enum Command : std::uint8_t { ok, apply, cancel, help_ };
+
+  explicit frmOptions(Platform platform);
+
+  /// Set by the caller before the dialog is loaded.
+  bool FirstUse = false;
+  Text LVFileExtension;
+  void setHost(HostObjects host);
+  /// Read by the caller when the dialog has closed.
+  bool ChangedDataFile = false;
+
+  ui::TabStrip& tabOptions;
+  ui::ControlArray<ui::Frame> fraFrame;            ///< by tab number less 1
+  ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
+
+  /// A save succeeded; the mask of option_changes.h.
+  ui::Event<std::int32_t&> changed;
+
+  /// A tab part with its controls, e.g. tab<CompanyDetails>().
+  template <class Part>
+  Part& tab() {
+    return tabs_->get<Part>();
+  }
+  const Tabs& tabs() const { return *tabs_; }
+  const Platform& platform() const { return platform_; }
+  const HostObjects& host() const override { return host_; }
+
+ private:
+  void onLoad() override;
+  void onResize() override;
+  void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
+  ui::Control* firstFocus() const override { return nextInTabOrder(&tabOptions); }
+  void edited(ui::Control& control) override;
+
+  ui::Frame& page(TabPage page) override;
+  Messages& messages() override { return messages_; }
+  const Text& shortProductName() const override { return shortProductName_; }
+  const NumberLocale& numberLocale() const override { return platform_.numbers; }
+  void markChanged() override;
+  void selectTab(TabPage page) override;
+  void setOkDefault(bool isDefault) override;
+
+  void makeFrame();
+  void tabBeforeClick(bool& cancel);
+  void tabClick();
+  void commandClick(int index);
+  void showHelp();
+
+  Platform platform_;
+  HostObjects host_;
+  Messages messages_;
+  std::unique_ptr<Tabs> tabs_;
+  Text shortProductName_;
+  bool loading_ = false;
+};
+
+}  // namespace tillora

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tillora {
+
+/// One group of options; a bit of the mask that OptionsChanged carries.
+enum class OptionChange : std::int32_t {
+#define TILLORA_CHANGE(name, value, help) name = value,
+#include "component/option_changes.inc"
+#undef TILLORA_CHANGE
+};
+
+/// The groups whose stored values one save changes.
+class OptionChanges {
+ public:
+  void set(OptionChange change) { mask_ |= static_cast<std::int32_t>(change); }
+  std::int32_t mask() const { return mask_; }
+
+ private:
+  std::int32_t mask_ = 0;
+};
+
+}  // namespace tillora

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "component/values.h"
+
+namespace tillora {
+
+enum class OptionType : std::uint8_t { Text, Long, Integer, Byte, Single, Currency, Boolean };
+
+/// Position of an option in the table, from 0.
+enum class OptionId : std::uint8_t {
+#define TILLORA_OPTION(id, name, type, default_, tab, help) name,
+#include "component/option_table.inc"
+#undef TILLORA_OPTION
+};
+
+/// One stored option as the outside names it.
+struct OptionInfo {
+  OptionId option;
+  std::int32_t dispatchId;
+  const char16_t* name;
+  OptionType type;
+  const char* defaultText;  ///< as written in the table
+  const char* tab;
+  const char* help;
+};
+
+/// The default terms and conditions of a layby, as printed.
+extern const char16_t* const kDefaultLaybyTerms;
+
+#define TILLORA_WIDEN_(text) u##text
+#define TILLORA_WIDEN(text) TILLORA_WIDEN_(text)
+
+inline constexpr std::array kOptionTable = {
+#define TILLORA_OPTION(id, name, type, default_, tab, help) \
+  OptionInfo{OptionId::name, id, TILLORA_WIDEN(#name), OptionType::type, #default_, tab, help},
+#include "component/option_table.inc"
+#undef TILLORA_OPTION
+};
+
+constexpr const OptionInfo& optionInfo(OptionId option) {
+  return kOptionTable[static_cast<std::size_t>(option)];
+}
+
+/// The C++ type of a stored option: what it is read and written as, and what its default is kept as.
+template <OptionType>
+struct OptionTraits;
+template <class T, class Default = T>
+struct OptionTraitsOf {
+  using Type = T;
+  using DefaultType = Default;
+};
+template <>
+struct OptionTraits<OptionType::Text> : OptionTraitsOf<Text, const char16_t*> {};
+template <>
+struct OptionTraits<OptionType::Long> : OptionTraitsOf<std::int32_t> {};
+template <>
+struct OptionTraits<OptionType::Integer> : OptionTraitsOf<std::int16_t> {};
+template <>
+struct OptionTraits<OptionType::Byte> : OptionTraitsOf<std::uint8_t> {};
+template <>
+struct OptionTraits<OptionType::Single> : OptionTraitsOf<float> {};
+template <>
+struct OptionTraits<OptionType::Currency> : OptionTraitsOf<Money> {};
+template <>
+struct OptionTraits<OptionType::Boolean> : OptionTraitsOf<bool> {};
+
+/// An option with its type: the key to typed reads and writes of an OptionsRecord.
+template <OptionType type>
+struct Option {
+  using Type = typename OptionTraits<type>::Type;
+  OptionId id;
+  typename OptionTraits<type>::DefaultType defaultValue;
+};
+
+/// The options by name, e.g. options::CompanyName.
+namespace options {
+#define TILLORA_OPTION(id, name, type, default_, tab, help) \
+  inline const Option<OptionType::type> name{OptionId::name, default_};
+#include "component/option_table.inc"
+#undef TILLORA_OPTION
+}  // namespace options
+
+}  // namespace tillora

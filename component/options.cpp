@@ -1,0 +1,50 @@
+#include "component/options.h"
+
+#include <utility>
+
+#include "component/frmOptions.h"
+
+namespace tillora {
+namespace {
+
+/// Marks that a dialog of the component is open on this thread.
+class OpenDialog {
+ public:
+  OpenDialog() {
+    if (isOpen) {
+      throw Error(error::alreadyShown, u"TilloraOptions.Options",
+                  u"An options dialog is already open.");
+    }
+    isOpen = true;
+  }
+  ~OpenDialog() { isOpen = false; }
+  OpenDialog(const OpenDialog&) = delete;
+  OpenDialog& operator=(const OpenDialog&) = delete;
+
+ private:
+  static thread_local bool isOpen;
+};
+
+thread_local bool OpenDialog::isOpen = false;
+
+}  // namespace
+
+Options::Options(Platform platform) : platform_(std::move(platform)) {}
+
+bool Options::ShowOptions() {
+  const OpenDialog open;
+  frmOptions dialog(platform_);
+  dialog.changed = [this](std::int32_t& mask) { OptionsChanged.raise(mask); };
+  dialog.FirstUse = FirstUse;
+  dialog.LVFileExtension = LVFileExtension;
+  dialog.setHost({DBJetObject, AppObject, MsgSndObject, ResourceObject, SettingsObject});
+  if (SelectedTab > 0) {
+    dialog.load();
+    dialog.tabOptions.setSelected(SelectedTab);
+  }
+  dialog.showModal();
+  changedDataFile_ = dialog.ChangedDataFile;
+  return true;
+}
+
+}  // namespace tillora

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <tuple>
+
+#include "component/options_tab.h"
+#include "identity/company_details.h"
+
+namespace tillora {
+
+/// The parts of the tabs, one of each type.
+template <class... Parts>
+class TabParts {
+ public:
+  explicit TabParts(OptionsDialog& dialog) : parts_{std::make_unique<Parts>(dialog)...} {}
+
+  template <class Part>
+  Part& get() const {
+    return *std::get<std::unique_ptr<Part>>(parts_);
+  }
+  void load(OptionsRecord& record) const { (get<Parts>().load(record), ...); }
+
+ private:
+  std::tuple<std::unique_ptr<Parts>...> parts_;
+};
+
+/// The load order: the parts are made and loaded in this order.
+using Tabs = TabParts<  //
+    CompanyDetails>;
+
+/// Runs every part's write-back in the save order.
+void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes);
+
+/// Asks the parts, before anything is written, whether the choices can be saved. A part that says no
+/// has shown its message, which begins with the host program's title, and selected its tab.
+bool validateTabs(const Tabs& tabs, const Text& title);
+
+}  // namespace tillora

@@ -1,0 +1,213 @@
+#include "identity/company_details.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "support/modJetSQLFixup.h"
+#include "support/modSelectAllText.h"
+#include "support/text_rules.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+using ui::Cell;
+using ui::Key;
+
+constexpr std::array<int, CompanyDetails::count> kMaxLength = {255, 0, 50, 50, 50, 3,
+                                                               3,   3, 2,  3,  3,  3};
+constexpr int kAddressLines = 4;
+constexpr int kPhoneWidth = 3000;
+constexpr int kDigitGroupWidth = 540;
+constexpr std::size_t kLongestClassWithoutToolTip = 12;
+
+bool isDigitGroup(int index) { return index >= CompanyDetails::firstOfAcn; }
+
+bool isFirstGroup(int index) {
+  return index == CompanyDetails::firstOfAcn || index == CompanyDetails::firstOfAbn;
+}
+
+bool isLastGroup(int index) {
+  return index + 1 == CompanyDetails::firstOfAbn || index + 1 == CompanyDetails::count;
+}
+
+Text lastThree(const Text& text) { return text.size() <= 3 ? text : text.substr(text.size() - 3); }
+
+Text middle(const Text& text, std::size_t start, std::size_t length) {
+  return start < text.size() ? text.substr(start, length) : Text();
+}
+
+}  // namespace
+
+CompanyDetails::CompanyDetails(OptionsDialog& dialog)
+    : OptionsTab(dialog),
+      fraGeneral(dialog.page(TabPage::general).add<ui::Frame>(u"Company Details")),
+      txtCompanyDetails(makeBoxes()),
+      cboClass(makeClassBox()) {
+  layOut();
+  txtCompanyDetails.on(&ui::TextBox::gotFocus, [this](int i) { gotFocus(i); });
+  txtCompanyDetails.on(&ui::TextBox::lostFocus, [this](int i) { lostFocus(i); });
+  txtCompanyDetails.on(&ui::TextBox::keyPress, [this](int i, char16_t& key) { keyPress(i, key); });
+  txtCompanyDetails.on(&ui::TextBox::keyDown,
+                       [this](int i, Key& key, ui::Modifiers) { keyDown(i, key); });
+  txtCompanyDetails.on(&ui::TextBox::validate, [this](int i, bool&) { validate(i); });
+  cboClass.click = [this] { showClassToolTip(); };
+}
+
+ui::Label& CompanyDetails::addLabel(Text caption) {
+  return lblGeneral.set(lblGeneral.count(), fraGeneral.add<ui::Label>(std::move(caption)));
+}
+
+ui::ControlArray<ui::TextBox> CompanyDetails::makeBoxes() {
+  constexpr std::array kCaptions = {u"Na&me", u"A&ddress", u"&Phone", u"&Fax",
+                                    u"&Email", u"AC&N",    u"A&BN"};
+  ui::ControlArray<ui::TextBox> boxes;
+  for (int i = 0; i < count; ++i) {
+    if (!isDigitGroup(i) || isFirstGroup(i)) {
+      addLabel(kCaptions[static_cast<std::size_t>(lblGeneral.count())]);
+    }
+    auto& box = boxes.set(i, fraGeneral.add<ui::TextBox>());
+    box.setMaxLength(kMaxLength[static_cast<std::size_t>(i)]).setMultiLine(i == address);
+    if (!isDigitGroup(i) || isFirstGroup(i)) continue;
+    box.setAccessibleName(i < firstOfAbn ? u"ACN, next digits" : u"ABN, next digits");
+  }
+  return boxes;
+}
+
+ui::ComboBox& CompanyDetails::makeClassBox() {
+  addLabel(u"&Class");
+  return fraGeneral.add<ui::ComboBox>();
+}
+
+void CompanyDetails::layOut() {
+  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::general));
+  ui::Rows rows = page.group(fraGeneral);
+  const auto& label = lblGeneral;
+  const auto& box = txtCompanyDetails;
+  rows.labelColumn({&label[0], &label[1], &label[2], &label[4], &label[5], &label[6]});
+  rows.field(label[0], {{box[name], Cell::kFill}});
+  rows.field(label[1], {{box[address], Cell::kFill}}, kAddressLines);
+  rows.field(label[2], {{box[phone], kPhoneWidth}, {label[3]}, {box[fax], Cell::kFill}});
+  rows.field(label[4], {{box[email], Cell::kFill}});
+  rows.field(label[5], {{box[5], kDigitGroupWidth}, {box[6], kDigitGroupWidth}, {box[7], kDigitGroupWidth}});
+  rows.field(label[6], {{box[8], kDigitGroupWidth}, {box[9], kDigitGroupWidth},
+                        {box[10], kDigitGroupWidth}, {box[11], kDigitGroupWidth},
+                        {label[7]}, {cboClass, Cell::kFill}});
+  page.endGroup(fraGeneral, rows);
+}
+
+void CompanyDetails::load(OptionsRecord& record) {
+  const auto& box = txtCompanyDetails;
+  box[name].setText(record.getOrDefault(options::CompanyName));
+  box[address].setText(record.getOrDefault(options::CompanyAddress));
+  box[phone].setText(record.getOrDefault(options::CompanyPhone));
+  box[fax].setText(record.getOrDefault(options::CompanyFax));
+  box[email].setText(record.getOrDefault(options::CompanyEmail));
+
+  const Text acn = record.getOrDefault(options::CompanyACN);
+  box[5].setText(middle(acn, 0, 3));
+  box[6].setText(middle(acn, 3, 3));
+  box[7].setText(lastThree(acn));
+
+  // The last group takes the last three characters, whatever the length of the stored number.
+  const Text abn = record.getOrDefault(options::CompanyABN);
+  box[8].setText(middle(abn, 0, 2));
+  box[9].setText(middle(abn, 2, 3));
+  box[10].setText(middle(abn, 5, 3));
+  box[11].setText(lastThree(abn));
+
+  loadClasses(record.getOrDefault(options::LVClass));
+}
+
+void CompanyDetails::loadClasses(const Text& chosen) {
+  cboClass.clear();
+  cboClass.addItem(u"(none)");
+  cboClass.setListIndex(0);
+  const auto classes = requireObject(dialog_.host().database, u"DBJetObject").classTable();
+  const Text visible = Text(u"Hidden=").append(jetBoolean(false));
+  for (classes->findFirst(visible); !classes->noMatch(); classes->findNext(visible)) {
+    const Text className = classes->text(fields::class_::Name);
+    cboClass.addItem(className);
+    if (className == chosen) cboClass.setListIndex(cboClass.count() - 1);
+  }
+  showClassToolTip();
+}
+
+void CompanyDetails::gotFocus(int index) {
+  // Enter makes a line in the address.
+  if (index == address) dialog_.setOkDefault(false);
+  if (!std::exchange(focusMove_, false)) selectAllText(txtCompanyDetails[index]);
+}
+
+void CompanyDetails::lostFocus(int index) {
+  if (index == address) dialog_.setOkDefault(true);
+}
+
+void CompanyDetails::keyPress(int index, char16_t& key) {
+  if (!isDigitGroup(index) || isCommandCharacter(key)) return;
+  ui::TextBox& box = txtCompanyDetails[index];
+  const int caret = box.selStart();
+  if (key == ui::kBackspaceCharacter) {
+    if (!isFirstGroup(index) && caret == 0) moveFocusTo(index - 1, Caret::end);
+    return;
+  }
+  if (!isDigit(key)) key = 0;
+  // Typing over a full group replaces digit by digit.
+  const bool full = static_cast<int>(box.text().size()) >= box.maxLength();
+  if (key != 0 && full && box.selLength() == 0) box.setSelection(caret, 1);
+  // A discarded key moves on as well.
+  if (!isLastGroup(index) && caret == box.maxLength() - 1) moveFocusTo(index + 1, Caret::start);
+}
+
+void CompanyDetails::keyDown(int index, Key& key) {
+  if (!isDigitGroup(index)) return;
+  const ui::TextBox& box = txtCompanyDetails[index];
+  const int end = static_cast<int>(box.text().size());
+  if (key == Key::left && !isFirstGroup(index) && box.selStart() == 0) {
+    key = Key::none;
+    moveFocusTo(index - 1, Caret::end);
+  } else if (key == Key::right && !isLastGroup(index) && box.selStart() == end) {
+    key = Key::none;
+    moveFocusTo(index + 1, Caret::start);
+  }
+}
+
+void CompanyDetails::moveFocusTo(int index, Caret caret) {
+  ui::TextBox& neighbour = txtCompanyDetails[index];
+  focusMove_ = true;
+  if (!neighbour.setFocus()) {
+    focusMove_ = false;
+    return;
+  }
+  neighbour.setSelection(caret == Caret::end ? static_cast<int>(neighbour.text().size()) : 0, 0);
+}
+
+void CompanyDetails::validate(int index) {
+  if (!isDigitGroup(index)) return;
+  ui::TextBox& box = txtCompanyDetails[index];
+  if (!isNumeric(box.text(), dialog_.numberLocale())) box.setText(u"");
+}
+
+void CompanyDetails::showClassToolTip() {
+  const Text& shown = cboClass.text();
+  cboClass.setToolTip(shown.size() > kLongestClassWithoutToolTip ? shown : Text());
+}
+
+void CompanyDetails::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+  const auto& box = txtCompanyDetails;
+  record.set(options::CompanyName, trimBlanks(box[name].text()));
+  record.set(options::CompanyAddress, trimBlanks(box[address].text()));
+  record.set(options::CompanyPhone, trimBlanks(box[phone].text()));
+  record.set(options::CompanyFax, trimBlanks(box[fax].text()));
+  record.set(options::CompanyEmail, trimBlanks(box[email].text()));
+  record.set(options::CompanyACN, box[5].text() + box[6].text() + box[7].text());
+  record.set(options::CompanyABN,
+             box[8].text() + box[9].text() + box[10].text() + box[11].text());
+}
+
+void CompanyDetails::saveClass(OptionsRecord& record, OptionChanges& /*changes*/) {
+  record.set(options::LVClass, cboClass.listIndex() == 0 ? Text() : cboClass.text());
+}
+
+}  // namespace tillora

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "component/options_tab.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/lists.h"
+#include "ui/text_box.h"
+
+namespace tillora {
+
+/// Who the business is: name, address, phone, fax, e-mail, ACN, ABN and accounting class.
+class CompanyDetails final : public OptionsTab {
+ public:
+  /// Indexes of txtCompanyDetails. The ACN has the digit groups 5 to 7, the ABN 8 to 11.
+  enum Box : std::uint8_t { name, address, phone, fax, email, firstOfAcn, firstOfAbn = 8, count = 12 };
+
+  explicit CompanyDetails(OptionsDialog& dialog);
+  void load(OptionsRecord& record) override;
+  void save(OptionsRecord& record, OptionChanges& changes) override;
+  /// LVClass, which the save writes after the options of the accounting link.
+  void saveClass(OptionsRecord& record, OptionChanges& changes);
+
+  ui::Frame& fraGeneral;
+  ui::ControlArray<ui::Label> lblGeneral;
+  ui::ControlArray<ui::TextBox> txtCompanyDetails;
+  ui::ComboBox& cboClass;
+
+ private:
+  ui::ControlArray<ui::TextBox> makeBoxes();
+  ui::ComboBox& makeClassBox();
+  ui::Label& addLabel(Text caption);
+  void layOut();
+
+  void loadClasses(const Text& chosen);
+
+  void gotFocus(int index);
+  void lostFocus(int index);
+  void keyPress(int index, char16_t& key);
+  void keyDown(int index, ui::Key& key);
+  void validate(int index);
+  enum class Caret : std::uint8_t { start, end };
+  void moveFocusTo(int index, Caret caret);
+  void showClassToolTip();
+
+  /// Set just before a handler moves the focus to a neighbouring digit group, whose text then stays
+  /// unselected.
+  bool focusMove_ = false;
+};
+
+}  // namespace tillora

@@ -1,0 +1,47 @@
+#include "support/modListViewSupport.h"
+
+#include <algorithm>
+
+#include "ui/form.h"
+
+namespace tillora {
+namespace {
+
+constexpr int kNarrowColumnWidth = 1830;
+constexpr int kCellMargin = 180;  // beside a cell's text, both sides together
+constexpr int kSmallIcon = 270;   // the icon before the text of the first column
+
+int fittingWidth(const ui::ListView& list, int column, ColumnFit fit) {
+  const ui::Screen& screen = list.form().screen();
+  int width = 0;
+  for (int row = 0; row < list.count(); ++row) {
+    int cell = screen.textWidth(list.text(row, column));
+    const auto& item = list.rows()[static_cast<std::size_t>(row)];
+    if (column == 0 && item.smallIcon != ui::PictureId::none) cell += kSmallIcon;
+    width = std::max(width, cell);
+  }
+  if (fit == ColumnFit::contentsOrHeader) {
+    const auto& header = list.columns()[static_cast<std::size_t>(column)].header;
+    width = std::max(width, screen.textWidth(header));
+  }
+  return width + kCellMargin;
+}
+
+}  // namespace
+
+void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum) {
+  const int count = static_cast<int>(list.columns().size());
+  const int first = column < 1 ? 0 : column - 1;
+  const int last = column < 1 ? count - 1 : column - 1;
+  for (int i = first; i <= last; ++i) {
+    const int width = fittingWidth(list, i, fit);
+    list.setColumnWidth(i, width < minimum ? kNarrowColumnWidth : width);
+  }
+}
+
+bool toggleHeaderButtons(ui::ListView& list) {
+  list.setClickableHeaders(!list.clickableHeaders());
+  return true;
+}
+
+}  // namespace tillora

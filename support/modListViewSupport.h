@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ui/lists.h"
+
+namespace tillora {
+
+enum class ColumnFit : std::uint8_t {
+  contents,          ///< LVSCW_AUTOSIZE: the widest text of the column
+  contentsOrHeader,  ///< LVSCW_AUTOSIZE_USEHEADER: the wider of texts and header
+};
+
+/// Makes columns as wide as what they hold.
+/// @param column 1-based; below 1 is every column.
+/// @param minimum a column that comes out narrower (twips) becomes 1830 twips wide; 0 for none.
+void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum = 0);
+
+/// Turns headers that can be pressed into flat ones, and back on the next call. Reports True.
+bool toggleHeaderButtons(ui::ListView& list);
+
+}  // namespace tillora

@@ -1,0 +1,98 @@
+#!/usr/bin/env bash
+# tour.sh BUILD OUT [DPI]: shows the dialog on every tab and one edit that is applied.
+#
+# Leaves in OUT: a picture per tab (tab-01.png ...), the edited and the applied state, and tour.txt,
+# the log of the host's events with what its database holds before and after. Uses a display and a
+# prefix of its own, whose shop database is made anew.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
+
+build=$(realpath "${1:?usage: tour.sh BUILD OUT [DPI]}")
+out=${2:?usage: tour.sh BUILD OUT [DPI]}
+dpi=${3:-96}
+readonly TABS=12
+readonly NEW_NAME="Corner Store 2"
+program=$build/TilloraAdministrator.exe
+[ -e "$program" ] || die "$program was not built"
+
+mkdir -p "$out"
+out=$(realpath "$out")
+rm -f "$out"/*.png "$out"/*.txt "$out"/*.log "$out"/*.db*
+display_open
+wine_open "tour-$dpi" 64 "$dpi"
+wine_register "$build"
+
+administrator() {
+  wine_run "$1" "$program" --database "$(wine_path "$out/shop.db")" \
+    --log "$(wine_path "$out/events.log")" "${@:2}"
+}
+
+# window_of TITLE: its id, as soon as it is visible.
+window_of() {
+  timeout 30 xdotool search --sync --onlyvisible --name "$1" 2>/dev/null | tail -1
+}
+
+# picture NAME: the dialog as it looks once two pictures in a row agree.
+picture() {
+  local before= now
+  for _ in $(seq 20); do
+    now=$(import -window root rgba:- | sha256sum)
+    [ "$now" != "$before" ] || break
+    before=$now
+    sleep 0.15
+  done
+  local geometry
+  eval "$(xdotool getwindowgeometry --shell "$window")"
+  geometry=${WIDTH}x${HEIGHT}+${X}+${Y}
+  import -window root -crop "$geometry" +repage "$out/$1.png"
+}
+
+open_on() {
+  administrator 120 --options "$1" &
+  administrator_pid=$!
+  window=$(window_of '^Options$')
+  [ -n "$window" ] || die "the dialog did not open on tab $1; see $WINE_LOG"
+}
+
+close_dialog() {
+  xdotool key --clearmodifiers Escape
+  wait "$administrator_pid" || warn "the program ended with an error; see $WINE_LOG"
+}
+
+dump() {
+  rm -f "$out/dump.txt"
+  administrator 60 --dump "$(wine_path "$out/dump.txt")"
+  tr -d '\r' <"$out/dump.txt" >"$out/$1.txt"
+  rm -f "$out/dump.txt"
+}
+
+for tab in $(seq "$TABS"); do
+  open_on "$tab"
+  picture "$(printf 'tab-%02d' "$tab")"
+  close_dialog
+  say "tab $tab of $TABS"
+done
+
+dump before
+open_on 1
+xdotool key --clearmodifiers ctrl+a type --clearmodifiers "$NEW_NAME"
+picture edited
+xdotool key --clearmodifiers alt+a
+picture applied
+close_dialog
+dump after
+
+{
+  echo "Typed \"$NEW_NAME\" into the company name and pressed Apply."
+  echo
+  echo "What changed in the shop database:"
+  diff --unchanged-line-format= --old-line-format='- %L' --new-line-format='+ %L' \
+    "$out/before.txt" "$out/after.txt" || true
+  echo
+  echo "What the host was told:"
+  tr -d '\r' <"$out/events.log"
+} >"$out/tour.txt"
+rm -f "$out/before.txt" "$out/after.txt"
+cat "$out/tour.txt"
+say "pictures and text are in $out"

@@ -1,0 +1,132 @@
+# Private Wine prefixes and displays for tests and demonstrations. Sourced after common.sh.
+#
+#   wine_open NAME 64|32 [DPI]   makes the prefix build/wine/NAME when missing, starts its server;
+#                                afterwards `wine_run` and tools/wine_exec.sh use it
+#   wine_run SECONDS PROGRAM...  runs a program in it with a time limit
+#   display_open                 starts an X server of our own on a free display and sets DISPLAY
+# Both are closed when the script ends.
+# shellcheck shell=bash
+
+WINE_HOME=${TILLORA_WINE_HOME:-$REPO/build/wine}
+
+# Raise it when the settings below change: prefixes made with other settings are made anew.
+readonly WINE_SETTINGS_VERSION=1
+
+wine_registry_settings() {
+  local dpi=$1
+  cat <<REG
+REGEDIT4
+
+[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\AeDebug]
+"Debugger"="false"
+
+[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]
+"ShowCrashDialog"=dword:00000000
+
+[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]
+"Managed"="N"
+
+[HKEY_CURRENT_USER\\Control Panel\\Desktop]
+"LogPixels"=dword:$(printf '%08x' "$dpi")
+REG
+}
+
+# Text widths depend on the fonts; these are the ones that the dialog asks for.
+wine_copy_fonts() {
+  local fonts=$WINEPREFIX/drive_c/windows/Fonts
+  mkdir -p "$fonts"
+  cp /usr/share/wine/fonts/{tahoma,tahomabd,marlett}.ttf "$fonts"
+  cp /usr/share/fonts/truetype/liberation/LiberationSans-*.ttf "$fonts"
+}
+
+wine_make_prefix() {
+  local dpi=$1
+  say "making the Wine prefix $WINEPREFIX"
+  rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX"
+  wine_run 180 wineboot -i || return 1
+  wine_server -w
+  wine_copy_fonts
+  wine_registry_settings "$dpi" >"$WINEPREFIX/tillora.reg"
+  wine_server -p
+  wine_run 60 regedit /S "$(wine_path "$WINEPREFIX/tillora.reg")" || return 1
+  # The settings are read when the first program starts, so the server begins again.
+  wine_server -k
+  wine_server -w
+  echo "$WINE_STAMP" >"$WINEPREFIX/tillora.stamp"
+}
+
+# wine_path FILE: how a Windows program names it.
+wine_path() { printf 'Z:%s\n' "${1//\//\\}"; }
+
+wine_server() {
+  timeout --kill-after=5 60 ${WINE_RUNNER:-} wineserver "$@" >/dev/null 2>&1 || true
+}
+
+# The first program of a prefix leaves services behind that keep its output open: never pipe it.
+wine_run() {
+  local seconds=$1
+  shift
+  timeout --kill-after=10 "$seconds" ${WINE_RUNNER:-} wine "$@" </dev/null >>"$WINE_LOG" 2>&1
+}
+
+wine_open() {
+  local name=$1 bits=$2 dpi=${3:-96}
+  export WINEPREFIX=$WINE_HOME/$name WINEDEBUG=${WINEDEBUG:--all}
+  export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LC_ALL=C.UTF-8
+  export WINE_RUNNER=
+  unset WINEARCH
+  if [ "$bits" = 32 ]; then
+    export WINEARCH=win32
+    WINE_RUNNER=$("$REPO/tools/wine32.sh" | tail -1) || return 1
+  fi
+  mkdir -p "$WINE_HOME"
+  WINE_LOG=$WINE_HOME/$name.log
+  WINE_STAMP="$WINE_SETTINGS_VERSION $bits $dpi $WINE_RUNNER"
+  : >"$WINE_LOG"
+  if [ "$(cat "$WINEPREFIX/tillora.stamp" 2>/dev/null)" != "$WINE_STAMP" ]; then
+    wine_make_prefix "$dpi" || { warn "the Wine prefix could not be made; see $WINE_LOG"; return 1; }
+  fi
+  # Without a server that stays, every program would start the prefix anew: seconds instead of
+  # milliseconds.
+  wine_server -p
+  at_exit "WINEPREFIX='$WINEPREFIX' WINE_RUNNER='$WINE_RUNNER' wine_server -k"
+  wine_run 60 cmd /c ver || { warn "Wine does not start; see $WINE_LOG"; return 1; }
+}
+
+# wine_register BUILD: both automation servers, as far as they are built.
+wine_register() {
+  local server
+  for server in TilloraOptions TilloraHost; do
+    [ ! -e "$1/$server.dll" ] ||
+      wine_run 60 regsvr32 /s "$(wine_path "$(realpath "$1/$server.dll")")" ||
+      { warn "$server.dll cannot be registered; see $WINE_LOG"; return 1; }
+  done
+}
+
+# wine_draws: whether windows really show pixels. A half-installed 32-bit Wine runs programs and
+# draws nothing.
+wine_draws() {
+  local colours
+  ${WINE_RUNNER:-} wine notepad </dev/null >/dev/null 2>&1 &
+  local notepad=$!
+  for _ in $(seq 50); do
+    sleep 0.2
+    colours=$(import -window root -depth 8 -format '%k' info: 2>/dev/null || echo 0)
+    [ "$colours" -lt 4 ] || break
+  done
+  kill "$notepad" 2>/dev/null || true
+  wine_run 20 taskkill /f /im notepad.exe || true
+  [ "$colours" -ge 4 ]
+}
+
+display_open() {
+  local number pipe
+  pipe=$(mktemp -u)
+  mkfifo "$pipe"
+  Xvfb -displayfd 7 -screen 0 1280x1024x24 -nolisten tcp 7>"$pipe" >/dev/null 2>&1 &
+  at_exit "kill $! 2>/dev/null"
+  read -r -t 20 number <"$pipe" || { rm -f "$pipe"; warn "Xvfb does not start"; return 1; }
+  rm -f "$pipe"
+  export DISPLAY=:$number
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ui/screen.h"
+
+namespace tillora::ui {
+
+/// Shows the hourglass as long as it lives; the standard pointer afterwards, whatever happened.
+class BusyPointer {
+ public:
+  explicit BusyPointer(Screen& screen) : screen_(screen) { screen_.setPointer(Pointer::hourglass); }
+  ~BusyPointer() { screen_.setPointer(Pointer::standard); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  Screen& screen_;
+};
+
+}  // namespace tillora::ui

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "ui/container.h"
+
+namespace tillora::ui {
+
+/// A box that is ticked or not. Changing the value, by user or code, raises click.
+class CheckBox final : public Control {
+ public:
+  CheckBox(Container* parent, Text caption);
+
+  Kind kind() const override { return Kind::checkBox; }
+  const Text& caption() const override { return caption_; }
+  void setCaption(Text caption);
+  bool value() const { return value_; }
+  void setValue(bool value);
+
+  Event<> click;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  Text caption_;
+  bool value_ = false;
+};
+
+/// One of the choices that a container offers; choosing it, by user or code, lets go of the other
+/// option buttons of the same container and raises click.
+class OptionButton final : public Control {
+ public:
+  OptionButton(Container* parent, Text caption);
+
+  Kind kind() const override { return Kind::optionButton; }
+  const Text& caption() const override { return caption_; }
+  bool value() const { return value_; }
+  void setValue(bool value);
+
+  Event<> click;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  Text caption_;
+  bool value_ = false;
+};
+
+/// A push button.
+class CommandButton final : public Control {
+ public:
+  CommandButton(Container* parent, Text caption);
+
+  Kind kind() const override { return Kind::commandButton; }
+  const Text& caption() const override { return caption_; }
+
+  /// The button that Enter presses. Making one the default ends the default state of another.
+  bool isDefault() const;
+  void setDefault(bool isDefault);
+  /// The button that Esc presses. It causes no validation.
+  bool isCancel() const;
+  CommandButton& setCancel();
+
+  /// Presses the button as the user does: nothing when it is disabled; first the pending validation
+  /// of the control with the focus, unless this button causes none; then click.
+  void press();
+
+  Event<> click;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  Text caption_;
+};
+
+}  // namespace tillora::ui

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "ui/control.h"
+
+namespace tillora::ui {
+
+/// A control that holds others: a form or a frame. It owns them.
+class Container : public Control {
+ public:
+  /// Makes a control of type T, the last of this container and thereby of its part of the tab order.
+  /// The reference stays good as long as the form lives.
+  template <class T, class... Args>
+  T& add(Args&&... args) {
+    auto owned = std::make_unique<T>(this, std::forward<Args>(args)...);
+    T& control = *owned;
+    children_.push_back(std::move(owned));
+    return control;
+  }
+
+  /// In order of creation, which is their tab order.
+  const std::vector<std::unique_ptr<Control>>& children() const { return children_; }
+  /// Size of the area that holds the children, twips.
+  virtual Size clientSize() const { return {bounds().width, bounds().height}; }
+  bool contains(const Control& control) const;
+
+ protected:
+  using Control::Control;
+
+ private:
+  std::vector<std::unique_ptr<Control>> children_;
+};
+
+/// A group of controls: with a border and a caption, or without either (a tab's page).
+class Frame final : public Container {
+ public:
+  enum class Border : std::uint8_t { none, etched };
+
+  explicit Frame(Container* parent, Text caption = {}, Border border = Border::etched);
+
+  Kind kind() const override { return Kind::frame; }
+  const Text& caption() const override { return caption_; }
+  Border border() const { return border_; }
+
+ private:
+  Text caption_;
+  Border border_;
+};
+
+}  // namespace tillora::ui

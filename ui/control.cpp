@@ -1,0 +1,98 @@
+#include "ui/control.h"
+
+#include "ui/container.h"
+#include "ui/form.h"
+
+namespace tillora::ui {
+
+Control::Control(Container* parent) : parent_(parent) {
+  if (parent != nullptr) form_ = &parent->form();
+}
+
+void Control::setEnabled(bool enabled) {
+  if (enabled_ == enabled) return;
+  enabled_ = enabled;
+  form_->releaseFocus();
+  notify(Property::enabled);
+}
+
+void Control::setVisible(bool visible) {
+  if (visible_ == visible) return;
+  visible_ = visible;
+  form_->releaseFocus();
+  notify(Property::visible);
+}
+
+bool Control::effectivelyEnabled() const {
+  return enabled_ && (parent_ == nullptr || parent_->effectivelyEnabled());
+}
+
+bool Control::effectivelyVisible() const {
+  return visible_ && (parent_ == nullptr || parent_->effectivelyVisible());
+}
+
+void Control::setBounds(const Rect& bounds) {
+  if (bounds_ == bounds) return;
+  bounds_ = bounds;
+  notify(Property::bounds);
+}
+
+void Control::bringToFront() { notify(Property::stacking); }
+
+void Control::setToolTip(Text toolTip) {
+  if (toolTip_ == toolTip) return;
+  toolTip_ = std::move(toolTip);
+  notify(Property::toolTip);
+}
+
+void Control::setForeColour(Colour colour) {
+  foreColour_ = colour;
+  notify(Property::colours);
+}
+
+void Control::setBackColour(Colour colour) {
+  backColour_ = colour;
+  notify(Property::colours);
+}
+
+bool Control::canFocus() const {
+  return focusable() && effectivelyEnabled() && effectivelyVisible();
+}
+
+bool Control::hasFocus() const { return form_->activeControl() == this; }
+
+bool Control::setFocus() { return form_->setFocus(*this); }
+
+std::optional<char16_t> Control::accessKey() const { return accessKeyOf(caption()); }
+
+const Text& Control::caption() const {
+  static const Text none;
+  return none;
+}
+
+void Control::notify(Property what) const {
+  if (FormView* view = form_->view()) view->changed(*this, what);
+}
+
+void Control::edited() { form_->edited(*this); }
+
+std::optional<char16_t> accessKeyOf(TextView caption) {
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != u'&') continue;
+    const char16_t next = caption[++i];
+    if (next == u'&') continue;
+    return next >= u'A' && next <= u'Z' ? static_cast<char16_t>(next + (u'a' - u'A')) : next;
+  }
+  return std::nullopt;
+}
+
+Text withoutAccessKey(TextView caption) {
+  Text shown;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == u'&' && ++i == caption.size()) break;
+    shown += caption[i];
+  }
+  return shown;
+}
+
+}  // namespace tillora::ui

@@ -1,0 +1,164 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "ui/event.h"
+#include "ui/geometry.h"
+#include "ui/keys.h"
+#include "ui/text.h"
+
+namespace tillora::ui {
+
+class Container;
+class Form;
+
+enum class Kind : std::uint8_t {
+  form,
+  frame,
+  label,
+  textBox,
+  checkBox,
+  optionButton,
+  commandButton,
+  comboBox,
+  checkListBox,
+  listView,
+  upDown,
+  tabStrip,
+  picture,
+};
+
+/// What a control tells its view to show anew. The view reads the new state from the control.
+enum class Property : std::uint8_t {
+  text,         ///< caption of a control, text of a text box
+  enabled,      ///< own enabled state; a container's covers all that it holds
+  visible,      ///< own visibility; a container's covers all that it holds
+  bounds,       ///< place and size
+  toolTip,      ///< tool tip text
+  colours,      ///< text or background colour
+  selection,    ///< selected text of a text box
+  editing,      ///< maximum length or locking of a text box
+  value,        ///< check box, option button, up-down value, list index, selected row or tab
+  items,        ///< rows of a list box, combo box, list view or tabs
+  checks,       ///< ticks of a check list box
+  columns,      ///< headers or widths of a list view's columns
+  defaultness,  ///< which command button is the default one
+  stacking,     ///< drawn above its siblings
+};
+
+/// A colour: a system colour index with bit 31 set (0x80000014 is COLOR_3DHILIGHT), or 0x00BBGGRR.
+using Colour = std::uint32_t;
+inline constexpr Colour kButtonFace = 0x8000000F;         ///< COLOR_BTNFACE
+inline constexpr Colour kWindowBackground = 0x80000005;   ///< COLOR_WINDOW
+inline constexpr Colour kButtonText = 0x80000012;         ///< COLOR_BTNTEXT
+inline constexpr Colour kWindowText = 0x80000008;         ///< COLOR_WINDOWTEXT
+inline constexpr Colour kButtonHighlight = 0x80000014;    ///< COLOR_3DHILIGHT
+
+enum class Alignment : std::uint8_t { left, right, centre };
+
+/// A control of a form: its state and its events. What is seen of it is made by a view; without a
+/// view it behaves the same.
+///
+/// Setting a property from code has the effects that the user's doing it has: a check box raises
+/// click, a text box raises change. Handlers that must not act while values are loaded look at
+/// their dialog's loading flag.
+class Control {
+ public:
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  virtual Kind kind() const = 0;
+  /// The form that the control is on; for a form, itself.
+  Form& form() const { return *form_; }
+  /// The form or frame that holds the control; null for a form.
+  Container* parent() const { return parent_; }
+
+  bool enabled() const { return enabled_; }
+  /// A control that is disabled or hidden while it has the focus passes the focus on, never to the
+  /// form's cancel button.
+  void setEnabled(bool enabled);
+  bool visible() const { return visible_; }
+  void setVisible(bool visible);
+  /// Enabled, and so is everything that holds it.
+  bool effectivelyEnabled() const;
+  /// Visible, and so is everything that holds it.
+  bool effectivelyVisible() const;
+
+  /// Twips, relative to the client area of parent().
+  const Rect& bounds() const { return bounds_; }
+  void setBounds(const Rect& bounds);
+  /// Draws the control above its siblings.
+  void bringToFront();
+
+  const Text& toolTip() const { return toolTip_; }
+  void setToolTip(Text toolTip);
+  /// Name for screen readers where no label before the control says it.
+  const Text& accessibleName() const { return accessibleName_; }
+  void setAccessibleName(Text name) { accessibleName_ = std::move(name); }
+  Colour foreColour() const { return foreColour_; }
+  void setForeColour(Colour colour);
+  Colour backColour() const { return backColour_; }
+  void setBackColour(Colour colour);
+
+  /// Reached by the Tab key. A control that is no tab stop can still get the focus by the mouse.
+  bool tabStop() const { return tabStop_; }
+  void setTabStop(bool tabStop) { tabStop_ = tabStop; }
+  /// False for controls (Cancel) that get the focus without validating the one that had it.
+  bool causesValidation() const { return causesValidation_; }
+  void setCausesValidation(bool causes) { causesValidation_ = causes; }
+
+  /// A kind that takes the focus, enabled and visible.
+  bool canFocus() const;
+  bool hasFocus() const;
+  /// Moves the focus here as Form::setFocus does.
+  bool setFocus();
+
+  /// The access key of the caption: the character after a single ampersand, in lower case; none
+  /// where there is no caption or no such character.
+  std::optional<char16_t> accessKey() const;
+  /// Caption with its ampersands; empty for kinds without one.
+  virtual const Text& caption() const;
+
+  Event<> gotFocus;
+  Event<> lostFocus;
+  /// Before the focus leaves for a control that causes validation. Set `cancel` to keep it.
+  Event<bool&> validate;
+  /// A key went down in this control. Set the key to Key::none to keep it from the control.
+  Event<Key&, Modifiers> keyDown;
+  /// A character was typed into this control. Set it to 0 to discard it.
+  Event<char16_t&> keyPress;
+
+ protected:
+  explicit Control(Container* parent);
+  /// Tells the form's view, if there is one.
+  void notify(Property what) const;
+  /// Tells the form that the value was edited, by the user or by code; the form decides what that
+  /// means (see Form::edited).
+  void edited();
+  virtual bool focusable() const { return false; }
+
+ private:
+  friend class Container;
+  friend class Form;
+
+  Form* form_ = nullptr;
+  Container* parent_ = nullptr;
+  Rect bounds_;
+  Text toolTip_;
+  Text accessibleName_;
+  Colour foreColour_ = kButtonText;
+  Colour backColour_ = kButtonFace;
+  bool enabled_ = true;
+  bool visible_ = true;
+  bool tabStop_ = true;
+  bool causesValidation_ = true;
+};
+
+/// The access key that a caption names ("Na&me" gives 'm'); a doubled ampersand names none.
+std::optional<char16_t> accessKeyOf(TextView caption);
+/// The caption as it is shown: access-key ampersands dropped, doubled ones single.
+Text withoutAccessKey(TextView caption);
+
+}  // namespace tillora::ui

@@ -1,0 +1,90 @@
+#include "ui/form.h"
+
+#include <utility>
+
+#include "ui/error.h"
+
+namespace tillora::ui {
+
+Form::Form(Screen& screen, Text caption)
+    : Container(nullptr), screen_(screen), caption_(std::move(caption)) {
+  form_ = this;
+}
+
+void Form::setCaption(Text caption) {
+  caption_ = std::move(caption);
+  notify(Property::text);
+}
+
+void Form::setClientSize(Size size) {
+  clientSize_ = size;
+  notify(Property::bounds);
+  if (loaded_) onResize();
+}
+
+void Form::load() {
+  if (loaded_) return;
+  loaded_ = true;
+  try {
+    onLoad();
+  } catch (...) {
+    loaded_ = false;
+    throw;
+  }
+}
+
+void Form::showModal() {
+  if (shown_) {
+    throw Error(error::alreadyShown, u"TilloraOptions.Options", u"The form is already shown.");
+  }
+  load();
+  if (!loaded_) return;
+  onResize();
+  shown_ = true;
+  try {
+    screen_.runModal(*this);
+  } catch (...) {
+    hide();
+    throw;
+  }
+  hide();
+}
+
+void Form::shown() {
+  if (!shown_) return;
+  Control* first = std::exchange(active_, nullptr);
+  if (first == nullptr || !first->canFocus()) first = firstFocus();
+  if (first != nullptr) moveFocus(first);
+}
+
+void Form::hide() {
+  if (!shown_) return;
+  shown_ = false;
+  active_ = unvalidated_ = nullptr;
+  notify(Property::visible);
+}
+
+void Form::unload(UnloadMode mode) {
+  if (!loaded_) return;
+  bool cancel = false;
+  onQueryUnload(cancel, mode);
+  if (cancel) return;
+  hide();
+  loaded_ = false;
+  onUnload();
+}
+
+void Form::onQueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
+
+void Form::edited(Control& /*control*/) {}
+
+void Form::setDefaultButton(CommandButton* button) {
+  if (default_ == button) return;
+  CommandButton* before = std::exchange(default_, button);
+  if (before != nullptr) before->notify(Property::defaultness);
+  if (button != nullptr) button->notify(Property::defaultness);
+}
+
+void Form::userClose() { unload(UnloadMode::user); }
+
+}  // namespace tillora::ui

@@ -1,0 +1,141 @@
+#pragma once
+
+#include <vector>
+
+#include "ui/buttons.h"
+#include "ui/container.h"
+#include "ui/screen.h"
+
+namespace tillora::ui {
+
+/// How a form came to be unloaded.
+enum class UnloadMode : std::uint8_t {
+  user = 0,  ///< the window's close box, Alt+F4 or its system menu
+  code = 1,  ///< the form's own code
+};
+
+/// A window with controls: which control has the focus and whether it may lose it, tab order,
+/// default and cancel button, access keys, modal show, and its end.
+///
+/// A form is loaded once, shown modally, and unloaded by its own code or by its close box; showing
+/// it again loads it anew.
+///
+/// What the user does enters through the `user...` functions, be it from real windows or from a
+/// test; each answers whether the form has dealt with it.
+class Form : public Container {
+ public:
+  Form(Screen& screen, Text caption);
+
+  Kind kind() const override { return Kind::form; }
+  Screen& screen() const { return screen_; }
+  const Text& caption() const override { return caption_; }
+  void setCaption(Text caption);
+  /// Size of the area that holds the controls, twips.
+  Size clientSize() const override { return clientSize_; }
+  /// Raises resize while the form is loaded.
+  void setClientSize(Size size);
+  /// Topic of the host program's help that F1 opens.
+  int helpContext() const { return helpContext_; }
+  void setHelpContext(int context) { helpContext_ = context; }
+
+  // Life.
+
+  bool isLoaded() const { return loaded_; }
+  bool isShown() const { return shown_; }
+  /// Runs onLoad unless the form is loaded.
+  void load();
+  /// Loads the form if need be, shows it and returns when it is hidden or unloaded. Error `already
+  /// shown` (400) while it is shown.
+  void showModal();
+  /// Ends the modal run; the form stays loaded.
+  void hide();
+  /// Asks onQueryUnload, then hides the form and runs onUnload. Nothing if the form is not loaded.
+  void unload(UnloadMode mode = UnloadMode::code);
+
+  // Focus.
+
+  /// The control with the focus; null for none.
+  Control* activeControl() const { return active_; }
+  /// Moves the focus, after validation of the control that has it unless `control` causes none.
+  /// False where validation refused or `control` cannot have the focus. Before the form is shown
+  /// it only notes where the focus will be.
+  bool setFocus(Control& control);
+  /// Runs the validation that is pending for the control that has, or last had, the focus. False
+  /// where it refused; the focus is on that control then.
+  bool validatePending();
+  /// The control that the Tab key would lead to; null where there is none.
+  Control* nextInTabOrder(const Control* from, bool forward = true) const;
+
+  CommandButton* defaultButton() const { return default_; }
+  CommandButton* cancelButton() const { return cancel_; }
+  void setDefaultButton(CommandButton* button);
+
+  // The user.
+
+  /// Tab, Ctrl+Tab between pages, Enter, Esc, arrows between buttons, then the control's keyDown.
+  /// True where the key is used up and the control must not see it.
+  bool userKeyDown(Key key, Modifiers modifiers);
+  /// The control's keyPress. The character to type, or 0 for none.
+  char16_t userCharacter(char16_t character);
+  /// Alt and a character: moves through the controls that have it as access key. False for none.
+  bool userAccessKey(char16_t character);
+  /// The mouse went down on a control: false where it must not see it, since validation refused.
+  bool userMouseDown(Control& control);
+  /// The close box.
+  void userClose();
+  /// F1 anywhere on the form.
+  Event<> help;
+
+  // The view.
+
+  void attach(FormView* view) { view_ = view; }
+  FormView* view() const { return view_; }
+  /// The modal run has made the form visible: gives a control the focus, the one chosen before or
+  /// firstFocus().
+  void shown();
+  /// An option was edited in this control, by user or code. A dialog that tracks unsaved changes
+  /// overrides it.
+  virtual void edited(Control& control);
+
+ protected:
+  virtual void onLoad() {}
+  /// At the latest when the form is first shown, and after every change of its size.
+  virtual void onResize() {}
+  /// The control that starts with the focus; by default the first in the tab order.
+  virtual Control* firstFocus() const { return nextInTabOrder(nullptr); }
+  /// Set `cancel` to stay.
+  virtual void onQueryUnload(bool& cancel, UnloadMode mode);
+  virtual void onUnload() {}
+
+ private:
+  friend class Container;
+  friend class Control;
+  friend class CommandButton;
+
+  /// All controls, each container's after it, in order of creation.
+  std::vector<Control*> inTabOrder() const;
+  /// Gives the focus away from a control that can no longer have it.
+  void releaseFocus();
+  void moveFocus(Control* to);
+  bool pressOnEnter(Modifiers modifiers);
+  bool moveByArrow(Key key);
+  bool switchTab(bool forward);
+  /// Where an access key leads: a label's or a frame caption's to the control that follows it.
+  Control* accessTarget(Control& owner) const;
+  void useAccessKey(Control& owner);
+
+  Screen& screen_;
+  FormView* view_ = nullptr;
+  Text caption_;
+  Size clientSize_;
+  Control* active_ = nullptr;
+  Control* unvalidated_ = nullptr;  // the last control with the focus that is still to be validated
+  CommandButton* default_ = nullptr;
+  CommandButton* cancel_ = nullptr;
+  int helpContext_ = 0;
+  bool loaded_ = false;
+  bool shown_ = false;
+  bool validating_ = false;
+};
+
+}  // namespace tillora::ui

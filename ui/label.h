@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ui/container.h"
+
+namespace tillora::ui {
+
+/// Text on a form. Its access key moves the focus to the next control in the tab order.
+class Label final : public Control {
+ public:
+  explicit Label(Container* parent, Text caption = {});
+
+  Kind kind() const override { return Kind::label; }
+  const Text& caption() const override { return caption_; }
+  void setCaption(Text caption);
+  Alignment alignment() const { return alignment_; }
+  void setAlignment(Alignment alignment);
+  /// Fixed once the label is shown: bold text.
+  bool bold() const { return bold_; }
+  Label& setBold(bool bold);
+
+ private:
+  Text caption_;
+  Alignment alignment_ = Alignment::left;
+  bool bold_ = false;
+};
+
+/// The pictures that the component owns; the view draws them.
+enum class PictureId : std::uint8_t { none, active, inactive, key, dispensing };
+
+/// A picture on a form.
+class Picture final : public Control {
+ public:
+  Picture(Container* parent, PictureId picture);
+
+  Kind kind() const override { return Kind::picture; }
+  PictureId picture() const { return picture_; }
+
+ private:
+  PictureId picture_;
+};
+
+}  // namespace tillora::ui

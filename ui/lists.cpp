@@ -1,0 +1,149 @@
+#include "ui/lists.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "ui/error.h"
+#include "ui/form.h"
+
+namespace tillora::ui {
+namespace {
+
+const Text kNoText;
+
+// Without a view rows are as high as the platform's at 96 DPI, below a header of this height.
+constexpr int kHeaderHeight = 360;
+constexpr int kRowHeight = 255;
+
+void requirePosition(int position, int first, std::size_t count) {
+  if (position >= first && position < static_cast<int>(count)) return;
+  throw Error(error::invalidIndex, u"TilloraOptions.Options", u"Invalid property value");
+}
+
+}  // namespace
+
+ComboBox::ComboBox(Container* parent) : Control(parent) {}
+
+void ComboBox::addItem(Text item) {
+  items_.push_back(std::move(item));
+  notify(Property::items);
+}
+
+void ComboBox::clear() {
+  items_.clear();
+  listIndex_ = -1;
+  notify(Property::items);
+}
+
+void ComboBox::setListIndex(int index) {
+  requirePosition(index, -1, items_.size());
+  if (listIndex_ == index) return;
+  listIndex_ = index;
+  notify(Property::value);
+  edited();
+  click.raise();
+}
+
+const Text& ComboBox::text() const {
+  return listIndex_ < 0 ? kNoText : items_[static_cast<std::size_t>(listIndex_)];
+}
+
+CheckListBox::CheckListBox(Container* parent) : Control(parent) {}
+
+void CheckListBox::addRow(Text text, std::int32_t itemData) {
+  rows_.push_back({std::move(text), itemData, false});
+  notify(Property::items);
+}
+
+void CheckListBox::setChecked(int row, bool checked) {
+  requirePosition(row, 0, rows_.size());
+  Row& changed = rows_[static_cast<std::size_t>(row)];
+  if (changed.checked == checked) return;
+  changed.checked = checked;
+  notify(Property::checks);
+  edited();
+  itemCheck.raise(row);
+}
+
+void CheckListBox::setListIndex(int row) {
+  requirePosition(row, -1, rows_.size());
+  if (listIndex_ == row) return;
+  listIndex_ = row;
+  notify(Property::value);
+}
+
+ListView::ListView(Container* parent) : Control(parent) {
+  setForeColour(kWindowText);
+  setBackColour(kWindowBackground);
+}
+
+void ListView::addColumn(Text header, int width) {
+  columns_.push_back({std::move(header), width});
+  notify(Property::columns);
+}
+
+void ListView::setColumnWidth(int column, int width) {
+  columns_.at(static_cast<std::size_t>(column)).width = width;
+  notify(Property::columns);
+}
+
+void ListView::setClickableHeaders(bool clickable) {
+  clickableHeaders_ = clickable;
+  notify(Property::columns);
+}
+
+const Text& ListView::text(int row, int column) const {
+  const auto& texts = rows_.at(static_cast<std::size_t>(row)).texts;
+  const auto position = static_cast<std::size_t>(column);
+  return position < texts.size() ? texts[position] : kNoText;
+}
+
+int ListView::addRow(ListItem item) {
+  rows_.push_back(std::move(item));
+  notify(Property::items);
+  return count() - 1;
+}
+
+void ListView::setRows(std::vector<ListItem> rows) {
+  rows_ = std::move(rows);
+  selectedRow_ = rowToShow_ = -1;
+  notify(Property::items);
+}
+
+void ListView::setRow(int row, ListItem item) {
+  requirePosition(row, 0, rows_.size());
+  rows_[static_cast<std::size_t>(row)] = std::move(item);
+  notify(Property::items);
+}
+
+void ListView::removeRow(int row) {
+  requirePosition(row, 0, rows_.size());
+  rows_.erase(rows_.begin() + row);
+  if (selectedRow_ > row || selectedRow_ == count()) --selectedRow_;
+  rowToShow_ = selectedRow_;
+  notify(Property::items);
+  notify(Property::value);
+}
+
+void ListView::setSelectedRow(int row) {
+  requirePosition(row, -1, rows_.size());
+  if (selectedRow_ == row) return;
+  selectedRow_ = row;
+  notify(Property::value);
+  itemClick.raise();
+}
+
+void ListView::ensureVisible(int row) {
+  requirePosition(row, 0, rows_.size());
+  rowToShow_ = row;
+  notify(Property::value);
+}
+
+int ListView::hitTest(Point point) const {
+  if (const FormView* view = form().view()) return view->hitTest(*this, point);
+  if (point.y < kHeaderHeight) return -1;
+  const int row = (point.y - kHeaderHeight) / kRowHeight;
+  return row < count() ? row : -1;
+}
+
+}  // namespace tillora::ui

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "ui/container.h"
+#include "ui/label.h"
+
+namespace tillora::ui {
+
+/// A drop-down list: one of its items is shown, none can be typed.
+class ComboBox final : public Control {
+ public:
+  explicit ComboBox(Container* parent);
+
+  Kind kind() const override { return Kind::comboBox; }
+  const std::vector<Text>& items() const { return items_; }
+  int count() const { return static_cast<int>(items_.size()); }
+  void addItem(Text item);
+  /// No items, nothing selected; raises nothing.
+  void clear();
+
+  /// Position of the selected item from 0; -1 for none.
+  int listIndex() const { return listIndex_; }
+  /// Raises click when the position differs. Error `invalid index` (380) outside -1 to count() - 1.
+  void setListIndex(int index);
+  /// Text of the selected item; empty for none.
+  const Text& text() const;
+
+  Event<> click;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  std::vector<Text> items_;
+  int listIndex_ = -1;
+};
+
+/// A list of rows with a check box each.
+class CheckListBox final : public Control {
+ public:
+  struct Row {
+    Text text;
+    std::int32_t itemData = 0;
+    bool checked = false;
+  };
+
+  explicit CheckListBox(Container* parent);
+
+  Kind kind() const override { return Kind::checkListBox; }
+  const std::vector<Row>& rows() const { return rows_; }
+  int count() const { return static_cast<int>(rows_.size()); }
+  void addRow(Text text, std::int32_t itemData);
+  bool checked(int row) const { return rows_.at(static_cast<std::size_t>(row)).checked; }
+  /// Raises itemCheck when the tick differs.
+  void setChecked(int row, bool checked);
+
+  /// The row with the selection bar; -1 for none.
+  int listIndex() const { return listIndex_; }
+  void setListIndex(int row);
+
+  Event<int> itemCheck;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  std::vector<Row> rows_;
+  int listIndex_ = -1;
+};
+
+/// One row of a list view: the text of each column and a small icon.
+struct ListItem {
+  std::vector<Text> texts;
+  PictureId smallIcon = PictureId::none;
+};
+
+struct ListColumn {
+  Text header;
+  int width = 0;  ///< twips
+};
+
+/// A list in columns (report view). The rows live here; a view asks for the ones it shows, so that
+/// ten rows and a hundred thousand open alike.
+class ListView final : public Control {
+ public:
+  explicit ListView(Container* parent);
+
+  Kind kind() const override { return Kind::listView; }
+
+  const std::vector<ListColumn>& columns() const { return columns_; }
+  void addColumn(Text header, int width = 0);
+  void setColumnWidth(int column, int width);
+  /// Headers that can be pressed as buttons; flat ones otherwise.
+  bool clickableHeaders() const { return clickableHeaders_; }
+  void setClickableHeaders(bool clickable);
+
+  const std::vector<ListItem>& rows() const { return rows_; }
+  int count() const { return static_cast<int>(rows_.size()); }
+  /// Text of a cell; empty where the row has no such column.
+  const Text& text(int row, int column) const;
+  /// Adds a row at the end and returns its position.
+  int addRow(ListItem item);
+  /// Replaces all rows at once; nothing is selected then.
+  void setRows(std::vector<ListItem> rows);
+  void setRow(int row, ListItem item);
+  /// The row that takes its place is selected when the removed one was (the last one if it was the
+  /// last); -1 in an empty list.
+  void removeRow(int row);
+
+  /// The selected row; -1 for none.
+  int selectedRow() const { return selectedRow_; }
+  /// Raises itemClick when the row differs.
+  void setSelectedRow(int row);
+  /// Scrolls the row into view.
+  void ensureVisible(int row);
+  /// The row last asked to be in view; -1 for none.
+  int rowToShow() const { return rowToShow_; }
+
+  /// The row at a point of the list (twips); -1 below the last row and over the headers.
+  int hitTest(Point point) const;
+
+  Event<> itemClick;
+  Event<> doubleClick;
+  /// A mouse button went down or up at this point of the list (twips).
+  Event<Point> mouse;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  std::vector<ListColumn> columns_;
+  std::vector<ListItem> rows_;
+  int selectedRow_ = -1;
+  int rowToShow_ = -1;
+  bool clickableHeaders_ = true;
+};
+
+}  // namespace tillora::ui

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ui/control.h"
+#include "ui/geometry.h"
+#include "ui/text.h"
+
+namespace tillora::ui {
+
+class Form;
+class ListView;
+class TabStrip;
+
+/// The mouse pointer of the whole screen.
+enum class Pointer : std::uint8_t {
+  standard = 0,
+  hourglass = 11,
+};
+
+/// What shows one form. Told of every change after the fact; reads the new state from the controls.
+class FormView {
+ public:
+  virtual ~FormView() = default;
+  /// `control` may be the form itself (caption, bounds).
+  virtual void changed(const Control& control, Property what) = 0;
+  /// Form::activeControl() is another one now, or there is none.
+  virtual void focusMoved() = 0;
+  /// The row at a point of the list's area (twips); -1 for none.
+  virtual int hitTest(const ListView& list, Point point) const = 0;
+};
+
+/// Where forms are shown: the platform's desktop, or nothing at all in a test.
+class Screen {
+ public:
+  virtual ~Screen() = default;
+
+  /// Shows the form over all others of the thread, which cannot be reached meanwhile, and returns
+  /// when the form is no longer shown. A failure inside a handler ends the run and is thrown here.
+  virtual void runModal(Form& form) = 0;
+
+  virtual Pointer pointer() const = 0;
+  virtual void setPointer(Pointer pointer) = 0;
+
+  /// Width and height of one pixel, twips: 15 by 15 at 96 DPI.
+  virtual Size twipsPerPixel() const = 0;
+  /// Width of a single line in the font of forms, twips; ampersands count as characters.
+  virtual int textWidth(TextView text) const = 0;
+  /// Height of one line of text, twips.
+  virtual int lineHeight() const = 0;
+  /// The area below the tabs of a strip, relative to the strip's parent, twips.
+  virtual Rect tabClientArea(const TabStrip& tabs) const = 0;
+
+  /// Below, equal to or above 0 as `a` stands before, with or after `b` in a sorted list: the
+  /// platform's order for lists, without regard to case.
+  virtual int compareForList(TextView a, TextView b) const = 0;
+  /// A signal that a key was not accepted.
+  virtual void beep() = 0;
+};
+
+}  // namespace tillora::ui

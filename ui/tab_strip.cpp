@@ -1,0 +1,32 @@
+#include "ui/tab_strip.h"
+
+#include <utility>
+
+#include "ui/error.h"
+#include "ui/form.h"
+
+namespace tillora::ui {
+
+TabStrip::TabStrip(Container* parent) : Control(parent) {}
+
+void TabStrip::addTab(Text caption) {
+  tabs_.push_back(std::move(caption));
+  if (selected_ == 0) selected_ = 1;
+  notify(Property::items);
+}
+
+void TabStrip::setSelected(int tab) {
+  if (tab < 1 || tab > count()) {
+    throw Error(error::indexOutOfBounds, u"TilloraOptions.Options", u"Index out of bounds");
+  }
+  if (tab == selected_) return;
+  bool cancel = false;
+  beforeClick.raise(cancel);
+  if (!cancel) selected_ = tab;
+  notify(Property::value);
+  if (!cancel) click.raise();
+}
+
+Rect TabStrip::clientArea() const { return form().screen().tabClientArea(*this); }
+
+}  // namespace tillora::ui

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+#include "ui/container.h"
+
+namespace tillora::ui {
+
+/// A row of tabs of which one is selected. It switches nothing itself; its owner shows what belongs
+/// to the selected tab.
+class TabStrip final : public Control {
+ public:
+  explicit TabStrip(Container* parent);
+
+  Kind kind() const override { return Kind::tabStrip; }
+  const std::vector<Text>& tabs() const { return tabs_; }
+  int count() const { return static_cast<int>(tabs_.size()); }
+  /// The first tab added is selected; that raises nothing.
+  void addTab(Text caption);
+
+  /// Number of the selected tab, from 1; 0 in an empty strip.
+  int selected() const { return selected_; }
+  /// Raises beforeClick with the old tab still selected, then, unless cancelled, click with the new
+  /// one. Choosing the selected tab raises nothing. Error `index out of bounds` (35600) outside 1 to
+  /// count().
+  void setSelected(int tab);
+
+  /// The area below the tabs, in twips of this control's parent.
+  Rect clientArea() const;
+
+  /// Set the argument to keep the old tab.
+  Event<bool&> beforeClick;
+  Event<> click;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  std::vector<Text> tabs_;
+  int selected_ = 0;
+};
+
+}  // namespace tillora::ui

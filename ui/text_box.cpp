@@ -1,0 +1,80 @@
+#include "ui/text_box.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tillora::ui {
+
+TextBox::TextBox(Container* parent) : Control(parent) {
+  setForeColour(kWindowText);
+  setBackColour(kWindowBackground);
+}
+
+void TextBox::setText(Text text) {
+  if (text_ == text) return;
+  text_ = std::move(text);
+  selStart_ = selLength_ = 0;
+  notify(Property::text);
+  edited();
+  change.raise();
+}
+
+void TextBox::reformat(Text text) {
+  if (text_ == text) return;
+  text_ = std::move(text);
+  selStart_ = selLength_ = 0;
+  notify(Property::text);
+}
+
+TextBox& TextBox::setMaxLength(int maxLength) {
+  maxLength_ = maxLength;
+  notify(Property::editing);
+  return *this;
+}
+
+TextBox& TextBox::setLocked(bool locked) {
+  locked_ = locked;
+  notify(Property::editing);
+  return *this;
+}
+
+TextBox& TextBox::setMultiLine(bool multiLine) {
+  multiLine_ = multiLine;
+  return *this;
+}
+
+TextBox& TextBox::setPasswordCharacter(char16_t character) {
+  passwordCharacter_ = character;
+  return *this;
+}
+
+TextBox& TextBox::setAlignment(Alignment alignment) {
+  alignment_ = alignment;
+  return *this;
+}
+
+Text TextBox::selText() const {
+  return text_.substr(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_));
+}
+
+void TextBox::setSelection(int start, int length) {
+  userSelected(start, length);
+  notify(Property::selection);
+}
+
+void TextBox::userEdited(Text text, int selStart, int selLength) {
+  const bool differs = text_ != text;
+  text_ = std::move(text);
+  userSelected(selStart, selLength);
+  if (!differs) return;
+  edited();
+  change.raise();
+}
+
+void TextBox::userSelected(int selStart, int selLength) {
+  const int size = static_cast<int>(text_.size());
+  selStart_ = std::clamp(selStart, 0, size);
+  selLength_ = std::clamp(selLength, 0, size - selStart_);
+}
+
+}  // namespace tillora::ui

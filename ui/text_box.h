@@ -1,0 +1,69 @@
+#pragma once
+
+#include "ui/container.h"
+
+namespace tillora::ui {
+
+/// A box in which text is edited, one line or many.
+///
+/// Text set by code is never cut to maxLength() nor rewritten; the limit is for typing and pasting.
+/// Positions count UTF-16 units from 0.
+class TextBox final : public Control {
+ public:
+  explicit TextBox(Container* parent);
+
+  Kind kind() const override { return Kind::textBox; }
+
+  const Text& text() const { return text_; }
+  /// Raises change when the text differs; the caret goes to the start.
+  void setText(Text text);
+  /// Shows another form of the same value (5.00% for 5.00). Not an edit: the dialog is not told, and
+  /// change is not raised.
+  void reformat(Text text);
+
+  /// Characters that can be typed or pasted in all; 0 is no limit.
+  int maxLength() const { return maxLength_; }
+  TextBox& setMaxLength(int maxLength);
+  /// A locked box shows and selects its text but cannot be edited by the user.
+  bool locked() const { return locked_; }
+  TextBox& setLocked(bool locked);
+  /// Fixed once the box is shown. Enter makes a line when the form has no default button.
+  bool multiLine() const { return multiLine_; }
+  TextBox& setMultiLine(bool multiLine);
+  /// Fixed once the box is shown. Shown for every character; 0 shows the text itself.
+  char16_t passwordCharacter() const { return passwordCharacter_; }
+  TextBox& setPasswordCharacter(char16_t character);
+  /// Fixed once the box is shown.
+  Alignment alignment() const { return alignment_; }
+  TextBox& setAlignment(Alignment alignment);
+
+  /// Start of the selection; the caret when nothing is selected.
+  int selStart() const { return selStart_; }
+  int selLength() const { return selLength_; }
+  Text selText() const;
+  /// Limited to the text. The caret goes to the end of the selection.
+  void setSelection(int start, int length);
+
+  /// The user edited the text (in the platform's own edit control, or through edit_text.h): takes
+  /// over text and selection, and raises change when the text differs.
+  void userEdited(Text text, int selStart, int selLength);
+  /// The user moved the caret or the selection.
+  void userSelected(int selStart, int selLength);
+
+  Event<> change;
+
+ protected:
+  bool focusable() const override { return true; }
+
+ private:
+  Text text_;
+  int maxLength_ = 0;
+  int selStart_ = 0;
+  int selLength_ = 0;
+  Alignment alignment_ = Alignment::left;
+  char16_t passwordCharacter_ = 0;
+  bool locked_ = false;
+  bool multiLine_ = false;
+};
+
+}  // namespace tillora::ui

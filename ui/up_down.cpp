@@ -1,0 +1,27 @@
+#include "ui/up_down.h"
+
+#include <algorithm>
+
+namespace tillora::ui {
+
+UpDown::UpDown(Container* parent) : Control(parent) {}
+
+void UpDown::setValue(int value) {
+  value = std::clamp(value, minimum_, maximum_);
+  if (value_ == value) return;
+  value_ = value;
+  notify(Property::value);
+  edited();
+  change.raise();
+}
+
+UpDown& UpDown::setRange(int minimum, int maximum, int increment) {
+  minimum_ = minimum;
+  maximum_ = maximum;
+  increment_ = increment;
+  return *this;
+}
+
+void UpDown::spin(int direction) { setValue(value_ + direction * increment_); }
+
+}  // namespace tillora::ui

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "ui/container.h"
+
+namespace tillora::ui {
+
+/// A pair of arrow buttons that change a whole number.
+class UpDown final : public Control {
+ public:
+  explicit UpDown(Container* parent);
+
+  Kind kind() const override { return Kind::upDown; }
+  int value() const { return value_; }
+  /// Limited to minimum() and maximum(). Raises change when the value differs.
+  void setValue(int value);
+  int minimum() const { return minimum_; }
+  int maximum() const { return maximum_; }
+  int increment() const { return increment_; }
+  UpDown& setRange(int minimum, int maximum, int increment = 1);
+
+  /// The user pressed the upper (+1) or lower (-1) arrow once.
+  void spin(int direction);
+
+  Event<> change;
+
+ private:
+  int value_ = 0;
+  int minimum_ = 0;
+  int maximum_ = 10;
+  int increment_ = 1;
+};
+
+}  // namespace tillora::ui
