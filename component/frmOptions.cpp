@@ -68,7 +68,8 @@ void frmOptions::makeFrame() {
   auto& helpButton = cmdCommand.set(help_, add<ui::CommandButton>(u"&Help"));
   helpButton.setToolTip(u"Display help for this window");
 
-  const int buttons = ui::Rows::buttonRow(*this, {&okButton, &applyButton, &cancelButton, &helpButton});
+  const int buttons =
+      ui::Rows::buttonRow(*this, {&okButton, &applyButton, &cancelButton, &helpButton});
   tabOptions.setBounds({kMargin, kMargin, kClientSize.width - 2 * kMargin, buttons - 2 * kMargin});
   onResize();
 

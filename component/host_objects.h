@@ -91,37 +91,37 @@ class Table {
 
 /// The fields of the tables that the component uses.
 namespace fields {
-namespace class_ {  ///< accounting classes
+namespace class_ {                         ///< accounting classes
 inline constexpr Field Name{u"Name"};      ///< Text
 inline constexpr Field Hidden{u"Hidden"};  ///< Boolean
 }  // namespace class_
-namespace account {  ///< ledger accounts
+namespace account {                                  ///< ledger accounts
 inline constexpr Field Name{u"Name"};                ///< Text
 inline constexpr Field Inactive{u"Inactive"};        ///< Boolean
 inline constexpr Field AccountType{u"AccountType"};  ///< Text; "INC" is an income account
 }  // namespace account
-namespace randomPrice {  ///< random-price barcode formats, one per prefix
-inline constexpr Field Prefix{u"Prefix"};                            ///< Long, the key
-inline constexpr Field FormatID{u"FormatID"};                        ///< Long
-inline constexpr Field OptionBits{u"OptionBits"};                    ///< Long
+namespace randomPrice {                            ///< random-price barcode formats, one per prefix
+inline constexpr Field Prefix{u"Prefix"};          ///< Long, the key
+inline constexpr Field FormatID{u"FormatID"};      ///< Long
+inline constexpr Field OptionBits{u"OptionBits"};  ///< Long
 inline constexpr Field UOMUnitCaption{u"UOMUnitCaption"};            ///< Text
 inline constexpr Field UOMPriceUnitCaption{u"UOMPriceUnitCaption"};  ///< Text
 inline constexpr Field Inactive{u"Inactive"};                        ///< Boolean
 }  // namespace randomPrice
-namespace grade {  ///< fuel pump grades
+namespace grade {                                    ///< fuel pump grades
 inline constexpr Field GradeNumber{u"GradeNumber"};  ///< Long, the key
 inline constexpr Field Product{u"Product"};          ///< Text: group, colon, item name
 inline constexpr Field Caption{u"Caption"};          ///< Text
 }  // namespace grade
-namespace webSite {  ///< web-site links
+namespace webSite {                                  ///< web-site links
 inline constexpr Field Description{u"Description"};  ///< Text
 inline constexpr Field URL{u"URL"};                  ///< Text, the key
 inline constexpr Field Inactive{u"Inactive"};        ///< Boolean
 }  // namespace webSite
-namespace currency {  ///< currencies
+namespace currency {                   ///< currencies
 inline constexpr Field Name{u"Name"};  ///< Text, the key
 }  // namespace currency
-namespace terminal {  ///< shop terminals
+namespace terminal {                                     ///< shop terminals
 inline constexpr Field ReportingBits{u"ReportingBits"};  ///< Long; 0 is un-processed transactions
 }  // namespace terminal
 }  // namespace fields
@@ -223,8 +223,8 @@ class App {
 
 /// Buttons, icon and default button of a message box (MB_*).
 namespace message_style {
-inline constexpr std::int32_t exclamation = 48;       ///< MB_ICONEXCLAMATION with OK
-inline constexpr std::int32_t questionYesNo = 292;    ///< MB_ICONQUESTION, MB_YESNO, No the default
+inline constexpr std::int32_t exclamation = 48;     ///< MB_ICONEXCLAMATION with OK
+inline constexpr std::int32_t questionYesNo = 292;  ///< MB_ICONQUESTION, MB_YESNO, No the default
 }  // namespace message_style
 
 /// The button that closed a message box, as the platform numbers it (IDOK, IDYES, IDNO).
@@ -254,8 +254,7 @@ struct HostObjects {
 template <class T>
 T& requireObject(const std::shared_ptr<T>& object, TextView property) {
   if (!object) {
-    throw Error(error::objectNotSet, u"TilloraOptions.Options",
-                Text(property) + u" was not set.");
+    throw Error(error::objectNotSet, u"TilloraOptions.Options", Text(property) + u" was not set.");
   }
   return *object;
 }

@@ -45,7 +45,8 @@ constexpr const OptionInfo& optionInfo(OptionId option) {
   return kOptionTable[static_cast<std::size_t>(option)];
 }
 
-/// The C++ type of a stored option: what it is read and written as, and what its default is kept as.
+/// The C++ type of a stored option: what it is read and written as, and what its default is kept
+/// as.
 template <OptionType>
 struct OptionTraits;
 template <class T, class Default = T>

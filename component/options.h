@@ -27,8 +27,8 @@ class Options {
   bool FirstUse = false;
   /// File extension of the accounting package's data files, with or without its dot.
   Text LVFileExtension;
-  /// Number of the tab to open, from 1; 0 or less keeps the dialog's own choice. A number beyond the
-  /// tabs is an error of ShowOptions.
+  /// Number of the tab to open, from 1; 0 or less keeps the dialog's own choice. A number beyond
+  /// the tabs is an error of ShowOptions.
   std::int16_t SelectedTab = 0;
 
   /// The last ShowOptions that returned changed the accounting package's data file.

@@ -31,8 +31,8 @@ using Tabs = TabParts<  //
 /// Runs every part's write-back in the save order.
 void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes);
 
-/// Asks the parts, before anything is written, whether the choices can be saved. A part that says no
-/// has shown its message, which begins with the host program's title, and selected its tab.
+/// Asks the parts, before anything is written, whether the choices can be saved. A part that says
+/// no has shown its message, which begins with the host program's title, and selected its tab.
 bool validateTabs(const Tabs& tabs, const Text& title);
 
 }  // namespace tillora

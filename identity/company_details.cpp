@@ -60,8 +60,8 @@ ui::Label& CompanyDetails::addLabel(Text caption) {
 }
 
 ui::ControlArray<ui::TextBox> CompanyDetails::makeBoxes() {
-  constexpr std::array kCaptions = {u"Na&me", u"A&ddress", u"&Phone", u"&Fax",
-                                    u"&Email", u"AC&N",    u"A&BN"};
+  constexpr std::array kCaptions = {u"Na&me",  u"A&ddress", u"&Phone", u"&Fax",
+                                    u"&Email", u"AC&N",     u"A&BN"};
   ui::ControlArray<ui::TextBox> boxes;
   for (int i = 0; i < count; ++i) {
     if (!isDigitGroup(i) || isFirstGroup(i)) {
@@ -90,10 +90,14 @@ void CompanyDetails::layOut() {
   rows.field(label[1], {{box[address], Cell::kFill}}, kAddressLines);
   rows.field(label[2], {{box[phone], kPhoneWidth}, {label[3]}, {box[fax], Cell::kFill}});
   rows.field(label[4], {{box[email], Cell::kFill}});
-  rows.field(label[5], {{box[5], kDigitGroupWidth}, {box[6], kDigitGroupWidth}, {box[7], kDigitGroupWidth}});
-  rows.field(label[6], {{box[8], kDigitGroupWidth}, {box[9], kDigitGroupWidth},
-                        {box[10], kDigitGroupWidth}, {box[11], kDigitGroupWidth},
-                        {label[7]}, {cboClass, Cell::kFill}});
+  rows.field(label[5],
+             {{box[5], kDigitGroupWidth}, {box[6], kDigitGroupWidth}, {box[7], kDigitGroupWidth}});
+  rows.field(label[6], {{box[8], kDigitGroupWidth},
+                        {box[9], kDigitGroupWidth},
+                        {box[10], kDigitGroupWidth},
+                        {box[11], kDigitGroupWidth},
+                        {label[7]},
+                        {cboClass, Cell::kFill}});
   page.endGroup(fraGeneral, rows);
 }
 
@@ -202,8 +206,7 @@ void CompanyDetails::save(OptionsRecord& record, OptionChanges& /*changes*/) {
   record.set(options::CompanyFax, trimBlanks(box[fax].text()));
   record.set(options::CompanyEmail, trimBlanks(box[email].text()));
   record.set(options::CompanyACN, box[5].text() + box[6].text() + box[7].text());
-  record.set(options::CompanyABN,
-             box[8].text() + box[9].text() + box[10].text() + box[11].text());
+  record.set(options::CompanyABN, box[8].text() + box[9].text() + box[10].text() + box[11].text());
 }
 
 void CompanyDetails::saveClass(OptionsRecord& record, OptionChanges& /*changes*/) {

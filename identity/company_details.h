@@ -12,7 +12,16 @@ namespace tillora {
 class CompanyDetails final : public OptionsTab {
  public:
   /// Indexes of txtCompanyDetails. The ACN has the digit groups 5 to 7, the ABN 8 to 11.
-  enum Box : std::uint8_t { name, address, phone, fax, email, firstOfAcn, firstOfAbn = 8, count = 12 };
+  enum Box : std::uint8_t {
+    name,
+    address,
+    phone,
+    fax,
+    email,
+    firstOfAcn,
+    firstOfAbn = 8,
+    count = 12
+  };
 
   explicit CompanyDetails(OptionsDialog& dialog);
   void load(OptionsRecord& record) override;

@@ -9,7 +9,8 @@ void enableLabel(ui::Label& label, ui::Label& shadow, bool enabled) {
   if (!enabled) {
     const ui::Size pixel = label.form().screen().twipsPerPixel();
     const ui::Rect& place = label.bounds();
-    shadow.setBounds({place.left + pixel.width, place.top + pixel.height, place.width, place.height});
+    shadow.setBounds(
+        {place.left + pixel.width, place.top + pixel.height, place.width, place.height});
     shadow.setCaption(label.caption());
     shadow.setAlignment(label.alignment());
     shadow.setForeColour(ui::kButtonHighlight);

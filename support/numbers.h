@@ -16,8 +16,8 @@ struct NumberLocale {
 /// One of 0 to 9.
 bool isDigit(char16_t c);
 
-/// Control characters other than Backspace: copy, paste, cut, undo, Enter, Esc. They are commands of
-/// the edit control, which key filters let pass and which move no focus.
+/// Control characters other than Backspace: copy, paste, cut, undo, Enter, Esc. They are commands
+/// of the edit control, which key filters let pass and which move no focus.
 bool isCommandCharacter(char16_t c);
 
 /// The number that a text says by the platform's own text-to-number conversion: blanks around it, a

@@ -11,8 +11,8 @@ namespace tillora::ui {
 /// A control that holds others: a form or a frame. It owns them.
 class Container : public Control {
  public:
-  /// Makes a control of type T, the last of this container and thereby of its part of the tab order.
-  /// The reference stays good as long as the form lives.
+  /// Makes a control of type T, the last of this container and thereby of its part of the tab
+  /// order. The reference stays good as long as the form lives.
   template <class T, class... Args>
   T& add(Args&&... args) {
     auto owned = std::make_unique<T>(this, std::forward<Args>(args)...);

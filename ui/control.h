@@ -49,11 +49,11 @@ enum class Property : std::uint8_t {
 
 /// A colour: a system colour index with bit 31 set (0x80000014 is COLOR_3DHILIGHT), or 0x00BBGGRR.
 using Colour = std::uint32_t;
-inline constexpr Colour kButtonFace = 0x8000000F;         ///< COLOR_BTNFACE
-inline constexpr Colour kWindowBackground = 0x80000005;   ///< COLOR_WINDOW
-inline constexpr Colour kButtonText = 0x80000012;         ///< COLOR_BTNTEXT
-inline constexpr Colour kWindowText = 0x80000008;         ///< COLOR_WINDOWTEXT
-inline constexpr Colour kButtonHighlight = 0x80000014;    ///< COLOR_3DHILIGHT
+inline constexpr Colour kButtonFace = 0x8000000F;        ///< COLOR_BTNFACE
+inline constexpr Colour kWindowBackground = 0x80000005;  ///< COLOR_WINDOW
+inline constexpr Colour kButtonText = 0x80000012;        ///< COLOR_BTNTEXT
+inline constexpr Colour kWindowText = 0x80000008;        ///< COLOR_WINDOWTEXT
+inline constexpr Colour kButtonHighlight = 0x80000014;   ///< COLOR_3DHILIGHT
 
 enum class Alignment : std::uint8_t { left, right, centre };
 

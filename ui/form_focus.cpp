@@ -99,7 +99,8 @@ void Form::releaseFocus() {
   if (!shown_) return;
   if (unvalidated_ != nullptr && !unvalidated_->canFocus()) unvalidated_ = nullptr;
   if (active_ == nullptr || active_->canFocus()) return;
-  // From one of the form's buttons (Apply) to its default button, so that Enter goes on making sense.
+  // From one of the form's buttons (Apply) to its default button, so that Enter goes on making
+  // sense.
   const bool besideDefault = default_ != nullptr && default_->parent() == active_->parent();
   Control* next = besideDefault && default_->canFocus() ? default_ : nextInTabOrder(active_);
   if (next != nullptr && next == cancel_) next = nextInTabOrder(cancel_);

@@ -21,8 +21,8 @@ class TabStrip final : public Control {
   /// Number of the selected tab, from 1; 0 in an empty strip.
   int selected() const { return selected_; }
   /// Raises beforeClick with the old tab still selected, then, unless cancelled, click with the new
-  /// one. Choosing the selected tab raises nothing. Error `index out of bounds` (35600) outside 1 to
-  /// count().
+  /// one. Choosing the selected tab raises nothing. Error `index out of bounds` (35600) outside 1
+  /// to count().
   void setSelected(int tab);
 
   /// The area below the tabs, in twips of this control's parent.

@@ -29,7 +29,8 @@ std::string toUtf8(TextView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t c = text[i];
     const bool high = c >= 0xD800 && c < 0xDC00;
-    const bool paired = high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
+    const bool paired =
+        high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
     if (paired) {
       c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - char32_t{0xDC00});
     } else if (c >= 0xD800 && c < 0xE000) {

@@ -63,10 +63,8 @@ void TextBox::setSelection(int start, int length) {
 }
 
 void TextBox::userEdited(Text text, int selStart, int selLength) {
-  const bool differs = text_ != text;
   text_ = std::move(text);
   userSelected(selStart, selLength);
-  if (!differs) return;
   edited();
   change.raise();
 }

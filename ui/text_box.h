@@ -17,8 +17,8 @@ class TextBox final : public Control {
   const Text& text() const { return text_; }
   /// Raises change when the text differs; the caret goes to the start.
   void setText(Text text);
-  /// Shows another form of the same value (5.00% for 5.00). Not an edit: the dialog is not told, and
-  /// change is not raised.
+  /// Shows another form of the same value (5.00% for 5.00). Not an edit: the dialog is not told,
+  /// and change is not raised.
   void reformat(Text text);
 
   /// Characters that can be typed or pasted in all; 0 is no limit.
@@ -44,8 +44,8 @@ class TextBox final : public Control {
   /// Limited to the text. The caret goes to the end of the selection.
   void setSelection(int start, int length);
 
-  /// The user edited the text (in the platform's own edit control, or through edit_text.h): takes
-  /// over text and selection, and raises change when the text differs.
+  /// The user edited the text: takes over text and selection and raises change, also where what was
+  /// typed over was the same.
   void userEdited(Text text, int selStart, int selLength);
   /// The user moved the caret or the selection.
   void userSelected(int selStart, int selLength);

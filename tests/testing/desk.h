@@ -59,6 +59,8 @@ class Desk {
   /// Forms shown without a step, and steps that no form was shown for.
   virtual int unexpectedForms() const = 0;
   virtual int unusedSteps() const = 0;
+  /// Forgets the steps that no form was shown for.
+  virtual void dropSteps() = 0;
 };
 
 /// The desk of this test program: headless natively, real windows on the platform.

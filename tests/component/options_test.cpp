@@ -1,0 +1,176 @@
+#include "component/options.h"
+
+#include "identity/company_details.h"
+#include "tests/testing/options_test.h"
+
+namespace tillora::testing {
+namespace {
+
+class OptionsObjectTest : public OptionsTest {
+ protected:
+  Error raised() {
+    try {
+      options_.ShowOptions();
+    } catch (const Error& failure) {
+      return failure;
+    }
+    ADD_FAILURE() << "nothing was raised";
+    return {0, u"", u""};
+  }
+};
+
+TEST_F(OptionsObjectTest, StartsWithNothingSet) {
+  const Options fresh(Platform{desk->screen(), boxes, clock, help});
+  EXPECT_EQ(fresh.DBJetObject, nullptr);
+  EXPECT_FALSE(fresh.FirstUse);
+  EXPECT_EQ(fresh.SelectedTab, 0);
+  EXPECT_EQ(fresh.LVFileExtension, u"");
+  EXPECT_FALSE(fresh.ChangedDataFile());
+}
+
+TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
+  open([&](frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::cancel]); });
+  EXPECT_TRUE(changes.empty());
+  EXPECT_FALSE(options_.ChangedDataFile());
+}
+
+TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
+  open([&](frmOptions&) {});
+  EXPECT_EQ(host.calls, (std::vector<std::string>{
+                            "Title", "DispensingAvailable", "OptionsRecord", "get CompanyName",
+                            "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
+                            "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass",
+                            "ClassTable", "find ClassTable Hidden=False"}));
+}
+
+TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {
+  const std::vector<std::pair<std::function<void()>, Text>> missing = {
+      {[&] { options_.AppObject.reset(); }, u"AppObject was not set."},
+      {[&] { options_.DBJetObject.reset(); }, u"DBJetObject was not set."},
+      {[&] { options_.SettingsObject.reset(); }, u"SettingsObject was not set."},
+  };
+  for (const auto& [take, description] : missing) {
+    const HostObjects objects = host.objects();
+    options_.AppObject = objects.app;
+    options_.DBJetObject = objects.database;
+    options_.SettingsObject = objects.settings;
+    take();
+    const Error failure = raised();
+    EXPECT_EQ(failure.number(), error::objectNotSet);
+    EXPECT_EQ(failure.description(), description);
+  }
+}
+
+TEST_F(OptionsObjectTest, WithoutAMessageSenderASaveFailsAfterItsCommit) {
+  options_.MsgSndObject.reset();
+  desk->whenShown([&](ui::Form&) {
+    user.type(u"Corner Shop");
+    user.accessKey(u'o');
+  });
+  EXPECT_EQ(raised().description(), u"MsgSndObject was not set.");
+  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+  EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(OptionsObjectTest, WithoutResourceStringsNothingElseNotices) {
+  options_.ResourceObject.reset();
+  options_.FirstUse = true;
+  edit([&](frmOptions&) { user.type(u"Corner Shop"); });
+  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+  EXPECT_TRUE(host.currencies.empty());
+}
+
+TEST_F(OptionsObjectTest, ShowOptionsWhileADialogIsOpenIsAnErrorAndLeavesIt) {
+  Options second(Platform{desk->screen(), boxes, clock, help});
+  open([&](frmOptions& dialog) {
+    for (Options* caller : {&options_, &second}) {
+      try {
+        caller->ShowOptions();
+        ADD_FAILURE();
+      } catch (const Error& failure) {
+        EXPECT_EQ(failure.number(), error::alreadyShown);
+      }
+    }
+    EXPECT_TRUE(dialog.isShown());
+    user.type(u"Corner Shop");
+    user.accessKey(u'o');
+  });
+  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+}
+
+TEST_F(OptionsObjectTest, AFailedShowLeavesNoDialogOpen) {
+  options_.SelectedTab = 99;
+  EXPECT_EQ(raised().number(), error::indexOutOfBounds);
+  options_.SelectedTab = 0;
+  open([&](frmOptions& dialog) { EXPECT_TRUE(dialog.isShown()); });
+}
+
+TEST_F(OptionsObjectTest, AFailureInsideTheDialogEndsItAndIsRaised) {
+  host.failingCall = "commit";
+  bool shownAfterwards = false;
+  desk->whenShown([&](ui::Form& form) {
+    user.type(u"x");
+    user.accessKey(u'a');
+    shownAfterwards = form.isShown();
+  });
+  const Error failure = raised();
+  EXPECT_EQ(failure.number(), FakeHost::failure().number());
+  EXPECT_EQ(failure.source(), u"Shop.Database");
+  EXPECT_EQ(failure.description(), u"The shop database cannot be opened.");
+  EXPECT_FALSE(shownAfterwards);
+  EXPECT_TRUE(host.stored.empty());
+  EXPECT_TRUE(host.sent.empty());
+}
+
+TEST_F(OptionsObjectTest, TwoAppliesRaiseTwoEvents) {
+  open([&](frmOptions& dialog) {
+    for (const char16_t letter : {u'a', u'b'}) {
+      user.click(dialog.tab<CompanyDetails>().txtCompanyDetails[0]);
+      user.type(Text(1, letter));
+      user.click(dialog.cmdCommand[frmOptions::apply]);
+    }
+  });
+  EXPECT_EQ(changes.size(), 2U);
+}
+
+TEST_F(OptionsObjectTest, FirstUseSavesTheDefaultsWhileLoading) {
+  options_.FirstUse = true;
+  open([&](frmOptions& dialog) {
+    EXPECT_FALSE(applyEnabled(dialog));
+    EXPECT_EQ(host.sent.size(), 1U);
+    user.click(dialog.cmdCommand[frmOptions::ok]);
+  });
+  EXPECT_EQ(changes, std::vector<std::int32_t>{0});
+  EXPECT_EQ(host.value(options::CompanyName), u"");
+  EXPECT_EQ(host.value(options::LVClass), u"");
+}
+
+TEST_F(OptionsObjectTest, FirstUseMakesTheDefaultCurrenciesOnce) {
+  host.currencies.push_back({{u"Name", Text(u"Local")}});
+  options_.FirstUse = true;
+  open([&](frmOptions&) {});
+  open([&](frmOptions&) {});
+  ASSERT_EQ(host.currencies.size(), 2U);
+  EXPECT_EQ(std::get<Text>(host.currencies[1].at(u"Name")), u"Foreign");
+}
+
+TEST_F(OptionsObjectTest, FirstUseGoesOnWhenItsCurrenciesFail) {
+  for (const std::string call : {"CurrencyTable", "string 20000", "update CurrencyTable"}) {
+    host.failingCall = call;
+    host.sent.clear();
+    options_.FirstUse = true;
+    open([&](frmOptions& dialog) { EXPECT_FALSE(applyEnabled(dialog)); });
+    EXPECT_EQ(host.sent.size(), 1U) << call;
+  }
+}
+
+TEST_F(OptionsObjectTest, TheDialogReleasesTheHostsObjectsWhenItCloses) {
+  const long database = options_.DBJetObject.use_count();
+  const long sender = options_.MsgSndObject.use_count();
+  open([&](frmOptions&) { EXPECT_GT(options_.DBJetObject.use_count(), database); });
+  EXPECT_EQ(options_.DBJetObject.use_count(), database);
+  EXPECT_EQ(options_.MsgSndObject.use_count(), sender);
+}
+
+}  // namespace
+}  // namespace tillora::testing

@@ -1,0 +1,123 @@
+#include "component/save_options.h"
+
+#include <algorithm>
+
+#include "identity/company_details.h"
+#include "tests/testing/options_test.h"
+
+namespace tillora::testing {
+namespace {
+
+class SaveOptionsTest : public OptionsTest {
+ protected:
+  /// Applies after an edit that leaves every stored value as it is.
+  void applyNothing() {
+    open([&](frmOptions& dialog) {
+      user.type(u"x");
+      user.press(ui::Key::backspace);
+      host.calls.clear();
+      user.click(dialog.cmdCommand[frmOptions::apply]);
+      EXPECT_FALSE(applyEnabled(dialog));
+      saveCalls = host.calls;
+    });
+  }
+  std::vector<std::string> saveCalls;
+};
+
+TEST_F(SaveOptionsTest, ASaveThatChangesNothingStillCommitsSendsAndRaises) {
+  applyNothing();
+  EXPECT_EQ(std::ranges::count(saveCalls, "commit"), 1);
+  EXPECT_EQ(std::ranges::count(saveCalls, "send"), 1);
+  EXPECT_EQ(changes, std::vector<std::int32_t>{0});
+}
+
+TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
+  applyNothing();
+  EXPECT_EQ(saveCalls, (std::vector<std::string>{
+                           "Title", "OptionsRecord", "put CompanyName", "put CompanyAddress",
+                           "put CompanyPhone", "put CompanyFax", "put CompanyEmail",
+                           "put CompanyACN", "put CompanyABN", "put LVClass", "commit", "send"}));
+}
+
+TEST_F(SaveOptionsTest, SendsThePresentTime) {
+  applyNothing();
+  EXPECT_EQ(host.sent, std::vector<double>{45000.5});
+}
+
+TEST_F(SaveOptionsTest, TheEventComesLastWithThePointerAndApplyBackToNormal) {
+  options_.OptionsChanged = [&](std::int32_t& mask) {
+    changes.push_back(mask);
+    EXPECT_EQ(host.calls.back(), "send");
+    EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+  };
+  applyNothing();
+  EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(SaveOptionsTest, AHostThatAltersTheMaskChangesNothing) {
+  options_.OptionsChanged = [&](std::int32_t& mask) {
+    changes.push_back(mask);
+    mask = -1;
+  };
+  open([&](frmOptions& dialog) {
+    for (const char16_t letter : {u'a', u'b'}) {
+      user.click(dialog.tab<CompanyDetails>().txtCompanyDetails[0]);
+      user.type(Text(1, letter));
+      user.click(dialog.cmdCommand[frmOptions::apply]);
+    }
+  });
+  EXPECT_EQ(changes, (std::vector<std::int32_t>{0, 0}));
+}
+
+TEST_F(SaveOptionsTest, ThePointerIsTheHourglassWhileTheHostWrites) {
+  std::vector<ui::Pointer> seen;
+  options_.MsgSndObject = [&] {
+    struct Sender final : MessageSender {
+      Sender(ui::Screen& s, std::vector<ui::Pointer>& p) : screen(s), seen(p) {}
+      void send(DateTime) override { seen.push_back(screen.pointer()); }
+      ui::Screen& screen;
+      std::vector<ui::Pointer>& seen;
+    };
+    return std::make_shared<Sender>(desk->screen(), seen);
+  }();
+  edit([&](frmOptions&) { user.type(u"x"); });
+  EXPECT_EQ(seen, std::vector<ui::Pointer>{ui::Pointer::hourglass});
+}
+
+TEST_F(SaveOptionsTest, AFailureAtAnyCallOfALoadOrSaveIsRaisedAsItCame) {
+  const auto run = [&] {
+    desk->whenShown([&](ui::Form&) {
+      user.type(u"x");
+      user.accessKey(u'o');
+    });
+    return options_.ShowOptions();
+  };
+  EXPECT_TRUE(run());
+  const int calls = static_cast<int>(host.calls.size());
+  ASSERT_GT(calls, 20);
+  const auto stored = host.stored;
+  for (int number = 0; number < calls; ++number) {
+    host.calls.clear();
+    host.stored = stored;
+    host.failingNumber = number;
+    try {
+      run();
+      ADD_FAILURE() << "call " << number << " failed silently";
+    } catch (const Error& failure) {
+      EXPECT_EQ(failure.number(), FakeHost::failure().number());
+      EXPECT_EQ(failure.source(), FakeHost::failure().source());
+      EXPECT_EQ(failure.description(), FakeHost::failure().description());
+      EXPECT_EQ(failure.helpFile(), FakeHost::failure().helpFile());
+      EXPECT_EQ(failure.helpContext(), FakeHost::failure().helpContext());
+    }
+    EXPECT_EQ(static_cast<int>(host.calls.size()), number + 1) << "the host was called on";
+    if (host.calls.back() != "send") {
+      EXPECT_EQ(host.stored, stored) << number;
+    }
+    EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+    desk->dropSteps();  // where the load failed no dialog was shown
+  }
+}
+
+}  // namespace
+}  // namespace tillora::testing

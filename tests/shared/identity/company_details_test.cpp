@@ -1,0 +1,534 @@
+#include "identity/company_details.h"
+
+#include "tests/testing/options_test.h"
+
+namespace tillora::testing {
+namespace {
+
+using ui::Key;
+
+class CompanyDetailsTest : public OptionsTest {
+ protected:
+  ui::TextBox& box(frmOptions& dialog, int index) {
+    return dialog.tab<CompanyDetails>().txtCompanyDetails[index];
+  }
+  ui::ComboBox& classes(frmOptions& dialog) { return dialog.tab<CompanyDetails>().cboClass; }
+  void storeClasses(std::initializer_list<std::pair<Text, bool>> rows) {
+    for (const auto& [name, hidden] : rows) {
+      host.classes.push_back({{u"Name", name}, {u"Hidden", hidden}});
+    }
+  }
+  static void expectCaret(const ui::TextBox& box, int caret) {
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_EQ(box.selStart(), caret);
+    EXPECT_EQ(box.selLength(), 0);
+  }
+  void expectTexts(frmOptions& dialog, int first, const std::vector<Text>& texts) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      EXPECT_EQ(box(dialog, first + static_cast<int>(i)).text(), texts[i]) << first << "+" << i;
+    }
+  }
+};
+
+TEST_F(CompanyDetailsTest, ShowsTheStoredValues) {
+  host.store(options::CompanyName, u"Corner Shop");
+  host.store(options::CompanyAddress, u"1 High Street\r\nPerth");
+  host.store(options::CompanyPhone, u"08 1234 5678");
+  host.store(options::CompanyFax, u"08 1234 5679");
+  host.store(options::CompanyEmail, u"shop@tillora.example");
+  open([&](frmOptions& dialog) {
+    expectTexts(dialog, 0,
+                {u"Corner Shop", u"1 High Street\r\nPerth", u"08 1234 5678", u"08 1234 5679",
+                 u"shop@tillora.example"});
+    EXPECT_FALSE(applyEnabled(dialog));
+    EXPECT_TRUE(box(dialog, CompanyDetails::name).hasFocus());
+  });
+}
+
+TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhereNothingIsStored) {
+  open([&](frmOptions& dialog) {
+    expectTexts(dialog, 0, std::vector<Text>(CompanyDetails::count));
+    EXPECT_EQ(classes(dialog).items(), std::vector<Text>{u"(none)"});
+    EXPECT_EQ(classes(dialog).text(), u"(none)");
+  });
+}
+
+TEST_F(CompanyDetailsTest, SplitsTheNumbersIntoTheirGroups) {
+  host.store(options::CompanyACN, u"123456789");
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    expectTexts(dialog, 5, {u"123", u"456", u"789", u"51", u"824", u"753", u"556"});
+  });
+}
+
+TEST_F(CompanyDetailsTest, TheLastGroupOfAShortNumberTakesItsLastThreeDigits) {
+  host.store(options::CompanyACN, u"1234");
+  host.store(options::CompanyABN, u"123456789");
+  open([&](frmOptions& dialog) {
+    expectTexts(dialog, 5, {u"123", u"4", u"234", u"12", u"345", u"678", u"789"});
+  });
+}
+
+TEST_F(CompanyDetailsTest, SplitsNumbersOfAnyLength) {
+  for (const Text stored : {u"", u"1", u"12", u"123", u"12345678901234567890"}) {
+    host.store(options::CompanyABN, stored);
+    open([&](frmOptions& dialog) {
+      EXPECT_EQ(box(dialog, 8).text(), stored.substr(0, 2));
+      EXPECT_EQ(box(dialog, 9).text(), stored.size() > 2 ? stored.substr(2, 3) : u"");
+      EXPECT_EQ(box(dialog, 10).text(), stored.size() > 5 ? stored.substr(5, 3) : u"");
+      EXPECT_EQ(box(dialog, 11).text(),
+                stored.size() > 3 ? stored.substr(stored.size() - 3) : stored);
+    });
+  }
+}
+
+TEST_F(CompanyDetailsTest, IncompleteGroupsAreSavedRunTogether) {
+  edit([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.type(u"12");
+    user.click(box(dialog, 9));
+    user.type(u"3");
+    user.click(box(dialog, 11));
+    user.type(u"456");
+  });
+  EXPECT_EQ(host.value(options::CompanyABN), u"123456");
+}
+
+TEST_F(CompanyDetailsTest, BlanksAroundTextsAreNotSaved) {
+  host.store(options::CompanyName, u"Corner Shop");
+  edit([&](frmOptions& dialog) {
+    user.type(u"   ");
+    user.click(box(dialog, CompanyDetails::phone));
+    user.type(u"  08 1234  ");
+    user.click(box(dialog, CompanyDetails::email));
+    user.type(u" a b ");
+  });
+  EXPECT_EQ(host.value(options::CompanyName), u"");
+  EXPECT_EQ(host.value(options::CompanyPhone), u"08 1234");
+  EXPECT_EQ(host.value(options::CompanyEmail), u"a b");
+}
+
+TEST_F(CompanyDetailsTest, OnlyBlanksAreTrimmed) {
+  host.store(options::CompanyAddress, u"\t1 High Street\r\n");
+  edit([&](frmOptions&) { user.type(u"x"); });
+  EXPECT_EQ(host.value(options::CompanyAddress), u"\t1 High Street\r\n");
+}
+
+TEST_F(CompanyDetailsTest, SavesInTheOrderOfTheRecord) {
+  edit([&](frmOptions&) { user.type(u"x"); });
+  EXPECT_EQ(host.callsStarting("put Company"),
+            (std::vector<std::string>{"put CompanyName", "put CompanyAddress", "put CompanyPhone",
+                                      "put CompanyFax", "put CompanyEmail", "put CompanyACN",
+                                      "put CompanyABN"}));
+  EXPECT_EQ(host.callsStarting("put LVClass").size(), 1U);
+}
+
+TEST_F(CompanyDetailsTest, TypingElevenDigitsFillsTheAbn) {
+  edit([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.type(u"51824753556");
+    expectTexts(dialog, 8, {u"51", u"824", u"753", u"556"});
+    expectCaret(box(dialog, 11), 3);
+  });
+  EXPECT_EQ(host.value(options::CompanyABN), u"51824753556");
+}
+
+TEST_F(CompanyDetailsTest, TypingNineDigitsFillsTheAcnAndStops) {
+  edit([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.type(u"1234567890");
+    expectTexts(dialog, 5, {u"123", u"456", u"789", u""});
+    EXPECT_TRUE(box(dialog, 7).hasFocus());
+  });
+  EXPECT_EQ(host.value(options::CompanyACN), u"123456789");
+}
+
+TEST_F(CompanyDetailsTest, RetypingOverAFullNumberFlowsThroughTheGroups) {
+  host.store(options::CompanyABN, u"11111111111");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.press(Key::home);
+    user.type(u"51824753556");
+    expectTexts(dialog, 8, {u"51", u"824", u"753", u"556"});
+  });
+}
+
+TEST_F(CompanyDetailsTest, ADigitAtTheLastPlaceOfAGroupMovesOn) {
+  host.store(options::CompanyACN, u"12");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.press(Key::end);
+    user.type(u"3");
+    EXPECT_EQ(box(dialog, 5).text(), u"123");
+    expectCaret(box(dialog, 6), 0);
+  });
+}
+
+TEST_F(CompanyDetailsTest, ADigitAtTheLastPlaceOfAFullGroupReplacesItsLastDigit) {
+  host.store(options::CompanyACN, u"123456789");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.press(Key::end);
+    user.press(Key::left);
+    user.type(u"0");
+    EXPECT_EQ(box(dialog, 5).text(), u"120");
+    expectCaret(box(dialog, 6), 0);
+  });
+}
+
+TEST_F(CompanyDetailsTest, ADiscardedLetterAtTheLastPlaceStillMovesOn) {
+  host.store(options::CompanyACN, u"123456789");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.press(Key::end);
+    user.press(Key::left);
+    user.type(u"x");
+    EXPECT_EQ(box(dialog, 5).text(), u"123");
+    expectCaret(box(dialog, 6), 0);
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CompanyDetailsTest, LettersAreNotTypedIntoDigitGroups) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 9));
+    user.type(u"a-. /:\u0661");
+    EXPECT_EQ(box(dialog, 9).text(), u"");
+    EXPECT_TRUE(box(dialog, 9).hasFocus());
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CompanyDetailsTest, TheLastGroupOfANumberKeepsTheFocusWhenFull) {
+  open([&](frmOptions& dialog) {
+    for (const int last : {7, 11}) {
+      user.click(box(dialog, last));
+      user.type(u"1234");
+      EXPECT_EQ(box(dialog, last).text(), u"123");
+      expectCaret(box(dialog, last), 3);
+    }
+  });
+}
+
+TEST_F(CompanyDetailsTest, BackspaceWalksBackThroughTheGroups) {
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 11));
+    user.press(Key::end);
+    for (int i = 0; i < 3; ++i) user.press(Key::backspace);
+    expectCaret(box(dialog, 11), 0);
+    user.press(Key::backspace);
+    expectCaret(box(dialog, 10), 3);
+    user.press(Key::backspace);
+    expectTexts(dialog, 8, {u"51", u"824", u"75", u""});
+    for (int i = 0; i < 3; ++i) user.press(Key::backspace);
+    expectCaret(box(dialog, 9), 3);
+    for (int i = 0; i < 7; ++i) user.press(Key::backspace);
+    expectTexts(dialog, 8, {u"", u"", u"", u""});
+    expectCaret(box(dialog, 8), 0);
+  });
+}
+
+TEST_F(CompanyDetailsTest, BackspaceAtTheStartOfTheFirstGroupStays) {
+  host.store(options::CompanyACN, u"123456789");
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    for (const int first : {5, 8}) {
+      user.click(box(dialog, first));
+      user.press(Key::home);
+      user.press(Key::backspace);
+      expectCaret(box(dialog, first), 0);
+    }
+    expectTexts(dialog, 5, {u"123", u"456", u"789", u"51", u"824", u"753", u"556"});
+  });
+}
+
+TEST_F(CompanyDetailsTest, BackspaceOverASelectedGroupEmptiesItAndMovesBack) {
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 10));
+    user.selectAll();
+    user.press(Key::backspace);
+    expectTexts(dialog, 8, {u"51", u"824", u"", u"556"});
+    expectCaret(box(dialog, 9), 3);
+  });
+}
+
+TEST_F(CompanyDetailsTest, ArrowsCrossBetweenGroups) {
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.press(Key::home);
+    for (int i = 0; i < 2; ++i) user.press(Key::right);
+    expectCaret(box(dialog, 8), 2);
+    user.press(Key::right);
+    expectCaret(box(dialog, 9), 0);
+    user.press(Key::left);
+    expectCaret(box(dialog, 8), 2);
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CompanyDetailsTest, ArrowsStayAtTheOuterEndsOfANumber) {
+  host.store(options::CompanyACN, u"123456789");
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    for (const int first : {5, 8}) {
+      user.click(box(dialog, first));
+      user.press(Key::home);
+      user.press(Key::left);
+      expectCaret(box(dialog, first), 0);
+    }
+    for (const int last : {7, 11}) {
+      user.click(box(dialog, last));
+      user.press(Key::end);
+      user.press(Key::right);
+      expectCaret(box(dialog, last), 3);
+    }
+  });
+}
+
+TEST_F(CompanyDetailsTest, ArrowsCrossEmptyGroups) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.press(Key::right);
+    expectCaret(box(dialog, 6), 0);
+    user.press(Key::right);
+    expectCaret(box(dialog, 7), 0);
+    user.press(Key::left);
+    user.press(Key::left);
+    expectCaret(box(dialog, 5), 0);
+  });
+}
+
+TEST_F(CompanyDetailsTest, LeftCrossesFromASelectedGroup) {
+  host.store(options::CompanyACN, u"123456789");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 6));
+    user.selectAll();
+    user.press(Key::left);
+    expectCaret(box(dialog, 5), 3);
+  });
+}
+
+TEST_F(CompanyDetailsTest, RightFromASelectedGroupGoesToItsEnd) {
+  host.store(options::CompanyACN, u"123456789");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 6));
+    user.selectAll();
+    user.press(Key::right);
+    expectCaret(box(dialog, 6), 3);
+  });
+}
+
+TEST_F(CompanyDetailsTest, UpAndDownAreLeftToTheBox) {
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 9));
+    user.press(Key::home);
+    user.press(Key::up);
+    user.press(Key::down);
+    EXPECT_TRUE(box(dialog, 9).hasFocus());
+    expectTexts(dialog, 8, {u"51", u"824", u"753", u"556"});
+  });
+}
+
+TEST_F(CompanyDetailsTest, TabSelectsTheWholeGroup) {
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.press(Key::tab);
+    EXPECT_TRUE(box(dialog, 9).hasFocus());
+    EXPECT_EQ(box(dialog, 9).selText(), u"824");
+    user.press(Key::tab, {.shift = true});
+    EXPECT_EQ(box(dialog, 8).selText(), u"51");
+  });
+}
+
+TEST_F(CompanyDetailsTest, TheFocusSelectsAgainAfterAHandlerMovedIt) {
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.press(Key::end);
+    user.press(Key::right);
+    expectCaret(box(dialog, 9), 0);
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog, 10).selText(), u"753");
+  });
+}
+
+TEST_F(CompanyDetailsTest, PastedDigitsStay) {
+  edit([&](frmOptions& dialog) {
+    user.click(box(dialog, 9));
+    user.paste(u"824");
+    EXPECT_EQ(box(dialog, 9).text(), u"824");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog, 9).text(), u"824");
+  });
+  EXPECT_EQ(host.value(options::CompanyABN), u"824");
+}
+
+TEST_F(CompanyDetailsTest, PastedTextIsClearedWhenTheGroupIsLeft) {
+  edit([&](frmOptions& dialog) {
+    user.click(box(dialog, 9));
+    user.paste(u"abcdef");
+    EXPECT_EQ(box(dialog, 9).text(), u"abc");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog, 9).text(), u"");
+    EXPECT_TRUE(box(dialog, 10).hasFocus());
+    EXPECT_TRUE(applyEnabled(dialog));
+  });
+  EXPECT_EQ(host.value(options::CompanyABN), u"");
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(CompanyDetailsTest, PastedTextIsClearedBeforeOkSavesByKeyboard) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.paste(u"x1");
+    user.press(Key::enter);
+  });
+  EXPECT_EQ(host.value(options::CompanyACN), u"");
+}
+
+TEST_F(CompanyDetailsTest, PastingMovesNoFocus) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.type(u"5");
+    user.paste(u"1");
+    EXPECT_EQ(box(dialog, 8).text(), u"51");
+    EXPECT_TRUE(box(dialog, 8).hasFocus());
+  });
+}
+
+TEST_F(CompanyDetailsTest, TextsAreLimitedToTheirLength) {
+  open([&](frmOptions& dialog) {
+    const std::map<int, std::size_t> limits = {{0, 255}, {2, 50}, {3, 50}, {4, 50}, {1, 600}};
+    for (const auto& [index, limit] : limits) {
+      user.click(box(dialog, index));
+      user.paste(Text(600, u'x'));
+      EXPECT_EQ(box(dialog, index).text().size(), limit) << index;
+    }
+  });
+}
+
+TEST_F(CompanyDetailsTest, AStoredTextLongerThanTheLimitIsKept) {
+  host.store(options::CompanyPhone, Text(80, u'1'));
+  edit([&](frmOptions&) { user.type(u"x"); });
+  EXPECT_EQ(host.value(options::CompanyPhone), Text(80, u'1'));
+}
+
+TEST_F(CompanyDetailsTest, EnterMakesALineInTheAddress) {
+  edit([&](frmOptions& dialog) {
+    user.click(box(dialog, CompanyDetails::address));
+    EXPECT_EQ(dialog.defaultButton(), nullptr);
+    user.type(u"1 High Street");
+    user.press(Key::enter);
+    user.type(u"Perth");
+    EXPECT_TRUE(dialog.isShown());
+    EXPECT_EQ(box(dialog, CompanyDetails::address).text(), u"1 High Street\r\nPerth");
+  });
+  EXPECT_EQ(host.value(options::CompanyAddress), u"1 High Street\r\nPerth");
+}
+
+TEST_F(CompanyDetailsTest, EnterPressesOkOnceTheAddressIsLeft) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, CompanyDetails::address));
+    user.type(u"1 High Street");
+    user.press(Key::tab);
+    EXPECT_TRUE(box(dialog, CompanyDetails::phone).hasFocus());
+    EXPECT_TRUE(dialog.cmdCommand[frmOptions::ok].isDefault());
+    user.press(Key::enter);
+    EXPECT_FALSE(dialog.isShown());
+  });
+  EXPECT_EQ(host.value(options::CompanyAddress), u"1 High Street");
+}
+
+TEST_F(CompanyDetailsTest, LoneLineFeedsOfAStoredAddressSurvive) {
+  host.store(options::CompanyAddress, u"1 High Street\nPerth\rWA");
+  edit([&](frmOptions&) { user.type(u"x"); });
+  EXPECT_EQ(host.value(options::CompanyAddress), u"1 High Street\nPerth\rWA");
+}
+
+TEST_F(CompanyDetailsTest, TabWalksThroughTheFrameInOrder) {
+  open([&](frmOptions& dialog) {
+    for (int i = 0; i < CompanyDetails::count; ++i) {
+      EXPECT_TRUE(box(dialog, i).hasFocus()) << i;
+      user.press(Key::tab);
+    }
+    EXPECT_TRUE(classes(dialog).hasFocus());
+  });
+}
+
+TEST_F(CompanyDetailsTest, AccessKeysOfTheLabelsReachTheirBoxes) {
+  open([&](frmOptions& dialog) {
+    const std::vector<std::pair<char16_t, int>> keys = {{u'd', 1}, {u'p', 2}, {u'f', 3}, {u'e', 4},
+                                                        {u'n', 5}, {u'b', 8}, {u'm', 0}};
+    for (const auto& [key, index] : keys) {
+      user.accessKey(key);
+      EXPECT_TRUE(box(dialog, index).hasFocus()) << index;
+    }
+  });
+}
+
+TEST_F(CompanyDetailsTest, ListsTheVisibleClassesInTheirOrder) {
+  storeClasses({{u"Retail", false}, {u"Old", true}, {u"Dispensary", false}, {u"Fuel", false}});
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(classes(dialog).items(),
+              (std::vector<Text>{u"(none)", u"Retail", u"Dispensary", u"Fuel"}));
+    EXPECT_EQ(classes(dialog).listIndex(), 0);
+  });
+}
+
+TEST_F(CompanyDetailsTest, SelectsTheStoredClass) {
+  storeClasses({{u"retail", false}, {u"Retail", false}, {u"Fuel", false}});
+  host.store(options::LVClass, u"Retail");
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(classes(dialog).listIndex(), 2);
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CompanyDetailsTest, AClassThatIsGoneOrHiddenShowsNoneAndIsSavedAsEmpty) {
+  for (const Text stored : {u"Gone", u"Old", u"retail", u"(none)"}) {
+    host.classes.clear();
+    storeClasses({{u"Retail", false}, {u"Old", true}});
+    host.store(options::LVClass, stored);
+    edit([&](frmOptions& dialog) {
+      EXPECT_EQ(classes(dialog).text(), u"(none)");
+      user.type(u"x");
+    });
+    EXPECT_EQ(host.value(options::LVClass), u"");
+  }
+}
+
+TEST_F(CompanyDetailsTest, SavesTheChosenClass) {
+  storeClasses({{u"Retail", false}, {u"Fuel", false}});
+  edit([&](frmOptions& dialog) {
+    user.choose(classes(dialog), 2);
+    EXPECT_TRUE(applyEnabled(dialog));
+  });
+  EXPECT_EQ(host.value(options::LVClass), u"Fuel");
+  edit([&](frmOptions& dialog) { user.choose(classes(dialog), 0); });
+  EXPECT_EQ(host.value(options::LVClass), u"");
+}
+
+TEST_F(CompanyDetailsTest, AClassNameOfMoreThanTwelveLettersIsItsToolTip) {
+  storeClasses({{u"TwelveLetter", false}, {u"ThirteenLette", false}});
+  host.store(options::LVClass, u"ThirteenLette");
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(classes(dialog).toolTip(), u"ThirteenLette");
+    user.choose(classes(dialog), 1);
+    EXPECT_EQ(classes(dialog).toolTip(), u"");
+    user.choose(classes(dialog), 2);
+    EXPECT_EQ(classes(dialog).toolTip(), u"ThirteenLette");
+  });
+}
+
+TEST_F(CompanyDetailsTest, AFailingClassListIsRaised) {
+  host.failingCall = "ClassTable";
+  EXPECT_THROW(options_.ShowOptions(), Error);
+}
+
+}  // namespace
+}  // namespace tillora::testing

@@ -1,0 +1,240 @@
+// How a text box behaves under typing, selection, caret, maximum length and locking: the same
+// without windows as in the platform's edit control.
+#include <gtest/gtest.h>
+
+#include "tests/testing/desk.h"
+
+namespace tillora::testing {
+namespace {
+
+using ui::Key;
+using ui::TextBox;
+
+class TextBoxEditing : public ::testing::Test {
+ protected:
+  class BoxForm final : public ui::Form {
+   public:
+    explicit BoxForm(ui::Screen& screen) : Form(screen, u"Box") {
+      setClientSize({4500, 3000});
+      box.setBounds({150, 150, 4200, 315});
+      lines.setMultiLine(true).setBounds({150, 600, 4200, 1200});
+    }
+    TextBox& box{add<TextBox>()};
+    TextBox& lines{add<TextBox>()};
+  };
+
+  /// Shows the form with the focus in `box` and this text in it, the caret at its start.
+  void with(TextView text, const std::function<void()>& act) {
+    form.box.setText(Text(text));
+    desk->whenShown([&](ui::Form&) { act(); });
+    form.showModal();
+    EXPECT_EQ(desk->unexpectedForms(), 0);
+  }
+  void expect(TextView text, int start, int length = 0) const {
+    EXPECT_EQ(form.box.text(), text);
+    EXPECT_EQ(form.box.selStart(), start);
+    EXPECT_EQ(form.box.selLength(), length);
+  }
+
+  std::unique_ptr<Desk> desk = makeDesk();
+  User& user = desk->user();
+  BoxForm form{desk->screen()};
+};
+
+TEST_F(TextBoxEditing, TypingInsertsAtTheCaretAndMovesIt) {
+  with(u"ad", [&] {
+    user.press(Key::right);
+    user.type(u"bc");
+    expect(u"abcd", 3);
+  });
+}
+
+TEST_F(TextBoxEditing, TypingReplacesTheSelection) {
+  with(u"abcd", [&] {
+    form.box.setSelection(1, 2);
+    user.type(u"x");
+    expect(u"axd", 2);
+  });
+}
+
+TEST_F(TextBoxEditing, BackspaceDeletesBeforeTheCaretOrTheSelection) {
+  with(u"abcd", [&] {
+    form.box.setSelection(2, 0);
+    user.press(Key::backspace);
+    expect(u"acd", 1);
+    form.box.setSelection(1, 2);
+    user.press(Key::backspace);
+    expect(u"a", 1);
+    form.box.setSelection(0, 0);
+    user.press(Key::backspace);
+    expect(u"a", 0);
+  });
+}
+
+TEST_F(TextBoxEditing, DeleteDeletesAfterTheCaretOrTheSelection) {
+  with(u"abcd", [&] {
+    user.press(Key::del);
+    expect(u"bcd", 0);
+    form.box.setSelection(1, 2);
+    user.press(Key::del);
+    expect(u"b", 1);
+    user.press(Key::del);
+    expect(u"b", 1);
+  });
+}
+
+TEST_F(TextBoxEditing, ArrowsHomeAndEndMoveTheCaret) {
+  with(u"abc", [&] {
+    user.press(Key::end);
+    expect(u"abc", 3);
+    user.press(Key::left);
+    expect(u"abc", 2);
+    user.press(Key::home);
+    expect(u"abc", 0);
+    user.press(Key::left);
+    expect(u"abc", 0);
+    user.press(Key::end);
+    user.press(Key::right);
+    expect(u"abc", 3);
+  });
+}
+
+TEST_F(TextBoxEditing, AnArrowEndsTheSelectionAtItsSide) {
+  with(u"abcd", [&] {
+    form.box.setSelection(1, 2);
+    user.press(Key::left);
+    expect(u"abcd", 1);
+    form.box.setSelection(1, 2);
+    user.press(Key::right);
+    expect(u"abcd", 3);
+  });
+}
+
+TEST_F(TextBoxEditing, ShiftAndArrowsSelect) {
+  with(u"abcd", [&] {
+    user.press(Key::right, {.shift = true});
+    user.press(Key::right, {.shift = true});
+    expect(u"abcd", 0, 2);
+    user.press(Key::end);
+    user.press(Key::home, {.shift = true});
+    expect(u"abcd", 0, 4);
+  });
+}
+
+TEST_F(TextBoxEditing, NothingIsTypedBeyondTheMaximumLength) {
+  form.box.setMaxLength(3);
+  with(u"ab", [&] {
+    user.press(Key::end);
+    user.type(u"cd");
+    expect(u"abc", 3);
+    form.box.setSelection(0, 2);
+    user.type(u"xy");
+    expect(u"xyc", 2);
+  });
+}
+
+TEST_F(TextBoxEditing, PastingFillsUpToTheMaximumLength) {
+  form.box.setMaxLength(5);
+  with(u"ab", [&] {
+    form.box.setSelection(1, 1);
+    user.paste(u"123456");
+    expect(u"a1234", 5);
+  });
+}
+
+TEST_F(TextBoxEditing, TextSetByCodeIsNotCutToTheMaximumLength) {
+  form.box.setMaxLength(3);
+  with(u"abcdef", [&] {
+    user.press(Key::end);
+    user.type(u"g");
+    expect(u"abcdef", 6);
+    user.press(Key::backspace);
+    user.type(u"g");
+    expect(u"abcde", 5);
+  });
+}
+
+TEST_F(TextBoxEditing, ALockedBoxTakesTheFocusButNoText) {
+  form.box.setLocked(true);
+  with(u"abc", [&] {
+    EXPECT_TRUE(form.box.hasFocus());
+    user.type(u"x");
+    user.press(Key::backspace);
+    user.press(Key::del);
+    user.paste(u"y");
+    EXPECT_EQ(form.box.text(), u"abc");
+  });
+}
+
+TEST_F(TextBoxEditing, OnlyTheFirstLineIsPastedIntoASingleLine) {
+  with(u"", [&] {
+    user.paste(u"one\r\ntwo");
+    expect(u"one", 3);
+  });
+}
+
+TEST_F(TextBoxEditing, EnterMakesALineInABoxOfLines) {
+  with(u"", [&] {
+    user.click(form.lines);
+    user.type(u"one");
+    user.press(Key::enter);
+    user.type(u"two");
+    EXPECT_EQ(form.lines.text(), u"one\r\ntwo");
+    user.press(Key::home);
+    user.press(Key::backspace);
+    EXPECT_EQ(form.lines.text(), u"onetwo");
+  });
+}
+
+TEST_F(TextBoxEditing, EachEditRaisesChangeOnceAndLaterThanItsText) {
+  std::vector<Text> seen;
+  form.box.change = [&] { seen.push_back(form.box.text()); };
+  with(u"", [&] {
+    user.type(u"ab");
+    user.press(Key::backspace);
+    user.press(Key::left);
+  });
+  EXPECT_EQ(seen, (std::vector<Text>{u"a", u"ab", u"a"}));
+}
+
+TEST_F(TextBoxEditing, AHandlerCanDiscardACharacter) {
+  form.box.keyPress = [](char16_t& key) {
+    if (key == u'b') key = 0;
+  };
+  with(u"", [&] {
+    user.type(u"abc");
+    expect(u"ac", 2);
+  });
+}
+
+TEST_F(TextBoxEditing, AHandlerCanChangeACharacter) {
+  form.box.keyPress = [](char16_t& key) {
+    if (key == u'b') key = u'B';
+  };
+  with(u"", [&] {
+    user.type(u"abc");
+    expect(u"aBc", 3);
+  });
+}
+
+TEST_F(TextBoxEditing, ACharacterLandsWhereItWasTypedThoughTheFocusMovesOn) {
+  form.box.keyPress = [&](char16_t&) { form.lines.setFocus(); };
+  with(u"", [&] {
+    user.type(u"a");
+    EXPECT_EQ(form.box.text(), u"a");
+    EXPECT_EQ(form.lines.text(), u"");
+    EXPECT_TRUE(form.lines.hasFocus());
+    user.type(u"b");
+    EXPECT_EQ(form.lines.text(), u"b");
+  });
+}
+
+TEST_F(TextBoxEditing, AnyCharacterOfThePlatformCanBeTyped) {
+  with(u"", [&] {
+    user.type(u"\u00e9\u4e2d\u20ac");
+    expect(u"\u00e9\u4e2d\u20ac", 3);
+  });
+}
+
+}  // namespace
+}  // namespace tillora::testing

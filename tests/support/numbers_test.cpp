@@ -1,0 +1,68 @@
+#include "support/numbers.h"
+
+#include <gtest/gtest.h>
+
+namespace tillora {
+namespace {
+
+const NumberLocale kAustralia;
+const NumberLocale kGermany{u",", u".", u"\u20ac"};
+
+TEST(ToNumber, ReadsDigitsSignsAndDecimals) {
+  EXPECT_EQ(toNumber(u"0", kAustralia), 0);
+  EXPECT_EQ(toNumber(u"007", kAustralia), 7);
+  EXPECT_EQ(toNumber(u"12.50", kAustralia), 12.5);
+  EXPECT_EQ(toNumber(u".5", kAustralia), 0.5);
+  EXPECT_EQ(toNumber(u"5.", kAustralia), 5);
+  EXPECT_EQ(toNumber(u"-5", kAustralia), -5);
+  EXPECT_EQ(toNumber(u"+5", kAustralia), 5);
+  EXPECT_EQ(toNumber(u"5-", kAustralia), -5);
+  EXPECT_EQ(toNumber(u"- 5", kAustralia), -5);
+}
+
+TEST(ToNumber, ReadsBlanksParenthesesCurrencyAndThousands) {
+  EXPECT_EQ(toNumber(u"  12\t", kAustralia), 12);
+  EXPECT_EQ(toNumber(u"(5)", kAustralia), -5);
+  EXPECT_EQ(toNumber(u"$5", kAustralia), 5);
+  EXPECT_EQ(toNumber(u"-$5.25", kAustralia), -5.25);
+  EXPECT_EQ(toNumber(u"1,234,567", kAustralia), 1234567);
+}
+
+TEST(ToNumber, ReadsExponents) {
+  EXPECT_EQ(toNumber(u"1e3", kAustralia), 1000);
+  EXPECT_EQ(toNumber(u"25E-2", kAustralia), 0.25);
+  EXPECT_EQ(toNumber(u"1e+2", kAustralia), 100);
+}
+
+TEST(ToNumber, FollowsTheRegionalSettings) {
+  EXPECT_EQ(toNumber(u"1.234,5", kGermany), 1234.5);
+  EXPECT_EQ(toNumber(u"5 \u20ac", kGermany), 5);
+  EXPECT_EQ(toNumber(u"$5", kGermany), std::nullopt);
+}
+
+TEST(ToNumber, RefusesAnyOtherText) {
+  for (const Text text :
+       {u"",    u" ",  u".",  u"-",   u"abc", u"1a",     u"1 2",  u"1..2",  u"--1",
+        u"-1-", u"(5", u"5)", u"$",   u"$$5", u"&H1F",   u"&O17", u"0x1F",  u"1e",
+        u"1e+", u"e5", u"1%", u"NaN", u"inf", u"\u0661", u",5",   u"1e999", u"-1e999"}) {
+    EXPECT_EQ(toNumber(text, kAustralia), std::nullopt) << toUtf8(text);
+  }
+}
+
+TEST(ToNumber, ANumberTooSmallToTellFromZeroIsZero) {
+  EXPECT_EQ(toNumber(u"0e999", kAustralia), 0);
+}
+
+TEST(IsDigit, IsOneOfTheTenDigits) {
+  for (char16_t c = 0; c < 0x300; ++c) EXPECT_EQ(isDigit(c), c >= u'0' && c <= u'9');
+  EXPECT_FALSE(isDigit(u'\u0661'));
+}
+
+TEST(IsCommandCharacter, IsAControlCharacterOtherThanBackspace) {
+  for (char16_t c = 0; c < 0x20; ++c) EXPECT_EQ(isCommandCharacter(c), c != 8);
+  EXPECT_FALSE(isCommandCharacter(0x7F));
+  EXPECT_FALSE(isCommandCharacter(u' '));
+}
+
+}  // namespace
+}  // namespace tillora

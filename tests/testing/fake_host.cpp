@@ -1,0 +1,309 @@
+#include "tests/testing/fake_host.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "support/modJetSQLFixup.h"
+
+namespace tillora::testing {
+namespace {
+
+/// Counts itself among the objects that the host has handed out.
+class Counted {
+ public:
+  explicit Counted(FakeHost& host) : host_(host) { ++host_.live; }
+  ~Counted() { --host_.live; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ protected:
+  FakeHost& host_;
+};
+
+class FakeRecord final : public OptionsRecord, Counted {
+ public:
+  explicit FakeRecord(FakeHost& host) : Counted(host), written_(host.stored) {}
+
+  Value read(OptionId option) override {
+    host_.called("get " + toUtf8(optionInfo(option).name));
+    const auto found = written_.find(option);
+    return found == written_.end() ? Value() : found->second;
+  }
+  void write(OptionId option, const Value& value) override {
+    host_.called("put " + toUtf8(optionInfo(option).name));
+    written_[option] = value;
+  }
+  void commit() override {
+    host_.called("commit");
+    host_.stored = written_;
+  }
+
+ private:
+  std::map<OptionId, Value> written_;
+};
+
+Text literalOf(const Value& value) {
+  if (const auto* text = std::get_if<Text>(&value)) return QuoteJetLiteral(*text);
+  if (const auto* flag = std::get_if<bool>(&value)) return Text(jetBoolean(*flag));
+  const std::string digits = std::to_string(std::get<std::int32_t>(value));
+  return {digits.begin(), digits.end()};
+}
+
+// Understands the criteria that the component writes: [Field] = literal, joined by AND.
+bool satisfies(const FakeRow& row, TextView criteria) {
+  constexpr TextView kAnd = u" AND ";
+  while (!criteria.empty()) {
+    const std::size_t end = std::min(criteria.find(kAnd), criteria.size());
+    const Text condition(criteria.substr(0, end));
+    criteria.remove_prefix(std::min(criteria.size(), end + kAnd.size()));
+    const bool holds = std::ranges::any_of(row, [&](const auto& field) {
+      const Text literal = literalOf(field.second);
+      return condition == u"[" + field.first + u"] = " + literal ||
+             condition == field.first + u"=" + literal;
+    });
+    if (!holds) return false;
+  }
+  return true;
+}
+
+class FakeTable final : public Table, Counted {
+ public:
+  FakeTable(FakeHost& host, std::string name, std::vector<FakeRow>& rows)
+      : Counted(host), name_(std::move(name)), rows_(rows) {}
+
+  void moveFirst() override { row_ = 0; }
+  void moveNext() override {
+    if (!std::exchange(removed_, false)) ++row_;
+  }
+  bool atEnd() override { return row_ >= rows_.size(); }
+  void findFirst(TextView criteria) override { find(criteria, 0); }
+  void findNext(TextView criteria) override { find(criteria, row_ + 1); }
+  bool noMatch() override { return noMatch_; }
+  void addNew() override {
+    edited_.clear();
+    adding_ = true;
+  }
+  void edit() override {
+    edited_ = rows_.at(row_);
+    adding_ = false;
+  }
+  void update() override {
+    host_.called("update " + name_);
+    if (adding_) {
+      rows_.push_back(edited_);
+    } else {
+      rows_.at(row_) = edited_;
+    }
+  }
+  void remove() override {
+    host_.called("delete " + name_);
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row_));
+    removed_ = true;
+  }
+  Value get(Field field) override {
+    const FakeRow& row = rows_.at(row_);
+    const auto found = row.find(field.name);
+    return found == row.end() ? Value() : found->second;
+  }
+  void set(Field field, const Value& value) override { edited_[field.name] = value; }
+
+ private:
+  void find(TextView criteria, std::size_t from) {
+    host_.called("find " + name_ + " " + toUtf8(criteria));
+    const auto found =
+        std::find_if(rows_.begin() + static_cast<std::ptrdiff_t>(std::min(from, rows_.size())),
+                     rows_.end(), [&](const FakeRow& row) { return satisfies(row, criteria); });
+    noMatch_ = found == rows_.end();
+    if (!noMatch_) row_ = static_cast<std::size_t>(found - rows_.begin());
+  }
+
+  std::string name_;
+  std::vector<FakeRow>& rows_;
+  FakeRow edited_;
+  std::size_t row_ = 0;
+  bool adding_ = false;
+  bool noMatch_ = false;
+  bool removed_ = false;
+};
+
+template <class T>
+class FakeCursor final : public Cursor<T>, Counted {
+ public:
+  FakeCursor(FakeHost& host, const std::vector<T>& items) : Counted(host), items_(items) {}
+  void moveFirst() override { at_ = 0; }
+  bool atEnd() override { return at_ >= items_.size(); }
+  T current() override { return items_.at(at_); }
+  void moveNext() override { ++at_; }
+
+ private:
+  const std::vector<T>& items_;
+  std::size_t at_ = 0;
+};
+
+class FakeDatabase final : public JetDatabase, Counted {
+ public:
+  using Counted::Counted;
+
+  std::unique_ptr<OptionsRecord> optionsRecord() override {
+    host_.called("OptionsRecord");
+    return std::make_unique<FakeRecord>(host_);
+  }
+  std::unique_ptr<Table> classTable() override { return open("ClassTable", host_.classes); }
+  std::unique_ptr<Table> accountTable() override { return open("AccountTable", host_.accounts); }
+  std::unique_ptr<Table> randomPriceTable() override {
+    return open("RandomPriceTable", host_.randomPrices);
+  }
+  std::unique_ptr<Table> gradeTable() override { return open("GradeTable", host_.grades); }
+  std::unique_ptr<Table> webSiteTable() override { return open("WebSiteTable", host_.webSites); }
+  std::unique_ptr<Table> currencyTable() override {
+    return open("CurrencyTable", host_.currencies);
+  }
+  std::unique_ptr<Cursor<Item>> itemList() override {
+    host_.called("ItemList");
+    return std::make_unique<FakeCursor<Item>>(host_, host_.items);
+  }
+  std::unique_ptr<Cursor<PaymentItem>> paymentItemList() override {
+    host_.called("PaymentItemList");
+    return std::make_unique<FakeCursor<PaymentItem>>(host_, host_.paymentItems);
+  }
+  std::int32_t terminalCount(TextView criteria) override {
+    host_.called("TerminalCount " + toUtf8(criteria));
+    return static_cast<std::int32_t>(std::ranges::count_if(
+        host_.terminals, [&](const FakeRow& row) { return satisfies(row, criteria); }));
+  }
+  Text dataFile() override {
+    host_.called("get DataFile");
+    return host_.dataFile;
+  }
+  void setDataFile(TextView path) override {
+    host_.called("put DataFile");
+    host_.dataFile = path;
+  }
+
+ private:
+  std::unique_ptr<Table> open(const std::string& name, std::vector<FakeRow>& rows) {
+    host_.called(name);
+    return std::make_unique<FakeTable>(host_, name, rows);
+  }
+};
+
+class FakeSettings final : public SettingsStore, Counted {
+ public:
+  using Counted::Counted;
+  std::optional<std::int16_t> decimalPlaces() override {
+    host_.called("DecimalPlaces");
+    return host_.decimalPlaces;
+  }
+  Text currencyFormat() override {
+    host_.called("CurrencyFormat");
+    return u"$#,##0.00";
+  }
+  Text decimalSeparator() override {
+    host_.called("DecimalSeparator");
+    return u".";
+  }
+  bool dispensingAvailable() override {
+    host_.called("DispensingAvailable");
+    return host_.dispensingAvailable;
+  }
+  std::optional<Text> setting(TextView name) override {
+    host_.called("get setting " + toUtf8(name));
+    const auto found = host_.settings.find(Text(name));
+    return found == host_.settings.end() ? std::nullopt : std::optional(found->second);
+  }
+  void setSetting(TextView name, TextView value) override {
+    host_.called("put setting " + toUtf8(name));
+    host_.settings[Text(name)] = value;
+  }
+};
+
+class FakeStrings final : public ResourceStrings, Counted {
+ public:
+  using Counted::Counted;
+  Text string(std::int32_t number) override {
+    host_.called("string " + std::to_string(number));
+    return host_.strings[number];
+  }
+};
+
+class FakeSender final : public MessageSender, Counted {
+ public:
+  using Counted::Counted;
+  void send(DateTime when) override {
+    host_.called("send");
+    host_.sent.push_back(when.days);
+  }
+};
+
+class FakeApp final : public App, Counted {
+ public:
+  using Counted::Counted;
+  Text title() override {
+    host_.called("Title");
+    return host_.title;
+  }
+  Text path() override {
+    host_.called("Path");
+    return host_.path;
+  }
+};
+
+}  // namespace
+
+class ScriptedMessageBox final : public HostMessageBox {
+ public:
+  explicit ScriptedMessageBox(ScriptedMessageBoxes& boxes) : boxes_(boxes) {}
+
+  void setSettingsStore(const std::shared_ptr<SettingsStore>& settings) override {
+    message_.settingsGiven = settings != nullptr;
+  }
+  MessageResult show(TextView text, std::int32_t style, TextView title,
+                     TextView secondaryText) override {
+    message_.text = text;
+    message_.style = style;
+    message_.title = title;
+    message_.secondaryText = secondaryText;
+    message_.pointer = boxes_.screen_.pointer();
+    boxes_.shown.push_back(message_);
+    if (boxes_.answers.empty()) return MessageResult::ok;
+    const MessageResult answer = boxes_.answers.front();
+    boxes_.answers.erase(boxes_.answers.begin());
+    return answer;
+  }
+
+ private:
+  ScriptedMessageBoxes& boxes_;
+  ShownMessage message_;
+};
+
+std::unique_ptr<HostMessageBox> ScriptedMessageBoxes::create() {
+  return std::make_unique<ScriptedMessageBox>(*this);
+}
+
+FakeHost::FakeHost() : strings{{20000, u"Local"}, {20001, u"Foreign"}} {}
+
+Error FakeHost::failure() {
+  return {basicError(3051), u"Shop.Database", u"The shop database cannot be opened.", u"shop.chm",
+          77};
+}
+
+void FakeHost::called(const std::string& call) {
+  const int number = static_cast<int>(calls.size());
+  calls.push_back(call);
+  if (call == failingCall || number == failingNumber) throw failure();
+}
+
+std::vector<std::string> FakeHost::callsStarting(const std::string& prefix) const {
+  std::vector<std::string> found;
+  std::ranges::copy_if(calls, std::back_inserter(found),
+                       [&](const std::string& call) { return call.starts_with(prefix); });
+  return found;
+}
+
+HostObjects FakeHost::objects() {
+  return {std::make_shared<FakeDatabase>(*this), std::make_shared<FakeApp>(*this),
+          std::make_shared<FakeSender>(*this), std::make_shared<FakeStrings>(*this),
+          std::make_shared<FakeSettings>(*this)};
+}
+
+}  // namespace tillora::testing

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "component/host_objects.h"
+#include "component/platform.h"
+
+namespace tillora::testing {
+
+/// A row of a table in memory, by field name.
+using FakeRow = std::map<Text, Value>;
+
+/// A message box that was shown.
+struct ShownMessage {
+  Text text;
+  std::int32_t style = 0;
+  Text title;
+  Text secondaryText;
+  ui::Pointer pointer = ui::Pointer::standard;  ///< the mouse pointer meanwhile
+  bool settingsGiven = false;
+};
+
+/// A host program in memory. It keeps what is stored, writes down every call that the component
+/// makes, and can be told to fail.
+class FakeHost {
+ public:
+  FakeHost();
+
+  /// The stored options by id; written by a save that commits.
+  std::map<OptionId, Value> stored;
+  std::vector<FakeRow> classes;
+  std::vector<FakeRow> accounts;
+  std::vector<FakeRow> randomPrices;
+  std::vector<FakeRow> grades;
+  std::vector<FakeRow> webSites;
+  std::vector<FakeRow> currencies;
+  std::vector<FakeRow> terminals;
+  std::vector<Item> items;
+  std::vector<PaymentItem> paymentItems;
+  Text dataFile;
+  std::map<Text, Text> settings;
+  std::map<std::int32_t, Text> strings;
+  Text title = u"Tillora Administrator";
+  Text path = u"C:\\Tillora";
+  std::int16_t decimalPlaces = 2;
+  bool dispensingAvailable = false;
+  std::vector<double> sent;  ///< times of the messages sent
+
+  /// Every call in order: "get CompanyName", "put CompanyName", "commit", "send", "Title", ...
+  std::vector<std::string> calls;
+  /// The call with this text fails from its nth time on; none if empty.
+  std::string failingCall;
+  /// The call with this number (from 0, over all calls) fails; -1 for none.
+  int failingNumber = -1;
+  /// Calls that start with `prefix`, in order.
+  std::vector<std::string> callsStarting(const std::string& prefix) const;
+
+  /// What fails says so with this error.
+  static Error failure();
+
+  HostObjects objects();
+  template <OptionType type>
+  void store(const Option<type>& option, typename Option<type>::Type value) {
+    stored[option.id] = Value(std::move(value));
+  }
+  /// The stored value; fails the test with bad_variant_access or out_of_range where there is none.
+  template <OptionType type>
+  typename Option<type>::Type value(const Option<type>& option) const {
+    return std::get<typename Option<type>::Type>(stored.at(option.id));
+  }
+
+  /// Notes a call and fails if it is to.
+  void called(const std::string& call);
+  /// The objects that the component still holds, records and tables included.
+  int live = 0;
+};
+
+/// Message boxes with answers given beforehand; OK where none is left.
+class ScriptedMessageBoxes final : public MessageBoxes {
+ public:
+  explicit ScriptedMessageBoxes(ui::Screen& screen) : screen_(screen) {}
+  std::unique_ptr<HostMessageBox> create() override;
+
+  std::vector<ShownMessage> shown;
+  std::vector<MessageResult> answers;
+
+ private:
+  friend class ScriptedMessageBox;
+  ui::Screen& screen_;
+};
+
+/// A clock that stands still.
+class FixedClock final : public Clock {
+ public:
+  DateTime now() override { return time; }
+  DateTime time{45000.5};
+};
+
+/// Help that writes down what it was asked for.
+class RecordedHelp final : public Help {
+ public:
+  void show(TextView file, int context) override { topics.emplace_back(Text(file), context); }
+  std::vector<std::pair<Text, int>> topics;
+};
+
+}  // namespace tillora::testing

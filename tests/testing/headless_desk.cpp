@@ -1,0 +1,252 @@
+#include "tests/testing/headless_desk.h"
+
+#include <algorithm>
+
+#include "support/letter_case.h"
+#include "tests/testing/edit_text.h"
+#include "ui/buttons.h"
+
+namespace tillora::testing {
+namespace {
+
+using ui::Key;
+using ui::Kind;
+
+constexpr int kTabHeight = 330;
+constexpr int kBorder = 60;
+
+bool isLetterOrDigit(Key key) {
+  const auto code = static_cast<char16_t>(key);
+  return (code >= u'0' && code <= u'9') || (code >= u'A' && code <= u'Z');
+}
+
+char16_t characterOf(Key key, ui::Modifiers modifiers) {
+  if (modifiers.ctrl || key == Key::enter || key == Key::tab) {
+    const auto code = static_cast<char16_t>(key);
+    return isLetterOrDigit(key) && code >= u'A' ? static_cast<char16_t>(code - u'A' + 1) : code;
+  }
+  if (key == Key::backspace || key == Key::escape || key == Key::space) {
+    return static_cast<char16_t>(key);
+  }
+  if (!isLetterOrDigit(key)) return 0;
+  const auto code = static_cast<char16_t>(key);
+  return modifiers.shift || code <= u'9' ? code : lowerCase(code);
+}
+
+}  // namespace
+
+void HeadlessScreen::runModal(ui::Form& form) {
+  shown.push_back(&form);
+  const auto leave = [&] { shown.pop_back(); };
+  try {
+    form.shown();
+    if (steps.empty()) {
+      ++unexpected;
+    } else {
+      const auto step = std::move(steps.front());
+      steps.pop_front();
+      step(form);
+    }
+    if (form.isShown()) form.userClose();
+  } catch (...) {
+    leave();
+    throw;
+  }
+  leave();
+}
+
+ui::Rect HeadlessScreen::tabClientArea(const ui::TabStrip& tabs) const {
+  const ui::Rect& all = tabs.bounds();
+  return {all.left + kBorder, all.top + kTabHeight, all.width - 2 * kBorder,
+          all.height - kTabHeight - kBorder};
+}
+
+int HeadlessScreen::compareForList(TextView a, TextView b) const {
+  return lowerCase(a).compare(lowerCase(b));
+}
+
+ui::Form* HeadlessUser::form() const {
+  return screen_.shown.empty() ? nullptr : screen_.shown.back();
+}
+
+bool HeadlessUser::reach(ui::Control& control) const {
+  if (form() != &control.form()) return false;
+  if (!control.effectivelyVisible() || !control.effectivelyEnabled()) return false;
+  return form()->userMouseDown(control);
+}
+
+void HeadlessUser::press(Key key, ui::Modifiers modifiers) {
+  ui::Form* top = form();
+  if (top == nullptr) return;
+  if (modifiers.alt && key == Key::f4) {
+    top->userClose();
+    return;
+  }
+  if (modifiers.alt && isLetterOrDigit(key)) {
+    accessKey(static_cast<char16_t>(key));
+    return;
+  }
+  if (key == Key::f1) {
+    top->help.raise();
+    return;
+  }
+  ui::Control* target = top->activeControl();
+  if (top->userKeyDown(key, modifiers) || target == nullptr) return;
+  useKey(*target, key, modifiers);
+}
+
+void HeadlessUser::useKey(ui::Control& control, Key key, ui::Modifiers modifiers) {
+  switch (control.kind()) {
+    case Kind::textBox: {
+      auto& box = static_cast<ui::TextBox&>(control);
+      if (key == Key::del) {
+        deleteForward(box);
+      } else if (const char16_t character = characterOf(key, modifiers)) {
+        typeCharacter(character);
+      } else {
+        moveCaret(box, key, modifiers);
+      }
+      break;
+    }
+    case Kind::checkBox:
+      if (key == Key::space) {
+        auto& box = static_cast<ui::CheckBox&>(control);
+        box.setValue(!box.value());
+      }
+      break;
+    case Kind::commandButton:
+      if (key == Key::space) static_cast<ui::CommandButton&>(control).press();
+      break;
+    case Kind::comboBox: {
+      auto& combo = static_cast<ui::ComboBox&>(control);
+      const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
+      const int item = std::clamp(combo.listIndex() + step, 0, combo.count() - 1);
+      if (step != 0 && combo.count() > 0) combo.setListIndex(item);
+      break;
+    }
+    case Kind::listView: {
+      auto& list = static_cast<ui::ListView&>(control);
+      const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
+      const int row = std::clamp(list.selectedRow() + step, 0, list.count() - 1);
+      if (step != 0 && list.count() > 0) list.setSelectedRow(row);
+      break;
+    }
+    case Kind::checkListBox: {
+      auto& list = static_cast<ui::CheckListBox&>(control);
+      if (key == Key::space && list.listIndex() >= 0) {
+        list.setChecked(list.listIndex(), !list.checked(list.listIndex()));
+      }
+      const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
+      if (step != 0 && list.count() > 0) {
+        list.setListIndex(std::clamp(list.listIndex() + step, 0, list.count() - 1));
+      }
+      break;
+    }
+    case Kind::tabStrip: {
+      auto& tabs = static_cast<ui::TabStrip&>(control);
+      const int step = key == Key::right ? 1 : key == Key::left ? -1 : 0;
+      if (step != 0) tabs.setSelected(std::clamp(tabs.selected() + step, 1, tabs.count()));
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void HeadlessUser::typeCharacter(char16_t character) {
+  if (form() == nullptr || form()->activeControl() == nullptr) return;
+  // The handler may move the focus; the character still goes where it was typed.
+  ui::Control& target = *form()->activeControl();
+  character = form()->userCharacter(character);
+  if (character == 0 || target.kind() != Kind::textBox) return;
+  auto& box = static_cast<ui::TextBox&>(target);
+  if (character == 1) {
+    box.userSelected(0, static_cast<int>(box.text().size()));
+  } else if (character == 0x16) {
+    pasteInto(box, clipboard_);
+  } else {
+    typeInto(box, character);
+  }
+}
+
+void HeadlessUser::type(TextView text) {
+  for (const char16_t character : text) {
+    if (form() == nullptr) return;
+    typeCharacter(character);
+  }
+}
+
+void HeadlessUser::paste(TextView text) {
+  clipboard_ = text;
+  press(static_cast<Key>('V'), {.ctrl = true});
+}
+
+void HeadlessUser::accessKey(char16_t letter) {
+  if (form() != nullptr) form()->userAccessKey(letter);
+}
+
+void HeadlessUser::click(ui::Control& control) {
+  if (!reach(control)) return;
+  switch (control.kind()) {
+    case Kind::commandButton:
+      static_cast<ui::CommandButton&>(control).press();
+      break;
+    case Kind::checkBox: {
+      auto& box = static_cast<ui::CheckBox&>(control);
+      box.setValue(!box.value());
+      break;
+    }
+    case Kind::optionButton:
+      static_cast<ui::OptionButton&>(control).setValue(true);
+      break;
+    default:
+      break;
+  }
+}
+
+void HeadlessUser::clickTab(ui::TabStrip& tabs, int tab) {
+  if (reach(tabs)) tabs.setSelected(tab);
+}
+
+void HeadlessUser::clickRow(ui::ListView& list, int row) {
+  if (reach(list)) list.setSelectedRow(row);
+}
+
+void HeadlessUser::doubleClickRow(ui::ListView& list, int row) {
+  clickRow(list, row);
+  if (list.selectedRow() != row) return;
+  int y = 0;
+  while (list.hitTest({0, y}) != row) y += 15;
+  list.mouse.raise({0, y});
+  list.doubleClick.raise();
+}
+
+void HeadlessUser::doubleClickBelow(ui::ListView& list) {
+  if (!reach(list)) return;
+  list.mouse.raise({0, 1000000});
+  list.doubleClick.raise();
+}
+
+void HeadlessUser::clickCheck(ui::CheckListBox& list, int row) {
+  if (!reach(list)) return;
+  list.setListIndex(row);
+  list.setChecked(row, !list.checked(row));
+}
+
+void HeadlessUser::choose(ui::ComboBox& combo, int item) {
+  if (reach(combo)) combo.setListIndex(item);
+}
+
+void HeadlessUser::spin(ui::UpDown& upDown, int direction) {
+  if (reach(upDown)) upDown.spin(direction);
+}
+
+void HeadlessUser::closeWindow(ui::Form& form) {
+  if (this->form() == &form) form.userClose();
+}
+
+#ifndef _WIN32
+std::unique_ptr<Desk> makeDesk() { return std::make_unique<HeadlessDesk>(); }
+#endif
+
+}  // namespace tillora::testing

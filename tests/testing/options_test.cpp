@@ -1,0 +1,43 @@
+#include "tests/testing/options_test.h"
+
+namespace tillora::testing {
+
+OptionsTest::OptionsTest() {
+  HostObjects objects = host.objects();
+  options_.DBJetObject = std::move(objects.database);
+  options_.AppObject = std::move(objects.app);
+  options_.MsgSndObject = std::move(objects.messageSender);
+  options_.ResourceObject = std::move(objects.resources);
+  options_.SettingsObject = std::move(objects.settings);
+  options_.OptionsChanged = [this](std::int32_t& mask) { changes.push_back(mask); };
+}
+
+void OptionsTest::TearDown() {
+  EXPECT_EQ(desk->unexpectedForms(), 0);
+  EXPECT_EQ(desk->unusedSteps(), 0);
+  EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+  options_.DBJetObject.reset();
+  options_.AppObject.reset();
+  options_.MsgSndObject.reset();
+  options_.ResourceObject.reset();
+  options_.SettingsObject.reset();
+  EXPECT_EQ(host.live, 0);
+}
+
+void OptionsTest::open(const std::function<void(frmOptions&)>& act) {
+  desk->whenShown([&](ui::Form& form) { act(dynamic_cast<frmOptions&>(form)); });
+  EXPECT_TRUE(options_.ShowOptions());
+}
+
+void OptionsTest::edit(const std::function<void(frmOptions&)>& act) {
+  open([&](frmOptions& dialog) {
+    act(dialog);
+    user.accessKey(u'o');
+  });
+}
+
+bool OptionsTest::applyEnabled(frmOptions& dialog) const {
+  return dialog.cmdCommand[frmOptions::apply].enabled();
+}
+
+}  // namespace tillora::testing

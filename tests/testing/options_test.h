@@ -1,0 +1,44 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "component/frmOptions.h"
+#include "component/options.h"
+#include "tests/testing/desk.h"
+#include "tests/testing/fake_host.h"
+
+namespace tillora::testing {
+
+/// The whole component over a host in memory, with a person at the dialog:
+///
+///     open([&](frmOptions& dialog) { user.type(u"Corner Shop"); user.accessKey(u'o'); });
+///     EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+class OptionsTest : public ::testing::Test {
+ protected:
+  OptionsTest();
+  /// No form was shown that the test did not expect, and nothing of the host is held on to.
+  void TearDown() override;
+
+  /// Calls ShowOptions; `act` is what the person does while the dialog is open.
+  void open(const std::function<void(frmOptions&)>& act);
+  /// Opens the dialog and presses OK after `act`.
+  void edit(const std::function<void(frmOptions&)>& act);
+
+  bool applyEnabled(frmOptions& dialog) const;
+
+  std::unique_ptr<Desk> desk = makeDesk();
+  User& user = desk->user();
+  FakeHost host;
+  ScriptedMessageBoxes boxes{desk->screen()};
+  FixedClock clock;
+  RecordedHelp help;
+  Options options_{Platform{desk->screen(), boxes, clock, help}};
+  /// The masks of OptionsChanged, one for each save.
+  std::vector<std::int32_t> changes;
+};
+
+}  // namespace tillora::testing
