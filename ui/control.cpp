@@ -1,5 +1,7 @@
 #include "ui/control.h"
 
+#include <algorithm>
+
 #include "ui/container.h"
 #include "ui/form.h"
 
@@ -37,7 +39,13 @@ void Control::setBounds(const Rect& bounds) {
   notify(Property::bounds);
 }
 
-void Control::bringToFront() { notify(Property::stacking); }
+void Control::bringToFront() {
+  if (parent_ == nullptr) return;
+  for (const auto& sibling : parent_->children()) {
+    if (sibling.get() != this) stacking_ = std::max(stacking_, sibling->stacking_ + 1);
+  }
+  notify(Property::stacking);
+}
 
 void Control::setToolTip(Text toolTip) {
   if (toolTip_ == toolTip) return;

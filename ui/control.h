@@ -91,6 +91,8 @@ class Control {
   void setBounds(const Rect& bounds);
   /// Draws the control above its siblings.
   void bringToFront();
+  /// Of two siblings the one with the higher number is drawn above; with equal ones, the later.
+  int stacking() const { return stacking_; }
 
   const Text& toolTip() const { return toolTip_; }
   void setToolTip(Text toolTip);
@@ -150,6 +152,7 @@ class Control {
   Text accessibleName_;
   Colour foreColour_ = kButtonText;
   Colour backColour_ = kButtonFace;
+  int stacking_ = 0;
   bool enabled_ = true;
   bool visible_ = true;
   bool tabStop_ = true;

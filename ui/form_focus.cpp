@@ -101,7 +101,8 @@ void Form::releaseFocus() {
   if (active_ == nullptr || active_->canFocus()) return;
   // From one of the form's buttons (Apply) to its default button, so that Enter goes on making
   // sense.
-  const bool besideDefault = default_ != nullptr && default_->parent() == active_->parent();
+  const bool besideDefault = default_ != nullptr && active_->kind() == Kind::commandButton &&
+                             default_->parent() == active_->parent();
   Control* next = besideDefault && default_->canFocus() ? default_ : nextInTabOrder(active_);
   if (next != nullptr && next == cancel_) next = nextInTabOrder(cancel_);
   moveFocus(next == cancel_ ? nullptr : next);

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include "support/modEnableLabel.h"
+#include "support/modListViewSupport.h"
+#include "support/modSelectAllText.h"
+#include "tests/testing/headless_desk.h"
+
+namespace tillora::testing {
+namespace {
+
+class ControlHelpers : public ::testing::Test {
+ protected:
+  HeadlessDesk desk;
+  ui::Form form{desk.screen(), u"Helpers"};
+};
+
+TEST_F(ControlHelpers, SelectAllSelectsTheWholeText) {
+  auto& box = form.add<ui::TextBox>();
+  selectAllText(box);
+  EXPECT_EQ(box.selLength(), 0);
+  box.setText(u"a\r\nb");
+  box.setSelection(2, 0);
+  selectAllText(box);
+  EXPECT_EQ(box.selStart(), 0);
+  EXPECT_EQ(box.selLength(), 4);
+}
+
+class EnableLabel : public ControlHelpers {
+ protected:
+  ui::Label& shadow = form.add<ui::Label>();
+  ui::Label& label = form.add<ui::Label>(u"&Label");
+};
+
+TEST_F(EnableLabel, ADisabledLabelHasALightShadowOnePixelOff) {
+  label.setBounds({100, 200, 900, 195});
+  label.setAlignment(ui::Alignment::right);
+  enableLabel(label, shadow, false);
+  EXPECT_FALSE(label.enabled());
+  EXPECT_TRUE(shadow.visible());
+  EXPECT_EQ(shadow.bounds(), (ui::Rect{115, 215, 900, 195}));
+  EXPECT_EQ(shadow.caption(), u"&Label");
+  EXPECT_EQ(shadow.alignment(), ui::Alignment::right);
+  EXPECT_EQ(shadow.foreColour(), 0x80000014);
+}
+
+TEST_F(EnableLabel, AnEnabledLabelHasNone) {
+  enableLabel(label, shadow, false);
+  enableLabel(label, shadow, true);
+  EXPECT_TRUE(label.enabled());
+  EXPECT_FALSE(shadow.visible());
+}
+
+class ListViewSupport : public ControlHelpers {
+ protected:
+  ListViewSupport() {
+    list.addColumn(u"Header");
+    list.addColumn(u"B");
+    list.addRow({{u"a", u"twelve chars"}});
+  }
+  int width(int column) const { return list.columns()[static_cast<std::size_t>(column)].width; }
+  ui::ListView& list = form.add<ui::ListView>();
+};
+
+TEST_F(ListViewSupport, ColumnsFitTheirContents) {
+  autoSizeColumns(list, 0, ColumnFit::contents);
+  EXPECT_EQ(width(0), 90 + 180);
+  EXPECT_EQ(width(1), 12 * 90 + 180);
+}
+
+TEST_F(ListViewSupport, OrTheWiderOfContentsAndHeader) {
+  autoSizeColumns(list, -1, ColumnFit::contentsOrHeader);
+  EXPECT_EQ(width(0), 6 * 90 + 180);
+  EXPECT_EQ(width(1), 12 * 90 + 180);
+}
+
+TEST_F(ListViewSupport, ANumberedColumnAloneIsSized) {
+  autoSizeColumns(list, 2, ColumnFit::contents);
+  EXPECT_EQ(width(0), 0);
+  EXPECT_EQ(width(1), 12 * 90 + 180);
+}
+
+TEST_F(ListViewSupport, AColumnBelowTheMinimumBecomesWide) {
+  autoSizeColumns(list, 0, ColumnFit::contents, 1000);
+  EXPECT_EQ(width(0), 1830);
+  EXPECT_EQ(width(1), 12 * 90 + 180);
+}
+
+TEST_F(ListViewSupport, HeaderButtonsAreToggled) {
+  EXPECT_TRUE(toggleHeaderButtons(list));
+  EXPECT_FALSE(list.clickableHeaders());
+  EXPECT_TRUE(toggleHeaderButtons(list));
+  EXPECT_TRUE(list.clickableHeaders());
+}
+
+}  // namespace
+}  // namespace tillora::testing

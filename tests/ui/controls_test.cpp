@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include "tests/testing/headless_desk.h"
+#include "ui/control_array.h"
+#include "ui/error.h"
+
+namespace tillora::testing {
+namespace {
+
+class ControlsTest : public ::testing::Test {
+ protected:
+  class CountingForm final : public ui::Form {
+   public:
+    explicit CountingForm(ui::Screen& screen) : Form(screen, u"Controls") {}
+    void edited(ui::Control&) override { ++edits; }
+    int edits = 0;
+  };
+
+  HeadlessDesk desk;
+  CountingForm form{desk.screen()};
+  int events = 0;
+  const std::function<void()> count = [this] { ++events; };
+};
+
+TEST_F(ControlsTest, SettingACheckBoxFiresItsClickOncePerChange) {
+  auto& box = form.add<ui::CheckBox>(u"Box");
+  box.click = count;
+  box.setValue(true);
+  box.setValue(true);
+  box.setValue(false);
+  EXPECT_EQ(events, 2);
+  EXPECT_EQ(form.edits, 2);
+}
+
+TEST_F(ControlsTest, ChoosingAnOptionButtonLetsGoOfTheOthersOfItsContainer) {
+  auto& frame = form.add<ui::Frame>(u"Frame");
+  auto& one = form.add<ui::OptionButton>(u"One");
+  auto& two = form.add<ui::OptionButton>(u"Two");
+  auto& other = frame.add<ui::OptionButton>(u"Other");
+  one.click = count;
+  other.setValue(true);
+  one.setValue(true);
+  two.setValue(true);
+  EXPECT_FALSE(one.value());
+  EXPECT_TRUE(two.value());
+  EXPECT_TRUE(other.value());
+  EXPECT_EQ(events, 1);
+}
+
+TEST_F(ControlsTest, SettingTextRaisesChangeWhereItDiffers) {
+  auto& box = form.add<ui::TextBox>();
+  box.change = count;
+  box.setText(u"a");
+  box.setText(u"a");
+  EXPECT_EQ(events, 1);
+}
+
+TEST_F(ControlsTest, ReformattedTextIsNoEdit) {
+  auto& box = form.add<ui::TextBox>();
+  box.change = count;
+  box.reformat(u"5.00%");
+  EXPECT_EQ(box.text(), u"5.00%");
+  EXPECT_EQ(events + form.edits, 0);
+}
+
+TEST_F(ControlsTest, ASelectionIsLimitedToTheText) {
+  auto& box = form.add<ui::TextBox>();
+  box.setText(u"abc");
+  box.setSelection(2, 10);
+  EXPECT_EQ(box.selText(), u"c");
+  box.setSelection(-1, 2);
+  EXPECT_EQ(box.selText(), u"ab");
+  box.setSelection(9, 1);
+  EXPECT_EQ(box.selStart(), 3);
+  EXPECT_EQ(box.selLength(), 0);
+}
+
+TEST_F(ControlsTest, AComboBoxRefusesPositionsItDoesNotHave) {
+  auto& combo = form.add<ui::ComboBox>();
+  combo.addItem(u"a");
+  combo.click = count;
+  EXPECT_THROW(combo.setListIndex(1), Error);
+  EXPECT_THROW(combo.setListIndex(-2), Error);
+  EXPECT_EQ(combo.text(), u"");
+  combo.setListIndex(0);
+  combo.setListIndex(0);
+  EXPECT_EQ(combo.text(), u"a");
+  EXPECT_EQ(events, 1);
+  combo.clear();
+  EXPECT_EQ(combo.listIndex(), -1);
+  EXPECT_EQ(events, 1);
+}
+
+TEST_F(ControlsTest, ACheckListTellsWhichRowWasTicked) {
+  auto& list = form.add<ui::CheckListBox>();
+  list.addRow(u"a", 1);
+  list.addRow(u"b", 2);
+  std::vector<int> rows;
+  list.itemCheck = [&](int row) { rows.push_back(row); };
+  list.setChecked(1, true);
+  list.setChecked(1, true);
+  list.setChecked(0, false);
+  EXPECT_EQ(rows, std::vector<int>{1});
+}
+
+TEST_F(ControlsTest, RemovingTheSelectedRowSelectsTheOneThatTakesItsPlace) {
+  auto& list = form.add<ui::ListView>();
+  for (const char16_t* text : {u"a", u"b", u"c"}) list.addRow({{text}});
+  list.setSelectedRow(1);
+  list.removeRow(1);
+  EXPECT_EQ(list.text(list.selectedRow(), 0), u"c");
+  list.removeRow(1);
+  EXPECT_EQ(list.text(list.selectedRow(), 0), u"a");
+  list.removeRow(0);
+  EXPECT_EQ(list.selectedRow(), -1);
+}
+
+TEST_F(ControlsTest, RemovingARowAboveKeepsTheSelectedOne) {
+  auto& list = form.add<ui::ListView>();
+  for (const char16_t* text : {u"a", u"b", u"c"}) list.addRow({{text}});
+  list.setSelectedRow(2);
+  list.removeRow(0);
+  EXPECT_EQ(list.text(list.selectedRow(), 0), u"c");
+  list.setSelectedRow(0);
+  list.removeRow(1);
+  EXPECT_EQ(list.selectedRow(), 0);
+}
+
+TEST_F(ControlsTest, AMissingCellIsEmpty) {
+  auto& list = form.add<ui::ListView>();
+  list.addRow({{u"a"}});
+  EXPECT_EQ(list.text(0, 3), u"");
+}
+
+TEST_F(ControlsTest, AnUpDownKeepsToItsRange) {
+  auto& upDown = form.add<ui::UpDown>().setRange(5, 60, 10);
+  upDown.change = count;
+  upDown.setValue(50);
+  upDown.spin(1);
+  EXPECT_EQ(upDown.value(), 60);
+  upDown.spin(1);
+  EXPECT_EQ(upDown.value(), 60);
+  upDown.setValue(-100);
+  EXPECT_EQ(upDown.value(), 5);
+  EXPECT_EQ(events, 3);
+}
+
+TEST_F(ControlsTest, ATabStripAsksBeforeItSwitches) {
+  auto& tabs = form.add<ui::TabStrip>();
+  tabs.addTab(u"a");
+  tabs.addTab(u"b");
+  bool refuse = true;
+  tabs.beforeClick = [&](bool& cancel) { cancel = refuse; };
+  tabs.click = count;
+  tabs.setSelected(2);
+  EXPECT_EQ(tabs.selected(), 1);
+  refuse = false;
+  tabs.setSelected(2);
+  tabs.setSelected(2);
+  EXPECT_EQ(tabs.selected(), 2);
+  EXPECT_EQ(events, 1);
+  EXPECT_THROW(tabs.setSelected(3), Error);
+  EXPECT_THROW(tabs.setSelected(0), Error);
+}
+
+TEST_F(ControlsTest, AnArraysHandlerIsToldTheIndex) {
+  ui::ControlArray<ui::CheckBox> boxes;
+  for (const int index : {0, 3, 7}) boxes.set(index, form.add<ui::CheckBox>(u"Box"));
+  std::vector<int> clicked;
+  boxes.on(&ui::CheckBox::click, [&](int index) { clicked.push_back(index); });
+  boxes[7].setValue(true);
+  boxes[0].setValue(true);
+  EXPECT_EQ(clicked, (std::vector<int>{7, 0}));
+  EXPECT_EQ(boxes.count(), 3);
+  EXPECT_EQ(boxes.upperBound(), 7);
+  EXPECT_THROW(boxes[1], std::out_of_range);
+}
+
+TEST(AccessKey, IsTheCharacterAfterASingleAmpersand) {
+  EXPECT_EQ(ui::accessKeyOf(u"Na&me"), u'm');
+  EXPECT_EQ(ui::accessKeyOf(u"&Name"), u'n');
+  EXPECT_EQ(ui::accessKeyOf(u"Copies && &More"), u'm');
+  EXPECT_EQ(ui::accessKeyOf(u"Change&..."), u'.');
+  EXPECT_EQ(ui::accessKeyOf(u"Salt && Pepper"), std::nullopt);
+  EXPECT_EQ(ui::accessKeyOf(u"Trailing&"), std::nullopt);
+  EXPECT_EQ(ui::accessKeyOf(u""), std::nullopt);
+}
+
+TEST(WithoutAccessKey, ShowsTheCaptionAsItIsDrawn) {
+  EXPECT_EQ(ui::withoutAccessKey(u"Na&me"), u"Name");
+  EXPECT_EQ(ui::withoutAccessKey(u"Salt && Pepper"), u"Salt & Pepper");
+  EXPECT_EQ(ui::withoutAccessKey(u"Trailing&"), u"Trailing");
+}
+
+}  // namespace
+}  // namespace tillora::testing
