@@ -1,0 +1,204 @@
+#include "host/shop_file.h"
+
+#include <sqlite3.h>
+
+#include <new>
+#include <thread>
+
+#include "host/shop_error.h"
+#include "host/shop_schema.h"
+#include "host/text_encoding.h"
+
+namespace tillora::host {
+namespace {
+
+constexpr TextView kObject = u"JetDatabase";
+/// Criteria of many shapes must not pile up prepared statements for ever.
+constexpr std::size_t kMostStatements = 200;
+
+}  // namespace
+
+void ShopFile::Closer::operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
+
+ShopFile::ShopFile(TextView path) : path_(path) {}
+
+ShopFile::~ShopFile() { close(); }
+
+std::shared_ptr<ShopFile> ShopFile::open(TextView path, std::chrono::milliseconds busyTimeout) {
+  std::shared_ptr<ShopFile> file(new ShopFile(path));
+  file->connect(busyTimeout);
+  file->checkForDamage();
+  file->checkOwnership();
+  file->useWriteAheadLog(busyTimeout);
+  return file;
+}
+
+void ShopFile::connect(std::chrono::milliseconds busyTimeout) {
+  if (path_.empty()) fail(shop_error::cannotOpen, kObject, u"The shop database has no file name.");
+  sqlite3* connection = nullptr;
+  const int result = sqlite3_open_v2(toUtf8(path_).c_str(), &connection,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  connection_.reset(connection);
+  if (connection == nullptr) throw std::bad_alloc();
+  if (result != SQLITE_OK) raise(result, kObject);
+  sqlite3_extended_result_codes(connection, 1);
+  sqlite3_busy_timeout(connection, static_cast<int>(busyTimeout.count()));
+  if (sqlite3_db_readonly(connection, nullptr) == 1) raise(SQLITE_READONLY, kObject);
+  execute(
+      "PRAGMA encoding = 'UTF-16le'; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON;"
+      "PRAGMA synchronous = FULL",
+      kObject);
+}
+
+void ShopFile::checkForDamage() {
+  Statement check = statement("PRAGMA quick_check(1)", kObject);
+  if (check.step() && check.text(0) != u"ok") raise(SQLITE_CORRUPT, kObject);
+}
+
+void ShopFile::checkOwnership() {
+  Statement objects = statement("SELECT count(*) FROM sqlite_schema", kObject);
+  if (!objects.step() || objects.integer(0) == 0) return;
+  Statement application = statement("PRAGMA application_id", kObject);
+  application.step();
+  if (application.integer(0) != kApplicationId) {
+    fail(shop_error::wrongVersion, kObject,
+         u"'" + path_ + u"' is a database of another program. Choose the shop's own database.");
+  }
+  Statement version = statement("PRAGMA user_version", kObject);
+  version.step();
+  if (version.integer(0) > kSchemaVersion) {
+    fail(shop_error::wrongVersion, kObject,
+         u"The shop database '" + path_ +
+             u"' was made by a newer version of this program. Install that version.");
+  }
+}
+
+void ShopFile::useWriteAheadLog(std::chrono::milliseconds patience) {
+  // While two programs open a new file at once, SQLite refuses one of them without waiting.
+  const auto end = std::chrono::steady_clock::now() + patience;
+  constexpr const char* kSwitch = "PRAGMA journal_mode = WAL";
+  while (sqlite3_exec(connection_.get(), kSwitch, nullptr, nullptr, nullptr) == SQLITE_BUSY &&
+         std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  execute(kSwitch, kObject);
+}
+
+void ShopFile::close() noexcept {
+  statements_.clear();
+  connection_.reset();
+  saveOwner_ = nullptr;
+}
+
+void ShopFile::requireOpen(TextView object) const {
+  if (!connection_) fail(shop_error::shopClosed, object, u"The shop database was closed.");
+}
+
+Statement ShopFile::statement(std::string_view sql, TextView object) {
+  requireOpen(object);
+  auto found = statements_.find(sql);
+  if (found == statements_.end()) {
+    sqlite3_stmt* prepared = nullptr;
+    const int result =
+        sqlite3_prepare_v3(connection_.get(), sql.data(), static_cast<int>(sql.size()),
+                           SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
+    PreparedStatement owned(prepared);
+    if (result != SQLITE_OK) raise(result, object);
+    if (statements_.size() >= kMostStatements) {
+      std::erase_if(statements_,
+                    [](const auto& entry) { return sqlite3_stmt_busy(entry.second.get()) == 0; });
+    }
+    found = statements_.emplace(std::string(sql), std::move(owned)).first;
+  }
+  return Statement(*this, found->second.get(), object);
+}
+
+Statement ShopFile::writingStatement(std::string_view sql, TextView object) {
+  requireOpen(object);
+  if (saveUndone()) {
+    fail(shop_error::saveLost, object,
+         u"The save was undone after a failure. Nothing of it is stored; start it again.");
+  }
+  return statement(sql, object);
+}
+
+void ShopFile::execute(const char* sql, TextView object) {
+  requireOpen(object);
+  const int result = sqlite3_exec(connection_.get(), sql, nullptr, nullptr, nullptr);
+  if (result != SQLITE_OK) raise(result, object);
+}
+
+std::int64_t ShopFile::lastRowId() const { return sqlite3_last_insert_rowid(connection_.get()); }
+
+int ShopFile::changedRows() const { return sqlite3_changes(connection_.get()); }
+
+// Some failures (disk full, for one) make SQLite undo the whole transaction by itself. What is
+// written after that would stand on its own, so it is refused until the save's owner is gone.
+bool ShopFile::saveUndone() const {
+  return saveOwner_ != nullptr && sqlite3_get_autocommit(connection_.get()) != 0;
+}
+
+void ShopFile::beginSave(const void* owner, TextView object) {
+  requireOpen(object);
+  if (saveOwner_ == owner) return;
+  if (saveOwner_ != nullptr) {
+    fail(shop_error::locked, object,
+         u"Another options record of this program is being saved. Commit or release it first.");
+  }
+  execute("BEGIN IMMEDIATE", object);
+  saveOwner_ = owner;
+}
+
+void ShopFile::commitSave(const void* owner, TextView object) {
+  requireOpen(object);
+  if (saveOwner_ != owner) return;
+  writingStatement("COMMIT", object).execute();
+  saveOwner_ = nullptr;
+}
+
+void ShopFile::abandonSave(const void* owner) noexcept {
+  if (saveOwner_ != owner || !connection_) return;
+  if (!saveUndone()) sqlite3_exec(connection_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+  saveOwner_ = nullptr;
+}
+
+void ShopFile::raise(int result, TextView object) const {
+  const Text name = u"The shop database '" + path_ + u"' ";
+  switch (result & 0xFF) {
+    case SQLITE_NOMEM:
+      throw std::bad_alloc();
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      fail(shop_error::locked, object,
+           name +
+               u"is in use by another program. Wait until it has finished, or close it, then "
+               u"try again.");
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      fail(shop_error::damaged, object,
+           name +
+               u"is damaged. Restore it from a backup, or move it away to start with a new "
+               u"one.");
+    case SQLITE_READONLY:
+      fail(shop_error::cannotOpen, object,
+           name +
+               u"cannot be written. Check that the file is not write-protected and that you "
+               u"may write to its folder.");
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+      fail(shop_error::cannotOpen, object,
+           name + u"cannot be opened. Check that its folder exists and that you may write to it.");
+    case SQLITE_FULL:
+      fail(shop_error::diskFull, object,
+           name + u"cannot grow: the disk is full. Make room, then try again.");
+    case SQLITE_IOERR:
+      fail(shop_error::storage, object,
+           name + u"cannot be read or written. Check the disk or the network connection.");
+    default:
+      fail(shop_error::storage, object,
+           name + u"failed: " + fromUtf8(sqlite3_errmsg(connection_.get())) + u".");
+  }
+}
+
+}  // namespace tillora::host

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/statement.h"
+#include "ui/text.h"
+
+struct sqlite3;
+
+namespace tillora::host {
+
+/// How long a write waits for another program's save before it fails.
+inline constexpr std::chrono::milliseconds kBusyTimeout{3000};
+
+/// The SQLite file of a shop: one connection, its prepared statements and the save in progress.
+///
+/// A write outside a save stands on its own. From beginSave() to commitSave() every write on this
+/// connection, whichever object makes it, belongs to the save and is undone with it. Write-ahead
+/// log with full synchronisation: what was committed survives a power cut, what was not is gone.
+///
+/// Failures are Errors whose text says what to do: file damaged, in use by another program, not
+/// writable, disk full.
+class ShopFile {
+ public:
+  /// Opens the file, making an empty one where there is none, and checks it for damage.
+  static std::shared_ptr<ShopFile> open(TextView path,
+                                        std::chrono::milliseconds busyTimeout = kBusyTimeout);
+  ~ShopFile();
+  ShopFile(const ShopFile&) = delete;
+  ShopFile& operator=(const ShopFile&) = delete;
+
+  const Text& path() const { return path_; }
+
+  /// A statement ready to be bound, prepared once for each text. Two runs of one text must not
+  /// overlap. `object` is the name of the host object that failures are raised for.
+  Statement statement(std::string_view sql, TextView object);
+  /// Same, for a statement that writes: fails when the save it would belong to has been undone.
+  Statement writingStatement(std::string_view sql, TextView object);
+  /// Runs statements without parameters.
+  void execute(const char* sql, TextView object);
+
+  std::int64_t lastRowId() const;
+  /// Number of rows that the last writing statement changed.
+  int changedRows() const;
+
+  /// Starts the save of `owner`, or continues it. Waits for other programs' saves.
+  void beginSave(const void* owner, TextView object);
+  /// Makes the save of `owner` lasting; nothing where it has none.
+  void commitSave(const void* owner, TextView object);
+  /// Undoes the save of `owner`; nothing where it has none.
+  void abandonSave(const void* owner) noexcept;
+
+  /// Ends the connection. What uses it later fails.
+  void close() noexcept;
+
+  /// Raises the Error for a SQLite result code.
+  [[noreturn]] void raise(int result, TextView object) const;
+
+ private:
+  ShopFile(TextView path);
+  void connect(std::chrono::milliseconds busyTimeout);
+  void checkForDamage();
+  void checkOwnership();
+  void useWriteAheadLog(std::chrono::milliseconds patience);
+  bool saveUndone() const;
+  void requireOpen(TextView object) const;
+
+  struct Closer {
+    void operator()(sqlite3* connection) const;
+  };
+
+  Text path_;
+  std::unique_ptr<sqlite3, Closer> connection_;
+  std::map<std::string, PreparedStatement, std::less<>> statements_;
+  const void* saveOwner_ = nullptr;
+};
+
+}  // namespace tillora::host

@@ -1,0 +1,58 @@
+#include "host/shop_items.h"
+
+#include <limits>
+
+#include "host/shop_error.h"
+
+namespace tillora::host {
+
+Item ItemRows<Item>::read(const Statement& row) {
+  return {row.text(1), row.text(2), row.text(3), row.text(4), row.text(5), row.text(6)};
+}
+
+PaymentItem ItemRows<PaymentItem>::read(const Statement& row) {
+  return {row.text(1), row.text(2), row.text(3)};
+}
+
+template <class T>
+void ShopItems<T>::moveFirst() {
+  lastRowId_ = std::numeric_limits<std::int64_t>::min();
+  fetch();
+}
+
+template <class T>
+void ShopItems<T>::fetch() {
+  fetched_.clear();
+  next_ = 0;
+  Statement rows = file_->statement(ItemRows<T>::select, ItemRows<T>::object);
+  rows.bind(1, lastRowId_);
+  rows.bind(2, kFetch);
+  while (rows.step()) {
+    lastRowId_ = rows.integer(0);
+    fetched_.push_back(ItemRows<T>::read(rows));
+  }
+}
+
+template <class T>
+void ShopItems<T>::requireItem() const {
+  if (next_ == fetched_.size()) {
+    fail(shop_error::noCurrentRow, ItemRows<T>::object, u"There is no current item.");
+  }
+}
+
+template <class T>
+T ShopItems<T>::current() {
+  requireItem();
+  return fetched_[next_];
+}
+
+template <class T>
+void ShopItems<T>::moveNext() {
+  requireItem();
+  if (++next_ == fetched_.size()) fetch();
+}
+
+template class ShopItems<Item>;
+template class ShopItems<PaymentItem>;
+
+}  // namespace tillora::host

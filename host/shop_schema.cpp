@@ -1,0 +1,141 @@
+#include "host/shop_schema.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/shop_file.h"
+#include "host/text_encoding.h"
+
+namespace tillora::host {
+namespace {
+
+constexpr TextView kObject = u"JetDatabase";
+
+constexpr std::array kClassColumns = {
+    Column{fields::class_::Name},
+    Column{fields::class_::Hidden, ColumnType::Boolean},
+};
+constexpr std::array kAccountColumns = {
+    Column{fields::account::Name, ColumnType::Text, true},
+    Column{fields::account::Inactive, ColumnType::Boolean},
+    Column{fields::account::AccountType},
+};
+constexpr std::array kRandomPriceColumns = {
+    Column{fields::randomPrice::Prefix, ColumnType::Long, true},
+    Column{fields::randomPrice::FormatID, ColumnType::Long},
+    Column{fields::randomPrice::OptionBits, ColumnType::Long},
+    Column{fields::randomPrice::UOMUnitCaption},
+    Column{fields::randomPrice::UOMPriceUnitCaption},
+    Column{fields::randomPrice::Inactive, ColumnType::Boolean},
+};
+constexpr std::array kGradeColumns = {
+    Column{fields::grade::GradeNumber, ColumnType::Long, true},
+    Column{fields::grade::Product},
+    Column{fields::grade::Caption},
+};
+constexpr std::array kWebSiteColumns = {
+    Column{fields::webSite::Description},
+    Column{fields::webSite::URL, ColumnType::Text, true},
+    Column{fields::webSite::Inactive, ColumnType::Boolean},
+};
+constexpr std::array kCurrencyColumns = {
+    Column{fields::currency::Name, ColumnType::Text, true},
+};
+constexpr std::array kTerminalColumns = {
+    Column{{u"Name"}},
+    Column{fields::terminal::ReportingBits, ColumnType::Long},
+};
+constexpr std::array kItemColumns = {
+    Column{{u"ItemType"}}, Column{{u"ProductNumber"}}, Column{{u"Group"}},
+    Column{{u"Name"}},     Column{{u"Description"}},   Column{{u"Account"}},
+};
+constexpr std::array kPaymentItemColumns = {
+    Column{{u"Name"}},
+    Column{{u"Description"}},
+    Column{{u"Account"}},
+};
+
+void createTable(ShopFile& file, const TableSchema& table) {
+  const std::string tableName = quotedName(fromUtf8(table.name));
+  std::string columns;
+  for (const Column& column : table.columns) {
+    if (!columns.empty()) columns += ", ";
+    columns += quotedName(column.field.name);
+    columns += column.type == ColumnType::Text ? " TEXT" : " INTEGER";
+  }
+  file.execute(("CREATE TABLE " + tableName + " (" + columns + ")").c_str(), kObject);
+
+  for (const Column& column : table.columns) {
+    if (!column.indexed) continue;
+    const std::string name = quotedName(fromUtf8(table.name) + u"_by_" + column.field.name);
+    file.execute(
+        ("CREATE INDEX " + name + " ON " + tableName + " (" + quotedName(column.field.name) + ")")
+            .c_str(),
+        kObject);
+  }
+}
+
+}  // namespace
+
+namespace tables {
+const TableSchema classes{"classes", kClassColumns};
+const TableSchema accounts{"accounts", kAccountColumns};
+const TableSchema randomPrices{"random_prices", kRandomPriceColumns};
+const TableSchema grades{"grades", kGradeColumns};
+const TableSchema webSites{"web_sites", kWebSiteColumns};
+const TableSchema currencies{"currencies", kCurrencyColumns};
+const TableSchema terminals{"terminals", kTerminalColumns};
+const TableSchema items{"items", kItemColumns};
+const TableSchema paymentItems{"payment_items", kPaymentItemColumns};
+
+std::span<const TableSchema* const> all() {
+  static constexpr std::array kAll = {&classes,   &accounts, &randomPrices,
+                                      &grades,    &webSites, &currencies,
+                                      &terminals, &items,    &paymentItems};
+  return kAll;
+}
+}  // namespace tables
+
+const Column* TableSchema::find(TextView field) const {
+  const auto found = std::ranges::find_if(
+      columns, [&](const Column& column) { return sameName(column.field.name, field); });
+  return found == columns.end() ? nullptr : &*found;
+}
+
+std::string quotedName(TextView name) {
+  std::string quoted = "\"";
+  for (const char c : toUtf8(name)) {
+    if (c == '"') quoted += '"';
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
+std::string columnList(const TableSchema& table) {
+  std::string list;
+  for (const Column& column : table.columns) {
+    if (!list.empty()) list += ", ";
+    list += quotedName(column.field.name);
+  }
+  return list;
+}
+
+void createTables(ShopFile& file) {
+  for (const TableSchema* table : tables::all()) createTable(file, *table);
+  // The options' values have no column type: each keeps the type it was stored with.
+  file.execute(
+      "CREATE TABLE options (Name TEXT PRIMARY KEY NOT NULL, Value NOT NULL);"
+      "CREATE TABLE settings (Name TEXT PRIMARY KEY NOT NULL, Value TEXT NOT NULL);"
+      "CREATE TABLE strings (Number INTEGER PRIMARY KEY NOT NULL, Value TEXT NOT NULL);",
+      kObject);
+  const std::string marks = "PRAGMA application_id = " + std::to_string(kApplicationId) +
+                            "; PRAGMA user_version = " + std::to_string(kSchemaVersion);
+  file.execute(marks.c_str(), kObject);
+}
+
+bool hasTables(ShopFile& file) {
+  Statement version = file.statement("PRAGMA user_version", kObject);
+  return version.step() && version.integer(0) != 0;
+}
+
+}  // namespace tillora::host

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tillora::host {
+
+class ShopFile;
+
+/// What a new shop starts with. Each runs inside the caller's transaction.
+
+/// Currency format and resource strings: what the machine has before any shop exists.
+void seedSettings(ShopFile& file);
+/// A pharmacy with fuel pumps: classes, accounts, payment items, terminals, grades, web sites, a
+/// few options. Currencies and barcode formats are left empty, for the options dialog to fill.
+void seedShop(ShopFile& file);
+/// The shop's own catalogue of some sixty items.
+void seedItems(ShopFile& file);
+/// A catalogue of that many made-up items of all types, the same ones each time.
+void seedCatalogue(ShopFile& file, std::int32_t count);
+
+}  // namespace tillora::host

@@ -1,0 +1,26 @@
+#include "host/shop_strings.h"
+
+#include <utility>
+
+#include "host/shop_error.h"
+#include "host/text_encoding.h"
+
+namespace tillora::host {
+namespace {
+
+constexpr TextView kObject = u"ResourceStrings";
+
+}  // namespace
+
+ShopStrings::ShopStrings(std::shared_ptr<ShopFile> file) : file_(std::move(file)) {}
+
+Text ShopStrings::string(std::int32_t number) {
+  Statement row = file_->statement("SELECT Value FROM strings WHERE Number = ?1", kObject);
+  row.bind(1, std::int64_t{number});
+  if (!row.step()) {
+    fail(shop_error::stringNotFound, kObject, u"There is no string " + decimalText(number) + u".");
+  }
+  return row.text(0);
+}
+
+}  // namespace tillora::host

@@ -1,0 +1,185 @@
+#include "host/shop.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "host/shop_error.h"
+#include "tests/host/shop_fixture.h"
+
+namespace tillora::host {
+namespace {
+
+class ShopTest : public ShopFixture {
+ protected:
+  static std::string dump(const Shop& shop) {
+    std::ostringstream out;
+    shop.dump(out);
+    return out.str();
+  }
+};
+
+TEST_F(ShopTest, SeedsABelievableShop) {
+  Shop shop = open();
+  const auto options = shop.database()->optionsRecord();
+  EXPECT_EQ(options->getOrZero(options::CompanyABN).size(), 11U);
+  EXPECT_EQ(options->getOrZero(options::CompanyACN).size(), 9U);
+  EXPECT_EQ(options->get(options::TaxExemptCaption), Text());
+  EXPECT_EQ(options->get(options::TotalCaption), std::nullopt);
+
+  const auto classes = shop.database()->classTable();
+  int hidden = 0;
+  int longNames = 0;
+  bool chosenClassIsListed = false;
+  for (; !classes->atEnd(); classes->moveNext()) {
+    const Text name = std::get<Text>(classes->get(fields::class_::Name));
+    if (std::get<bool>(classes->get(fields::class_::Hidden))) {
+      ++hidden;
+      continue;
+    }
+    longNames += name.size() > 12 ? 1 : 0;
+    chosenClassIsListed |= name == options->getOrZero(options::LVClass);
+  }
+  EXPECT_EQ(hidden, 2);
+  EXPECT_GE(longNames, 1);
+  EXPECT_TRUE(chosenClassIsListed);
+
+  EXPECT_EQ(shop.database()->terminalCount(u"[ReportingBits] = 0"), 0);
+  EXPECT_EQ(shop.database()->terminalCount(u"[ReportingBits] = 1"), 3);
+  EXPECT_EQ(shop.database()->dataFile(), u"");
+  EXPECT_TRUE(shop.database()->randomPriceTable()->atEnd());
+  EXPECT_TRUE(shop.database()->currencyTable()->atEnd());
+}
+
+TEST_F(ShopTest, SeedsItemsOfEveryKind) {
+  Shop shop = open();
+  const auto accounts = shop.database()->accountTable();
+  std::map<Text, int> types;
+  std::map<Text, int> otherChargeAccounts;
+  int withoutGroup = 0;
+  for (const auto items = shop.database()->itemList(); !items->atEnd(); items->moveNext()) {
+    const Item item = items->current();
+    ++types[item.itemType];
+    if (item.itemType != u"OTHC") continue;
+    withoutGroup += item.group.empty() ? 1 : 0;
+    bool found = false;
+    for (accounts->moveFirst(); !accounts->atEnd(); accounts->moveNext()) {
+      if (std::get<Text>(accounts->get(fields::account::Name)) != item.account) continue;
+      found = true;
+      Text kind = std::get<Text>(accounts->get(fields::account::AccountType));
+      if (std::get<bool>(accounts->get(fields::account::Inactive))) kind += u" inactive";
+      ++otherChargeAccounts[kind];
+    }
+    if (!found) ++otherChargeAccounts[u"missing"];
+  }
+  for (const char16_t* type : {u"STOCK", u"PART", u"GRP", u"OTHC", u"SERV"}) {
+    EXPECT_GE(types[type], 2) << toUtf8(type);
+  }
+  for (const char16_t* kind : {u"INC", u"INC inactive", u"EXP", u"missing"}) {
+    EXPECT_GE(otherChargeAccounts[kind], 1) << toUtf8(kind);
+  }
+  EXPECT_GE(withoutGroup, 1);
+}
+
+TEST_F(ShopTest, ListsPaymentItems) {
+  Shop shop = open();
+  const auto list = shop.database()->paymentItemList();
+  std::set<Text> names;
+  for (; !list->atEnd(); list->moveNext()) names.insert(list->current().name);
+  EXPECT_EQ(names.size(), 7U);
+  EXPECT_EQ(errorOf([&] { list->current(); }).source(), u"TilloraHost.PaymentItemList");
+  list->moveFirst();
+  EXPECT_EQ(list->current().name, u"Cash");
+}
+
+TEST_F(ShopTest, OpeningAgainSeedsNothing) {
+  const std::string first = dump(open());
+  EXPECT_EQ(dump(open({.seeded = true, .itemCount = 5})), first);
+}
+
+TEST_F(ShopTest, AnEmptyShopHasOnlyWhatTheMachineHas) {
+  Shop shop = open({.seeded = false, .itemCount = std::nullopt});
+  EXPECT_TRUE(shop.database()->classTable()->atEnd());
+  EXPECT_TRUE(shop.database()->gradeTable()->atEnd());
+  EXPECT_TRUE(shop.database()->webSiteTable()->atEnd());
+  EXPECT_TRUE(shop.database()->itemList()->atEnd());
+  EXPECT_EQ(shop.settings()->decimalPlaces(), 2);
+  EXPECT_EQ(shop.settings()->currencyFormat(), u"$#,##0.00");
+  EXPECT_EQ(shop.settings()->decimalSeparator(), u"");
+  EXPECT_TRUE(shop.settings()->dispensingAvailable());
+  EXPECT_EQ(shop.strings()->string(20000), u"Local");
+  EXPECT_EQ(shop.strings()->string(20001), u"Foreign");
+}
+
+TEST_F(ShopTest, AStringThatIsNotThereIsAnError) {
+  Shop shop = open();
+  const Error error = errorOf([&] { shop.strings()->string(20002); });
+  EXPECT_EQ(error.number(), shop_error::stringNotFound);
+  EXPECT_EQ(error.source(), u"TilloraHost.ResourceStrings");
+}
+
+TEST_F(ShopTest, KeepsSettingsAndTheDataFile) {
+  Shop shop = open();
+  EXPECT_EQ(shop.settings()->setting(u"ReportTitleX"), std::nullopt);
+  shop.settings()->setSetting(u"ReportTitleX", u"");
+  EXPECT_EQ(shop.settings()->setting(u"ReportTitleX"), u"");
+  shop.settings()->setSetting(u"ReportTitleX", Text(u"B&alance\0!", 10));
+  EXPECT_EQ(shop.settings()->setting(u"ReportTitleX"), Text(u"B&alance\0!", 10));
+  shop.database()->setDataFile(u"C:\\Books\\shop.lvd");
+  EXPECT_EQ(shop.database()->dataFile(), u"C:\\Books\\shop.lvd");
+  shop.settings()->setSetting(u"DecimalPlaces", u"many");
+  EXPECT_EQ(errorOf([&] { shop.settings()->decimalPlaces(); }).number(), error::typeMismatch);
+}
+
+TEST_F(ShopTest, DumpsWithoutPasswords) {
+  Shop shop = open({.seeded = false, .itemCount = std::nullopt});
+  {
+    const auto saving = shop.database()->optionsRecord();
+    saving->set(options::PasswordStartAdmin, u"secret");
+    saving->set(options::PasswordEndOfDay, u"");
+    saving->set(options::CompanyAddress, Text(u"1 \"High\" St\r\nS\u00F8by\0\x01", 19));
+    saving->set(options::RoundingStep, Money{-12345});
+    saving->set(options::DefaultCurrencyMargin, 2.5F);
+    saving->set(options::PrintNRGT, true);
+    saving->commit();
+  }
+  shop.settings()->setSetting(u"ReportTitleX", u"t");
+  EXPECT_EQ(dump(shop),
+            "[options]\n"
+            "CompanyAddress = \"1 \\\"High\\\" St\\r\\nS\xC3\xB8"
+            "by\\x00\\x01\"\n"
+            "DefaultCurrencyMargin = 2.5\n"
+            "PasswordStartAdmin = (set)\n"
+            "PasswordEndOfDay = (not set)\n"
+            "PrintNRGT = True\n"
+            "RoundingStep = -1.2345\n"
+            "\n[settings]\n"
+            "CurrencyFormat = \"$#,##0.00\"\n"
+            "DecimalPlaces = \"2\"\n"
+            "DispensingAvailable = \"True\"\n"
+            "ReportTitleX = \"t\"\n"
+            "\n[classes]\n\n[accounts]\n\n[random_prices]\n\n[grades]\n\n[web_sites]\n"
+            "\n[currencies]\n\n[terminals]\n\n[items]\n\n[payment_items]\n"
+            "\n[strings]\n"
+            "20000 = \"Local\"\n"
+            "20001 = \"Foreign\"\n");
+}
+
+TEST_F(ShopTest, WalksAHundredThousandItems) {
+  constexpr std::int32_t kItems = 100000;
+  Shop shop = open({.seeded = true, .itemCount = kItems});
+  std::int32_t seen = 0;
+  std::set<Text> types;
+  for (const auto items = shop.database()->itemList(); !items->atEnd(); items->moveNext()) {
+    const Item item = items->current();
+    ASSERT_EQ(item.productNumber, fromUtf8(std::to_string(++seen)));
+    types.insert(item.itemType);
+  }
+  EXPECT_EQ(seen, kItems);
+  EXPECT_EQ(types, (std::set<Text>{u"GRP", u"OTHC", u"PART", u"SERV", u"STOCK"}));
+}
+
+}  // namespace
+}  // namespace tillora::host
