@@ -1,0 +1,93 @@
+#include "component/automation/connection_point.h"
+
+#include <algorithm>
+
+#include "component/automation/com_error.h"
+#include "component/automation/enumerators.h"
+#include "component/automation/host_failure.h"
+
+namespace tillora::automation {
+
+using win32::ComPtr;
+
+void ConnectionPoint::raise(DISPID event, std::int32_t& value) {
+  const std::vector<Listener> present = listeners_;
+  for (const Listener& listener : present) {
+    if (!isAdvised(listener.cookie)) continue;
+    LONG changeable = value;
+    VARIANTARG argument;
+    VariantInit(&argument);
+    argument.vt = VT_BYREF | VT_I4;
+    argument.plVal = &changeable;
+    DISPPARAMS parameters{&argument, nullptr, 1, 0};
+    ExceptionInfo ignored;
+    listener.object->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                            nullptr, ignored.out(), nullptr);
+    value = changeable;
+  }
+}
+
+bool ConnectionPoint::isAdvised(DWORD cookie) const {
+  return std::any_of(listeners_.begin(), listeners_.end(),
+                     [cookie](const Listener& listener) { return listener.cookie == cookie; });
+}
+
+HRESULT ConnectionPoint::QueryInterface(REFIID id, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (id != IID_IUnknown && id != IID_IConnectionPoint) return E_NOINTERFACE;
+  *object = static_cast<IConnectionPoint*>(this);
+  AddRef();
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::GetConnectionInterface(IID* id) {
+  if (id == nullptr) return E_POINTER;
+  *id = events_;
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** owner) {
+  if (owner == nullptr) return E_POINTER;
+  *owner = ComPtr<IConnectionPointContainer>(&owner_).detach();
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::Advise(IUnknown* listener, DWORD* cookie) {
+  if (listener == nullptr || cookie == nullptr) return E_POINTER;
+  *cookie = 0;
+  return guarded(IID_IConnectionPoint, [&] {
+    const ComPtr<IUnknown> given(listener);
+    auto object = given.query<IDispatch>(events_);
+    // A listener written in a script answers to IDispatch alone.
+    if (!object) object = given.query<IDispatch>();
+    throwIfFailed(object ? S_OK : CONNECT_E_CANNOTCONNECT, u"Advise");
+    listeners_.push_back({lastCookie_ + 1, std::move(object)});
+    *cookie = ++lastCookie_;
+  });
+}
+
+HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
+  const auto found =
+      std::find_if(listeners_.begin(), listeners_.end(),
+                   [cookie](const Listener& listener) { return listener.cookie == cookie; });
+  if (found == listeners_.end()) return CONNECT_E_NOCONNECTION;
+  // Released last: it may call back.
+  const Listener gone = std::move(*found);
+  listeners_.erase(found);
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) {
+  if (connections == nullptr) return E_POINTER;
+  *connections = nullptr;
+  return guarded(IID_IConnectionPoint, [&] {
+    std::vector<Connection> items;
+    for (const Listener& listener : listeners_) {
+      items.push_back({ComPtr<IUnknown>(listener.object.get()), listener.cookie});
+    }
+    *connections = new ConnectionEnumerator(std::move(items));
+  });
+}
+
+}  // namespace tillora::automation

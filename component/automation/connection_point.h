@@ -1,0 +1,58 @@
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+#include <olectl.h>
+#include <oleauto.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "support/win32/com_ptr.h"
+
+namespace tillora::automation {
+
+/// The one connection point of an object: its listeners of one event interface. Part of its owner
+/// and alive with it.
+class ConnectionPoint final : public IConnectionPoint {
+ public:
+  ConnectionPoint(IConnectionPointContainer& owner, const IID& events)
+      : owner_(owner), events_(events) {}
+  ConnectionPoint(const ConnectionPoint&) = delete;
+  ConnectionPoint& operator=(const ConnectionPoint&) = delete;
+  virtual ~ConnectionPoint() = default;
+
+  /// Calls the event with one by-reference Long on every listener, in the order they were advised.
+  /// The value that a listener leaves is what the next one gets, and the caller at last.
+  ///
+  /// A listener may unadvise itself or others meanwhile; who is gone when its turn comes is not
+  /// called, who comes meanwhile is not either. A listener that fails does not concern the others,
+  /// nor the caller: what the event tells of has happened.
+  void raise(DISPID event, std::int32_t& value);
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return owner_.AddRef(); }
+  ULONG STDMETHODCALLTYPE Release() override { return owner_.Release(); }
+
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* id) override;
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** owner) override;
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* listener, DWORD* cookie) override;
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) override;
+
+ private:
+  struct Listener {
+    DWORD cookie;
+    win32::ComPtr<IDispatch> object;
+  };
+
+  bool isAdvised(DWORD cookie) const;
+
+  IConnectionPointContainer& owner_;
+  const IID& events_;
+  std::vector<Listener> listeners_;
+  DWORD lastCookie_ = 0;
+};
+
+}  // namespace tillora::automation

@@ -1,0 +1,26 @@
+#include "component/automation/message_boxes.h"
+
+#include <windows.h>
+
+#include <objbase.h>
+
+#include "component/automation/host_adapters.h"
+#include "component/automation/host_failure.h"
+#include "support/win32/platform_message_box.h"
+
+namespace tillora::automation {
+
+std::unique_ptr<HostMessageBox> AutomationMessageBoxes::create() {
+  CLSID hostClass;
+  if (FAILED(CLSIDFromProgID(L"TilloraHost.HostMessageBox", &hostClass))) {
+    return std::make_unique<win32::PlatformMessageBox>();
+  }
+  win32::ComPtr<IDispatch> box;
+  const HRESULT created =
+      CoCreateInstance(hostClass, nullptr, CLSCTX_SERVER, IID_IDispatch, box.outVoid());
+  if (created == REGDB_E_CLASSNOTREG) return std::make_unique<win32::PlatformMessageBox>();
+  if (FAILED(created)) throw plainFailure(created, u"TilloraHost", u"HostMessageBox");
+  return makeHostMessageBox(std::move(box));
+}
+
+}  // namespace tillora::automation

@@ -1,0 +1,30 @@
+#include "component/automation/services.h"
+
+#include "component/automation/message_boxes.h"
+#include "support/win32/help_viewer.h"
+#include "support/win32/system_clock.h"
+#include "support/win32/user_locale.h"
+#include "ui/win32/screen.h"
+
+namespace tillora::automation {
+
+namespace {
+
+class SystemServices final : public Services {
+ public:
+  Platform platform() override {
+    return {screen_, messageBoxes_, clock_, help_, win32::userNumberLocale()};
+  }
+
+ private:
+  ui::win32::Screen screen_;
+  AutomationMessageBoxes messageBoxes_;
+  win32::SystemClock clock_;
+  win32::HelpViewer help_;
+};
+
+}  // namespace
+
+std::unique_ptr<Services> makeServices() { return std::make_unique<SystemServices>(); }
+
+}  // namespace tillora::automation

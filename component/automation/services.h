@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+
+#include "component/platform.h"
+
+namespace tillora::automation {
+
+/// What an Options object works with, kept alive by it.
+class Services {
+ public:
+  virtual ~Services() = default;
+  virtual Platform platform() = 0;
+};
+
+/// The real ones: windows, the host's or the platform's message boxes, the clock, help.
+std::unique_ptr<Services> makeServices();
+
+}  // namespace tillora::automation

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <cstdint>
+#include <type_traits>
+#include <utility>
+#include <variant>
+
+#include "component/values.h"
+#include "support/win32/bstr.h"
+
+namespace tillora::win32 {
+
+/// An owned automation value.
+class Variant {
+ public:
+  Variant() { VariantInit(&value_); }
+  explicit Variant(bool value) : Variant(VT_BOOL) {
+    value_.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+  }
+  explicit Variant(std::uint8_t value) : Variant(VT_UI1) { value_.bVal = value; }
+  explicit Variant(std::int16_t value) : Variant(VT_I2) { value_.iVal = value; }
+  explicit Variant(std::int32_t value) : Variant(VT_I4) { value_.lVal = value; }
+  explicit Variant(float value) : Variant(VT_R4) { value_.fltVal = value; }
+  explicit Variant(double value) : Variant(VT_R8) { value_.dblVal = value; }
+  explicit Variant(Money value) : Variant(VT_CY) { value_.cyVal.int64 = value.tenThousandths; }
+  explicit Variant(DateTime value) : Variant(VT_DATE) { value_.date = value.days; }
+  explicit Variant(TextView text) : Variant() {
+    value_.bstrVal = Bstr(text).detach();
+    value_.vt = VT_BSTR;
+  }
+  explicit Variant(const Text& text) : Variant(TextView(text)) {}
+  explicit Variant(const char16_t* text) : Variant(TextView(text)) {}
+  /// Adds a reference; null is Nothing.
+  explicit Variant(IDispatch* object) : Variant(VT_DISPATCH) {
+    value_.pdispVal = object;
+    if (object != nullptr) object->AddRef();
+  }
+
+  Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
+  Variant& operator=(Variant&& other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+  ~Variant() { VariantClear(&value_); }
+
+  VARTYPE type() const { return value_.vt; }
+  bool isEmptyOrNull() const { return value_.vt == VT_EMPTY || value_.vt == VT_NULL; }
+  const VARIANT& get() const { return value_; }
+  /// For functions that read or change the value in place.
+  VARIANT* address() { return &value_; }
+  /// For functions that hand out a value.
+  VARIANT* out() {
+    VariantClear(&value_);
+    return &value_;
+  }
+
+ private:
+  explicit Variant(VARENUM type) {
+    VariantInit(&value_);
+    value_.vt = static_cast<VARTYPE>(type);
+  }
+
+  VARIANT value_;
+};
+
+/// The automation value; none is Empty.
+inline Variant toVariant(const Value& value) {
+  return std::visit(
+      []<class Held>(const Held& held) {
+        if constexpr (std::is_same_v<Held, std::monostate>) {
+          return Variant();
+        } else {
+          return Variant(held);
+        }
+      },
+      value);
+}
+
+}  // namespace tillora::win32

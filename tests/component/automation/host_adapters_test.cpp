@@ -1,0 +1,288 @@
+#include "component/automation/host_adapters.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "component/automation/host_table.h"
+#include "component/automation/message_boxes.h"
+#include "tests/component/automation/automation_host.h"
+
+namespace tillora::automation {
+namespace {
+
+using testing::AutomationHost;
+using testing::Call;
+using testing::FakeHost;
+using testing::ScriptedObject;
+using win32::ComPtr;
+using win32::Variant;
+
+std::int32_t errorOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const Error& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+class HostAdaptersTest : public ::testing::Test {
+ protected:
+  FakeHost host;
+  AutomationHost automationHost{host};
+  std::shared_ptr<JetDatabase> database = makeJetDatabase(automationHost.database.get());
+  std::shared_ptr<SettingsStore> settings = makeSettingsStore(automationHost.settings.get());
+};
+
+TEST_F(HostAdaptersTest, OptionsOfEveryTypeComeBackAsWritten) {
+  const Text text(u"caf\u00e9 \u20ac \U0001F600\0end", 13);
+  {
+    const auto record = database->optionsRecord();
+    record->set(options::CompanyName, text);
+    record->set(options::ProductListColumns, std::int32_t{-2147483647});
+    record->set(options::EODHistoryDays, std::int16_t{-32768});
+    record->set(options::TaxRoundingMode, std::uint8_t{255});
+    record->set(options::DefaultCurrencyMargin, 2.25F);
+    record->set(options::RoundingStep, Money{-922337203685477});
+    record->set(options::PrintNRGT, true);
+    record->set(options::TaxExemptCaption, Text{});
+    record->commit();
+  }
+  const auto record = database->optionsRecord();
+  EXPECT_EQ(record->get(options::CompanyName), text);
+  EXPECT_EQ(record->get(options::ProductListColumns), -2147483647);
+  EXPECT_EQ(record->get(options::EODHistoryDays), -32768);
+  EXPECT_EQ(record->get(options::TaxRoundingMode), 255);
+  EXPECT_EQ(record->get(options::DefaultCurrencyMargin), 2.25F);
+  EXPECT_EQ(record->get(options::RoundingStep), Money{-922337203685477});
+  EXPECT_EQ(record->get(options::PrintNRGT), true);
+  EXPECT_EQ(record->get(options::TaxExemptCaption), u"");
+  EXPECT_EQ(record->get(options::CompanyFax), std::nullopt);
+}
+
+TEST_F(HostAdaptersTest, NoValueIsAskedAfterEachGetAndMeansNone) {
+  const auto record = database->optionsRecord();
+  EXPECT_EQ(record->get(options::PrintNRGT), std::nullopt);
+  EXPECT_EQ(automationHost.records.back()->calls, (std::vector<Text>{u"PrintNRGT", u"NoValue"}));
+}
+
+// What a host answers for EODHistoryDays, a 16-bit whole number, and what is read.
+struct Answer {
+  const char* name;
+  std::function<Variant()> given;
+  std::optional<std::int16_t> read;
+  std::int32_t error = 0;
+};
+void PrintTo(const Answer& answer, std::ostream* out) { *out << answer.name; }
+
+class HostAnswers : public HostAdaptersTest, public ::testing::WithParamInterface<Answer> {};
+
+TEST_P(HostAnswers, AreConvertedToTheOptionsType) {
+  const auto answer = ScriptedObject::make();
+  answer->add(u"EODHistoryDays", [](const Call&) { return GetParam().given(); });
+  answer->add(u"NoValue", [](const Call&) { return Variant(false); });
+  const auto record = makeOptionsRecord({ComPtr<IDispatch>(answer.get()), u"OptionsRecord"});
+  if (GetParam().error != 0) {
+    EXPECT_EQ(errorOf([&] { record->get(options::EODHistoryDays); }), GetParam().error);
+  } else {
+    EXPECT_EQ(record->get(options::EODHistoryDays), GetParam().read);
+  }
+}
+
+Variant nullVariant() {
+  Variant value;
+  value.address()->vt = VT_NULL;
+  return value;
+}
+Variant errorVariant() {
+  Variant value;
+  value.address()->vt = VT_ERROR;
+  value.address()->scode = DISP_E_PARAMNOTFOUND;
+  return value;
+}
+Variant arrayVariant() {
+  Variant value;
+  value.address()->vt = VT_ARRAY | VT_I4;
+  value.address()->parray = SafeArrayCreateVector(VT_I4, 0, 2);
+  return value;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, HostAnswers,
+    ::testing::Values(
+        Answer{"empty", [] { return Variant(); }, std::nullopt},
+        Answer{"null", nullVariant, std::nullopt},
+        Answer{"same", [] { return Variant(std::int16_t{730}); }, std::int16_t{730}},
+        Answer{"long", [] { return Variant(std::int32_t{730}); }, std::int16_t{730}},
+        Answer{"double", [] { return Variant(2.5); }, std::int16_t{2}},
+        Answer{"upward", [] { return Variant(3.5); }, std::int16_t{4}},
+        Answer{"text", [] { return Variant(u" 30 "); }, std::int16_t{30}},
+        Answer{"true", [] { return Variant(true); }, std::int16_t{-1}},
+        Answer{"tooLarge", [] { return Variant(std::int32_t{40000}); }, {}, error::overflow},
+        Answer{"enormous", [] { return Variant(1e300); }, {}, error::overflow},
+        Answer{"word", [] { return Variant(u"many"); }, {}, error::typeMismatch},
+        Answer{"error", errorVariant, {}, error::typeMismatch},
+        Answer{"array", arrayVariant, {}, error::typeMismatch},
+        Answer{"nothing", [] { return Variant(static_cast<IDispatch*>(nullptr)); }, {},
+               DISP_E_TYPEMISMATCH}));
+
+TEST_F(HostAdaptersTest, FieldsOfOtherTypesComeAsTheNearestOne) {
+  std::function<Variant()> answer;
+  const auto table = ScriptedObject::make();
+  table->add(u"Field", [&](const Call&) { return answer(); });
+  const auto adapted = makeTable({ComPtr<IDispatch>(table.get()), u"GradeTable"});
+  const auto field = [&](std::function<Variant()> given) {
+    answer = std::move(given);
+    return adapted->get(fields::grade::GradeNumber);
+  };
+  EXPECT_EQ(field([] { return Variant(); }), Value());
+  EXPECT_EQ(field(nullVariant), Value());
+  EXPECT_EQ(field([] { return Variant(7.0); }), Value(std::int32_t{7}));
+  EXPECT_EQ(field([] { return Variant(7.5); }), Value(7.5F));
+  EXPECT_EQ(field([] { return Variant(std::int16_t{7}); }), Value(std::int16_t{7}));
+  EXPECT_EQ(field([] { return Variant(u"seven"); }), Value(Text(u"seven")));
+  EXPECT_EQ(field([] { return Variant(true); }), Value(true));
+  const auto wide = [](LONGLONG number) {
+    return [number] {
+      Variant value;
+      value.address()->vt = VT_I8;
+      value.address()->llVal = number;
+      return value;
+    };
+  };
+  EXPECT_EQ(field(wide(5)), Value(std::int32_t{5}));
+  EXPECT_EQ(errorOf([&] { field(wide(1LL << 40)); }), error::overflow);
+  EXPECT_EQ(errorOf([&] { field([] { return Variant(1e12); }); }), error::overflow);
+  EXPECT_EQ(errorOf([&] { field(arrayVariant); }), error::typeMismatch);
+}
+
+TEST_F(HostAdaptersTest, TablesAreFoundReadAndWritten) {
+  host.grades = {{{u"GradeNumber", std::int32_t{1}}, {u"Product", Text(u"Fuel:ULP")}},
+                 {{u"GradeNumber", std::int32_t{2}}, {u"Product", Text(u"Fuel:Diesel")}}};
+  const auto grades = database->gradeTable();
+  grades->findFirst(u"[GradeNumber] = 2");
+  EXPECT_FALSE(grades->noMatch());
+  EXPECT_EQ(grades->text(fields::grade::Product), u"Fuel:Diesel");
+  grades->edit();
+  grades->set(fields::grade::Product, Text(u"Fuel:LPG"));
+  grades->update();
+  grades->addNew();
+  grades->set(fields::grade::GradeNumber, std::int32_t{3});
+  grades->update();
+  int rows = 0;
+  for (grades->moveFirst(); !grades->atEnd(); grades->moveNext()) ++rows;
+  EXPECT_EQ(rows, 3);
+  grades->findFirst(u"[GradeNumber] = 9");
+  EXPECT_TRUE(grades->noMatch());
+  grades->findFirst(u"[GradeNumber] = 1");
+  grades->remove();
+  ASSERT_EQ(host.grades.size(), 2U);
+  EXPECT_EQ(std::get<Text>(host.grades.at(0).at(u"Product")), u"Fuel:LPG");
+}
+
+TEST_F(HostAdaptersTest, ItemsAreWalked) {
+  host.items = {{u"STOCK", u"100", u"Fuel", u"ULP", u"Unleaded", u"Sales"},
+                {u"OTHC", u"200", u"Charges", u"Rounding", u"", u"Other"}};
+  host.paymentItems = {{u"Cash", u"Notes", u"Till"}};
+  std::vector<Text> names;
+  const auto items = database->itemList();
+  for (items->moveFirst(); !items->atEnd(); items->moveNext()) {
+    const Item item = items->current();
+    names.push_back(item.itemType + u" " + item.group + u":" + item.name + u" " + item.account);
+  }
+  EXPECT_EQ(names, (std::vector<Text>{u"STOCK Fuel:ULP Sales", u"OTHC Charges:Rounding Other"}));
+  const auto payments = database->paymentItemList();
+  payments->moveFirst();
+  EXPECT_EQ(payments->current().account, u"Till");
+}
+
+TEST_F(HostAdaptersTest, AnItemObjectHandedOutAgainIsNotAskedForItsNamesAnew) {
+  const auto item = ScriptedObject::make();
+  for (const char16_t* name :
+       {u"ItemType", u"ProductNumber", u"Group", u"Name", u"Description", u"Account"}) {
+    item->add(name, [](const Call&) { return Variant(u"x"); });
+  }
+  const auto list = ScriptedObject::make();
+  list->add(u"Current", [&](const Call&) { return Variant(item.get()); });
+  const auto cursor = makeItemCursor({ComPtr<IDispatch>(list.get()), u"ItemList"});
+  for (int row = 0; row < 5; ++row) EXPECT_EQ(cursor->current().name, u"x");
+  for (const auto& [name, count] : item->lookUps) EXPECT_EQ(count, 1);
+  EXPECT_EQ(item->lookUps.size(), 6U);
+}
+
+TEST_F(HostAdaptersTest, DatabaseValues) {
+  host.dataFile = u"C:\\books.ldv";
+  EXPECT_EQ(database->dataFile(), u"C:\\books.ldv");
+  database->setDataFile(u"D:\\new.ldv");
+  EXPECT_EQ(host.dataFile, u"D:\\new.ldv");
+  EXPECT_EQ(database->terminalCount(u"[ReportingBits] = 0"),
+            host.objects().database->terminalCount(u"[ReportingBits] = 0"));
+}
+
+TEST_F(HostAdaptersTest, Settings) {
+  EXPECT_EQ(settings->decimalPlaces(), 2);
+  EXPECT_EQ(settings->setting(u"Report"), std::nullopt);
+  settings->setSetting(u"Report", u"Daily");
+  EXPECT_EQ(settings->setting(u"Report"), u"Daily");
+  EXPECT_EQ(host.settings.at(u"Report"), u"Daily");
+  host.dispensingAvailable = true;
+  EXPECT_TRUE(settings->dispensingAvailable());
+}
+
+TEST_F(HostAdaptersTest, AHostThatDoesNotSayIsNoFailure) {
+  const auto silent = ScriptedObject::make();
+  for (const char16_t* name : {u"DecimalPlaces", u"CurrencyFormat", u"DecimalSeparator"}) {
+    silent->add(name, [](const Call&) { return Variant(); });
+  }
+  silent->add(u"Setting", [](const Call&) { return nullVariant(); });
+  const auto store = makeSettingsStore(silent.get());
+  EXPECT_EQ(store->decimalPlaces(), std::nullopt);
+  EXPECT_EQ(store->currencyFormat(), u"");
+  EXPECT_EQ(store->decimalSeparator(), u"");
+  EXPECT_EQ(store->setting(u"Any"), std::nullopt);
+  EXPECT_FALSE(store->dispensingAvailable());
+}
+
+TEST_F(HostAdaptersTest, MessagesStringsAndApp) {
+  makeMessageSender(automationHost.sender.get())->send({45000.25});
+  EXPECT_EQ(host.sent, (std::vector<double>{45000.25}));
+  host.strings[20000] = u"Local";
+  EXPECT_EQ(makeResourceStrings(automationHost.strings.get())->string(20000), u"Local");
+  const auto app = makeApp(automationHost.app.get());
+  EXPECT_EQ(app->title(), host.title);
+  EXPECT_EQ(app->path(), host.path);
+}
+
+TEST_F(HostAdaptersTest, TheMessageBoxGetsTheHostsOwnSettingsObject) {
+  const auto box = ScriptedObject::make();
+  IDispatch* given = nullptr;
+  std::size_t arguments = 0;
+  box->add(u"SettingsStore", [&](const Call& call) {
+    given = call.arguments.at(0)->pdispVal;
+    return Variant();
+  });
+  box->add(u"Show", [&](const Call& call) {
+    arguments = call.arguments.size();
+    return Variant(std::int16_t{6});
+  });
+  const auto adapted = makeHostMessageBox(ComPtr<IDispatch>(box.get()));
+  adapted->setSettingsStore(settings);
+  EXPECT_EQ(given, automationHost.settings.get());
+  EXPECT_EQ(adapted->show(u"Sure?", message_style::questionYesNo, u"Title", u""),
+            MessageResult::yes);
+  EXPECT_EQ(arguments, 3U);
+  adapted->show(u"Sure?", message_style::questionYesNo, u"Title", u"More");
+  EXPECT_EQ(arguments, 4U);
+}
+
+TEST_F(HostAdaptersTest, NullGivesNull) {
+  EXPECT_EQ(makeJetDatabase(nullptr), nullptr);
+  EXPECT_EQ(makeMessageSender(nullptr), nullptr);
+  EXPECT_EQ(makeResourceStrings(nullptr), nullptr);
+  EXPECT_EQ(makeSettingsStore(nullptr), nullptr);
+  EXPECT_EQ(makeApp(nullptr), nullptr);
+}
+
+}  // namespace
+}  // namespace tillora::automation
