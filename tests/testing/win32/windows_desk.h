@@ -1,0 +1,67 @@
+#pragma once
+
+#include <deque>
+
+#include "tests/testing/desk.h"
+#include "ui/win32/handles.h"
+#include "ui/win32/win32_screen.h"
+
+namespace tillora::testing {
+
+/// Keys and mouse buttons sent to real windows, as hardware would. Each action returns when
+/// everything that follows from it has been dealt with, forms shown and closed included.
+class WindowsUser final : public User {
+ public:
+  explicit WindowsUser(ui::win32::Win32Screen& screen) : screen_(screen) {}
+
+  void press(ui::Key key, ui::Modifiers modifiers) override;
+  void type(TextView text) override;
+  void paste(TextView text) override;
+  void accessKey(char16_t letter) override;
+  void click(ui::Control& control) override;
+  void clickTab(ui::TabStrip& tabs, int tab) override;
+  void clickRow(ui::ListView& list, int row) override;
+  void doubleClickRow(ui::ListView& list, int row) override;
+  void doubleClickBelow(ui::ListView& list) override;
+  void clickCheck(ui::CheckListBox& list, int row) override;
+  void choose(ui::ComboBox& combo, int item) override;
+  void spin(ui::UpDown& upDown, int direction) override;
+  void closeWindow(ui::Form& form) override;
+
+ private:
+  /// The window where the mouse can reach the control: visible, on the form on top. Null otherwise.
+  HWND reach(const ui::Control& control) const;
+  /// Clicks at a point of the window's client area.
+  void clickAt(HWND window, POINT point, int times = 1);
+
+  ui::win32::Win32Screen& screen_;
+};
+
+/// A desk with real windows: a host window, and forms in front of it.
+class WindowsDesk final : public Desk {
+ public:
+  WindowsDesk();
+
+  ui::Screen& screen() override { return screen_; }
+  User& user() override { return user_; }
+  void whenShown(std::function<void(ui::Form&)> step) override {
+    steps_.push_back(std::move(step));
+  }
+  int unexpectedForms() const override { return unexpected_; }
+  int unusedSteps() const override { return static_cast<int>(steps_.size()); }
+  void dropSteps() override { steps_.clear(); }
+
+  ui::win32::Win32Screen& windows() { return screen_; }
+  HWND host() const { return host_.get(); }
+
+ private:
+  void shown(ui::Form& form);
+
+  ui::win32::Window host_;
+  ui::win32::Win32Screen screen_;
+  WindowsUser user_{screen_};
+  std::deque<std::function<void(ui::Form&)>> steps_;
+  int unexpected_ = 0;
+};
+
+}  // namespace tillora::testing

@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/testing/win32/gallery.h"
+#include "tests/testing/win32/windows_desk.h"
+
+namespace tillora::testing {
+namespace {
+
+using ui::Key;
+
+class ListViewTest : public ::testing::Test {
+ protected:
+  /// Shows the gallery with its list in front.
+  void show(const std::function<void()>& step) {
+    desk.whenShown([&](ui::Form&) {
+      user.clickTab(gallery.tabs, 2);
+      step();
+    });
+    gallery.showModal();
+  }
+  HWND window() { return desk.windows().windowOf(gallery.list); }
+  int shownRow() {
+    return static_cast<int>(
+        SendMessageW(window(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+  }
+  std::wstring cell(int row, int column) {
+    std::wstring text(100, L'\0');
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    const LRESULT length = SendMessageW(window(), LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
+                                        reinterpret_cast<LPARAM>(&item));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+  }
+
+  WindowsDesk desk;
+  Gallery gallery{desk.screen()};
+  ui::ListView& list = gallery.list;
+  User& user = desk.user();
+};
+
+TEST_F(ListViewTest, ShowsRowsAndColumns) {
+  show([&] {
+    EXPECT_EQ(SendMessageW(window(), LVM_GETITEMCOUNT, 0, 0), 5);
+    EXPECT_EQ(cell(2, 0), L"A2");
+    EXPECT_EQ(cell(4, 1), L"Article 4");
+    EXPECT_EQ(SendMessageW(window(), LVM_GETCOLUMNWIDTH, 1, 0), 180);
+  });
+}
+
+TEST_F(ListViewTest, FollowsChangesOfItsRows) {
+  show([&] {
+    list.setRow(1, {{u"B", u"Other"}});
+    EXPECT_EQ(cell(1, 1), L"Other");
+    list.setSelectedRow(2);
+    list.removeRow(2);
+    EXPECT_EQ(SendMessageW(window(), LVM_GETITEMCOUNT, 0, 0), 4);
+    EXPECT_EQ(list.selectedRow(), 2);
+    EXPECT_EQ(shownRow(), 2);
+    list.setRows({});
+    EXPECT_EQ(SendMessageW(window(), LVM_GETITEMCOUNT, 0, 0), 0);
+    EXPECT_EQ(shownRow(), -1);
+  });
+}
+
+TEST_F(ListViewTest, RowsAreChosenByMouseAndKeys) {
+  int clicks = 0;
+  list.itemClick = [&] { ++clicks; };
+  show([&] {
+    user.clickRow(list, 2);
+    EXPECT_EQ(list.selectedRow(), 2);
+    user.press(Key::down, {});
+    EXPECT_EQ(list.selectedRow(), 3);
+    user.press(Key::home, {});
+    EXPECT_EQ(list.selectedRow(), 0);
+    EXPECT_EQ(clicks, 3);
+    EXPECT_EQ(shownRow(), 0);
+  });
+}
+
+TEST_F(ListViewTest, TypingFindsTheRow) {
+  show([&] {
+    list.setRows({{{u"Apple"}}, {{u"banana"}}, {{u"Cherry"}}, {{u"Blueberry"}}});
+    user.press(Key::tab, {.shift = true});
+    user.clickRow(list, 0);
+    user.type(u"bl");
+    EXPECT_EQ(list.selectedRow(), 3);
+  });
+}
+
+TEST_F(ListViewTest, ADoubleClickTellsWhereItWas) {
+  ui::Point last;
+  int doubleClicks = 0;
+  list.mouse = [&](ui::Point point) { last = point; };
+  list.doubleClick = [&] { ++doubleClicks; };
+  show([&] {
+    user.doubleClickRow(list, 1);
+    EXPECT_EQ(doubleClicks, 1);
+    EXPECT_EQ(list.hitTest(last), 1);
+    EXPECT_EQ(list.selectedRow(), 1);
+    user.doubleClickBelow(list);
+    EXPECT_EQ(doubleClicks, 2);
+    EXPECT_EQ(list.hitTest(last), -1);
+  });
+}
+
+TEST_F(ListViewTest, AClickBelowTheRowsKeepsTheSelection) {
+  show([&] {
+    user.clickRow(list, 1);
+    user.doubleClickBelow(list);
+    EXPECT_EQ(list.selectedRow(), 1);
+    EXPECT_EQ(shownRow(), 1);
+  });
+}
+
+TEST_F(ListViewTest, TwoClicksApartAreNoDoubleClick) {
+  int doubleClicks = 0;
+  list.doubleClick = [&] { ++doubleClicks; };
+  show([&] {
+    user.clickRow(list, 1);
+    user.clickRow(list, 1);
+    EXPECT_EQ(doubleClicks, 0);
+  });
+}
+
+TEST_F(ListViewTest, HeadersAreHitByNoRow) {
+  show([&] {
+    EXPECT_EQ(list.hitTest({150, 30}), -1);
+    EXPECT_EQ(list.hitTest({150, 100000}), -1);
+  });
+}
+
+TEST_F(ListViewTest, FlatHeadersCannotBePressed) {
+  const auto style = [&] {
+    const auto header = reinterpret_cast<HWND>(SendMessageW(window(), LVM_GETHEADER, 0, 0));
+    return GetWindowLongPtrW(header, GWL_STYLE) & HDS_BUTTONS;
+  };
+  show([&] {
+    EXPECT_NE(style(), 0);
+    list.setClickableHeaders(false);
+    EXPECT_EQ(style(), 0);
+  });
+}
+
+TEST_F(ListViewTest, ARowFarDownIsScrolledIntoView) {
+  std::vector<ui::ListItem> rows(1000);
+  list.setRows(rows);
+  list.setSelectedRow(900);
+  list.ensureVisible(900);
+  show([&] {
+    const LRESULT top = SendMessageW(window(), LVM_GETTOPINDEX, 0, 0);
+    const LRESULT page = SendMessageW(window(), LVM_GETCOUNTPERPAGE, 0, 0);
+    EXPECT_LE(top, 900);
+    EXPECT_GE(top + page, 900);
+    list.ensureVisible(0);
+    EXPECT_EQ(SendMessageW(window(), LVM_GETTOPINDEX, 0, 0), 0);
+  });
+}
+
+TEST_F(ListViewTest, AHundredThousandRowsOpenAsFastAsTen) {
+  const auto timeToShow = [&](int count) {
+    std::vector<ui::ListItem> rows;
+    rows.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) rows.push_back({{u"code", u"description"}});
+    list.setRows(std::move(rows));
+    LARGE_INTEGER start{};
+    LARGE_INTEGER end{};
+    LARGE_INTEGER perSecond{};
+    QueryPerformanceFrequency(&perSecond);
+    show([&] {
+      user.clickTab(gallery.tabs, 1);
+      QueryPerformanceCounter(&start);
+      user.clickTab(gallery.tabs, 2);
+      QueryPerformanceCounter(&end);
+      EXPECT_EQ(SendMessageW(window(), LVM_GETITEMCOUNT, 0, 0), count);
+    });
+    gallery.tabs.setSelected(1);
+    return static_cast<double>(end.QuadPart - start.QuadPart) /
+           static_cast<double>(perSecond.QuadPart);
+  };
+  // The best of three each: other programs use the machine too.
+  const auto best = [&](int count) {
+    return std::min({timeToShow(count), timeToShow(count), timeToShow(count)});
+  };
+  const double few = best(10);
+  const double many = best(100000);
+  // A list that handled every row would take seconds.
+  EXPECT_LT(many, few + 0.25);
+}
+
+}  // namespace
+}  // namespace tillora::testing

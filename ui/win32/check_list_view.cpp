@@ -1,0 +1,93 @@
+#include "ui/win32/check_list_view.h"
+
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/wide.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+// State images: 1 is the empty box, 2 the ticked one.
+constexpr UINT kTicked = 2;
+UINT stateOf(bool checked) { return INDEXTOSTATEIMAGEMASK(checked ? kTicked : kTicked - 1); }
+
+}  // namespace
+
+void CheckListView::create(HWND parent) {
+  const Echo echo(*this);
+  createWindow(parent,
+               {WC_LISTVIEWW, LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
+                WS_EX_CLIENTEDGE});
+  constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT;
+  send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, static_cast<LPARAM>(kStyle));
+  LVCOLUMNW column{};
+  send(LVM_INSERTCOLUMNW, 0, &column);
+  showRows();
+}
+
+void CheckListView::show(Property what) {
+  const Echo echo(*this);
+  switch (what) {
+    case Property::items:
+    case Property::checks:
+      showRows();
+      break;
+    case Property::value:
+      showChoice();
+      break;
+    default:
+      ControlView::show(what);
+  }
+}
+
+void CheckListView::showRows() {
+  int position = 0;
+  const auto shown = static_cast<int>(send(LVM_GETITEMCOUNT));
+  for (const CheckListBox::Row& row : control().rows()) {
+    std::wstring text = wide(row.text);
+    LVITEMW item{};
+    item.iItem = position;
+    if (position >= shown) {
+      item.mask = LVIF_TEXT;
+      item.pszText = text.data();
+      send(LVM_INSERTITEMW, 0, &item);
+    }
+    item.stateMask = LVIS_STATEIMAGEMASK;
+    item.state = stateOf(row.checked);
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(position), &item);
+    ++position;
+  }
+  send(LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(LVSCW_AUTOSIZE, 0));
+  showChoice();
+}
+
+void CheckListView::showChoice() {
+  const int row = control().listIndex();
+  LVITEMW item{};
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  item.state = row < 0 ? 0 : item.stateMask;
+  send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
+  if (row >= 0) send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), LPARAM{FALSE});
+}
+
+LRESULT CheckListView::notify(NMHDR& header) {
+  if (header.code != LVN_ITEMCHANGED || isEcho()) return 0;
+  const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+  if ((change.uChanged & LVIF_STATE) == 0 || change.iItem < 0) return 0;
+  const UINT changed = change.uOldState ^ change.uNewState;
+  // A tick takes the selection bar to its row, so that the keys go on from there.
+  const bool ticked = (changed & LVIS_STATEIMAGEMASK) != 0;
+  const bool selected = (changed & change.uNewState & LVIS_SELECTED) != 0;
+  if (ticked || selected) control().setListIndex(change.iItem);
+  if (ticked) {
+    control().setChecked(change.iItem, (change.uNewState & LVIS_STATEIMAGEMASK) == stateOf(true));
+  }
+  return 0;
+}
+
+int CheckListView::rowAt(POINT point) const {
+  LVHITTESTINFO hit{};
+  hit.pt = point;
+  return static_cast<int>(send(LVM_HITTEST, 0, &hit));
+}
+
+}  // namespace tillora::ui::win32

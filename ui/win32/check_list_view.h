@@ -1,0 +1,22 @@
+#pragma once
+
+#include "ui/lists.h"
+#include "ui/win32/control_view.h"
+
+namespace tillora::ui::win32 {
+
+/// A list with check boxes: a list view of one column, whose ticks screen readers know.
+class CheckListView final : public ViewOf<CheckListBox> {
+ public:
+  using ViewOf::ViewOf;
+  void create(HWND parent) override;
+  void show(Property what) override;
+  LRESULT notify(NMHDR& header) override;
+  int rowAt(POINT point) const override;
+
+ private:
+  void showRows();
+  void showChoice();
+};
+
+}  // namespace tillora::ui::win32

@@ -1,0 +1,94 @@
+#include "ui/win32/combo_view.h"
+
+#include <algorithm>
+
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/wide.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+constexpr int kMostItemsSeen = 12;
+
+}  // namespace
+
+// A combo box's height is that of the box together with the dropped list.
+RECT ComboView::pixelBounds() const {
+  RECT place = ControlView::pixelBounds();
+  place.bottom +=
+      (std::clamp(control().count(), 1, kMostItemsSeen) + 1) * dialog().metrics().linePixels();
+  return place;
+}
+
+void ComboView::create(HWND parent) {
+  createWindow(parent, {WC_COMBOBOXW, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL});
+  const RECT place = ControlView::pixelBounds();
+  // The field is as high as its text and a border, whatever is asked; the rest is the border.
+  const LRESULT text = send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
+  RECT whole{};
+  GetWindowRect(window(), &whole);
+  const LRESULT border = whole.bottom - whole.top - text;
+  send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
+       std::max<LRESULT>(text, place.bottom - place.top - border));
+  showItems();
+}
+
+void ComboView::show(Property what) {
+  switch (what) {
+    case Property::items:
+      showItems();
+      break;
+    case Property::value:
+      showChoice();
+      break;
+    default:
+      ControlView::show(what);
+  }
+}
+
+void ComboView::showItems() {
+  const auto shown = static_cast<std::size_t>(send(CB_GETCOUNT));
+  const auto& items = control().items();
+  if (items.size() < shown) send(CB_RESETCONTENT);
+  for (std::size_t i = items.size() < shown ? 0 : shown; i < items.size(); ++i) {
+    send(CB_ADDSTRING, 0, wide(items[i]).c_str());
+  }
+  ControlView::show(Property::bounds);
+  showChoice();
+}
+
+void ComboView::showChoice() {
+  if (send(CB_GETCURSEL) != control().listIndex()) {
+    send(CB_SETCURSEL, static_cast<WPARAM>(control().listIndex()));
+  }
+}
+
+void ComboView::command(WORD code) {
+  switch (code) {
+    case CBN_SELCHANGE:
+      if (isDropped()) return;
+      [[fallthrough]];
+    case CBN_SELENDOK:
+      control().setListIndex(static_cast<int>(send(CB_GETCURSEL)));
+      break;
+    case CBN_SELENDCANCEL:
+    case CBN_CLOSEUP:
+      showChoice();
+      break;
+    default:
+      break;
+  }
+}
+
+HBRUSH ComboView::colours(HDC dc) {
+  SetTextColor(dc, GetSysColor(control().effectivelyEnabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+  const int ground = control().effectivelyEnabled() ? COLOR_WINDOW : COLOR_BTNFACE;
+  SetBkColor(dc, GetSysColor(ground));
+  return GetSysColorBrush(ground);
+}
+
+bool ComboView::wantsKey(WPARAM key) const {
+  return isDropped() && (key == VK_RETURN || key == VK_ESCAPE);
+}
+
+}  // namespace tillora::ui::win32

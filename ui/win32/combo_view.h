@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ui/lists.h"
+#include "ui/win32/control_view.h"
+
+namespace tillora::ui::win32 {
+
+/// A drop-down list. A choice counts when the list closes with it, or at once while it is closed.
+class ComboView final : public ViewOf<ComboBox> {
+ public:
+  using ViewOf::ViewOf;
+  void create(HWND parent) override;
+  void show(Property what) override;
+  void command(WORD code) override;
+  HBRUSH colours(HDC dc) override;
+  bool wantsKey(WPARAM key) const override;
+
+ protected:
+  RECT pixelBounds() const override;
+
+ private:
+  void showItems();
+  void showChoice();
+  bool isDropped() const { return send(CB_GETDROPPEDSTATE) != 0; }
+};
+
+}  // namespace tillora::ui::win32

@@ -1,0 +1,110 @@
+#include "ui/win32/control_view.h"
+
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/module.h"
+#include "ui/win32/wide.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+constexpr UINT_PTR kSubclass = 1;
+constexpr const wchar_t* kViewProperty = L"TilloraOptionsView";
+
+}  // namespace
+
+ControlView* ControlView::of(HWND window) {
+  return window ? static_cast<ControlView*>(GetPropW(window, kViewProperty)) : nullptr;
+}
+
+ControlView* ControlView::around(HWND window) {
+  for (; window; window = GetAncestor(window, GA_PARENT)) {
+    if (ControlView* view = of(window)) return view;
+  }
+  return nullptr;
+}
+
+RECT ControlView::pixelBounds() const { return dialog_.metrics().toPixels(control_.bounds()); }
+
+void ControlView::createWindow(HWND parent, const Style& style) {
+  const RECT place = pixelBounds();
+  const DWORD state =
+      (control_.effectivelyEnabled() ? 0 : WS_DISABLED) | (control_.visible() ? WS_VISIBLE : 0);
+  if (!control_.accessibleName().empty()) {
+    nameWindow_ =
+        CreateWindowExW(WS_EX_NOPARENTNOTIFY, WC_STATICW, wide(control_.accessibleName()).c_str(),
+                        WS_CHILD, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
+  }
+  const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(dialog_.newId()));
+  window_ = CreateWindowExW(style.extended | WS_EX_NOPARENTNOTIFY, style.className,
+                            wide(control_.caption()).c_str(), WS_CHILD | style.style | state,
+                            place.left, place.top, place.right - place.left,
+                            place.bottom - place.top, parent, id, thisModule(), nullptr);
+  if (!window_) throwLastError("CreateWindowExW");
+  SetPropW(window_, kViewProperty, this);
+  SetWindowSubclass(window_, &procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+  send(WM_SETFONT, reinterpret_cast<WPARAM>(dialog_.metrics().font()), FALSE);
+  if (!control_.toolTip().empty()) show(Property::toolTip);
+}
+
+void ControlView::show(Property what) {
+  switch (what) {
+    case Property::enabled:
+      EnableWindow(window_, control_.effectivelyEnabled());
+      break;
+    case Property::visible:
+      ShowWindow(window_, control_.visible() ? SW_SHOWNA : SW_HIDE);
+      break;
+    case Property::bounds: {
+      const RECT place = pixelBounds();
+      SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+      break;
+    }
+    case Property::text:
+      SetWindowTextW(window_, wide(control_.caption()).c_str());
+      break;
+    case Property::toolTip:
+      dialog_.setToolTip(window_, wide(control_.toolTip()));
+      break;
+    case Property::colours:
+      InvalidateRect(window_, nullptr, TRUE);
+      break;
+    case Property::stacking:
+      SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+      break;
+    default:
+      break;
+  }
+}
+
+HBRUSH ControlView::colours(HDC dc) {
+  SetTextColor(dc, control_.effectivelyEnabled() ? toColorRef(control_.foreColour())
+                                                 : GetSysColor(COLOR_GRAYTEXT));
+  return dialog_.background(window_, dc);
+}
+
+LRESULT ControlView::message(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = DefSubclassProc(window_, message, wParam, lParam);
+  if (message == WM_SETFOCUS) dialog_.focusLanded(control_);
+  return result;
+}
+
+LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                        UINT_PTR id, DWORD_PTR data) {
+  auto& view = *reinterpret_cast<ControlView*>(data);
+  if (message == WM_NCDESTROY) {
+    RemovePropW(window, kViewProperty);
+    RemoveWindowSubclass(window, &procedure, id);
+    view.window_ = nullptr;
+    return DefSubclassProc(window, message, wParam, lParam);
+  }
+  if (message == WM_SETCURSOR && view.dialog_.showPointer()) return TRUE;
+  return view.dialog_.walled([&] { return view.message(message, wParam, lParam); });
+}
+
+COLORREF toColorRef(Colour colour) {
+  constexpr Colour kSystemColour = 0x80000000;
+  return (colour & kSystemColour) != 0 ? GetSysColor(static_cast<int>(colour & 0xFF)) : colour;
+}
+
+}  // namespace tillora::ui::win32

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <optional>
+
+#include "ui/control.h"
+#include "ui/win32/handles.h"
+
+namespace tillora::ui::win32 {
+
+class DialogWindow;
+
+/// The window of one control. It shows the control's state and hands what the user does with the
+/// window to the control; focus and keys that belong to the form have been dealt with before.
+///
+/// The window is destroyed with its parent window; the view outlives it.
+class ControlView {
+ public:
+  ControlView(DialogWindow& dialog, Control& control) : dialog_(dialog), control_(control) {}
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
+  virtual ~ControlView() = default;
+
+  /// The view of a window that is a control's own; null for any other window.
+  static ControlView* of(HWND window);
+  /// The view of a window or of the nearest window around it (a list view for its header).
+  static ControlView* around(HWND window);
+
+  DialogWindow& dialog() const { return dialog_; }
+  Control& control() const { return control_; }
+  HWND window() const { return window_; }
+  /// The hidden label before window() that names it to screen readers; null for none.
+  HWND nameWindow() const { return nameWindow_; }
+
+  /// Makes the window with all that the control says. Called once.
+  virtual void create(HWND parent) = 0;
+  /// Shows a property anew.
+  virtual void show(Property what);
+
+  /// WM_COMMAND of this window.
+  virtual void command(WORD /*code*/) {}
+  /// WM_NOTIFY of this window.
+  virtual LRESULT notify(NMHDR& /*header*/) { return 0; }
+  /// WM_CTLCOLOR... of this window.
+  virtual HBRUSH colours(HDC dc);
+  /// Brings the control up to date with what the user may have moved without a notification.
+  virtual void readBack() {}
+  /// A key that the window needs for itself just now, before the form's Enter and Esc (an open
+  /// drop-down list).
+  virtual bool wantsKey(WPARAM /*key*/) const { return false; }
+  /// The row at a point of the window, pixels; -1 for none and for kinds without rows.
+  virtual int rowAt(POINT /*point*/) const { return -1; }
+  /// What the window's own background and that of its children is painted with; null for that of
+  /// the window around it.
+  virtual HBRUSH ownBackground() const { return nullptr; }
+  /// A typed character that the control is to get; true where the view has dealt with it.
+  virtual bool typed(char16_t /*character*/) { return false; }
+
+ protected:
+  struct Style {
+    const wchar_t* className;
+    DWORD style = 0;
+    DWORD extended = 0;
+  };
+  /// Creates the window at the control's place, with font, text, enabled state and tool tip.
+  void createWindow(HWND parent, const Style& style);
+  virtual RECT pixelBounds() const;
+  /// Any message of the window, before the window's own procedure.
+  virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return SendMessageW(window_, message, wParam, lParam);
+  }
+  template <class T>
+  LRESULT send(UINT message, WPARAM wParam, T* data) const {
+    return SendMessageW(window_, message, wParam, reinterpret_cast<LPARAM>(data));
+  }
+
+  /// While one lives, notifications are echoes of the program's own doing.
+  class Echo {
+   public:
+    explicit Echo(ControlView& view) : view_(view) { ++view_.echoes_; }
+    Echo(const Echo&) = delete;
+    Echo& operator=(const Echo&) = delete;
+    ~Echo() { --view_.echoes_; }
+
+   private:
+    ControlView& view_;
+  };
+  bool isEcho() const { return echoes_ > 0; }
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                    UINT_PTR id, DWORD_PTR view);
+
+  DialogWindow& dialog_;
+  Control& control_;
+  HWND window_ = nullptr;
+  HWND nameWindow_ = nullptr;
+  int echoes_ = 0;
+};
+
+/// A view of a control of type T.
+template <class T>
+class ViewOf : public ControlView {
+ public:
+  ViewOf(DialogWindow& dialog, T& control) : ControlView(dialog, control) {}
+
+ protected:
+  T& control() const { return static_cast<T&>(ControlView::control()); }
+};
+
+/// A colour of the model as Windows paints it.
+COLORREF toColorRef(Colour colour);
+
+}  // namespace tillora::ui::win32

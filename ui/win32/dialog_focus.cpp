@@ -1,0 +1,150 @@
+// The platform's focus and the form's, and user input on its way to the form.
+#include "ui/buttons.h"
+#include "ui/win32/dialog_window.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+bool isDown(int key) { return (GetKeyState(key) & 0x8000) != 0; }
+
+Modifiers modifiersDown() {
+  return {.shift = isDown(VK_SHIFT), .ctrl = isDown(VK_CONTROL), .alt = isDown(VK_MENU)};
+}
+
+// Modifiers by themselves, and keys that only carry a character or feed an input method.
+bool isNoStroke(WPARAM key) {
+  return key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU || key == VK_CAPITAL ||
+         key == VK_PACKET || key == VK_PROCESSKEY;
+}
+
+}  // namespace
+
+void DialogWindow::focusMoved() {
+  applyFocus();
+  showDefaultButton();
+}
+
+// Only while the dialog is active: giving the focus to a window of an inactive one would bring the
+// program to the front.
+void DialogWindow::applyFocus() {
+  if (!form_.isShown() || !IsWindowVisible(window_) || GetActiveWindow() != window_) return;
+  const Control* active = form_.activeControl();
+  HWND wanted = active ? windowOf(*active) : nullptr;
+  if (!wanted) wanted = window_;
+  const HWND now = GetFocus();
+  if (now != wanted && (wanted == window_ || !IsChild(wanted, now))) SetFocus(wanted);
+}
+
+void DialogWindow::focusLanded(Control& control) {
+  if (form_.isShown() && &control != form_.activeControl()) {
+    PostMessageW(window_, kReconcileFocus, 0, 0);
+  }
+}
+
+void DialogWindow::reconcileFocus() {
+  if (!form_.isShown()) return;
+  const ControlView* landed = ControlView::around(GetFocus());
+  if (landed && &landed->dialog() == this && &landed->control() != form_.activeControl()) {
+    if (Control* active = form_.activeControl()) {
+      if (ControlView* view = viewOf(*active)) view->readBack();
+    }
+    form_.setFocus(landed->control());
+  }
+  applyFocus();
+}
+
+void DialogWindow::showDefaultButton() {
+  const CommandButton* wanted = form_.defaultButton();
+  const Control* active = form_.activeControl();
+  if (active && active->kind() == Kind::commandButton) {
+    wanted = static_cast<const CommandButton*>(active);
+  }
+  if (wanted && !viewOf(*wanted)) wanted = nullptr;
+  if (wanted == shownDefault_) return;
+  if (shownDefault_) SendMessageW(windowOf(*shownDefault_), BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+  if (wanted) SendMessageW(windowOf(*wanted), BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+  const int id = wanted ? GetDlgCtrlID(windowOf(*wanted)) : 0;
+  SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(id), 0);
+  shownDefault_ = wanted;
+}
+
+bool DialogWindow::preTranslate(MSG& message) {
+  if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
+  if (!form_.isShown()) return false;
+  bool used = true;  // also where the form fails
+  walled([&] {
+    switch (message.message) {
+      case WM_KEYDOWN:
+      case WM_SYSKEYDOWN:
+        used = keyDown(message);
+        break;
+      case WM_CHAR:
+        used = character(message);
+        break;
+      case WM_SYSCHAR:
+        readBackActive();
+        used = form_.userAccessKey(static_cast<char16_t>(message.wParam));
+        break;
+      case WM_LBUTTONDOWN:
+      case WM_LBUTTONDBLCLK:
+      case WM_RBUTTONDOWN:
+      case WM_MBUTTONDOWN:
+        used = mouseDown(message);
+        break;
+      default:
+        used = false;
+        return;
+    }
+    applyFocus();
+  });
+  return used;
+}
+
+void DialogWindow::readBackActive() {
+  const Control* active = form_.activeControl();
+  if (ControlView* view = active ? viewOf(*active) : nullptr) view->readBack();
+}
+
+bool DialogWindow::keyDown(const MSG& message) {
+  const WPARAM key = message.wParam;
+  const Modifiers modifiers = modifiersDown();
+  showKeyboardCues(key, modifiers.alt);
+  if (isNoStroke(key)) return false;
+  const ControlView* view = ControlView::around(message.hwnd);
+  if (view && view->wantsKey(key)) return false;
+  readBackActive();
+  return form_.userKeyDown(static_cast<Key>(key), modifiers);
+}
+
+bool DialogWindow::character(MSG& message) {
+  ControlView* view = ControlView::around(message.hwnd);
+  readBackActive();
+  auto typed = static_cast<char16_t>(message.wParam);
+  if (view && &view->control() != form_.activeControl()) {
+    // The key's own handler moved the focus on: the character still belongs where it was typed.
+    view->control().keyPress.raise(typed);
+  } else {
+    typed = form_.userCharacter(typed);
+  }
+  if (typed == 0) return true;
+  message.wParam = typed;
+  return view && view->typed(typed);
+}
+
+bool DialogWindow::mouseDown(const MSG& message) {
+  const ControlView* view = ControlView::around(message.hwnd);
+  if (!view) return false;
+  readBackActive();
+  return !form_.userMouseDown(view->control());
+}
+
+void DialogWindow::showKeyboardCues(WPARAM key, bool alt) {
+  UINT hidden = 0;
+  if (key == VK_TAB || (key >= VK_LEFT && key <= VK_DOWN)) hidden = UISF_HIDEFOCUS;
+  if (alt || key == VK_F10) hidden = UISF_HIDEFOCUS | UISF_HIDEACCEL;
+  const auto state = static_cast<UINT>(SendMessageW(window_, WM_QUERYUISTATE, 0, 0));
+  if ((state & hidden) == 0) return;
+  SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, hidden), 0);
+}
+
+}  // namespace tillora::ui::win32

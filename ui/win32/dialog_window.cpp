@@ -1,0 +1,227 @@
+#include "ui/win32/dialog_window.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "ui/lists.h"
+#include "ui/win32/view_factory.h"
+#include "ui/win32/wide.h"
+#include "ui/win32/win32_screen.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_3DLOOK;
+constexpr DWORD kDialogExtended = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+
+// A dialog of the system's class without controls: screen readers know what it is.
+struct EmptyTemplate {
+  alignas(DWORD) DLGTEMPLATE header{kDialogStyle, kDialogExtended, 0, 0, 0, 0, 0};
+  WORD noMenu = 0;
+  WORD systemClass = 0;
+  WORD noTitle = 0;
+};
+
+bool isPageOf(const Control& control, const TabStrip& tabs) {
+  if (control.kind() != Kind::frame) return false;
+  const Rect& page = control.bounds();
+  const Rect& strip = tabs.bounds();
+  return page.left < strip.right() && strip.left < page.right() && page.top < strip.bottom() &&
+         strip.top < page.bottom();
+}
+
+}  // namespace
+
+void throwLastError(const char* function) {
+  throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), function);
+}
+
+DialogWindow::DialogWindow(Win32Screen& screen, Form& form, HWND owner)
+    : screen_(screen), form_(form) {
+  const EmptyTemplate empty;
+  window_ = CreateDialogIndirectParamW(thisModule(), &empty.header, owner, &procedure,
+                                       reinterpret_cast<LPARAM>(this));
+  if (!window_) throwLastError("CreateDialogIndirectParamW");
+  try {
+    SetWindowTextW(window_, wide(form.caption()).c_str());
+    resize();
+    place(owner);
+    SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+    createChildren(form, window_);
+  } catch (...) {
+    DestroyWindow(window_);
+    throw;
+  }
+}
+
+DialogWindow::~DialogWindow() { DestroyWindow(window_); }
+
+const Metrics& DialogWindow::metrics() const { return screen_.metrics(); }
+
+void DialogWindow::resize() {
+  const SIZE client{metrics().toPixels(form_.clientSize().width),
+                    metrics().toPixels(form_.clientSize().height)};
+  RECT whole{0, 0, client.cx, client.cy};
+  AdjustWindowRectEx(&whole, kDialogStyle, FALSE, kDialogExtended);
+  SetWindowPos(window_, nullptr, 0, 0, whole.right - whole.left, whole.bottom - whole.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void DialogWindow::place(HWND owner) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  const RECT& work = monitor.rcWork;
+  RECT around = work;
+  if (owner && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
+  RECT own{};
+  GetWindowRect(window_, &own);
+  const LONG width = own.right - own.left;
+  const LONG height = own.bottom - own.top;
+  const LONG left = (around.left + around.right - width) / 2;
+  const LONG top = (around.top + around.bottom - height) / 2;
+  // Where the window is larger than the work area its caption stays reachable.
+  SetWindowPos(window_, nullptr, std::max(work.left, std::min(left, work.right - width)),
+               std::max(work.top, std::min(top, work.bottom - height)), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+ControlView* DialogWindow::viewOf(const Control& control) const {
+  const auto found = views_.find(&control);
+  return found == views_.end() ? nullptr : found->second.get();
+}
+
+HWND DialogWindow::windowOf(const Control& control) const {
+  if (&control == &form_) return window_;
+  const ControlView* view = viewOf(control);
+  return view ? view->window() : nullptr;
+}
+
+void DialogWindow::create(Control& control, HWND parent) {
+  std::unique_ptr<ControlView>& view = views_[&control];
+  view = makeView(*this, control);
+  view->create(parent);
+}
+
+void DialogWindow::createChildren(const Container& container, HWND parent) {
+  bool hasTabs = false;
+  for (const auto& child : container.children()) {
+    if (child->visible() && !viewOf(*child)) create(*child, parent);
+    hasTabs = hasTabs || child->kind() == Kind::tabStrip;
+  }
+  if (hasTabs) stack(container);
+  showDefaultButton();
+}
+
+// The order of windows is the order of creation, which screen readers follow; but the pages lie
+// before the tab strip that they are shown on.
+void DialogWindow::stack(const Container& container) {
+  std::vector<const Control*> order;
+  for (const auto& child : container.children()) order.push_back(child.get());
+  for (const auto& child : container.children()) {
+    if (child->kind() != Kind::tabStrip) continue;
+    const auto& tabs = static_cast<const TabStrip&>(*child);
+    const auto strip = std::ranges::find(order, child.get());
+    const auto pages = std::stable_partition(
+        strip, order.end(), [&](const Control* control) { return isPageOf(*control, tabs); });
+    static_cast<void>(pages);
+  }
+  HWND after = HWND_TOP;
+  constexpr UINT kOrderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+  for (const Control* control : order) {
+    const ControlView* view = viewOf(*control);
+    if (!view || !view->window()) continue;
+    for (HWND window : {view->nameWindow(), view->window()}) {
+      if (!window) continue;
+      SetWindowPos(window, after, 0, 0, 0, 0, kOrderOnly);
+      after = window;
+    }
+  }
+}
+
+void DialogWindow::changed(const Control& control, Property what) {
+  if (&control == &form_) {
+    if (what == Property::text) SetWindowTextW(window_, wide(form_.caption()).c_str());
+    if (what == Property::bounds) resize();
+    if (what == Property::enabled) changedWithin(form_, what);
+    if (what == Property::visible) PostMessageW(window_, WM_NULL, 0, 0);  // ends the wait
+    return;
+  }
+  if (what == Property::defaultness) {
+    showDefaultButton();
+    return;
+  }
+  ControlView* view = viewOf(control);
+  if (!view) {
+    const HWND parent = windowOf(*control.parent());
+    if (what != Property::visible || !control.visible() || !parent) return;
+    const auto& siblings = control.parent()->children();
+    const auto owned = std::ranges::find_if(
+        siblings, [&](const auto& sibling) { return sibling.get() == &control; });
+    create(**owned, parent);
+    stack(*control.parent());
+    showDefaultButton();
+    return;
+  }
+  view->show(what);
+  if (what == Property::enabled && control.kind() == Kind::frame) {
+    changedWithin(static_cast<const Frame&>(control), what);
+  }
+  if (what == Property::enabled || what == Property::visible) applyFocus();
+}
+
+void DialogWindow::changedWithin(const Container& container, Property what) {
+  for (const auto& child : container.children()) {
+    if (ControlView* view = viewOf(*child)) view->show(what);
+    if (child->kind() == Kind::frame) changedWithin(static_cast<const Frame&>(*child), what);
+  }
+}
+
+int DialogWindow::hitTest(const ListView& list, Point point) const {
+  const ControlView* view = viewOf(list);
+  return view ? view->rowAt(metrics().toPixels(point)) : -1;
+}
+
+HBRUSH DialogWindow::background(HWND child, HDC dc) const {
+  SetBkMode(dc, TRANSPARENT);
+  for (HWND window = child; window && window != window_; window = GetAncestor(window, GA_PARENT)) {
+    const ControlView* view = ControlView::of(window);
+    const HBRUSH brush = view ? view->ownBackground() : nullptr;
+    if (!brush) continue;
+    POINT origin{};
+    MapWindowPoints(window, child, &origin, 1);
+    POINT shifted{};
+    GetViewportOrgEx(dc, &shifted);
+    SetBrushOrgEx(dc, origin.x + shifted.x, origin.y + shifted.y, nullptr);
+    return brush;
+  }
+  return GetSysColorBrush(COLOR_BTNFACE);
+}
+
+void DialogWindow::setToolTip(HWND window, std::wstring text) {
+  if (!toolTips_) {
+    toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
+                                CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
+                                nullptr, thisModule(), nullptr);
+    constexpr int kWidestTip = 5760;  // twips; a width makes long tips break into lines
+    SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, metrics().toPixels(kWidestTip));
+  }
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = window_;
+  tool.uId = reinterpret_cast<UINT_PTR>(window);
+  tool.lpszText = text.data();
+  SendMessageW(toolTips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  if (!text.empty()) SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+bool DialogWindow::showPointer() const {
+  if (screen_.pointer() != Pointer::hourglass) return false;
+  SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+  return true;
+}
+
+}  // namespace tillora::ui::win32

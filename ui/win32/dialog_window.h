@@ -1,0 +1,111 @@
+#pragma once
+
+#include <concepts>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+#include "ui/form.h"
+#include "ui/win32/control_view.h"
+#include "ui/win32/metrics.h"
+#include "ui/win32/module.h"
+
+namespace tillora::ui::win32 {
+
+class Win32Screen;
+
+/// The window of a form and, through their views, of its controls.
+///
+/// A control gets its window when it is first seen: with the form, or with the frame around it.
+class DialogWindow final : public FormView {
+ public:
+  /// Creates the hidden window with all that is visible of the form, centred on `owner` (or on the
+  /// screen for none). The form and the screen outlive the window.
+  DialogWindow(Win32Screen& screen, Form& form, HWND owner);
+  ~DialogWindow() override;
+
+  // FormView.
+  void changed(const Control& control, Property what) override;
+  void focusMoved() override;
+  int hitTest(const ListView& list, Point point) const override;
+
+  HWND window() const { return window_; }
+  Form& form() const { return form_; }
+  const Metrics& metrics() const;
+
+  /// Deals with a message of the form's windows before Windows does: keys, typed characters and
+  /// mouse buttons go to the form first. True where the message is used up; otherwise it is to be
+  /// translated and dispatched, changed or not.
+  bool preTranslate(MSG& message);
+
+  /// The window of a control; null while it has none.
+  HWND windowOf(const Control& control) const;
+  ControlView* viewOf(const Control& control) const;
+
+  // For the views.
+
+  /// An identifier for a control's window, unique in the form.
+  int newId() { return nextId_++; }
+  void createChildren(const Container& container, HWND parent);
+  /// A notification or colour request of a child window; nothing for other messages.
+  std::optional<LRESULT> route(UINT message, WPARAM wParam, LPARAM lParam);
+  /// What lies behind a child window: a brush that paints it, aligned in `dc`. Text drawn next is
+  /// transparent.
+  HBRUSH background(HWND child, HDC dc) const;
+  void setToolTip(HWND window, std::wstring text);
+  /// The platform put the focus into a control's window.
+  void focusLanded(Control& control);
+  /// Shows the hourglass; false for the standard pointer, which each window knows best.
+  bool showPointer() const;
+  /// Runs code that may fail where no exception may pass; a failure ends the form's modal run.
+  template <std::invocable F>
+  LRESULT walled(F&& code) noexcept {
+    try {
+      if constexpr (std::is_void_v<std::invoke_result_t<F>>) {
+        code();
+        return 0;
+      } else {
+        return code();
+      }
+    } catch (...) {
+      fail(std::current_exception());
+      return 0;
+    }
+  }
+
+ private:
+  static constexpr UINT kReconcileFocus = WM_APP + 1;
+
+  static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
+  void fail(std::exception_ptr failure) noexcept;
+  void place(HWND owner);
+  void resize();
+  void create(Control& control, HWND parent);
+  void stack(const Container& container);
+  void changedWithin(const Container& container, Property what);
+  void applyFocus();
+  void reconcileFocus();
+  void showDefaultButton();
+  bool keyDown(const MSG& message);
+  bool character(MSG& message);
+  bool mouseDown(const MSG& message);
+  void readBackActive();
+  void showKeyboardCues(WPARAM key, bool alt);
+
+  Win32Screen& screen_;
+  Form& form_;
+  std::shared_ptr<FrameClass> frameClass_ = FrameClass::get();
+  HWND window_ = nullptr;
+  HWND toolTips_ = nullptr;  // owned by window_
+  std::unordered_map<const Control*, std::unique_ptr<ControlView>> views_;
+  int nextId_ = 100;  // above IDOK, IDCANCEL and their like
+  const CommandButton* shownDefault_ = nullptr;
+};
+
+/// Ends with std::system_error of GetLastError().
+[[noreturn]] void throwLastError(const char* function);
+
+}  // namespace tillora::ui::win32

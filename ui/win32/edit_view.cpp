@@ -1,0 +1,118 @@
+#include "ui/win32/edit_view.h"
+
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/wide.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+constexpr char16_t kSelectAllCharacter = 1;  // Ctrl+A
+constexpr char16_t kEscapeCharacter = 27;
+
+DWORD styleOf(const TextBox& box) {
+  DWORD style = 0;
+  if (box.multiLine()) {
+    style |= ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL;
+  } else {
+    style |= ES_AUTOHSCROLL;
+  }
+  if (box.alignment() == Alignment::right) style |= ES_RIGHT;
+  if (box.alignment() == Alignment::centre) style |= ES_CENTER;
+  if (box.passwordCharacter() != 0) style |= ES_PASSWORD;
+  return style;
+}
+
+}  // namespace
+
+void EditView::create(HWND parent) {
+  const Echo echo(*this);
+  createWindow(parent, {WC_EDITW, styleOf(control()), WS_EX_CLIENTEDGE});
+  if (control().passwordCharacter() != 0) {
+    send(EM_SETPASSWORDCHAR, control().passwordCharacter());
+  }
+  showEditing();
+  showText();
+}
+
+void EditView::show(Property what) {
+  const Echo echo(*this);
+  switch (what) {
+    case Property::text:
+      showText();
+      break;
+    case Property::selection:
+      showSelection();
+      break;
+    case Property::editing:
+      showEditing();
+      break;
+    default:
+      ControlView::show(what);
+  }
+}
+
+void EditView::showText() {
+  SetWindowTextW(window(), wide(control().text()).c_str());
+  showSelection();
+}
+
+void EditView::showSelection() {
+  const int start = control().selStart();
+  send(EM_SETSEL, static_cast<WPARAM>(start), start + control().selLength());
+  send(EM_SCROLLCARET);
+}
+
+void EditView::showEditing() {
+  send(EM_SETLIMITTEXT, static_cast<WPARAM>(control().maxLength()));
+  send(EM_SETREADONLY, control().locked());
+}
+
+void EditView::command(WORD code) {
+  if (code != EN_CHANGE || isEcho()) return;
+  DWORD start = 0;
+  DWORD end = 0;
+  send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), &end);
+  control().userEdited(narrow(windowText(window())), static_cast<int>(start),
+                       static_cast<int>(end - start));
+}
+
+void EditView::readBack() {
+  DWORD start = 0;
+  DWORD end = 0;
+  send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), &end);
+  control().userSelected(static_cast<int>(start), static_cast<int>(end - start));
+}
+
+LRESULT EditView::message(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = ControlView::message(message, wParam, lParam);
+  const bool movesCaret = message == WM_KEYDOWN || message == WM_CHAR ||
+                          message == WM_LBUTTONDOWN || message == WM_LBUTTONUP ||
+                          message == WM_LBUTTONDBLCLK;
+  if (movesCaret) readBack();
+  return result;
+}
+
+bool EditView::typed(char16_t character) {
+  if (character == kSelectAllCharacter) {
+    send(EM_SETSEL, 0, LPARAM{-1});
+    readBack();
+    return true;
+  }
+  // Enter and Esc that no button took would only make a single line sound the bell.
+  return character == kEscapeCharacter || (character == u'\r' && !control().multiLine());
+}
+
+Colour EditView::ground() const {
+  return control().effectivelyEnabled() ? control().backColour() : kButtonFace;
+}
+
+HBRUSH EditView::colours(HDC dc) {
+  const COLORREF ground = toColorRef(this->ground());
+  SetTextColor(dc, control().effectivelyEnabled() ? toColorRef(control().foreColour())
+                                                  : GetSysColor(COLOR_GRAYTEXT));
+  SetBkColor(dc, ground);
+  ground_.reset(CreateSolidBrush(ground));
+  return ground_.get();
+}
+
+}  // namespace tillora::ui::win32

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ui/text_box.h"
+#include "ui/win32/control_view.h"
+
+namespace tillora::ui::win32 {
+
+/// An edit control. What the user makes of its text goes to the box after each change; a text that
+/// the user did not touch is never written back.
+class EditView final : public ViewOf<TextBox> {
+ public:
+  using ViewOf::ViewOf;
+  void create(HWND parent) override;
+  void show(Property what) override;
+  void command(WORD code) override;
+  HBRUSH colours(HDC dc) override;
+  void readBack() override;
+  bool typed(char16_t character) override;
+
+ protected:
+  LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void showText();
+  void showSelection();
+  void showEditing();
+  Colour ground() const;
+
+  Brush ground_;
+};
+
+}  // namespace tillora::ui::win32

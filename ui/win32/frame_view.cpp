@@ -1,0 +1,97 @@
+#include "ui/win32/frame_view.h"
+
+#include <vssym32.h>
+
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/module.h"
+#include "ui/win32/wide.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+bool holdsTabs(const Container& container) {
+  for (const auto& child : container.children()) {
+    if (child->kind() == Kind::tabStrip) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void FrameView::create(HWND parent) {
+  const Frame& frame = control();
+  createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+  if (frame.border() == Frame::Border::etched) {
+    RECT area{};
+    GetClientRect(window(), &area);
+    groupBox_ =
+        CreateWindowExW(WS_EX_NOPARENTNOTIFY | WS_EX_TRANSPARENT, WC_BUTTONW,
+                        wide(frame.caption()).c_str(), WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0,
+                        area.right, area.bottom, window(), nullptr, thisModule(), nullptr);
+    SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(dialog().metrics().font()), FALSE);
+  } else if (holdsTabs(*frame.parent())) {
+    paintTabBody();
+  }
+  dialog().createChildren(frame, window());
+}
+
+void FrameView::show(Property what) {
+  ControlView::show(what);
+  if (groupBox_ && what == Property::bounds) {
+    RECT area{};
+    GetClientRect(window(), &area);
+    MoveWindow(groupBox_, 0, 0, area.right, area.bottom, TRUE);
+  } else if (groupBox_ && what == Property::text) {
+    SetWindowTextW(groupBox_, wide(control().caption()).c_str());
+  } else if (!groupBox_ && what == Property::bounds && tabBody_) {
+    paintTabBody();
+  }
+}
+
+// The theme's picture of a tab's body as a brush, so that the page and the controls on it, which
+// fill their own background, match the strip around them.
+void FrameView::paintTabBody() {
+  const Theme theme(OpenThemeData(window(), L"TAB"));
+  if (!theme) return;
+  RECT area{};
+  GetClientRect(window(), &area);
+  const HDC screen = GetDC(nullptr);
+  const Bitmap picture(CreateCompatibleBitmap(screen, area.right, area.bottom));
+  const MemoryDc dc(CreateCompatibleDC(screen));
+  ReleaseDC(nullptr, screen);
+  {
+    const Selection selected(dc.get(), picture.get());
+    FillRect(dc.get(), &area, GetSysColorBrush(COLOR_BTNFACE));
+    DrawThemeBackground(theme.get(), dc.get(), TABP_BODY, 0, &area, nullptr);
+  }
+  tabBody_.reset(CreatePatternBrush(picture.get()));
+}
+
+LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND:
+    case WM_PRINTCLIENT: {
+      const auto dc = reinterpret_cast<HDC>(wParam);
+      RECT area{};
+      GetClientRect(window(), &area);
+      FillRect(dc, &area, dialog().background(window(), dc));
+      return TRUE;
+    }
+    case WM_COMMAND:
+    case WM_NOTIFY:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      if (reinterpret_cast<HWND>(lParam) == groupBox_ && message == WM_CTLCOLORSTATIC) {
+        return reinterpret_cast<LRESULT>(
+            dialog().background(groupBox_, reinterpret_cast<HDC>(wParam)));
+      }
+      if (const auto answer = dialog().route(message, wParam, lParam)) return *answer;
+      break;
+    default:
+      break;
+  }
+  return ControlView::message(message, wParam, lParam);
+}
+
+}  // namespace tillora::ui::win32

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <exception>
+#include <memory>
+#include <vector>
+
+#include "ui/form.h"
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/module.h"
+
+namespace tillora::ui::win32 {
+
+class Win32Screen;
+
+/// One form shown modally: while it lives, every other window of the thread is disabled. Its end,
+/// in whatever way, leaves windows, focus and pointer as they were before.
+class ModalRun {
+ public:
+  ModalRun(Win32Screen& screen, Form& form);
+  ModalRun(const ModalRun&) = delete;
+  ModalRun& operator=(const ModalRun&) = delete;
+  ~ModalRun();
+
+  /// Returns when the form is no longer shown; throws what a handler threw.
+  void run();
+
+  Form& form() const { return form_; }
+  const DialogWindow* dialog() const { return dialog_.get(); }
+  HWND window() const { return dialog_ ? dialog_->window() : nullptr; }
+  /// Shown, and nothing has failed.
+  bool isRunning() const { return form_.isShown() && !failure_; }
+  void dispatch(MSG& message) const;
+  void fail(std::exception_ptr failure) noexcept;
+
+ private:
+  void wait();
+  void disableOthers();
+  void throwFailure() const;
+
+  Win32Screen& screen_;
+  Form& form_;
+  VisualStyles styles_;
+  HWND owner_;
+  HWND formerFocus_;
+  std::vector<HWND> disabled_;
+  std::unique_ptr<DialogWindow> dialog_;
+  std::exception_ptr failure_;
+};
+
+}  // namespace tillora::ui::win32

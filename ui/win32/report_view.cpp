@@ -1,0 +1,212 @@
+#include "ui/win32/report_view.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/pictures.h"
+#include "ui/win32/wide.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+int iconOf(PictureId picture) { return static_cast<int>(picture) - 1; }
+
+}  // namespace
+
+void ReportView::create(HWND parent) {
+  const Echo echo(*this);
+  createWindow(
+      parent, {WC_LISTVIEWW,
+               LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS,
+               WS_EX_CLIENTEDGE});
+  send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LPARAM{LVS_EX_FULLROWSELECT});
+  const auto& rows = control().rows();
+  if (std::ranges::any_of(rows,
+                          [](const ListItem& row) { return row.smallIcon != PictureId::none; })) {
+    images_ = makeRowImages(GetSystemMetrics(SM_CXSMICON));
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, images_.get());
+  }
+  show(Property::colours);
+  showColumns();
+  showRows();
+}
+
+void ReportView::show(Property what) {
+  const Echo echo(*this);
+  switch (what) {
+    case Property::items:
+      showRows();
+      break;
+    case Property::value:
+      showChoice();
+      break;
+    case Property::columns:
+      showColumns();
+      break;
+    case Property::colours:
+      send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(toColorRef(control().backColour())));
+      send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(toColorRef(control().backColour())));
+      send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(toColorRef(control().foreColour())));
+      InvalidateRect(window(), nullptr, TRUE);
+      break;
+    default:
+      ControlView::show(what);
+  }
+}
+
+HWND ReportView::header() const { return reinterpret_cast<HWND>(send(LVM_GETHEADER)); }
+
+void ReportView::showColumns() {
+  int position = 0;
+  const auto shown = static_cast<int>(SendMessageW(header(), HDM_GETITEMCOUNT, 0, 0));
+  for (const ListColumn& column : control().columns()) {
+    std::wstring text = wide(column.header);
+    LVCOLUMNW item{};
+    item.mask = LVCF_TEXT | LVCF_WIDTH;
+    item.pszText = text.data();
+    item.cx = dialog().metrics().toPixels(column.width);
+    send(position < shown ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, static_cast<WPARAM>(position),
+         &item);
+    ++position;
+  }
+  const LONG_PTR style = GetWindowLongPtrW(header(), GWL_STYLE) & ~LONG_PTR{HDS_BUTTONS};
+  SetWindowLongPtrW(header(), GWL_STYLE, style | (control().clickableHeaders() ? HDS_BUTTONS : 0));
+}
+
+void ReportView::showRows() {
+  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(control().count()), LPARAM{LVSICF_NOSCROLL});
+  InvalidateRect(window(), nullptr, FALSE);
+  showChoice();
+}
+
+void ReportView::showChoice() {
+  const int row = control().selectedRow();
+  const auto shown =
+      static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LPARAM{LVNI_SELECTED}));
+  if (shown != row) {
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = row < 0 ? 0 : item.stateMask;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
+  }
+  if (const int wanted = control().rowToShow(); wanted != rowShown_) {
+    rowShown_ = wanted;
+    if (wanted >= 0) send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(wanted), LPARAM{FALSE});
+  }
+}
+
+void ReportView::give(LVITEMW& item) const {
+  if (item.iItem < 0 || item.iItem >= control().count()) return;
+  if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
+    const Text& text = control().text(item.iItem, item.iSubItem);
+    const auto length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
+    std::copy_n(text.begin(), length, item.pszText);
+    item.pszText[length] = L'\0';
+  }
+  if ((item.mask & LVIF_IMAGE) != 0) {
+    item.iImage = iconOf(control().rows()[static_cast<std::size_t>(item.iItem)].smallIcon);
+  }
+}
+
+int ReportView::find(const NMLVFINDITEMW& wanted) const {
+  if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || !wanted.lvfi.psz) return -1;
+  const std::wstring typed = wanted.lvfi.psz;
+  const int count = control().count();
+  for (int i = 0; i < count; ++i) {
+    const int row = (std::max(wanted.iStart, 0) + i) % count;
+    const std::wstring text = wide(control().text(row, 0));
+    if (text.size() >= typed.size() &&
+        CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, text.data(),
+                       static_cast<int>(typed.size()), typed.data(),
+                       static_cast<int>(typed.size())) == CSTR_EQUAL) {
+      return row;
+    }
+  }
+  return -1;
+}
+
+LRESULT ReportView::notify(NMHDR& header) {
+  switch (header.code) {
+    case LVN_GETDISPINFOW:
+      give(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+      return 0;
+    case LVN_ODFINDITEMW:
+      return find(reinterpret_cast<const NMLVFINDITEMW&>(header));
+    case LVN_ITEMCHANGED: {
+      const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+      const bool selected = (change.uNewState & ~change.uOldState & LVIS_SELECTED) != 0;
+      if (!isEcho() && selected && change.iItem >= 0 && change.iItem < control().count()) {
+        control().setSelectedRow(change.iItem);
+      }
+      return 0;
+    }
+    case NM_CLICK:
+    case NM_RCLICK: {
+      // A click on the blank takes the selection away in the window only.
+      const Echo echo(*this);
+      showChoice();
+      return 0;
+    }
+    default:
+      return 0;
+  }
+}
+
+Point ReportView::toTwips(LPARAM position) const {
+  const Metrics& metrics = dialog().metrics();
+  return {metrics.toTwips(GET_X_LPARAM(position)), metrics.toTwips(GET_Y_LPARAM(position))};
+}
+
+LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_LBUTTONUP:
+      control().mouse.raise(toTwips(lParam));
+      break;
+    case WM_LBUTTONDBLCLK: {
+      const Point point = toTwips(lParam);
+      control().mouse.raise(point);
+      const LRESULT result = ControlView::message(message, wParam, lParam);
+      if (dialog().form().isShown()) control().doubleClick.raise();
+      return result;
+    }
+    case WM_NOTIFY:
+      // The user drags a column's border.
+      if (const auto& drag = *reinterpret_cast<const NMHDR*>(lParam);
+          drag.code == HDN_ENDTRACKW && !isEcho()) {
+        const auto& resized = *reinterpret_cast<const NMHEADERW*>(lParam);
+        const LRESULT result = ControlView::message(message, wParam, lParam);
+        const int width = dialog().metrics().toTwips(
+            static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(resized.iItem))));
+        if (resized.iItem < static_cast<int>(control().columns().size())) {
+          const Echo echo(*this);
+          control().setColumnWidth(resized.iItem, width);
+        }
+        return result;
+      }
+      break;
+    default:
+      break;
+  }
+  return ControlView::message(message, wParam, lParam);
+}
+
+// Rows are as wide as the list here: what counts is the height.
+int ReportView::rowAt(POINT point) const {
+  if (control().count() == 0) return -1;
+  RECT head{};
+  GetWindowRect(header(), &head);
+  if (point.y < head.bottom - head.top) return -1;
+  const auto top = static_cast<int>(send(LVM_GETTOPINDEX));
+  RECT first{};
+  first.left = LVIR_BOUNDS;
+  send(LVM_GETITEMRECT, static_cast<WPARAM>(top), &first);
+  if (first.bottom <= first.top || point.y < first.top) return -1;
+  const int row = top + static_cast<int>((point.y - first.top) / (first.bottom - first.top));
+  return row < control().count() ? row : -1;
+}
+
+}  // namespace tillora::ui::win32

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ui/lists.h"
+#include "ui/win32/control_view.h"
+
+namespace tillora::ui::win32 {
+
+/// A list in columns. The rows stay in the object: the window asks for the cells it paints, so its
+/// cost does not depend on how many there are.
+class ReportView final : public ViewOf<ListView> {
+ public:
+  using ViewOf::ViewOf;
+  void create(HWND parent) override;
+  void show(Property what) override;
+  LRESULT notify(NMHDR& header) override;
+  int rowAt(POINT point) const override;
+
+ protected:
+  LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void showColumns();
+  void showRows();
+  void showChoice();
+  void give(LVITEMW& item) const;
+  /// The row whose first cell begins with what was typed; -1 for none.
+  int find(const NMLVFINDITEMW& wanted) const;
+  Point toTwips(LPARAM position) const;
+  HWND header() const;
+
+  ImageList images_;
+  int rowShown_ = -1;
+};
+
+}  // namespace tillora::ui::win32

@@ -1,0 +1,39 @@
+#include "ui/win32/tab_view.h"
+
+#include "ui/win32/dialog_window.h"
+#include "ui/win32/wide.h"
+
+namespace tillora::ui::win32 {
+
+void TabView::create(HWND parent) {
+  createWindow(parent, {WC_TABCONTROLW, kTabStripStyle});
+  showTabs();
+}
+
+void TabView::show(Property what) {
+  if (what == Property::items) {
+    showTabs();
+  } else if (what == Property::value) {
+    showChoice();
+  } else {
+    ControlView::show(what);
+  }
+}
+
+void TabView::showTabs() {
+  send(TCM_DELETEALLITEMS);
+  addTabs(window(), control().tabs());
+  showChoice();
+}
+
+void TabView::showChoice() { send(TCM_SETCURSEL, static_cast<WPARAM>(control().selected() - 1)); }
+
+LRESULT TabView::notify(NMHDR& header) {
+  if (header.code != TCN_SELCHANGE || !dialog().form().isShown()) return 0;
+  const auto chosen = static_cast<int>(send(TCM_GETCURSEL)) + 1;
+  if (chosen >= 1) control().setSelected(chosen);
+  showChoice();
+  return 0;
+}
+
+}  // namespace tillora::ui::win32
