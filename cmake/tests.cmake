@@ -7,11 +7,24 @@ set(gtest_disable_pthreads ${WIN32} CACHE INTERNAL "")
 set(TILLORA_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
 add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 
-tillora_static_library(tillora_testing
-  FOLDERS tests/testing
-  LINK tillora_shop tillora_core gtest)
+# The same test drives forms without windows natively and real windows on Windows: makeDesk() is
+# defined in headless_desk.cpp for the one and in win32/ for the other.
+set(testing_folders tests/testing)
+if(WIN32)
+  list(APPEND testing_folders tests/testing/win32)
+endif()
+tillora_sources(testing_sources FOLDERS ${testing_folders})
+if(WIN32)
+  list(FILTER testing_sources EXCLUDE REGEX "/headless_[^/]*$")
+endif()
+if(testing_sources)
+  add_library(tillora_testing STATIC ${testing_sources})
+  tillora_link(tillora_testing
+    tillora_options tillora_win32 tillora_shop tillora_core tillora_windows_libraries gtest)
+endif()
 
 file(GLOB_RECURSE all_tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/*_test.cpp)
+list(FILTER all_tests EXCLUDE REGEX "/tests/testing/")
 set(windows_tests ${all_tests})
 list(FILTER windows_tests INCLUDE REGEX
   "/tests/(ui/win32|support/win32|component/automation|host/automation|windows)/")
@@ -24,12 +37,9 @@ if(windows_tests)
 endif()
 
 if(WIN32)
-  tillora_static_library(tillora_windows_testing
-    FOLDERS tests/testing/win32
-    LINK tillora_testing tillora_win32 tillora_core tillora_windows_libraries gtest)
   tillora_program(windows_tests
     SOURCES ${windows_tests} ${shared_tests}
-    LINK tillora_windows_testing tillora_testing tillora_host_automation tillora_automation
+    LINK tillora_testing tillora_host_automation tillora_automation
          tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
          tillora_windows_libraries gtest_main)
   if(TARGET windows_tests)

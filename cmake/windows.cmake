@@ -67,7 +67,7 @@ tillora_automation_server(TilloraOptions
 tillora_automation_server(TilloraHost
   FOLDER host/automation
   STATIC tillora_host_automation
-  LINK tillora_shop tillora_win32 tillora_core)
+  LINK tillora_shop tillora_win32 tillora_core TilloraOptions_idl)
 
 # tillora_windows_program(<name> FOLDER <folder> [GUI] [LINK <library>...])
 function(tillora_windows_program name)

@@ -3,8 +3,8 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-mapfile -d '' files < <(git ls-files -z --cached --others --exclude-standard -- '*.h' '*.cpp' |
-  while IFS= read -r -d '' file; do [ ! -e "$file" ] || printf '%s\0' "$file"; done)
+mapfile -d '' files < <(find . -path ./build -prune -o -path ./.git -prune -o \
+  \( -name '*.h' -o -name '*.cpp' \) -print0)
 [ "${#files[@]}" -gt 0 ] || exit 0
 if [ "${1:-}" = --check ]; then
   clang-format --dry-run -Werror "${files[@]}"

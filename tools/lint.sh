@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# lint.sh [--all] [FILE...]: clang-tidy over the portable sources, as the native preset compiles them.
+# lint.sh [--all] [FILE...]: clang-tidy over the sources (tests and benchmarks excepted): the portable
+# ones as the native preset compiles them, the others as windows-x64 does. Both are built before.
 #
 # A file that passed is not analysed again until it, a header it includes or the configuration
 # changes; --all analyses everything.
@@ -12,19 +13,17 @@ if [ "${1:-}" = --all ]; then
   all=1
   shift
 fi
-build=${TILLORA_NATIVE_BUILD:-build/native}
 passed=build/lint
-[ -e "$build/compile_commands.json" ] || cmake --preset native >/dev/null
 mkdir -p "$passed"
 
-# Lines "source<TAB>hash": the hash covers what the compiler read of this repository.
+# fingerprints BUILD: lines "source<TAB>hash"; the hash covers what the compiler read of this
+# repository, as ninja recorded it.
 fingerprints() {
   local source files
   while IFS=$'\t' read -r source files; do
     # shellcheck disable=SC2086
-    printf '%s\t%s\n' "$source" \
-      "$({ clang-tidy-19 --version; cat .clang-tidy $files; } 2>/dev/null | sha256sum | cut -c1-32)"
-  done < <(ninja -C "$build" -t deps | awk -v repo="$REPO/" '
+    printf '%s\t%s\n' "$source" "$(cat .clang-tidy tools/lint.sh $files | sha256sum | cut -c1-32)"
+  done < <(ninja -C "$1" -t deps 2>/dev/null | awk -v repo="$REPO/" '
     /^[^ ].*: #deps/ { if (source) print source "\t" files; source = ""; files = ""; next }
     /^ / {
       file = $1
@@ -33,27 +32,42 @@ fingerprints() {
       if (!source) source = file
       files = files " " file
     }
-    END { if (source) print source "\t" files }')
+    END { if (source) print source "\t" files }' | sort)
 }
 
-todo=()
-declare -A stamp
-while IFS=$'\t' read -r source hash; do
-  [[ $source == *.cpp && $source != tests/* && $source != bench/* ]] || continue
-  [ -e "$source" ] || continue
-  [ "$#" = 0 ] || [[ " $* " == *" $source "* ]] || continue
-  stamp[$source]=$passed/$hash
-  [ -z "$all" ] && [ -e "$passed/$hash" ] || todo+=("$source")
-done < <(fingerprints)
+# The analyser is told where the standard library with threads is; by itself it takes the other one.
+readonly MINGW_LIBRARY=/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include/c++
+WINDOWS_ARGUMENTS="--extra-arg-before=--target=x86_64-w64-mingw32 --extra-arg=-nostdinc++"
+WINDOWS_ARGUMENTS+=" --extra-arg=-isystem$MINGW_LIBRARY"
+WINDOWS_ARGUMENTS+=" --extra-arg=-isystem$MINGW_LIBRARY/x86_64-w64-mingw32"
+export WINDOWS_ARGUMENTS
 
-[ "${#stamp[@]}" -gt 0 ] || die "nothing to analyse: build the native preset first"
-say "clang-tidy: ${#todo[@]} of ${#stamp[@]} files to analyse"
 # The bound on the path analysis keeps files with much inlined library code from taking ten seconds.
 analyse() {
-  nice clang-tidy-19 --quiet -p "$1" --extra-arg=-Xclang --extra-arg=-analyzer-config \
-    --extra-arg=-Xclang --extra-arg=max-nodes=20000 "$2" 2>/dev/null && : >"$3"
+  local build=$1 source=$2 stamp=$3 platform=
+  [ "$build" != "$TILLORA_WINDOWS_BUILD" ] || platform=$WINDOWS_ARGUMENTS
+  nice clang-tidy-19 --quiet -p "$build" $platform --extra-arg=-Xclang \
+    --extra-arg=-analyzer-config --extra-arg=-Xclang --extra-arg=max-nodes=20000 \
+    "$source" 2>/dev/null && : >"$stamp"
 }
 export -f analyse
-for source in ${todo[@]+"${todo[@]}"}; do
-  printf '%s\0%s\0%s\0' "$build" "$source" "${stamp[$source]}"
-done | xargs -0 -r -n 3 -P "$(nproc)" bash -c 'analyse "$@"' _
+export TILLORA_NATIVE_BUILD=${TILLORA_NATIVE_BUILD:-build/native}
+export TILLORA_WINDOWS_BUILD=${TILLORA_WINDOWS_BUILD:-build/windows-x64}
+
+todo=()
+declare -A seen
+for build in "$TILLORA_NATIVE_BUILD" "$TILLORA_WINDOWS_BUILD"; do
+  [ -e "$build/compile_commands.json" ] || continue
+  while IFS=$'\t' read -r source hash; do
+    [[ $source == *.cpp && $source != tests/* && $source != bench/* ]] || continue
+    [ -z "${seen[$source]:-}" ] || continue
+    [ "$#" = 0 ] || [[ " $* " == *" $source "* ]] || continue
+    seen[$source]=1
+    [ -z "$all" ] && [ -e "$passed/$hash" ] || todo+=("$build" "$source" "$passed/$hash")
+  done < <(fingerprints "$build")
+done
+
+[ "${#seen[@]}" -gt 0 ] || die "nothing to analyse: build the presets first"
+say "clang-tidy: $((${#todo[@]} / 3)) of ${#seen[@]} files to analyse"
+[ "${#todo[@]}" -eq 0 ] ||
+  printf '%s\0' "${todo[@]}" | xargs -0 -n 3 -P "$(nproc)" bash -c 'analyse "$@"' _

@@ -1,0 +1,137 @@
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include "host/automation/class_factory.h"
+#include "host/options_saved_message.h"
+#include "tests/host/automation/late_bound.h"
+
+namespace tillora::host::automation {
+namespace {
+
+LateBound make(const CreatableClass& creatable) {
+  return LateBound(ComPtr<IDispatch>::adopt(creatable.create()));
+}
+
+TEST(AppObjectTest, HasATitleAndTheProgramsFolder) {
+  const LateBound app = make(kShopClass).object(L"App");
+  EXPECT_EQ(app.call(L"Title").text(), u"Tillora Administrator");
+  const Text path = app.call(L"Path").text();
+  ASSERT_FALSE(path.empty());
+  EXPECT_NE(path.back(), u'\\');
+  EXPECT_EQ(app.put(L"Title", u"Other Program").result, S_OK);
+  EXPECT_EQ(app.call(L"Title").text(), u"Other Program");
+  EXPECT_EQ(app.put(L"Path", u"C:\\Elsewhere").result, S_OK);
+  EXPECT_EQ(app.call(L"Path").text(), u"C:\\Elsewhere");
+}
+
+/// A top-level window that keeps what it hears of saves.
+class Listener {
+ public:
+  Listener() {
+    WNDCLASSW description{};
+    description.lpfnWndProc = procedure;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = L"TilloraTestListener";
+    RegisterClassW(&description);
+    window_ = CreateWindowExW(0, description.lpszClassName, L"", WS_OVERLAPPED, 0, 0, 10, 10,
+                              nullptr, nullptr, description.hInstance, nullptr);
+    number_ = RegisterWindowMessageW(OptionsSavedMessage::kName);
+  }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+  ~Listener() { DestroyWindow(window_); }
+
+  double wait() {
+    heard_ = 0;
+    const ULONGLONG end = GetTickCount64() + 5000;
+    MSG message;
+    while (heard_ == 0 && GetTickCount64() < end) {
+      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+      Sleep(1);
+    }
+    return heard_;
+  }
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM other) {
+    if (message == number_) {
+      heard_ =
+          OptionsSavedMessage{static_cast<std::uint32_t>(wide), static_cast<std::uint32_t>(other)}
+              .when()
+              .days;
+    }
+    return DefWindowProcW(window, message, wide, other);
+  }
+
+  static inline UINT number_ = 0;
+  static inline double heard_ = 0;
+  HWND window_ = nullptr;
+};
+
+TEST(MessageSenderObjectTest, EveryTopLevelWindowHearsTheTimeOfTheSave) {
+  Listener listener;
+  const LateBound sender = make(kShopClass).object(L"Messages");
+  const double when = 45678.987654321;
+  EXPECT_EQ(sender.call(L"Send", DateTime{when}).result, S_OK);
+  EXPECT_EQ(listener.wait(), when);
+}
+
+/// Presses a button of the message box with this title as soon as it is there.
+class Presser {
+ public:
+  Presser(const wchar_t* title, int button) {
+    title_ = title;
+    button_ = button;
+    texts_.clear();
+    timer_ = SetTimer(nullptr, 0, 20, tick);
+  }
+  Presser(const Presser&) = delete;
+  Presser& operator=(const Presser&) = delete;
+  ~Presser() { KillTimer(nullptr, timer_); }
+
+  static const Text& texts() { return texts_; }
+
+ private:
+  static BOOL CALLBACK collect(HWND child, LPARAM) {
+    wchar_t text[512];
+    texts_ += win32::fromWide(text, static_cast<std::size_t>(GetWindowTextW(child, text, 512)));
+    texts_ += u'/';
+    return TRUE;
+  }
+  static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND box = FindWindowW(L"#32770", title_);
+    if (box == nullptr || !texts_.empty()) return;
+    EnumChildWindows(box, collect, 0);
+    PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button_), 0);
+  }
+
+  static inline const wchar_t* title_ = nullptr;
+  static inline int button_ = 0;
+  static inline Text texts_;
+  UINT_PTR timer_ = 0;
+};
+
+TEST(HostMessageBoxObjectTest, ShowsTheTextsAndReturnsTheButton) {
+  const LateBound box = make(kHostMessageBoxClass);
+  EXPECT_EQ(box.put(L"SettingsStore", static_cast<IDispatch*>(nullptr)).result, S_OK);
+  {
+    const Presser presser(L"Delete grade", IDNO);
+    const Answer answer =
+        box.call(L"Show", u"Are you sure ?", std::int32_t{292}, u"Delete grade", u"It is used.");
+    EXPECT_EQ(answer.value.get().lVal, IDNO);
+    EXPECT_NE(Presser::texts().find(u"Are you sure ?\r\n\r\nIt is used."), Text::npos)
+        << toUtf8(Presser::texts());
+  }
+  const Presser presser(L"Tillora", IDOK);
+  EXPECT_EQ(box.call(L"Show", u"Wrong.", std::int32_t{48}, u"Tillora").value.get().lVal, IDOK);
+  EXPECT_NE(Presser::texts().find(u"Wrong.\u002F"), Text::npos) << toUtf8(Presser::texts());
+}
+
+TEST(HostMessageBoxObjectTest, TheSecondaryTextMayBeLeftOut) {
+  const LateBound box = make(kHostMessageBoxClass);
+  EXPECT_EQ(box.call(L"Show", u"a", std::int32_t{48}).result, DISP_E_BADPARAMCOUNT);
+  EXPECT_EQ(box.call(L"SettingsStore").result, DISP_E_MEMBERNOTFOUND);
+}
+
+}  // namespace
+}  // namespace tillora::host::automation
