@@ -7,19 +7,20 @@
 #include "component/automation/host_adapters.h"
 #include "component/automation/host_failure.h"
 #include "support/win32/platform_message_box.h"
+#include "support/win32/wide_text.h"
 
 namespace tillora::automation {
 
 std::unique_ptr<HostMessageBox> AutomationMessageBoxes::create() {
   CLSID hostClass;
-  if (FAILED(CLSIDFromProgID(L"TilloraHost.HostMessageBox", &hostClass))) {
+  if (FAILED(CLSIDFromProgID(win32::wide(programId_), &hostClass))) {
     return std::make_unique<win32::PlatformMessageBox>();
   }
   win32::ComPtr<IDispatch> box;
   const HRESULT created =
       CoCreateInstance(hostClass, nullptr, CLSCTX_SERVER, IID_IDispatch, box.outVoid());
   if (created == REGDB_E_CLASSNOTREG) return std::make_unique<win32::PlatformMessageBox>();
-  if (FAILED(created)) throw plainFailure(created, u"TilloraHost", u"HostMessageBox");
+  if (FAILED(created)) throw plainFailure(created, programId_, u"create");
   return makeHostMessageBox(std::move(box));
 }
 

@@ -4,12 +4,17 @@
 
 namespace tillora::automation {
 
-/// The host's registered message box class, TilloraHost.HostMessageBox, a new object each time; the
-/// system's message box where no such class is registered. A class that is registered but cannot be
-/// created is a failure of the host.
+/// The host's registered message box class, a new object each time; the system's message box where
+/// no such class is registered. A class that is registered but cannot be created is a failure of the
+/// host.
 class AutomationMessageBoxes final : public MessageBoxes {
  public:
+  explicit AutomationMessageBoxes(const char16_t* programId = u"TilloraHost.HostMessageBox")
+      : programId_(programId) {}
   std::unique_ptr<HostMessageBox> create() override;
+
+ private:
+  const char16_t* programId_;
 };
 
 }  // namespace tillora::automation

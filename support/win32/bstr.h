@@ -39,7 +39,9 @@ class Bstr {
 
   Text text() const { return textOf(string_); }
   /// A copy of a string that someone else owns; null is empty.
-  static Text textOf(BSTR string) { return fromWide(string, SysStringLen(string)); }
+  static Text textOf(BSTR string) {
+    return string == nullptr ? Text{} : fromWide(string, SysStringLen(string));
+  }
 
  private:
   BSTR string_ = nullptr;
