@@ -8,15 +8,13 @@ set(TILLORA_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Source folder of Goog
 add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 
 # The same test drives forms without windows natively and real windows on Windows: makeDesk() is
-# defined in headless_desk.cpp for the one and in win32/ for the other.
+# defined in headless_make_desk.cpp for the one and in win32/ for the other. Windows tests of other things
+# than windows use the headless desk by its own name.
 set(testing_folders tests/testing)
 if(WIN32)
   list(APPEND testing_folders tests/testing/win32)
 endif()
 tillora_sources(testing_sources FOLDERS ${testing_folders})
-if(WIN32)
-  list(FILTER testing_sources EXCLUDE REGEX "/headless_[^/]*$")
-endif()
 if(testing_sources)
   add_library(tillora_testing STATIC ${testing_sources})
   tillora_link(tillora_testing
@@ -37,6 +35,7 @@ if(windows_tests)
 endif()
 
 if(WIN32)
+  tillora_windows_program(drive FOLDER tests/drive LINK tillora_testing)
   tillora_program(windows_tests
     SOURCES ${windows_tests} ${shared_tests}
     LINK tillora_testing tillora_host_automation tillora_automation

@@ -87,6 +87,3 @@ tillora_windows_program(TilloraAdministrator GUI
   LINK tillora_shop tillora_win32 tillora_core)
 tillora_windows_program(TilloraTerminal GUI FOLDER host/terminal LINK tillora_core)
 tillora_windows_program(cpp_client FOLDER clients/cpp)
-if(TILLORA_TESTS OR NOT DEFINED TILLORA_TESTS)
-  tillora_windows_program(drive FOLDER tests/drive)
-endif()

@@ -63,15 +63,16 @@ void createTable(ShopFile& file, const TableSchema& table) {
     columns += quotedName(column.field.name);
     columns += column.type == ColumnType::Text ? " TEXT" : " INTEGER";
   }
-  file.execute(("CREATE TABLE " + tableName + " (" + columns + ")").c_str(), kObject);
+  const std::string create = "CREATE TABLE " + tableName + " (" + columns + ")";
+  file.execute(create.c_str(), kObject);
 
   for (const Column& column : table.columns) {
     if (!column.indexed) continue;
-    const std::string name = quotedName(fromUtf8(table.name) + u"_by_" + column.field.name);
-    file.execute(
-        ("CREATE INDEX " + name + " ON " + tableName + " (" + quotedName(column.field.name) + ")")
-            .c_str(),
-        kObject);
+    const std::string columnName = quotedName(column.field.name);
+    std::string index = "CREATE INDEX ";
+    index += quotedName(fromUtf8(table.name) + u"_by_" + column.field.name);
+    index += " ON " + tableName + " (" + columnName + ")";
+    file.execute(index.c_str(), kObject);
   }
 }
 

@@ -59,8 +59,8 @@ bool sameName(TextView left, TextView right) {
   const auto upper = [](char16_t c) {
     return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
   };
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [&](char16_t a, char16_t b) { return upper(a) == upper(b); });
+  return std::ranges::equal(left, right,
+                            [&](char16_t a, char16_t b) { return upper(a) == upper(b); });
 }
 
 }  // namespace tillora::host

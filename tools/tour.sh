@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # tour.sh BUILD OUT [DPI]: shows the dialog on every tab and one edit that is applied.
 #
-# Leaves in OUT: a picture per tab (tab-01.png ...), the edited and the applied state, and tour.txt,
-# the log of the host's events with what its database holds before and after. Uses a display and a
-# prefix of its own, whose shop database is made anew.
+# Leaves in OUT: a picture per tab (tab-01.png ...), the edited and the applied state, and tour.txt:
+# what the edit changed in the shop database and what the host was told. Uses a display and a prefix
+# of its own and a new shop database, which stays in OUT.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
@@ -28,10 +28,7 @@ administrator() {
     --log "$(wine_path "$out/events.log")" "${@:2}"
 }
 
-# window_of TITLE: its id, as soon as it is visible.
-window_of() {
-  timeout 30 xdotool search --sync --onlyvisible --name "$1" 2>/dev/null | tail -1
-}
+drive() { wine_run 60 "$build/drive.exe" "$@"; }
 
 # picture NAME: the dialog as it looks once two pictures in a row agree.
 picture() {
@@ -42,7 +39,8 @@ picture() {
     before=$now
     sleep 0.15
   done
-  local geometry
+  local window geometry
+  window=$(xdotool search --onlyvisible --name '^Options$' | tail -1)
   eval "$(xdotool getwindowgeometry --shell "$window")"
   geometry=${WIDTH}x${HEIGHT}+${X}+${Y}
   import -window root -crop "$geometry" +repage "$out/$1.png"
@@ -51,12 +49,11 @@ picture() {
 open_on() {
   administrator 120 --options "$1" &
   administrator_pid=$!
-  window=$(window_of '^Options$')
-  [ -n "$window" ] || die "the dialog did not open on tab $1; see $WINE_LOG"
+  drive wait Options 30 || die "the dialog did not open on tab $1; see $WINE_LOG"
 }
 
 close_dialog() {
-  xdotool key --clearmodifiers Escape
+  drive key ESC
   wait "$administrator_pid" || warn "the program ended with an error; see $WINE_LOG"
 }
 
@@ -75,10 +72,11 @@ for tab in $(seq "$TABS"); do
 done
 
 dump before
+rm -f "$out/events.log"
 open_on 1
-xdotool key --clearmodifiers ctrl+a type --clearmodifiers "$NEW_NAME"
+drive key CTRL+A -- type "$NEW_NAME"
 picture edited
-xdotool key --clearmodifiers alt+a
+drive key ALT+A
 picture applied
 close_dialog
 dump after
@@ -93,6 +91,6 @@ dump after
   echo "What the host was told:"
   tr -d '\r' <"$out/events.log"
 } >"$out/tour.txt"
-rm -f "$out/before.txt" "$out/after.txt"
+rm -f "$out/before.txt" "$out/after.txt" "$out/events.log"
 cat "$out/tour.txt"
 say "pictures and text are in $out"

@@ -1,7 +1,8 @@
 # Private Wine prefixes and displays for tests and demonstrations. Sourced after common.sh.
 #
 #   wine_open NAME 64|32 [DPI]   makes the prefix build/wine/NAME when missing, starts its server;
-#                                afterwards `wine_run` and tools/wine_exec.sh use it
+#                                afterwards `wine_run` and tools/wine_exec.sh use it. With
+#                                WINE_MANAGED=Y its windows are left to a window manager
 #   wine_run SECONDS PROGRAM...  runs a program in it with a time limit
 #   display_open                 starts an X server of our own on a free display and sets DISPLAY
 # Both are closed when the script ends.
@@ -24,7 +25,7 @@ REGEDIT4
 "ShowCrashDialog"=dword:00000000
 
 [HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]
-"Managed"="N"
+"Managed"="${WINE_MANAGED:-N}"
 
 [HKEY_CURRENT_USER\\Control Panel\\Desktop]
 "LogPixels"=dword:$(printf '%08x' "$dpi")
@@ -82,7 +83,7 @@ wine_open() {
   fi
   mkdir -p "$WINE_HOME"
   WINE_LOG=$WINE_HOME/$name.log
-  WINE_STAMP="$WINE_SETTINGS_VERSION $bits $dpi $WINE_RUNNER"
+  WINE_STAMP="$WINE_SETTINGS_VERSION $bits $dpi ${WINE_MANAGED:-N} $WINE_RUNNER"
   : >"$WINE_LOG"
   if [ "$(cat "$WINEPREFIX/tillora.stamp" 2>/dev/null)" != "$WINE_STAMP" ]; then
     wine_make_prefix "$dpi" || { warn "the Wine prefix could not be made; see $WINE_LOG"; return 1; }

@@ -1,4 +1,5 @@
-// Opens the options dialog from C++ through the generated header: early bound, with the events heard.
+// Opens the options dialog from C++ through the generated header: early bound, with the events
+// heard.
 //
 //   cpp_client DATABASE [TAB]
 #include <windows.h>
@@ -124,6 +125,7 @@ int showOptions(const wchar_t* database, short tab) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(misc-use-internal-linkage): the system calls it.
 int wmain(int count, wchar_t** arguments) {
   if (count < 2) {
     std::printf("usage: cpp_client DATABASE [TAB]\n");

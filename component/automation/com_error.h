@@ -6,9 +6,9 @@
 
 namespace tillora::automation {
 
-/// Turns the exception being handled into a result and, for callers that ask, into the thread's error
-/// object. An Error keeps number, source, description and help; std::bad_alloc is E_OUTOFMEMORY; any
-/// other is E_FAIL with its text. For use inside a catch block.
+/// Turns the exception being handled into a result and, for callers that ask, into the thread's
+/// error object. An Error keeps number, source, description and help; std::bad_alloc is
+/// E_OUTOFMEMORY; any other is E_FAIL with its text. For use inside a catch block.
 HRESULT reportCurrentException(const IID& interfaceId) noexcept;
 
 /// The wall of every entry from outside: runs `body`; no exception leaves.

@@ -28,8 +28,7 @@ void ConnectionPoint::raise(DISPID event, std::int32_t& value) {
 }
 
 bool ConnectionPoint::isAdvised(DWORD cookie) const {
-  return std::any_of(listeners_.begin(), listeners_.end(),
-                     [cookie](const Listener& listener) { return listener.cookie == cookie; });
+  return std::ranges::find(listeners_, cookie, &Listener::cookie) != listeners_.end();
 }
 
 HRESULT ConnectionPoint::QueryInterface(REFIID id, void** object) {
@@ -68,9 +67,7 @@ HRESULT ConnectionPoint::Advise(IUnknown* listener, DWORD* cookie) {
 }
 
 HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
-  const auto found =
-      std::find_if(listeners_.begin(), listeners_.end(),
-                   [cookie](const Listener& listener) { return listener.cookie == cookie; });
+  const auto found = std::ranges::find(listeners_, cookie, &Listener::cookie);
   if (found == listeners_.end()) return CONNECT_E_NOCONNECTION;
   // Released last: it may call back.
   const Listener gone = std::move(*found);
@@ -83,6 +80,7 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) {
   *connections = nullptr;
   return guarded(IID_IConnectionPoint, [&] {
     std::vector<Connection> items;
+    items.reserve(listeners_.size());
     for (const Listener& listener : listeners_) {
       items.push_back({ComPtr<IUnknown>(listener.object.get()), listener.cookie});
     }

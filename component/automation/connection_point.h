@@ -3,8 +3,8 @@
 #include <windows.h>
 
 #include <ocidl.h>
-#include <olectl.h>
 #include <oleauto.h>
+#include <olectl.h>
 
 #include <cstdint>
 #include <vector>

@@ -1,6 +1,7 @@
 #include "component/automation/dispatch_object.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "component/automation/host_failure.h"
 
@@ -16,7 +17,7 @@ DispatchObject::DispatchObject(ComPtr<IDispatch> object, const char16_t* name)
 bool DispatchObject::knows(const char16_t* member) { return SUCCEEDED(find(member).lookUp); }
 
 const DispatchObject::Member& DispatchObject::find(const char16_t* member) {
-  const auto known = std::find_if(members_.begin(), members_.end(), [member](const Member& m) {
+  const auto known = std::ranges::find_if(members_, [member](const Member& m) {
     return m.name == member || TextView(m.name) == TextView(member);
   });
   if (known != members_.end()) return *known;
@@ -27,8 +28,7 @@ const DispatchObject::Member& DispatchObject::find(const char16_t* member) {
 DispatchObject::Member DispatchObject::lookUp(const char16_t* member) {
   auto* name = const_cast<wchar_t*>(win32::wide(member));
   DISPID id = DISPID_UNKNOWN;
-  const HRESULT byName =
-      object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+  const HRESULT byName = object_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
   if (byName != E_NOTIMPL) return {member, id, byName, false};
 
   if (!namesEx_) namesEx_ = object_.query<IDispatchEx>();
@@ -63,8 +63,8 @@ Variant DispatchObject::converted(const Variant& value, VARTYPE type,
                                   const char16_t* member) const {
   Variant result;
   // Not every platform header has the source as const, though none changes it.
-  const HRESULT changed = VariantChangeTypeEx(
-      result.out(), const_cast<VARIANT*>(&value.get()), LOCALE_USER_DEFAULT, 0, type);
+  const HRESULT changed = VariantChangeTypeEx(result.out(), const_cast<VARIANT*>(&value.get()),
+                                              LOCALE_USER_DEFAULT, 0, type);
   if (SUCCEEDED(changed)) return result;
   if (changed == DISP_E_OVERFLOW) {
     throw failure(error::overflow, member, u"gave a value that is too large");
@@ -92,8 +92,8 @@ Variant DispatchObject::invoke(WORD flags, const char16_t* member, std::span<Var
   // Invoke takes arguments from the last to the first. They stay owned by `arguments`.
   constexpr std::size_t kMaximum = 4;
   std::array<VARIANTARG, kMaximum> reversed;
-  std::transform(arguments.rbegin(), arguments.rend(), reversed.begin(),
-                 [](const Variant& value) { return value.get(); });
+  std::ranges::transform(std::views::reverse(arguments), reversed.begin(),
+                         [](const Variant& value) { return value.get(); });
   const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPID newValue = DISPID_PROPERTYPUT;
   DISPPARAMS parameters{reversed.data(), isPut ? &newValue : nullptr,
@@ -126,8 +126,8 @@ HRESULT DispatchObject::invokeOnce(const Member& member, WORD flags, DISPPARAMS&
   VARIANT* const wanted =
       (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 ? nullptr : result.out();
   if (member.viaNamesEx) {
-    return namesEx_->InvokeEx(member.id, LOCALE_USER_DEFAULT, flags, &parameters, wanted,
-                              exception, nullptr);
+    return namesEx_->InvokeEx(member.id, LOCALE_USER_DEFAULT, flags, &parameters, wanted, exception,
+                              nullptr);
   }
   UINT argument = 0;
   return object_->Invoke(member.id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, wanted,

@@ -15,8 +15,8 @@
 
 namespace tillora::automation {
 
-/// One automation object of the host, called by member names: the one place through which every call
-/// of a host object goes.
+/// One automation object of the host, called by member names: the one place through which every
+/// call of a host object goes.
 ///
 /// A name's id is looked up once per object. Objects that know their names only through IDispatchEx
 /// (classes of a script) are called through it. Arguments go by value. A failure is raised as an
@@ -38,9 +38,9 @@ class DispatchObject {
   /// A property's value, as the host gave it.
   template <class... Arguments>
   Variant get(const char16_t* member, const Arguments&... arguments) {
-    return pass(sizeof...(arguments) == 0 ? DISPATCH_PROPERTYGET
-                                          : DISPATCH_PROPERTYGET | DISPATCH_METHOD,
-                member, arguments...);
+    return pass(
+        sizeof...(arguments) == 0 ? DISPATCH_PROPERTYGET : DISPATCH_PROPERTYGET | DISPATCH_METHOD,
+        member, arguments...);
   }
   /// The last argument is the new value, those before it are the property's parameters.
   template <class... Arguments>

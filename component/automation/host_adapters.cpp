@@ -140,8 +140,8 @@ std::shared_ptr<MessageSender> makeMessageSender(IDispatch* object) {
 }
 
 std::shared_ptr<ResourceStrings> makeResourceStrings(IDispatch* object) {
-  return adapt<AutomationResourceStrings, ResourceStrings>(
-      object, host_interfaces::resourceStrings, u"ResourceObject");
+  return adapt<AutomationResourceStrings, ResourceStrings>(object, host_interfaces::resourceStrings,
+                                                           u"ResourceObject");
 }
 
 std::shared_ptr<SettingsStore> makeSettingsStore(IDispatch* object) {

@@ -5,8 +5,8 @@
 #include "component/automation/dispatch_object.h"
 #include "component/host_objects.h"
 
-/// The host's automation objects as the core's interfaces. Each make function refuses an object that
-/// does not offer its interface (Error `typeMismatch`); null gives null.
+/// The host's automation objects as the core's interfaces. Each make function refuses an object
+/// that does not offer its interface (Error `typeMismatch`); null gives null.
 namespace tillora::automation {
 
 std::shared_ptr<JetDatabase> makeJetDatabase(IDispatch* object);

@@ -74,7 +74,8 @@ Error hostFailure(HRESULT result, ExceptionInfo& exception, TextView object, Tex
     return fromException(exception.get(), object, member);
   }
   ComPtr<IErrorInfo> info;
-  if (GetErrorInfo(0, info.out()) == S_OK) return fromErrorInfo(*info.get(), result, object, member);
+  if (GetErrorInfo(0, info.out()) == S_OK)
+    return fromErrorInfo(*info.get(), result, object, member);
   return plainFailure(result, object, member);
 }
 
@@ -84,10 +85,9 @@ Error plainFailure(HRESULT result, TextView object, TextView member) {
 
 Text describeResult(HRESULT result) {
   wchar_t* buffer = nullptr;
-  DWORD length = FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
-                                    FORMAT_MESSAGE_IGNORE_INSERTS,
-                                nullptr, static_cast<DWORD>(result), 0,
-                                reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
+  DWORD length = FormatMessageW(
+      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+      nullptr, static_cast<DWORD>(result), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
   const std::unique_ptr<wchar_t, decltype(&LocalFree)> owner(buffer, LocalFree);
   while (length > 0 && (buffer[length - 1] <= L' ' || buffer[length - 1] == L'.')) --length;
 

@@ -23,9 +23,10 @@ class ExceptionInfo {
   EXCEPINFO info_{};
 };
 
-/// The failure of a call as an Error: number, source, description, help file and help context as the
-/// host's object gave them, from the exception information (a deferred part is asked for) or from the
-/// thread's error object. `object` and `member` make up for a source or description that is missing.
+/// The failure of a call as an Error: number, source, description, help file and help context as
+/// the host's object gave them, from the exception information (a deferred part is asked for) or
+/// from the thread's error object. `object` and `member` make up for a source or description that
+/// is missing.
 Error hostFailure(HRESULT result, ExceptionInfo& exception, TextView object, TextView member);
 
 /// The same for a failure that no object explains.

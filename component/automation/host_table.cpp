@@ -26,17 +26,15 @@ class AutomationTable final : public Table {
   Value get(Field field) override {
     return toFieldValue(object_, object_.get(u"Field", field.name), u"Field");
   }
-  void set(Field field, const Value& value) override {
-    object_.put(u"Field", field.name, value);
-  }
+  void set(Field field, const Value& value) override { object_.put(u"Field", field.name, value); }
 
  private:
   DispatchObject object_;
 };
 
 Item readItem(DispatchObject& item) {
-  return {item.getText(u"ItemType"),    item.getText(u"ProductNumber"), item.getText(u"Group"),
-          item.getText(u"Name"),        item.getText(u"Description"),   item.getText(u"Account")};
+  return {item.getText(u"ItemType"), item.getText(u"ProductNumber"), item.getText(u"Group"),
+          item.getText(u"Name"),     item.getText(u"Description"),   item.getText(u"Account")};
 }
 
 PaymentItem readPaymentItem(DispatchObject& item) {

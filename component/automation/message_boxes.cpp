@@ -14,12 +14,12 @@ namespace tillora::automation {
 std::unique_ptr<HostMessageBox> AutomationMessageBoxes::create() {
   CLSID hostClass;
   if (FAILED(CLSIDFromProgID(win32::wide(programId_), &hostClass))) {
-    return std::make_unique<win32::PlatformMessageBox>();
+    return std::make_unique<win32::PlatformMessageBox>(owner_());
   }
   win32::ComPtr<IDispatch> box;
   const HRESULT created =
       CoCreateInstance(hostClass, nullptr, CLSCTX_SERVER, IID_IDispatch, box.outVoid());
-  if (created == REGDB_E_CLASSNOTREG) return std::make_unique<win32::PlatformMessageBox>();
+  if (created == REGDB_E_CLASSNOTREG) return std::make_unique<win32::PlatformMessageBox>(owner_());
   if (FAILED(created)) throw plainFailure(created, programId_, u"create");
   return makeHostMessageBox(std::move(box));
 }

@@ -1,19 +1,26 @@
 #pragma once
 
+#include <windows.h>
+
+#include <functional>
+
 #include "component/platform.h"
 
 namespace tillora::automation {
 
 /// The host's registered message box class, a new object each time; the system's message box where
-/// no such class is registered. A class that is registered but cannot be created is a failure of the
-/// host.
+/// no such class is registered. A class that is registered but cannot be created is a failure of
+/// the host.
 class AutomationMessageBoxes final : public MessageBoxes {
  public:
-  explicit AutomationMessageBoxes(const char16_t* programId = u"TilloraHost.HostMessageBox")
-      : programId_(programId) {}
+  /// `owner` says which window the system's message box belongs to.
+  explicit AutomationMessageBoxes(std::function<HWND()> owner,
+                                  const char16_t* programId = u"TilloraHost.HostMessageBox")
+      : owner_(std::move(owner)), programId_(programId) {}
   std::unique_ptr<HostMessageBox> create() override;
 
  private:
+  std::function<HWND()> owner_;
   const char16_t* programId_;
 };
 

@@ -9,8 +9,8 @@ using win32::ComPtr;
 namespace {
 
 constexpr const char16_t* kJetDatabase[] = {
-    u"OptionsRecord", u"ClassTable",      u"AccountTable",  u"RandomPriceTable",
-    u"GradeTable",    u"WebSiteTable",    u"CurrencyTable", u"ItemList",
+    u"OptionsRecord",   u"ClassTable",    u"AccountTable",  u"RandomPriceTable",
+    u"GradeTable",      u"WebSiteTable",  u"CurrencyTable", u"ItemList",
     u"PaymentItemList", u"TerminalCount", u"DataFile",
 };
 constexpr const char16_t* kMessageSender[] = {u"Send"};
@@ -27,8 +27,7 @@ const HostInterface resourceStrings{u"ResourceStrings", &DIID_ResourceStrings, k
 const HostInterface settingsStore{u"SettingsStore", &DIID_SettingsStore, kSettingsStore};
 }  // namespace host_interfaces
 
-DispatchObject requireInterface(IDispatch& object, const HostInterface& wanted,
-                                TextView property) {
+DispatchObject requireInterface(IDispatch& object, const HostInterface& wanted, TextView property) {
   const ComPtr<IDispatch> given(&object);
   if (auto offered = given.query<IDispatch>(*wanted.id)) return {std::move(offered), wanted.name};
 

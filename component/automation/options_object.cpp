@@ -1,5 +1,6 @@
 #include "component/automation/options_object.h"
 
+#include <algorithm>
 #include <array>
 
 #include "component/automation/enumerators.h"
@@ -24,9 +25,7 @@ void replace(std::shared_ptr<Interface>& held, std::shared_ptr<Interface> given)
 }  // namespace
 
 OptionsObject::OptionsObject(std::unique_ptr<Services> services)
-    : services_(std::move(services)),
-      events_(*this, kEventsId),
-      options_(services_->platform()) {
+    : services_(std::move(services)), events_(*this, kEventsId), options_(services_->platform()) {
   options_.OptionsChanged = [this](std::int32_t& changes) {
     events_.raise(kOptionsChanged, changes);
   };
@@ -62,8 +61,7 @@ HRESULT OptionsObject::putref_MsgSndObject(IDispatch* sender) {
 }
 
 HRESULT OptionsObject::put_LVFileExtension(BSTR extension) {
-  return guarded(kInterfaceId,
-                 [&] { options_.LVFileExtension = win32::Bstr::textOf(extension); });
+  return guarded(kInterfaceId, [&] { options_.LVFileExtension = win32::Bstr::textOf(extension); });
 }
 
 HRESULT OptionsObject::putref_ResourceObject(IDispatch* strings) {
@@ -112,8 +110,7 @@ void* OptionsObject::findOwnInterface(REFIID id) {
 
 WORD OptionsObject::acceptedFlags(DISPID member, WORD flags) const {
   // Some clients assign objects with a plain put.
-  const bool isObject = std::find(kObjectProperties.begin(), kObjectProperties.end(), member) !=
-                        kObjectProperties.end();
+  const bool isObject = std::ranges::find(kObjectProperties, member) != kObjectProperties.end();
   return isObject && flags == DISPATCH_PROPERTYPUT ? WORD{DISPATCH_PROPERTYPUTREF} : flags;
 }
 

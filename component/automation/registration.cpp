@@ -2,7 +2,6 @@
 
 #include <oleauto.h>
 
-
 #include "TilloraOptions.h"
 #include "component/automation/com_error.h"
 #include "component/automation/module.h"
@@ -60,8 +59,8 @@ class ClassesKey {
   HKEY root_;
 };
 
-/// Makes the user's own classes those of the process while it lives. The platform's function for one
-/// user needs no such thing; elsewhere it registers for all.
+/// Makes the user's own classes those of the process while it lives. The platform's function for
+/// one user needs no such thing; elsewhere it registers for all.
 class UserClasses {
  public:
   UserClasses() {

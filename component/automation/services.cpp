@@ -18,7 +18,7 @@ class SystemServices final : public Services {
 
  private:
   ui::win32::Screen screen_;
-  AutomationMessageBoxes messageBoxes_;
+  AutomationMessageBoxes messageBoxes_{[this] { return screen_.topWindow(); }};
   win32::SystemClock clock_;
   win32::HelpViewer help_;
 };

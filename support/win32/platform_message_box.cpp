@@ -1,7 +1,5 @@
 #include "support/win32/platform_message_box.h"
 
-#include <windows.h>
-
 #include "support/win32/wide_text.h"
 
 namespace tillora::win32 {
@@ -15,8 +13,8 @@ MessageResult PlatformMessageBox::show(TextView text, std::int32_t style, TextVi
     whole += u"\r\n\r\n";
     whole += secondaryText;
   }
-  const int button = MessageBoxW(GetActiveWindow(), wide(whole), wide(Text(title)),
-                                 static_cast<UINT>(style));
+  const int button = MessageBoxW(owner_ != nullptr ? owner_ : GetActiveWindow(), wide(whole),
+                                 wide(Text(title)), static_cast<UINT>(style));
   // 0: it could not be shown. Whoever asks must not take that for a yes.
   return button == 0 ? MessageResult::cancel : static_cast<MessageResult>(button);
 }

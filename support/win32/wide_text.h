@@ -14,9 +14,7 @@ static_assert(sizeof(wchar_t) == sizeof(char16_t));
 inline const wchar_t* wide(const Text& text) {
   return reinterpret_cast<const wchar_t*>(text.c_str());
 }
-inline const wchar_t* wide(const char16_t* text) {
-  return reinterpret_cast<const wchar_t*>(text);
-}
+inline const wchar_t* wide(const char16_t* text) { return reinterpret_cast<const wchar_t*>(text); }
 
 /// A copy of `length` characters; NULs inside survive.
 inline Text fromWide(const wchar_t* text, std::size_t length) {

@@ -89,7 +89,7 @@ class ControlView {
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR view);
+                                    UINT_PTR id, DWORD_PTR data);
 
   DialogWindow& dialog_;
   Control& control_;

@@ -2,7 +2,7 @@
 #include <utility>
 
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/win32_screen.h"
+#include "ui/win32/screen.h"
 
 namespace tillora::ui::win32 {
 

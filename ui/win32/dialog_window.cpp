@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "ui/lists.h"
+#include "ui/win32/screen.h"
 #include "ui/win32/view_factory.h"
 #include "ui/win32/wide.h"
-#include "ui/win32/win32_screen.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -38,8 +38,7 @@ void throwLastError(const char* function) {
   throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), function);
 }
 
-DialogWindow::DialogWindow(Win32Screen& screen, Form& form, HWND owner)
-    : screen_(screen), form_(form) {
+DialogWindow::DialogWindow(Screen& screen, Form& form, HWND owner) : screen_(screen), form_(form) {
   const EmptyTemplate empty;
   window_ = CreateDialogIndirectParamW(thisModule(), &empty.header, owner, &procedure,
                                        reinterpret_cast<LPARAM>(this));

@@ -14,7 +14,7 @@
 
 namespace tillora::ui::win32 {
 
-class Win32Screen;
+class Screen;
 
 /// The window of a form and, through their views, of its controls.
 ///
@@ -23,7 +23,7 @@ class DialogWindow final : public FormView {
  public:
   /// Creates the hidden window with all that is visible of the form, centred on `owner` (or on the
   /// screen for none). The form and the screen outlive the window.
-  DialogWindow(Win32Screen& screen, Form& form, HWND owner);
+  DialogWindow(Screen& screen, Form& form, HWND owner);
   ~DialogWindow() override;
 
   // FormView.
@@ -95,7 +95,7 @@ class DialogWindow final : public FormView {
   void readBackActive();
   void showKeyboardCues(WPARAM key, bool alt);
 
-  Win32Screen& screen_;
+  Screen& screen_;
   Form& form_;
   std::shared_ptr<FrameClass> frameClass_ = FrameClass::get();
   HWND window_ = nullptr;

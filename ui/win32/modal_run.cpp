@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ui/win32/win32_screen.h"
+#include "ui/win32/screen.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -31,7 +31,7 @@ BOOL CALLBACK collectEnabled(HWND window, LPARAM found) {
 
 }  // namespace
 
-ModalRun::ModalRun(Win32Screen& screen, Form& form)
+ModalRun::ModalRun(Screen& screen, Form& form)
     : screen_(screen),
       form_(form),
       owner_(screen.topWindow() ? screen.topWindow() : hostWindow()),

@@ -10,13 +10,13 @@
 
 namespace tillora::ui::win32 {
 
-class Win32Screen;
+class Screen;
 
 /// One form shown modally: while it lives, every other window of the thread is disabled. Its end,
 /// in whatever way, leaves windows, focus and pointer as they were before.
 class ModalRun {
  public:
-  ModalRun(Win32Screen& screen, Form& form);
+  ModalRun(Screen& screen, Form& form);
   ModalRun(const ModalRun&) = delete;
   ModalRun& operator=(const ModalRun&) = delete;
   ~ModalRun();
@@ -37,7 +37,7 @@ class ModalRun {
   void disableOthers();
   void throwFailure() const;
 
-  Win32Screen& screen_;
+  Screen& screen_;
   Form& form_;
   VisualStyles styles_;
   HWND owner_;

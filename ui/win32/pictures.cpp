@@ -92,9 +92,10 @@ std::uint32_t pixel(PictureId picture, int column, int row, int side) {
   Rgb sum;
   int painted = 0;
   for (int i = 0; i < kSamples * kSamples; ++i) {
-    const double x = (column + (i % kSamples + 0.5) / kSamples) / side;
-    const double y = (row + (i / kSamples + 0.5) / kSamples) / side;
-    const Sample one = sample(picture, x, y);
+    const int across = i % kSamples;
+    const int down = i / kSamples;
+    const Sample one = sample(picture, (column + (across + 0.5) / kSamples) / side,
+                              (row + (down + 0.5) / kSamples) / side);
     if (!one.painted) continue;
     ++painted;
     sum.red += one.colour.red;
@@ -123,7 +124,7 @@ Icon makeIcon(PictureId picture, int side) {
   if (!colours) return {};
   auto* pixels = static_cast<std::uint32_t*>(bits);
   // The mask is for what knows no alpha channel: set where the ground shows.
-  const auto maskRow = static_cast<std::size_t>((side + 15) / 16 * 2);
+  const std::size_t maskRow = (static_cast<std::size_t>(side) + 15) / 16 * 2;
   std::vector<std::uint8_t> mask(maskRow * static_cast<std::size_t>(side));
   for (int row = 0; row < side; ++row) {
     for (int column = 0; column < side; ++column) {

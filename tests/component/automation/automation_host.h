@@ -146,9 +146,9 @@ class AutomationHost {
   }
   static Object makeItem(const PaymentItem& item) {
     const Object object = ScriptedObject::make();
-    addTexts(object, {{u"Name", item.name},
-                      {u"Description", item.description},
-                      {u"Account", item.account}});
+    addTexts(
+        object,
+        {{u"Name", item.name}, {u"Description", item.description}, {u"Account", item.account}});
     return object;
   }
   template <class T>
@@ -176,7 +176,8 @@ class AutomationHost {
       return reference(records.back());
     });
     const auto table = [&](const Text& name, std::unique_ptr<Table> (JetDatabase::*open)()) {
-      object->add(name, [shop, open](const Call&) { return reference(makeTable((*shop.*open)())); });
+      object->add(name,
+                  [shop, open](const Call&) { return reference(makeTable((*shop.*open)())); });
     };
     table(u"ClassTable", &JetDatabase::classTable);
     table(u"AccountTable", &JetDatabase::accountTable);
@@ -184,9 +185,8 @@ class AutomationHost {
     table(u"GradeTable", &JetDatabase::gradeTable);
     table(u"WebSiteTable", &JetDatabase::webSiteTable);
     table(u"CurrencyTable", &JetDatabase::currencyTable);
-    object->add(u"ItemList", [shop](const Call&) {
-      return reference(makeCursor<Item>(shop->itemList()));
-    });
+    object->add(u"ItemList",
+                [shop](const Call&) { return reference(makeCursor<Item>(shop->itemList())); });
     object->add(u"PaymentItemList", [shop](const Call&) {
       return reference(makeCursor<PaymentItem>(shop->paymentItemList()));
     });

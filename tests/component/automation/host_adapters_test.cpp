@@ -124,7 +124,9 @@ INSTANTIATE_TEST_SUITE_P(
         Answer{"word", [] { return Variant(u"many"); }, {}, error::typeMismatch},
         Answer{"error", errorVariant, {}, error::typeMismatch},
         Answer{"array", arrayVariant, {}, error::typeMismatch},
-        Answer{"nothing", [] { return Variant(static_cast<IDispatch*>(nullptr)); }, {},
+        Answer{"nothing",
+               [] { return Variant(static_cast<IDispatch*>(nullptr)); },
+               {},
                DISP_E_TYPEMISMATCH}));
 
 TEST_F(HostAdaptersTest, FieldsOfOtherTypesComeAsTheNearestOne) {

@@ -8,9 +8,11 @@
 namespace tillora::automation {
 namespace {
 
+HWND noOwner() { return nullptr; }
+
 TEST(MessageBoxesTest, WithoutARegisteredClassThePlatformsBoxIsUsed) {
   const testing::Apartment apartment;
-  const auto box = AutomationMessageBoxes(u"TilloraTest.NoSuchClass").create();
+  const auto box = AutomationMessageBoxes(noOwner, u"TilloraTest.NoSuchClass").create();
   EXPECT_NE(dynamic_cast<win32::PlatformMessageBox*>(box.get()), nullptr);
 }
 
@@ -18,7 +20,7 @@ TEST(MessageBoxesTest, ARegisteredClassIsCreatedAnewEachTime) {
   const testing::Apartment apartment;
   const testing::ServerLibrary server;
   // Any registered class shows it; the component's own counts its objects.
-  AutomationMessageBoxes boxes(u"TilloraOptions.Options");
+  AutomationMessageBoxes boxes(noOwner, u"TilloraOptions.Options");
   const auto first = boxes.create();
   const auto second = boxes.create();
   EXPECT_EQ(dynamic_cast<win32::PlatformMessageBox*>(first.get()), nullptr);

@@ -32,9 +32,8 @@ class OptionsObjectTest : public ::testing::Test {
   }
   /// What the person does while the next dialog is open.
   void whileOpen(std::function<void(frmOptions&)> act) {
-    desk.whenShown([act = std::move(act)](ui::Form& form) {
-      act(dynamic_cast<frmOptions&>(form));
-    });
+    desk.whenShown(
+        [act = std::move(act)](ui::Form& form) { act(dynamic_cast<frmOptions&>(form)); });
   }
   /// Changes the first box of the first tab, the name of the business.
   void rename(frmOptions& dialog, const Text& name) {

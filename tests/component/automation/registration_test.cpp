@@ -69,13 +69,13 @@ bool contains(const std::set<std::wstring>& lines, const std::wstring& part) {
 }
 
 /// Leaves the server as it was found: other tests need it registered.
-class RegistrationTest : public ::testing::Test {
+class OptionsRegistrationTest : public ::testing::Test {
  protected:
-  RegistrationTest() : wasRegistered(contains(classes(HKEY_LOCAL_MACHINE), kClassId)) {
+  OptionsRegistrationTest() : wasRegistered(contains(classes(HKEY_LOCAL_MACHINE), kClassId)) {
     server.unregisterServer();
     server.install(false, L"user");
   }
-  ~RegistrationTest() override {
+  ~OptionsRegistrationTest() override {
     if (wasRegistered) server.registerServer();
   }
 
@@ -85,7 +85,7 @@ class RegistrationTest : public ::testing::Test {
   bool wasRegistered;
 };
 
-TEST_F(RegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
+TEST_F(OptionsRegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
   const auto before = classes(HKEY_LOCAL_MACHINE);
   EXPECT_FALSE(contains(before, kClassId));
   ASSERT_EQ(server.registerServer(), S_OK);
@@ -104,20 +104,20 @@ TEST_F(RegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
   EXPECT_EQ(server.unregisterServer(), S_OK) << "nothing to remove is no failure";
 }
 
-TEST_F(RegistrationTest, PerUserRegistrationTouchesTheUsersKeysOnly) {
+TEST_F(OptionsRegistrationTest, PerUserRegistrationTouchesTheUsersKeysOnly) {
   const auto machine = classes(HKEY_LOCAL_MACHINE);
   const auto before = classes(HKEY_CURRENT_USER);
   ASSERT_EQ(server.install(true, L"user"), S_OK);
   const auto registered = classes(HKEY_CURRENT_USER);
-  EXPECT_TRUE(contains(registered, std::wstring(kClassId) + L"\\InprocServer32 [] " +
-                                       ServerLibrary::path()));
+  EXPECT_TRUE(contains(registered,
+                       std::wstring(kClassId) + L"\\InprocServer32 [] " + ServerLibrary::path()));
   EXPECT_TRUE(contains(registered, L"TilloraOptions.Options\\CLSID"));
   EXPECT_EQ(difference(machine, classes(HKEY_LOCAL_MACHINE)), L"");
   ASSERT_EQ(server.install(false, L"user"), S_OK);
   EXPECT_EQ(difference(before, classes(HKEY_CURRENT_USER)), L"");
 }
 
-TEST_F(RegistrationTest, OtherInstallCommandsAreRefused) {
+TEST_F(OptionsRegistrationTest, OtherInstallCommandsAreRefused) {
   const auto before = classes(HKEY_LOCAL_MACHINE);
   EXPECT_EQ(server.install(true, L"everyone"), E_INVALIDARG);
   EXPECT_EQ(difference(before, classes(HKEY_LOCAL_MACHINE)), L"");

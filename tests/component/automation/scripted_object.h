@@ -30,9 +30,7 @@ struct Call {
   WORD flags = 0;
   std::vector<const VARIANT*> arguments;
 
-  bool isPut() const {
-    return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-  }
+  bool isPut() const { return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0; }
   Text text(std::size_t index) const { return win32::Bstr::textOf(arguments.at(index)->bstrVal); }
 };
 

@@ -39,7 +39,7 @@ class ServerLibrary {
 
   HRESULT getClassObject(REFCLSID classId, REFIID id, void** object) const {
     return function<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(classId, id,
-                                                                                    object);
+                                                                                     object);
   }
   win32::ComPtr<IClassFactory> factory() const {
     win32::ComPtr<IClassFactory> factory;
@@ -54,12 +54,10 @@ class ServerLibrary {
   HRESULT canUnloadNow() const { return function<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
   long liveObjects() const { return function<long(WINAPI*)()>("TilloraLiveObjects")(); }
   HRESULT registerServer() const { return function<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
-  HRESULT unregisterServer() const {
-    return function<HRESULT(WINAPI*)()>("DllUnregisterServer")();
-  }
+  HRESULT unregisterServer() const { return function<HRESULT(WINAPI*)()>("DllUnregisterServer")(); }
   HRESULT install(bool install, const wchar_t* commandLine) const {
     return function<HRESULT(WINAPI*)(BOOL, const wchar_t*)>("DllInstall")(install ? TRUE : FALSE,
-                                                                         commandLine);
+                                                                          commandLine);
   }
 
  private:

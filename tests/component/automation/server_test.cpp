@@ -13,13 +13,13 @@ using testing::ServerLibrary;
 using win32::Bstr;
 using win32::ComPtr;
 
-class ServerTest : public ::testing::Test {
+class OptionsServerTest : public ::testing::Test {
  protected:
   Apartment apartment;
   ServerLibrary server;
 };
 
-TEST_F(ServerTest, TheRegisteredClassIsCreatedByNameAndById) {
+TEST_F(OptionsServerTest, TheRegisteredClassIsCreatedByNameAndById) {
   CLSID id{};
   ASSERT_EQ(CLSIDFromProgID(L"TilloraOptions.Options", &id), S_OK) << "not registered";
   EXPECT_EQ(id, CLSID_Options);
@@ -34,7 +34,7 @@ TEST_F(ServerTest, TheRegisteredClassIsCreatedByNameAndById) {
   EXPECT_EQ(changed, VARIANT_FALSE);
 }
 
-TEST_F(ServerTest, TheRecordClassIsNotCreatable) {
+TEST_F(OptionsServerTest, TheRecordClassIsNotCreatable) {
   ComPtr<IUnknown> record;
   EXPECT_EQ(server.getClassObject(CLSID_clsRandomPrice, IID_IUnknown, record.outVoid()),
             CLASS_E_CLASSNOTAVAILABLE);
@@ -43,7 +43,7 @@ TEST_F(ServerTest, TheRecordClassIsNotCreatable) {
             REGDB_E_CLASSNOTREG);
 }
 
-TEST_F(ServerTest, TheFactoryMakesObjectsAndRefusesAggregation) {
+TEST_F(OptionsServerTest, TheFactoryMakesObjectsAndRefusesAggregation) {
   const auto factory = server.factory();
   ASSERT_TRUE(factory);
   const auto outer = factory.query<IUnknown>();
@@ -56,7 +56,7 @@ TEST_F(ServerTest, TheFactoryMakesObjectsAndRefusesAggregation) {
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, object.outVoid()), S_OK);
 }
 
-TEST_F(ServerTest, CanBeUnloadedExactlyWhenNothingIsLeft) {
+TEST_F(OptionsServerTest, CanBeUnloadedExactlyWhenNothingIsLeft) {
   EXPECT_EQ(server.canUnloadNow(), S_OK);
   auto factory = server.factory();
   EXPECT_EQ(server.canUnloadNow(), S_FALSE);
@@ -78,16 +78,16 @@ TEST_F(ServerTest, CanBeUnloadedExactlyWhenNothingIsLeft) {
   EXPECT_EQ(server.canUnloadNow(), S_OK);
 }
 
-TEST_F(ServerTest, UnknownInterfacesOfTheFactoryAreRefused) {
+TEST_F(OptionsServerTest, UnknownInterfacesOfTheFactoryAreRefused) {
   ComPtr<IUnknown> object;
   EXPECT_EQ(server.getClassObject(CLSID_Options, IID_IDispatch, object.outVoid()), E_NOINTERFACE);
   EXPECT_EQ(server.getClassObject(CLSID_Options, IID_IUnknown, nullptr), E_POINTER);
   EXPECT_EQ(server.canUnloadNow(), S_OK);
 }
 
-class TypeLibraryTest : public ::testing::Test {
+class OptionsTypeLibraryTest : public ::testing::Test {
  protected:
-  TypeLibraryTest() {
+  OptionsTypeLibraryTest() {
     LoadTypeLibEx(ServerLibrary::path().c_str(), REGKIND_NONE, library.out());
   }
 
@@ -119,7 +119,7 @@ class TypeLibraryTest : public ::testing::Test {
   ComPtr<ITypeLib> library;
 };
 
-TEST_F(TypeLibraryTest, HasTheComponentsTypes) {
+TEST_F(OptionsTypeLibraryTest, HasTheComponentsTypes) {
   ASSERT_TRUE(library);
   Bstr name;
   library->GetDocumentation(MEMBERID_NIL, name.out(), nullptr, nullptr, nullptr);
@@ -131,7 +131,7 @@ TEST_F(TypeLibraryTest, HasTheComponentsTypes) {
   }
 }
 
-TEST_F(TypeLibraryTest, TheOptionsRecordHasEveryOptionOfTheTable) {
+TEST_F(OptionsTypeLibraryTest, TheOptionsRecordHasEveryOptionOfTheTable) {
   const auto found = members(DIID_OptionsRecord);
   ASSERT_EQ(found.size(), kOptionTable.size() + 2);
   for (std::size_t index = 0; index < kOptionTable.size(); ++index) {
@@ -142,7 +142,7 @@ TEST_F(TypeLibraryTest, TheOptionsRecordHasEveryOptionOfTheTable) {
   EXPECT_EQ(found[kOptionTable.size() + 1], (std::pair<Text, MEMBERID>(u"Commit", 1001)));
 }
 
-TEST_F(TypeLibraryTest, TheRecordOfRandomPricesHasItsFieldsInOrder) {
+TEST_F(OptionsTypeLibraryTest, TheRecordOfRandomPricesHasItsFieldsInOrder) {
   std::vector<Text> names;
   for (const auto& [name, id] : members(IID__clsRandomPrice)) {
     if (id > 0 && id < 0x60000000) names.push_back(name);
@@ -151,7 +151,7 @@ TEST_F(TypeLibraryTest, TheRecordOfRandomPricesHasItsFieldsInOrder) {
                                       u"msUOMUnitCaption", u"msUOMPriceUnitCaption"}));
 }
 
-TEST_F(TypeLibraryTest, ChangesAreNamed) {
+TEST_F(OptionsTypeLibraryTest, ChangesAreNamed) {
   EXPECT_EQ(static_cast<std::int32_t>(::CurrencyMargin),
             static_cast<std::int32_t>(OptionChange::CurrencyMargin));
   ComPtr<ITypeInfo> info;

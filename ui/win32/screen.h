@@ -14,10 +14,10 @@ class ModalRun;
 
 /// The desktop of the calling thread. Forms are shown in real windows, owned by the window that is
 /// active on the thread. All use is from that one thread.
-class Win32Screen final : public Screen {
+class Screen final : public ui::Screen {
  public:
-  Win32Screen();
-  ~Win32Screen() override;
+  Screen();
+  ~Screen() override;
 
   void runModal(Form& form) override;
   Pointer pointer() const override { return pointer_; }

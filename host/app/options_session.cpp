@@ -1,0 +1,59 @@
+#include "host/app/options_session.h"
+
+#include "host/app/options_events.h"
+
+namespace tillora::host::app {
+
+OptionsSession::OptionsSession(EventLog& log)
+    : log_(log), shop_(createObject(u"TilloraHost.Shop")) {}
+
+void OptionsSession::openShop(const Text& database, std::int32_t items, bool firstUse) {
+  if (firstUse) {
+    shop_.call(u"CreateEmpty", database);
+  } else if (items > 0) {
+    shop_.call(u"OpenSeeded", database, items);
+  } else {
+    shop_.call(u"Open", database);
+  }
+  log_.write(u"Opened " + database);
+}
+
+void OptionsSession::showOptions(std::int16_t tab, bool firstUse) {
+  // 1. Create the component and listen to its event.
+  const auto options = createObject(u"TilloraOptions.Options").query<_Options>(IID__Options);
+  const OptionsEvents events(*options.get(), [this](std::int32_t mask) {
+    log_.write(u"OptionsChanged " + hexadecimal(static_cast<std::uint32_t>(mask)) + u": " +
+               namesOfChanges(mask));
+  });
+
+  // 2. Hand over the host's objects and say how to open, in any order.
+  check(options->putref_DBJetObject(shop_.object(u"Database").dispatch()), u"DBJetObject");
+  check(options->putref_AppObject(shop_.object(u"App").dispatch()), u"AppObject");
+  check(options->putref_MsgSndObject(shop_.object(u"Messages").dispatch()), u"MsgSndObject");
+  check(options->putref_ResourceObject(shop_.object(u"Strings").dispatch()), u"ResourceObject");
+  check(options->putref_SettingsObject(shop_.object(u"Settings").dispatch()), u"SettingsObject");
+  check(options->put_LVFileExtension(Bstr(u".lvd").get()), u"LVFileExtension");
+  check(options->put_FirstUse(firstUse ? VARIANT_TRUE : VARIANT_FALSE), u"FirstUse");
+  check(options->put_SelectedTab(tab), u"SelectedTab");
+
+  // 3. Show the dialog; this returns when it has closed.
+  VARIANT_BOOL shown = VARIANT_FALSE;
+  check(options->ShowOptions(&shown), u"ShowOptions");
+
+  // 4. Ask what an event does not tell.
+  VARIANT_BOOL changedDataFile = VARIANT_FALSE;
+  check(options->get_ChangedDataFile(&changedDataFile), u"ChangedDataFile");
+  log_.write(changedDataFile != VARIANT_FALSE ? u"Options closed; ChangedDataFile is True"
+                                              : u"Options closed; ChangedDataFile is False");
+}
+
+void OptionsSession::setOption(const Text& name, const Text& value) {
+  const Late record = shop_.object(u"Database").object(u"OptionsRecord");
+  record.put(name.c_str(), Variant(value));
+  record.call(u"Commit");
+  log_.write(u"Stored option " + name);
+}
+
+Text OptionsSession::dump() { return shop_.text(u"Dump"); }
+
+}  // namespace tillora::host::app

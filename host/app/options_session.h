@@ -1,0 +1,34 @@
+#pragma once
+
+#include <TilloraOptions.h>
+
+#include "host/app/automation.h"
+#include "host/app/event_log.h"
+
+namespace tillora::host::app {
+
+/// The host's side of the options component: the shop with its objects, and the dialog over them.
+/// This is the part to copy into a host program.
+class OptionsSession {
+ public:
+  explicit OptionsSession(EventLog& log);
+
+  /// Opens the shop's database; makes it where there is none, with `items` made-up items where that
+  /// is above 0, or without any stored option and row where it is to be used for the first time.
+  void openShop(const Text& database, std::int32_t items, bool firstUse);
+
+  /// Shows the options dialog on a tab (from 1; 0 for the dialog's own choice) and returns when it
+  /// has closed. Raises what the host's objects raised meanwhile.
+  void showOptions(std::int16_t tab, bool firstUse);
+
+  /// Stores one option, as any program of the shop does.
+  void setOption(const Text& name, const Text& value);
+  /// All that the shop stores, as text.
+  Text dump();
+
+ private:
+  EventLog& log_;
+  Late shop_;
+};
+
+}  // namespace tillora::host::app

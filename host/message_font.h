@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tillora::host {
+
+/// The font in which the user wants to read messages.
+class MessageFont {
+ public:
+  MessageFont() {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof(metrics);
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
+    font_ = CreateFontIndirectW(&metrics.lfMessageFont);
+  }
+  MessageFont(const MessageFont&) = delete;
+  MessageFont& operator=(const MessageFont&) = delete;
+  ~MessageFont() { DeleteObject(font_); }
+
+  void applyTo(HWND control) const {
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+  }
+
+ private:
+  HFONT font_;
+};
+
+}  // namespace tillora::host

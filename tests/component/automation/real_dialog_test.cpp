@@ -1,0 +1,224 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "component/automation/dispatch_object.h"
+#include "tests/component/automation/automation_host.h"
+#include "tests/component/automation/dialog_person.h"
+#include "tests/component/automation/event_listener.h"
+#include "tests/component/automation/server_library.h"
+
+// The library as a host has it: loaded, its dialog in real windows, a person in front of it.
+namespace tillora::automation {
+namespace {
+
+using testing::Apartment;
+using testing::AutomationHost;
+using testing::connectionPoint;
+using testing::DialogPerson;
+using testing::EventListener;
+using testing::FakeHost;
+using testing::ServerLibrary;
+using win32::ComPtr;
+
+BOOL CALLBACK addWindow(HWND window, LPARAM windows) {
+  reinterpret_cast<std::set<HWND>*>(windows)->insert(window);
+  return TRUE;
+}
+
+/// The top-level windows of this thread, hidden ones included.
+std::set<HWND> threadWindows() {
+  std::set<HWND> windows;
+  EnumThreadWindows(GetCurrentThreadId(), addWindow, reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+/// The library's objects for a host, and a person who closes the dialog.
+void openOnce(_Options& options, AutomationHost& host) {
+  options.putref_DBJetObject(host.database.get());
+  options.putref_AppObject(host.app.get());
+  options.putref_MsgSndObject(host.sender.get());
+  options.putref_ResourceObject(host.strings.get());
+  options.putref_SettingsObject(host.settings.get());
+  DialogPerson person([](HWND) {});
+  VARIANT_BOOL shown = VARIANT_FALSE;
+  EXPECT_EQ(options.ShowOptions(&shown), S_OK);
+  EXPECT_EQ(person.finish(), 1);
+}
+
+TEST(UnloadTest, ComUnloadsTheLibraryAfterUseAndLoadsItAgain) {
+  const Apartment apartment;
+  FakeHost host;
+  AutomationHost automationHost{host};
+  for (int round = 0; round < 3; ++round) {
+    {
+      ComPtr<_Options> options;
+      ASSERT_EQ(CoCreateInstance(CLSID_Options, nullptr, CLSCTX_INPROC_SERVER, IID__Options,
+                                 options.outVoid()),
+                S_OK);
+      openOnce(*options.get(), automationHost);
+      EXPECT_NE(GetModuleHandleW(L"TilloraOptions.dll"), nullptr);
+    }
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(GetModuleHandleW(L"TilloraOptions.dll"), nullptr) << "round " << round;
+  }
+}
+
+class RealDialogTest : public ::testing::Test {
+ protected:
+  RealDialogTest()
+      : owner(CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 400,
+                              200, nullptr, nullptr, nullptr, nullptr)) {
+    SetForegroundWindow(owner);
+  }
+  ~RealDialogTest() override { DestroyWindow(owner); }
+
+  ComPtr<_Options> create() {
+    auto options = server.create();
+    options->putref_DBJetObject(automationHost.database.get());
+    options->putref_AppObject(automationHost.app.get());
+    options->putref_MsgSndObject(automationHost.sender.get());
+    options->putref_ResourceObject(automationHost.strings.get());
+    options->putref_SettingsObject(automationHost.settings.get());
+    return options;
+  }
+  static HRESULT show(_Options& options) {
+    VARIANT_BOOL shown = VARIANT_FALSE;
+    const HRESULT result = options.ShowOptions(&shown);
+    EXPECT_EQ(shown, SUCCEEDED(result) ? VARIANT_TRUE : VARIANT_FALSE);
+    return result;
+  }
+
+  Apartment apartment;
+  HWND owner;
+  ServerLibrary server;
+  FakeHost host;
+  AutomationHost automationHost{host};
+};
+
+TEST_F(RealDialogTest, TwoAppliesRaiseTwoEventsAndStore) {
+  auto options = create();
+  const auto listener = EventListener::make([](LONG&) { return S_OK; });
+  DWORD cookie = 0;
+  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  DialogPerson person([](HWND) {
+    for (const wchar_t* name : {L"First Shop", L"Second Shop"}) {
+      DialogPerson::press('M', true);
+      DialogPerson::press('A', false, true);
+      DialogPerson::type(name);
+      DialogPerson::press('A', true);
+    }
+  });
+  EXPECT_EQ(show(*options.get()), S_OK);
+  EXPECT_EQ(person.finish(), 1);
+  EXPECT_EQ(listener->heard, 2);
+  EXPECT_EQ(host.value(options::CompanyName), u"Second Shop");
+  EXPECT_EQ(host.sent.size(), 2U);
+  connectionPoint(*options.get())->Unadvise(cookie);
+}
+
+TEST_F(RealDialogTest, TheHostsWindowIsDisabledMeanwhileAndThenInFrontAgain) {
+  auto options = create();
+  bool enabledMeanwhile = true;
+  HWND dialogOwner = nullptr;
+  DialogPerson person([&](HWND dialog) {
+    enabledMeanwhile = IsWindowEnabled(owner) != FALSE;
+    dialogOwner = GetWindow(dialog, GW_OWNER);
+  });
+  EXPECT_EQ(show(*options.get()), S_OK);
+  person.finish();
+  EXPECT_FALSE(enabledMeanwhile);
+  EXPECT_EQ(dialogOwner, owner);
+  EXPECT_TRUE(IsWindowEnabled(owner));
+  EXPECT_EQ(GetActiveWindow(), owner);
+}
+
+TEST_F(RealDialogTest, AHostsFailureInASaveLeavesNoWindowAndArrives) {
+  const auto before = threadWindows();
+  auto options = create();
+  host.failingCall = "commit";
+  DialogPerson person([](HWND) {
+    DialogPerson::type(L"x");
+    DialogPerson::press('A', true);
+  });
+  EXPECT_EQ(show(*options.get()), FakeHost::failure().number());
+  ComPtr<IErrorInfo> info;
+  ASSERT_EQ(GetErrorInfo(0, info.out()), S_OK);
+  win32::Bstr description;
+  info->GetDescription(description.out());
+  EXPECT_EQ(description.text(), FakeHost::failure().description());
+  EXPECT_EQ(person.finish(), 1);
+  EXPECT_TRUE(IsWindowEnabled(owner));
+  options.reset();
+  EXPECT_EQ(threadWindows(), before);
+  EXPECT_EQ(server.canUnloadNow(), S_OK);
+}
+
+TEST_F(RealDialogTest, AFailureWhileLoadingShowsNoWindow) {
+  auto options = create();
+  host.failingCall = "OptionsRecord";
+  const auto before = threadWindows();
+  EXPECT_EQ(show(*options.get()), FakeHost::failure().number());
+  EXPECT_EQ(threadWindows(), before);
+  EXPECT_TRUE(IsWindowEnabled(owner));
+}
+
+TEST_F(RealDialogTest, ATabBeyondTheLastIsAnErrorWithoutAWindow) {
+  auto options = create();
+  options->put_SelectedTab(99);
+  EXPECT_EQ(show(*options.get()), error::indexOutOfBounds);
+  EXPECT_EQ(host.sent.size(), 0U);
+  options->put_SelectedTab(-1);
+  DialogPerson person([](HWND) {});
+  EXPECT_EQ(show(*options.get()), S_OK);
+  EXPECT_EQ(person.finish(), 1);
+}
+
+TEST_F(RealDialogTest, TwoHundredDialogsLeaveNothingBehind) {
+  constexpr int kRounds = 200;
+  const auto once = [this] {
+    auto options = create();
+    show(*options.get());
+  };
+  // What the platform keeps for the process after its first dialog is not counted.
+  {
+    DialogPerson person([](HWND) {});
+    once();
+  }
+  const auto windows = threadWindows();
+  DWORD handles = 0;
+  GetProcessHandleCount(GetCurrentProcess(), &handles);
+
+  DialogPerson person([](HWND) {}, kRounds);
+  for (int round = 0; round < kRounds; ++round) {
+    once();
+    ASSERT_EQ(server.liveObjects(), 0) << "after round " << round;
+  }
+  EXPECT_EQ(person.finish(), kRounds);
+
+  EXPECT_EQ(threadWindows(), windows);
+  EXPECT_EQ(server.canUnloadNow(), S_OK);
+  EXPECT_EQ(automationHost.database->references(), 1U);
+  EXPECT_EQ(automationHost.app->references(), 1U);
+  EXPECT_EQ(automationHost.sender->references(), 1U);
+  EXPECT_EQ(automationHost.strings->references(), 1U);
+  EXPECT_EQ(automationHost.settings->references(), 1U);
+  for (const auto& record : automationHost.records) EXPECT_EQ(record->references(), 1U);
+  DWORD handlesNow = 0;
+  GetProcessHandleCount(GetCurrentProcess(), &handlesNow);
+  EXPECT_LE(handlesNow, handles + 5) << "handles before: " << handles;
+}
+
+TEST_F(RealDialogTest, ALeakWouldBeSeen) {
+  const auto windows = threadWindows();
+  const auto leaked = server.create();
+  const HWND window =
+      CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+  EXPECT_NE(threadWindows(), windows);
+  EXPECT_EQ(server.liveObjects(), 1);
+  EXPECT_EQ(server.canUnloadNow(), S_FALSE);
+  DestroyWindow(window);
+}
+
+}  // namespace
+}  // namespace tillora::automation

@@ -1,0 +1,49 @@
+# Steps of the client tests: a client runs in the background while drive.exe is the person at the
+# dialog. Sourced, not run.
+# shellcheck shell=bash
+
+# windows_path FILE: how a Windows program names it.
+windows_path() { printf 'Z:%s\n' "${1//\//\\}"; }
+
+client_output=
+client_process=
+# client PROGRAM...: starts it; its output is for `finish`.
+client() {
+  client_output=$TMPDIR/client.txt
+  "$WINE" "$@" >"$client_output" 2>&1 </dev/null &
+  client_process=$!
+}
+
+# script FILE [ARGUMENT...]: a client of the repository, run by the system's script host.
+script() {
+  local file
+  file=$(windows_path "$1")
+  shift
+  client cscript //nologo "$file" "$@"
+}
+
+drive() { "$WINE" "$BUILD/drive.exe" "$@" </dev/null; }
+
+# finish NAME: waits for the client; FAIL unless it ended well.
+finish() {
+  if wait "$client_process"; then
+    tr -d '\r' <"$client_output" >"$client_output.unix"
+    mv "$client_output.unix" "$client_output"
+  else
+    echo "FAIL $1 the client ended with status $?"
+    cat "$client_output"
+    exit 0
+  fi
+}
+
+# printed NAME TEXT [TIMES]: the client printed this line, that many times (1).
+printed() {
+  local times=${3:-1} found
+  found=$(grep -cxF -- "$2" "$client_output" || true)
+  if [ "$found" = "$times" ]; then
+    echo "ok $1"
+  else
+    echo "FAIL $1 '$2' was printed $found times instead of $times"
+    cat "$client_output"
+  fi
+}

@@ -1,0 +1,100 @@
+#include "ui/layout.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/testing/headless_desk.h"
+#include "ui/label.h"
+
+namespace tillora::testing {
+namespace {
+
+using ui::Cell;
+using ui::Rows;
+
+class LayoutTest : public ::testing::Test {
+ protected:
+  LayoutTest() { form.setClientSize({9000, 6000}); }
+
+  HeadlessDesk desk;
+  ui::Form form{desk.screen(), u"Layout"};
+  ui::Label& label = form.add<ui::Label>(u"&Label");
+  ui::TextBox& box = form.add<ui::TextBox>();
+};
+
+TEST_F(LayoutTest, AFieldFillsTheRowBesideItsLabel) {
+  Rows rows(form, {100, 200, 5000, 1000});
+  rows.labelColumn({&label});
+  rows.field(label, {{box, Cell::kFill}});
+  EXPECT_EQ(label.bounds().left, 100);
+  EXPECT_GT(box.bounds().left, label.bounds().right());
+  EXPECT_EQ(box.bounds().right(), 5100);
+  EXPECT_EQ(box.bounds().top, 200);
+  EXPECT_EQ(box.bounds().height, ui::fieldHeight(form));
+  EXPECT_GT(rows.bottom(), box.bounds().bottom());
+}
+
+TEST_F(LayoutTest, ALabelStandsInTheMiddleOfItsFirstLine) {
+  Rows rows(form, {0, 0, 5000, 1000});
+  rows.field(label, {{box, Cell::kFill}}, 4);
+  const int middle = label.bounds().top + label.bounds().height / 2;
+  EXPECT_NEAR(middle, ui::fieldHeight(form) / 2, 1);
+  EXPECT_EQ(box.bounds().height, ui::fieldHeight(form, 4));
+}
+
+TEST_F(LayoutTest, FixedAndFillingCellsShareARow) {
+  auto& narrow = form.add<ui::TextBox>();
+  auto& button = form.add<ui::CommandButton>(u"&Browse...");
+  Rows rows(form, {0, 0, 6000, 1000});
+  rows.row({{narrow, 600}, {box, Cell::kFill}, {button}});
+  EXPECT_EQ(narrow.bounds().width, 600);
+  EXPECT_GT(box.bounds().left, narrow.bounds().right());
+  EXPECT_GT(button.bounds().left, box.bounds().right());
+  EXPECT_EQ(button.bounds().right(), 6000);
+}
+
+TEST_F(LayoutTest, RowsDoNotOverlap) {
+  auto& second = form.add<ui::TextBox>();
+  Rows rows(form, {0, 0, 6000, 1000});
+  rows.row({{box, Cell::kFill}});
+  rows.gap();
+  rows.row({{second, Cell::kFill}}, 300);
+  EXPECT_GT(second.bounds().top, box.bounds().bottom());
+  EXPECT_EQ(second.bounds().left, 300);
+  EXPECT_EQ(second.bounds().right(), 6000);
+}
+
+TEST_F(LayoutTest, AGroupIsAsHighAsItsRows) {
+  auto& frame = form.add<ui::Frame>(u"Group");
+  auto& inside = frame.add<ui::TextBox>();
+  Rows page = Rows::onPage(form);
+  Rows rows = page.group(frame);
+  rows.row({{inside, Cell::kFill}});
+  page.endGroup(frame, rows);
+  EXPECT_GT(inside.bounds().left, 0);
+  EXPECT_LT(inside.bounds().right(), frame.bounds().width);
+  EXPECT_LT(inside.bounds().bottom(), frame.bounds().height);
+  EXPECT_GT(page.bottom(), frame.bounds().bottom());
+  EXPECT_EQ(frame.bounds().right(), 9000 - frame.bounds().left);
+}
+
+TEST_F(LayoutTest, ABlockOfNoHeightTakesTheRest) {
+  Rows rows(form, {0, 0, 6000, 3000});
+  rows.row({{box, Cell::kFill}});
+  auto& list = form.add<ui::ListView>();
+  rows.block(list, 0);
+  EXPECT_EQ(list.bounds().width, 6000);
+  EXPECT_EQ(list.bounds().bottom(), 3000);
+}
+
+TEST_F(LayoutTest, ButtonsStandAtTheBottomRightInTheirOrder) {
+  auto& ok = form.add<ui::CommandButton>(u"&OK");
+  auto& cancel = form.add<ui::CommandButton>(u"&Cancel");
+  const int top = Rows::buttonRow(form, {&ok, &cancel});
+  EXPECT_EQ(ok.bounds().top, top);
+  EXPECT_GT(cancel.bounds().left, ok.bounds().right());
+  EXPECT_LT(cancel.bounds().right(), 9000);
+  EXPECT_LT(cancel.bounds().bottom(), 6000);
+}
+
+}  // namespace
+}  // namespace tillora::testing
