@@ -39,7 +39,7 @@ constexpr int kMargin = 120;
 }  // namespace
 
 frmOptions::frmOptions(Platform platform)
-    : Form(platform.screen, u"Options"),
+    : Dialog(platform.screen, u"Options"),
       tabOptions(add<ui::TabStrip>()),
       platform_(std::move(platform)),
       messages_(platform_.messageBoxes) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "component/dialog.h"
 #include "component/host_objects.h"
 #include "component/messages.h"
 #include "component/options_tab.h"
@@ -10,7 +11,6 @@
 #include "component/tab_order.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
-#include "ui/form.h"
 #include "ui/tab_strip.h"
 
 namespace tillora {
@@ -18,7 +18,7 @@ namespace tillora {
 /// The options dialog: its tab strip and pages, its four buttons, and the state of Apply, which is
 /// the dialog's only record of unsaved changes. What is on the pages belongs to the tab parts
 /// (tab_order.h); the save is save_options.h.
-class frmOptions final : public ui::Form, private OptionsDialog {
+class frmOptions final : public Dialog, private OptionsDialog {
  public:
   enum Command : std::uint8_t { ok, apply, cancel, help_ };
 

@@ -38,8 +38,7 @@ class OptionsRecord {
   typename Option<type>::Type getOrDefault(const Option<type>& option) {
     return get(option).value_or(option.defaultValue);
   }
-  /// The stored value, or the type's zero (0, empty text, False) where nothing is stored: what a
-  /// save compares with to tell whether the value changes.
+  /// The stored value, or the type's zero (0, empty text, False) where nothing is stored.
   template <OptionType type>
   typename Option<type>::Type getOrZero(const Option<type>& option) {
     return get(option).value_or(typename Option<type>::Type{});
@@ -47,6 +46,14 @@ class OptionsRecord {
   template <OptionType type>
   void set(const Option<type>& option, typename Option<type>::Type value) {
     write(option.id, Value(std::move(value)));
+  }
+  /// The same, and tells whether the value differs from the one stored before: how a save finds out
+  /// whether to set a change bit.
+  template <OptionType type>
+  bool replace(const Option<type>& option, typename Option<type>::Type value) {
+    const bool differs = getOrZero(option) != value;
+    set(option, std::move(value));
+    return differs;
   }
 };
 

@@ -11,6 +11,17 @@ enum class OptionChange : std::int32_t {
 #undef TILLORA_CHANGE
 };
 
+constexpr bool areSingleDistinctBits() {
+  std::uint32_t seen = 0;
+#define TILLORA_CHANGE(name, value, help)                                    \
+  if ((value & (value - 1)) != 0 || (seen & value) != 0) return false; \
+  seen |= value;
+#include "component/option_changes.inc"
+#undef TILLORA_CHANGE
+  return true;
+}
+static_assert(areSingleDistinctBits(), "each change is one bit of its own");
+
 /// The groups whose stored values one save changes.
 class OptionChanges {
  public:

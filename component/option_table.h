@@ -41,6 +41,19 @@ inline constexpr std::array kOptionTable = {
 #undef TILLORA_OPTION
 };
 
+/// Ids from 1000 on are the other members of the options record.
+constexpr bool hasUniqueDispatchIds() {
+  for (std::size_t i = 0; i < kOptionTable.size(); ++i) {
+    const std::int32_t id = kOptionTable[i].dispatchId;
+    if (id < 1 || id >= 1000) return false;
+    for (std::size_t j = 0; j < i; ++j) {
+      if (kOptionTable[j].dispatchId == id) return false;
+    }
+  }
+  return true;
+}
+static_assert(hasUniqueDispatchIds(), "two options share a dispatch id, or one is out of range");
+
 constexpr const OptionInfo& optionInfo(OptionId option) {
   return kOptionTable[static_cast<std::size_t>(option)];
 }

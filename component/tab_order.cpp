@@ -6,34 +6,40 @@
 namespace tillora {
 namespace {
 
-template <class>
-struct PartOf;
-template <class Part, class... Args, class Result>
-struct PartOf<Result (Part::*)(Args...)> {
-  using Type = Part;
+template <class Part, class Result, class... Args>
+Part partOf(Result (Part::*)(Args...));
+
+/// Writes of the parts, one after the other.
+template <auto... writes>
+struct Writes {
+  static void run(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes) {
+    ((tabs.get<decltype(partOf(writes))>().*writes)(record, changes), ...);
+  }
+  template <class Part>
+  static constexpr bool cover = (std::is_same_v<Part, decltype(partOf(writes))> || ...);
 };
-
-using SaveStep = void (*)(const Tabs&, OptionsRecord&, OptionChanges&);
-using Validation = bool (*)(const Tabs&, const Text& title);
-
-template <auto write>
-void step(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes) {
-  (tabs.get<typename PartOf<decltype(write)>::Type>().*write)(record, changes);
-}
 
 // The save order.
-constexpr SaveStep kSaveOrder[] = {
-    step<&CompanyDetails::save>,
-    step<&CompanyDetails::saveClass>,
-};
+using SaveOrder = Writes<         //
+    &CompanyDetails::save,        //
+    &CompanyDetails::saveClass    //
+    >;
 
-// The order of the validations: list columns, then In Drawer totals.
+template <class... Parts>
+constexpr bool savesEvery(const TabParts<Parts...>*) {
+  return (SaveOrder::cover<Parts> && ...);
+}
+static_assert(savesEvery(static_cast<const Tabs*>(nullptr)), "a part is missing in the save order");
+
+// What is asked before a save writes, in this order: each a part's function that shows its message
+// and selects its tab where it says no.
+using Validation = bool (*)(const Tabs&, const Text& title);
 const std::vector<Validation> kValidations = {};
 
 }  // namespace
 
 void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes) {
-  for (const SaveStep write : kSaveOrder) write(tabs, record, changes);
+  SaveOrder::run(tabs, record, changes);
 }
 
 bool validateTabs(const Tabs& tabs, const Text& title) {

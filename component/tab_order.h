@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <tuple>
+#include <type_traits>
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
@@ -16,6 +17,7 @@ class TabParts {
 
   template <class Part>
   Part& get() const {
+    static_assert((std::is_same_v<Part, Parts> || ...), "the part is missing in the load order");
     return *std::get<std::unique_ptr<Part>>(parts_);
   }
   void load(OptionsRecord& record) const { (get<Parts>().load(record), ...); }
@@ -26,7 +28,8 @@ class TabParts {
 
 /// The load order: the parts are made and loaded in this order.
 using Tabs = TabParts<  //
-    CompanyDetails>;
+    CompanyDetails      // General
+    >;
 
 /// Runs every part's write-back in the save order.
 void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes);

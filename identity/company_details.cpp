@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "support/modJetSQLFixup.h"
-#include "support/modSelectAllText.h"
 #include "support/text_rules.h"
 #include "ui/layout.h"
 
@@ -141,7 +140,6 @@ void CompanyDetails::loadClasses(const Text& chosen) {
 void CompanyDetails::gotFocus(int index) {
   // Enter makes a line in the address.
   if (index == address) dialog_.setOkDefault(false);
-  if (!std::exchange(focusMove_, false)) selectAllText(txtCompanyDetails[index]);
 }
 
 void CompanyDetails::lostFocus(int index) {
@@ -179,11 +177,8 @@ void CompanyDetails::keyDown(int index, Key& key) {
 
 void CompanyDetails::moveFocusTo(int index, Caret caret) {
   ui::TextBox& neighbour = txtCompanyDetails[index];
-  focusMove_ = true;
-  if (!neighbour.setFocus()) {
-    focusMove_ = false;
-    return;
-  }
+  if (!neighbour.setFocus()) return;
+  // The focus has selected the whole text; here the caret goes on where it was.
   neighbour.setSelection(caret == Caret::end ? static_cast<int>(neighbour.text().size()) : 0, 0);
 }
 

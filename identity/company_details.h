@@ -50,10 +50,6 @@ class CompanyDetails final : public OptionsTab {
   enum class Caret : std::uint8_t { start, end };
   void moveFocusTo(int index, Caret caret);
   void showClassToolTip();
-
-  /// Set just before a handler moves the focus to a neighbouring digit group, whose text then stays
-  /// unselected.
-  bool focusMove_ = false;
 };
 
 }  // namespace tillora

@@ -48,7 +48,7 @@ build() {
     cmake --build --preset "$preset" -j "$(nproc)" >>"$log" 2>&1; then
     say "built $preset in $((SECONDS - started)) s"
   else
-    grep -E -A6 'error|FAILED' "$log" | head -60 >&2 || tail -40 "$log" >&2
+    grep -E -A6 '(error|FAILED): ' "$log" | grep -v '^\[' | head -40 >&2 || tail -40 "$log" >&2
     result fail "build $preset" "see $log"
     return 1
   fi

@@ -61,8 +61,7 @@ enum class Alignment : std::uint8_t { left, right, centre };
 /// view it behaves the same.
 ///
 /// Setting a property from code has the effects that the user's doing it has: a check box raises
-/// click, a text box raises change. Handlers that must not act while values are loaded look at
-/// their dialog's loading flag.
+/// click, a text box raises change.
 class Control {
  public:
   Control(const Control&) = delete;

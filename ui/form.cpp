@@ -78,6 +78,8 @@ void Form::onQueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
 
 void Form::edited(Control& /*control*/) {}
 
+void Form::onFocus(Control& /*control*/) {}
+
 void Form::setDefaultButton(CommandButton* button) {
   if (default_ == button) return;
   CommandButton* before = std::exchange(default_, button);

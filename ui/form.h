@@ -93,7 +93,7 @@ class Form : public Container {
   /// The modal run has made the form visible: gives a control the focus, the one chosen before or
   /// firstFocus().
   void shown();
-  /// An option was edited in this control, by user or code. A dialog that tracks unsaved changes
+  /// The value of this control was edited, by user or code. A dialog that tracks unsaved changes
   /// overrides it.
   virtual void edited(Control& control);
 
@@ -101,6 +101,8 @@ class Form : public Container {
   virtual void onLoad() {}
   /// At the latest when the form is first shown, and after every change of its size.
   virtual void onResize() {}
+  /// The control has just received the focus; its gotFocus follows.
+  virtual void onFocus(Control& control);
   /// The control that starts with the focus; by default the first in the tab order.
   virtual Control* firstFocus() const { return nextInTabOrder(nullptr); }
   /// Set `cancel` to stay.

@@ -92,7 +92,9 @@ void Form::moveFocus(Control* to) {
   if (to != nullptr && to->causesValidation()) unvalidated_ = to;
   if (view_ != nullptr) view_->focusMoved();
   if (from != nullptr) from->lostFocus.raise();
-  if (to != nullptr && active_ == to) to->gotFocus.raise();
+  if (to == nullptr || active_ != to) return;
+  onFocus(*to);
+  to->gotFocus.raise();
 }
 
 void Form::releaseFocus() {

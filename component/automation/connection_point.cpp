@@ -21,8 +21,9 @@ void ConnectionPoint::raise(DISPID event, std::int32_t& value) {
     argument.plVal = &changeable;
     DISPPARAMS parameters{&argument, nullptr, 1, 0};
     ExceptionInfo ignored;
+    UINT wrongArgument = 0;
     listener.object->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
-                            nullptr, ignored.out(), nullptr);
+                            nullptr, ignored.out(), &wrongArgument);
     value = changeable;
   }
 }

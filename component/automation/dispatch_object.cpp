@@ -17,10 +17,15 @@ DispatchObject::DispatchObject(ComPtr<IDispatch> object, const char16_t* name)
 bool DispatchObject::knows(const char16_t* member) { return SUCCEEDED(find(member).lookUp); }
 
 const DispatchObject::Member& DispatchObject::find(const char16_t* member) {
-  const auto known = std::ranges::find_if(members_, [member](const Member& m) {
-    return m.name == member || TextView(m.name) == TextView(member);
-  });
-  if (known != members_.end()) return *known;
+  // A name is mostly the same literal as before; its text is compared for others only.
+  if (const auto known = std::ranges::find(members_, member, &Member::name);
+      known != members_.end()) {
+    return *known;
+  }
+  const auto sameText = [name = TextView(member)](const Member& m) { return name == m.name; };
+  if (const auto known = std::ranges::find_if(members_, sameText); known != members_.end()) {
+    return *known;
+  }
   members_.push_back(lookUp(member));
   return members_.back();
 }
@@ -44,9 +49,9 @@ void DispatchObject::putReference(const char16_t* member, IDispatch* value) {
 }
 
 DispatchObject DispatchObject::getObject(const char16_t* member, const char16_t* name) {
-  const Variant value = get(member);
+  Variant value = get(member);
   if (value.isEmptyOrNull()) throw failure(error::objectNotSet, member, u"gave no object");
-  const Variant object = converted(value, VT_DISPATCH, member);
+  const Variant object = as<VT_DISPATCH>(std::move(value), member);
   if (object.get().pdispVal == nullptr) {
     throw failure(error::objectNotSet, member, u"gave no object");
   }

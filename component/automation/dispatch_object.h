@@ -60,11 +60,11 @@ class DispatchObject {
   }
   template <class... Arguments>
   bool getBoolean(const char16_t* member, const Arguments&... arguments) {
-    return converted(get(member, arguments...), VT_BOOL, member).get().boolVal != VARIANT_FALSE;
+    return as<VT_BOOL>(get(member, arguments...), member).get().boolVal != VARIANT_FALSE;
   }
   template <class... Arguments>
   std::int32_t getLong(const char16_t* member, const Arguments&... arguments) {
-    return converted(get(member, arguments...), VT_I4, member).get().lVal;
+    return as<VT_I4>(get(member, arguments...), member).get().lVal;
   }
   /// An object property, called `name` in failures. Error `objectNotSet` where the host gives none.
   DispatchObject getObject(const char16_t* member, const char16_t* name);
@@ -84,6 +84,11 @@ class DispatchObject {
     bool viaNamesEx;
   };
 
+  /// The value itself where its type is the wanted one, as it mostly is.
+  template <VARENUM type>
+  Variant as(Variant value, const char16_t* member) const {
+    return value.type() == type ? std::move(value) : converted(value, type, member);
+  }
   template <class... Arguments>
   Variant pass(int flags, const char16_t* member, const Arguments&... arguments) {
     std::array<Variant, sizeof...(arguments)> values{argument(arguments)...};

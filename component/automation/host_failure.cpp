@@ -63,7 +63,7 @@ bool saysSomething(const EXCEPINFO& info) {
 
 }  // namespace
 
-ExceptionInfo::~ExceptionInfo() {
+void ExceptionInfo::free() {
   SysFreeString(info_.bstrSource);
   SysFreeString(info_.bstrDescription);
   SysFreeString(info_.bstrHelpFile);

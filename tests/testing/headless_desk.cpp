@@ -1,5 +1,7 @@
 #include "tests/testing/headless_desk.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 #include "support/letter_case.h"
@@ -70,8 +72,9 @@ ui::Form* HeadlessUser::form() const {
 }
 
 bool HeadlessUser::reach(ui::Control& control) const {
-  if (form() != &control.form()) return false;
-  if (!control.effectivelyVisible() || !control.effectivelyEnabled()) return false;
+  if (form() != &control.form() || !control.effectivelyEnabled()) return false;
+  EXPECT_TRUE(control.effectivelyVisible()) << "the control is on no page that shows";
+  if (!control.effectivelyVisible()) return false;
   return form()->userMouseDown(control);
 }
 

@@ -36,6 +36,21 @@ void OptionsTest::edit(const std::function<void(frmOptions&)>& act) {
   });
 }
 
+void OptionsTest::openOn(TabPage page, const std::function<void(frmOptions&)>& act) {
+  options_.SelectedTab = static_cast<std::int16_t>(page);
+  open(act);
+  options_.SelectedTab = 0;
+}
+
+void OptionsTest::saveDefaults() {
+  options_.FirstUse = true;
+  open([](frmOptions&) {});
+  options_.FirstUse = false;
+  host.calls.clear();
+  host.sent.clear();
+  changes.clear();
+}
+
 bool OptionsTest::applyEnabled(frmOptions& dialog) const {
   return dialog.cmdCommand[frmOptions::apply].enabled();
 }

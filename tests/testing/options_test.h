@@ -25,8 +25,14 @@ class OptionsTest : public ::testing::Test {
 
   /// Calls ShowOptions; `act` is what the person does while the dialog is open.
   void open(const std::function<void(frmOptions&)>& act);
+  /// The same on another tab.
+  void openOn(TabPage page, const std::function<void(frmOptions&)>& act);
   /// Opens the dialog and presses OK after `act`.
   void edit(const std::function<void(frmOptions&)>& act);
+
+  /// Saves the defaults once, as a first use does: what is saved after that changes nothing by
+  /// itself. Forgets calls, messages and changes so far.
+  void saveDefaults();
 
   bool applyEnabled(frmOptions& dialog) const;
 

@@ -70,7 +70,7 @@ void CheckListView::showChoice() {
 }
 
 LRESULT CheckListView::notify(NMHDR& header) {
-  if (header.code != LVN_ITEMCHANGED || isEcho()) return 0;
+  if (header.code != LVN_ITEMCHANGED || !isUsers()) return 0;
   const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
   if ((change.uChanged & LVIF_STATE) == 0 || change.iItem < 0) return 0;
   const UINT changed = change.uOldState ^ change.uNewState;

@@ -22,15 +22,15 @@ RECT ComboView::pixelBounds() const {
 
 void ComboView::create(HWND parent) {
   createWindow(parent, {WC_COMBOBOXW, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL});
+  // The field is as high as its text, whatever is asked; the rest of the height is its border.
   const RECT place = ControlView::pixelBounds();
-  // The field is as high as its text and a border, whatever is asked; the rest is the border.
   const LRESULT text = send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
   RECT whole{};
   GetWindowRect(window(), &whole);
-  const LRESULT border = whole.bottom - whole.top - text;
-  send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-       std::max<LRESULT>(text, place.bottom - place.top - border));
-  showItems();
+  const LRESULT missing = (place.bottom - place.top) - (whole.bottom - whole.top);
+  if (missing > 0) send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), text + missing);
+  addItems(0);
+  showChoice();
 }
 
 void ComboView::show(Property what) {
@@ -46,13 +46,18 @@ void ComboView::show(Property what) {
   }
 }
 
-void ComboView::showItems() {
-  const auto shown = static_cast<std::size_t>(send(CB_GETCOUNT));
+void ComboView::addItems(std::size_t first) {
   const auto& items = control().items();
-  if (items.size() < shown) send(CB_RESETCONTENT);
-  for (std::size_t i = items.size() < shown ? 0 : shown; i < items.size(); ++i) {
-    send(CB_ADDSTRING, 0, wide(items[i]).c_str());
+  for (std::size_t i = first; i < items.size(); ++i) send(CB_ADDSTRING, 0, wide(items[i]).c_str());
+}
+
+void ComboView::showItems() {
+  auto shown = static_cast<std::size_t>(send(CB_GETCOUNT));
+  if (control().items().size() < shown) {
+    send(CB_RESETCONTENT);
+    shown = 0;
   }
+  addItems(shown);
   ControlView::show(Property::bounds);
   showChoice();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "ui/lists.h"
 #include "ui/win32/control_view.h"
 
@@ -19,6 +21,7 @@ class ComboView final : public ViewOf<ComboBox> {
   RECT pixelBounds() const override;
 
  private:
+  void addItems(std::size_t first);
   void showItems();
   void showChoice();
   bool isDropped() const { return send(CB_GETDROPPEDSTATE) != 0; }

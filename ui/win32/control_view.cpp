@@ -8,20 +8,8 @@ namespace tillora::ui::win32 {
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
-constexpr const wchar_t* kViewProperty = L"TilloraOptionsView";
 
 }  // namespace
-
-ControlView* ControlView::of(HWND window) {
-  return window ? static_cast<ControlView*>(GetPropW(window, kViewProperty)) : nullptr;
-}
-
-ControlView* ControlView::around(HWND window) {
-  for (; window; window = GetAncestor(window, GA_PARENT)) {
-    if (ControlView* view = of(window)) return view;
-  }
-  return nullptr;
-}
 
 RECT ControlView::pixelBounds() const { return dialog_.metrics().toPixels(control_.bounds()); }
 
@@ -36,11 +24,11 @@ void ControlView::createWindow(HWND parent, const Style& style) {
   }
   const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(dialog_.newId()));
   window_ = CreateWindowExW(style.extended | WS_EX_NOPARENTNOTIFY, style.className,
-                            wide(control_.caption()).c_str(), WS_CHILD | style.style | state,
-                            place.left, place.top, place.right - place.left,
-                            place.bottom - place.top, parent, id, thisModule(), nullptr);
+                            wide(windowText()).c_str(), WS_CHILD | style.style | state, place.left,
+                            place.top, place.right - place.left, place.bottom - place.top, parent,
+                            id, thisModule(), nullptr);
   if (!window_) throwLastError("CreateWindowExW");
-  SetPropW(window_, kViewProperty, this);
+  dialog_.enter(window_, *this);
   SetWindowSubclass(window_, &procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
   send(WM_SETFONT, reinterpret_cast<WPARAM>(dialog_.metrics().font()), FALSE);
   if (!control_.toolTip().empty()) show(Property::toolTip);
@@ -77,6 +65,8 @@ void ControlView::show(Property what) {
   }
 }
 
+bool ControlView::isUsers() const { return !isEcho() && dialog_.form().isShown(); }
+
 HBRUSH ControlView::colours(HDC dc) {
   SetTextColor(dc, control_.effectivelyEnabled() ? toColorRef(control_.foreColour())
                                                  : GetSysColor(COLOR_GRAYTEXT));
@@ -93,7 +83,7 @@ LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam
                                         UINT_PTR id, DWORD_PTR data) {
   auto& view = *reinterpret_cast<ControlView*>(data);
   if (message == WM_NCDESTROY) {
-    RemovePropW(window, kViewProperty);
+    view.dialog_.leave(window);
     RemoveWindowSubclass(window, &procedure, id);
     view.window_ = nullptr;
     return DefSubclassProc(window, message, wParam, lParam);

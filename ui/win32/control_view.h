@@ -20,11 +20,6 @@ class ControlView {
   ControlView& operator=(const ControlView&) = delete;
   virtual ~ControlView() = default;
 
-  /// The view of a window that is a control's own; null for any other window.
-  static ControlView* of(HWND window);
-  /// The view of a window or of the nearest window around it (a list view for its header).
-  static ControlView* around(HWND window);
-
   DialogWindow& dialog() const { return dialog_; }
   Control& control() const { return control_; }
   HWND window() const { return window_; }
@@ -61,9 +56,12 @@ class ControlView {
     DWORD style = 0;
     DWORD extended = 0;
   };
-  /// Creates the window at the control's place, with font, text, enabled state and tool tip.
+  /// Creates the window at the control's place, with font, initial text, enabled state and tool
+  /// tip.
   void createWindow(HWND parent, const Style& style);
   virtual RECT pixelBounds() const;
+  /// The text of a new window: the caption, or what kinds without one show.
+  virtual const Text& windowText() const { return control_.caption(); }
   /// Any message of the window, before the window's own procedure.
   virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
@@ -86,6 +84,8 @@ class ControlView {
     ControlView& view_;
   };
   bool isEcho() const { return echoes_ > 0; }
+  /// A notification now is the user's doing, on a form that is still shown.
+  bool isUsers() const;
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,

@@ -43,8 +43,8 @@ void DialogWindow::focusLanded(Control& control) {
 
 void DialogWindow::reconcileFocus() {
   if (!form_.isShown()) return;
-  const ControlView* landed = ControlView::around(GetFocus());
-  if (landed && &landed->dialog() == this && &landed->control() != form_.activeControl()) {
+  const ControlView* landed = viewAround(GetFocus());
+  if (landed && &landed->control() != form_.activeControl()) {
     if (Control* active = form_.activeControl()) {
       if (ControlView* view = viewOf(*active)) view->readBack();
     }
@@ -110,14 +110,17 @@ bool DialogWindow::keyDown(const MSG& message) {
   const Modifiers modifiers = modifiersDown();
   showKeyboardCues(key, modifiers.alt);
   if (isNoStroke(key)) return false;
-  const ControlView* view = ControlView::around(message.hwnd);
+  const ControlView* view = viewAround(message.hwnd);
   if (view && view->wantsKey(key)) return false;
   readBackActive();
+  // The platform's other keys for the next and the previous tab.
+  const bool pages = modifiers == Modifiers{.ctrl = true} && (key == VK_PRIOR || key == VK_NEXT);
+  if (pages && form_.userKeyDown(Key::tab, {.shift = key == VK_PRIOR, .ctrl = true})) return true;
   return form_.userKeyDown(static_cast<Key>(key), modifiers);
 }
 
 bool DialogWindow::character(MSG& message) {
-  ControlView* view = ControlView::around(message.hwnd);
+  ControlView* view = viewAround(message.hwnd);
   readBackActive();
   auto typed = static_cast<char16_t>(message.wParam);
   if (view && &view->control() != form_.activeControl()) {
@@ -132,7 +135,7 @@ bool DialogWindow::character(MSG& message) {
 }
 
 bool DialogWindow::mouseDown(const MSG& message) {
-  const ControlView* view = ControlView::around(message.hwnd);
+  const ControlView* view = viewAround(message.hwnd);
   if (!view) return false;
   readBackActive();
   return !form_.userMouseDown(view->control());

@@ -5,27 +5,35 @@
 #include "ui/win32/screen.h"
 
 namespace tillora::ui::win32 {
+namespace {
+
+BOOL CALLBACK forwardColourChange(HWND window, LPARAM /*unused*/) {
+  SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+  return TRUE;
+}
+
+}  // namespace
 
 void DialogWindow::fail(std::exception_ptr failure) noexcept { screen_.fail(std::move(failure)); }
 
 std::optional<LRESULT> DialogWindow::route(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
-      if (ControlView* view = ControlView::of(reinterpret_cast<HWND>(lParam))) {
+      if (ControlView* view = viewAt(reinterpret_cast<HWND>(lParam))) {
         if (form_.isShown()) view->command(HIWORD(wParam));
         return 0;
       }
       return std::nullopt;
     case WM_NOTIFY: {
       auto& header = *reinterpret_cast<NMHDR*>(lParam);
-      ControlView* view = ControlView::of(header.hwndFrom);
+      ControlView* view = viewAt(header.hwndFrom);
       if (!view) return std::nullopt;
       return view->notify(header);
     }
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN: {
-      ControlView* view = ControlView::of(reinterpret_cast<HWND>(lParam));
+      ControlView* view = viewAt(reinterpret_cast<HWND>(lParam));
       if (!view) return std::nullopt;
       return reinterpret_cast<LRESULT>(view->colours(reinterpret_cast<HDC>(wParam)));
     }
@@ -52,6 +60,10 @@ std::optional<LRESULT> DialogWindow::message(UINT message, WPARAM wParam, LPARAM
     case kReconcileFocus:
       reconcileFocus();
       return 0;
+    case WM_SYSCOLORCHANGE:
+      // Only top-level windows are told; common controls want to know too.
+      EnumChildWindows(window_, &forwardColourChange, 0);
+      return std::nullopt;
     case WM_HELP:
       if (form_.isShown()) form_.help.raise();
       return TRUE;

@@ -98,6 +98,18 @@ HWND DialogWindow::windowOf(const Control& control) const {
   return view ? view->window() : nullptr;
 }
 
+ControlView* DialogWindow::viewAt(HWND window) const {
+  const auto found = windows_.find(window);
+  return found == windows_.end() ? nullptr : found->second;
+}
+
+ControlView* DialogWindow::viewAround(HWND window) const {
+  for (; window && window != window_; window = GetAncestor(window, GA_PARENT)) {
+    if (ControlView* view = viewAt(window)) return view;
+  }
+  return nullptr;
+}
+
 void DialogWindow::create(Control& control, HWND parent) {
   std::unique_ptr<ControlView>& view = views_[&control];
   view = makeView(*this, control);
@@ -186,7 +198,7 @@ int DialogWindow::hitTest(const ListView& list, Point point) const {
 HBRUSH DialogWindow::background(HWND child, HDC dc) const {
   SetBkMode(dc, TRANSPARENT);
   for (HWND window = child; window && window != window_; window = GetAncestor(window, GA_PARENT)) {
-    const ControlView* view = ControlView::of(window);
+    const ControlView* view = viewAt(window);
     const HBRUSH brush = view ? view->ownBackground() : nullptr;
     if (!brush) continue;
     POINT origin{};

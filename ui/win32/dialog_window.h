@@ -43,9 +43,15 @@ class DialogWindow final : public FormView {
   /// The window of a control; null while it has none.
   HWND windowOf(const Control& control) const;
   ControlView* viewOf(const Control& control) const;
+  /// The view whose own window it is; null for any other window.
+  ControlView* viewAt(HWND window) const;
+  /// The view of a window or of the nearest window around it (a list view for its header).
+  ControlView* viewAround(HWND window) const;
 
   // For the views.
 
+  void enter(HWND window, ControlView& view) { windows_[window] = &view; }
+  void leave(HWND window) { windows_.erase(window); }
   /// An identifier for a control's window, unique in the form.
   int newId() { return nextId_++; }
   void createChildren(const Container& container, HWND parent);
@@ -101,6 +107,7 @@ class DialogWindow final : public FormView {
   HWND window_ = nullptr;
   HWND toolTips_ = nullptr;  // owned by window_
   std::unordered_map<const Control*, std::unique_ptr<ControlView>> views_;
+  std::unordered_map<HWND, ControlView*> windows_;
   int nextId_ = 100;  // above IDOK, IDCANCEL and their like
   const CommandButton* shownDefault_ = nullptr;
 };

@@ -19,6 +19,7 @@ DWORD styleOf(const TextBox& box) {
   if (box.alignment() == Alignment::right) style |= ES_RIGHT;
   if (box.alignment() == Alignment::centre) style |= ES_CENTER;
   if (box.passwordCharacter() != 0) style |= ES_PASSWORD;
+  if (box.locked()) style |= ES_READONLY;
   return style;
 }
 
@@ -30,8 +31,8 @@ void EditView::create(HWND parent) {
   if (control().passwordCharacter() != 0) {
     send(EM_SETPASSWORDCHAR, control().passwordCharacter());
   }
-  showEditing();
-  showText();
+  send(EM_SETLIMITTEXT, static_cast<WPARAM>(control().maxLength()));
+  if (control().selStart() != 0 || control().selLength() != 0) showSelection();
 }
 
 void EditView::show(Property what) {
@@ -72,7 +73,7 @@ void EditView::command(WORD code) {
   DWORD start = 0;
   DWORD end = 0;
   send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), &end);
-  control().userEdited(narrow(windowText(window())), static_cast<int>(start),
+  control().userEdited(narrow(win32::windowText(window())), static_cast<int>(start),
                        static_cast<int>(end - start));
 }
 

@@ -18,6 +18,7 @@ class EditView final : public ViewOf<TextBox> {
   bool typed(char16_t character) override;
 
  protected:
+  const Text& windowText() const override { return control().text(); }
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

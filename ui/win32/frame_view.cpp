@@ -2,8 +2,13 @@
 
 #include <vssym32.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <span>
+
 #include "ui/win32/dialog_window.h"
 #include "ui/win32/module.h"
+#include "ui/win32/raster.h"
 #include "ui/win32/wide.h"
 
 namespace tillora::ui::win32 {
@@ -48,23 +53,35 @@ void FrameView::show(Property what) {
   }
 }
 
-// The theme's picture of a tab's body as a brush, so that the page and the controls on it, which
-// fill their own background, match the strip around them.
+// What the theme paints behind a tab's page, as a brush, so that the page and the controls on it,
+// which fill their own background, match the strip around them. Themes vary it from top to bottom
+// at most, so a narrow strip from the middle is enough; where it is all one colour the brush is
+// plain.
 void FrameView::paintTabBody() {
   const Theme theme(OpenThemeData(window(), L"TAB"));
   if (!theme) return;
   RECT area{};
   GetClientRect(window(), &area);
-  const HDC screen = GetDC(nullptr);
-  const Bitmap picture(CreateCompatibleBitmap(screen, area.right, area.bottom));
-  const MemoryDc dc(CreateCompatibleDC(screen));
-  ReleaseDC(nullptr, screen);
+  constexpr int kWidth = 8;
+  const Raster raster(kWidth, area.bottom);
+  if (!raster.bitmap()) return;
+  const std::span<const std::uint32_t> pixels = raster.pixels();
   {
-    const Selection selected(dc.get(), picture.get());
+    const MemoryDc dc(CreateCompatibleDC(nullptr));
+    const Selection selected(dc.get(), raster.bitmap());
+    const int middle = (area.right - kWidth) / 2;
+    SetViewportOrgEx(dc.get(), -middle, 0, nullptr);
     FillRect(dc.get(), &area, GetSysColorBrush(COLOR_BTNFACE));
     DrawThemeBackground(theme.get(), dc.get(), TABP_BODY, 0, &area, nullptr);
+    GdiFlush();
   }
-  tabBody_.reset(CreatePatternBrush(picture.get()));
+  constexpr std::uint32_t kColourBits = 0x00FFFFFF;
+  const std::uint32_t centre = pixels[pixels.size() / 2] & kColourBits;
+  const bool plain = std::ranges::all_of(
+      pixels, [&](std::uint32_t pixel) { return (pixel & kColourBits) == centre; });
+  tabBody_.reset(plain
+                     ? CreateSolidBrush(RGB(centre >> 16 & 0xFF, centre >> 8 & 0xFF, centre & 0xFF))
+                     : CreatePatternBrush(raster.bitmap()));
 }
 
 LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -77,6 +94,10 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       FillRect(dc, &area, dialog().background(window(), dc));
       return TRUE;
     }
+    case WM_THEMECHANGED:
+      if (tabBody_) paintTabBody();
+      InvalidateRect(window(), nullptr, TRUE);
+      break;
     case WM_COMMAND:
     case WM_NOTIFY:
     case WM_CTLCOLOREDIT:

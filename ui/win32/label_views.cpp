@@ -46,13 +46,13 @@ void LabelView::paint(HDC dc) {
     RECT area;
   };
   std::vector<Layer> layers;
+  const RECT place = pixelBounds();
   for (const auto& sibling : control().parent()->children()) {
     if (sibling->kind() != Kind::label || !sibling->visible()) continue;
     const auto* label = static_cast<const LabelView*>(dialog().viewOf(*sibling));
-    if (!label || !label->window()) continue;
-    RECT area{};
-    GetClientRect(label->window(), &area);
-    MapWindowPoints(label->window(), window(), reinterpret_cast<POINT*>(&area), 2);
+    if (!label) continue;
+    RECT area = label->pixelBounds();
+    OffsetRect(&area, -place.left, -place.top);
     RECT shared{};
     if (IntersectRect(&shared, &area, &own)) layers.push_back({label, area});
   }

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "ui/win32/raster.h"
+
 namespace tillora::ui::win32 {
 namespace {
 
@@ -113,16 +115,9 @@ std::uint32_t pixel(PictureId picture, int column, int row, int side) {
 
 Icon makeIcon(PictureId picture, int side) {
   side = std::max(side, 1);
-  BITMAPINFO format{};
-  format.bmiHeader.biSize = sizeof format.bmiHeader;
-  format.bmiHeader.biWidth = side;
-  format.bmiHeader.biHeight = -side;  // top row first
-  format.bmiHeader.biPlanes = 1;
-  format.bmiHeader.biBitCount = 32;
-  void* bits = nullptr;
-  const Bitmap colours(CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0));
-  if (!colours) return {};
-  auto* pixels = static_cast<std::uint32_t*>(bits);
+  const Raster colours(side, side);
+  if (!colours.bitmap()) return {};
+  auto pixels = colours.pixels().begin();
   // The mask is for what knows no alpha channel: set where the ground shows.
   const std::size_t maskRow = (static_cast<std::size_t>(side) + 15) / 16 * 2;
   std::vector<std::uint8_t> mask(maskRow * static_cast<std::size_t>(side));
@@ -137,7 +132,7 @@ Icon makeIcon(PictureId picture, int side) {
     }
   }
   const Bitmap maskBitmap(CreateBitmap(side, side, 1, 1, mask.data()));
-  ICONINFO icon{TRUE, 0, 0, maskBitmap.get(), colours.get()};
+  ICONINFO icon{TRUE, 0, 0, maskBitmap.get(), colours.bitmap()};
   return Icon(CreateIconIndirect(&icon));
 }
 

@@ -137,7 +137,7 @@ LRESULT ReportView::notify(NMHDR& header) {
     case LVN_ITEMCHANGED: {
       const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
       const bool selected = (change.uNewState & ~change.uOldState & LVIS_SELECTED) != 0;
-      if (!isEcho() && selected && change.iItem >= 0 && change.iItem < control().count()) {
+      if (isUsers() && selected && change.iItem >= 0 && change.iItem < control().count()) {
         control().setSelectedRow(change.iItem);
       }
       return 0;

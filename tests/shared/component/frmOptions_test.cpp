@@ -162,6 +162,7 @@ TEST_F(FrmOptionsTest, OkWithoutAnEditClosesWithoutSaving) {
 }
 
 TEST_F(FrmOptionsTest, OkAfterAnEditSavesAndCloses) {
+  saveDefaults();
   open([&](frmOptions& dialog) {
     user.type(u"Corner Shop");
     user.click(dialog.cmdCommand[frmOptions::ok]);
@@ -211,6 +212,7 @@ TEST_F(FrmOptionsTest, LookingAroundEnablesNothing) {
 }
 
 TEST_F(FrmOptionsTest, ApplySavesStaysOpenAndIsDisabledAgain) {
+  saveDefaults();
   open([&](frmOptions& dialog) {
     user.type(u"One");
     user.click(dialog.cmdCommand[frmOptions::apply]);
@@ -258,6 +260,7 @@ TEST_F(FrmOptionsTest, CancelEscapeAndTheCloseBoxDropEdits) {
 }
 
 TEST_F(FrmOptionsTest, CancelAfterApplyKeepsWhatWasApplied) {
+  saveDefaults();
   open([&](frmOptions& dialog) {
     user.type(u"One");
     user.click(dialog.cmdCommand[frmOptions::apply]);

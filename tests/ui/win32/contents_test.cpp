@@ -34,15 +34,14 @@ class ContentsTest : public ::testing::Test {
   User& user = desk.user();
 };
 
+BOOL CALLBACK countWindow(HWND /*window*/, LPARAM counter) {
+  ++*reinterpret_cast<int*>(counter);
+  return TRUE;
+}
+
 int childWindows(HWND window) {
   int count = 0;
-  EnumChildWindows(
-      window,
-      [](HWND /*child*/, LPARAM counter) -> BOOL {
-        ++*reinterpret_cast<int*>(counter);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&count));
+  EnumChildWindows(window, countWindow, reinterpret_cast<LPARAM>(&count));
   return count;
 }
 
@@ -274,6 +273,10 @@ TEST_F(ContentsTest, TabsAreSwitchedByMouseAndKeys) {
     user.press(Key::tab, {.ctrl = true});
     EXPECT_EQ(gallery.tabs.selected(), 2);
     EXPECT_EQ(SendMessageW(windowOf(gallery.tabs), TCM_GETCURSEL, 0, 0), 1);
+    user.press(Key::pageUp, {.ctrl = true});
+    EXPECT_EQ(gallery.tabs.selected(), 1);
+    user.press(Key::pageDown, {.ctrl = true});
+    EXPECT_EQ(gallery.tabs.selected(), 2);
   });
 }
 
