@@ -4,7 +4,7 @@ set -euo pipefail
 source ./client_steps.sh
 
 script "$REPO/tests/scripts/bad_inputs.vbs" "$(windows_path "$TMPDIR/shop.db")"
-drive wait Options 20 -- key ALT+M CTRL+A -- type 'Corner Shop' -- key ALT+O -- gone Options 10
+drive wait Options 60 -- key ALT+M CTRL+A -- type 'Corner Shop' -- key ALT+O -- gone Options 10
 finish bad_inputs
 printed object_not_set 'nothing set: 5B TilloraOptions.Options '
 printed wrong_object 'wrong object: 80020005 TilloraOptions.Options DBJetObject must be a JetDatabase; the object given has no member OptionsRecord.'

@@ -22,7 +22,14 @@ script() {
   client cscript //nologo "$file" "$@"
 }
 
-drive() { "$WINE" "$BUILD/drive.exe" "$@" </dev/null; }
+# drive COMMAND...: FAIL where a step cannot be done; the client is ended then.
+drive() {
+  "$WINE" "$BUILD/drive.exe" "$@" </dev/null 2>"$TMPDIR/drive.txt" && return
+  echo "FAIL drive $(tr -d '\r' <"$TMPDIR/drive.txt"), the client said:"
+  cat "$client_output"
+  kill "$client_process" 2>/dev/null || true
+  exit 0
+}
 
 # finish NAME: waits for the client; FAIL unless it ended well.
 finish() {

@@ -6,19 +6,19 @@ source ./client_steps.sh
 database=$(windows_path "$TMPDIR/shop.db")
 
 script "$REPO/clients/vbscript/shop.vbs" "$database"
-drive wait Options 20 -- key ALT+M CTRL+A -- type 'Corner Shop' -- key ALT+O -- gone Options 10
+drive wait Options 60 -- key ALT+M CTRL+A -- type 'Corner Shop' -- key ALT+O -- gone Options 10
 finish vbscript
 printed vbscript_stores 'CompanyName = "Corner Shop"'
 printed vbscript_reads_result 'data file changed: False'
 printed vbscript_ends 'done'
 
 script "$REPO/clients/vbscript/shop.vbs" "$database"
-drive wait Options 20 -- key ALT+M CTRL+A -- type 'Not this' -- key ESC -- gone Options 10
+drive wait Options 60 -- key ALT+M CTRL+A -- type 'Not this' -- key ESC -- gone Options 10
 finish vbscript_cancel
 printed vbscript_cancel_keeps 'CompanyName = "Corner Shop"'
 
 script "$REPO/clients/vbscript/host_in_script.vbs"
-drive wait Options 20 -- key ALT+M CTRL+A -- type 'Shop In A Script' -- key ALT+A \
+drive wait Options 60 -- key ALT+M CTRL+A -- type 'Shop In A Script' -- key ALT+A \
   -- key ALT+M CTRL+A -- type 'Again' -- key ALT+O -- gone Options 10
 finish script_classes
 printed script_classes_store 'stored: CompanyName=Shop In A Script'
@@ -27,12 +27,12 @@ printed script_classes_hear_of_saves 'message sent: True' 2
 printed script_classes_return 'returned: True'
 
 script "$REPO/clients/jscript/shop.js" "$database" 3
-drive wait Options 20 -- close Options -- gone Options 10
+drive wait Options 60 -- close Options -- gone Options 10
 finish jscript
 printed jscript_reads_result 'data file changed: false'
 
 client "$BUILD/cpp_client.exe" "$database"
-drive wait Options 20 -- key ALT+M CTRL+A -- type 'One' -- key ALT+A \
+drive wait Options 60 -- key ALT+M CTRL+A -- type 'One' -- key ALT+A \
   -- key ALT+M CTRL+A -- type 'Two' -- key ALT+A -- key ESC -- gone Options 10
 finish cpp
 printed cpp_hears_every_apply 'OptionsChanged 0' 2

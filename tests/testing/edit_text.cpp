@@ -97,14 +97,14 @@ void moveCaret(TextBox& box, Key key, ui::Modifiers modifiers) {
       if (selects) {
         box.userSelected(std::max(0, start - 1), end - std::max(0, start - 1));
       } else {
-        box.userSelected(box.selLength() > 0 ? start : std::max(0, start - 1), 0);
+        box.userSelected(std::max(0, end - 1), 0);
       }
       break;
     case Key::right:
       if (selects) {
         box.userSelected(start, std::min(length(box), end + 1) - start);
       } else {
-        box.userSelected(box.selLength() > 0 ? end : std::min(length(box), end + 1), 0);
+        box.userSelected(std::min(length(box), end + 1), 0);
       }
       break;
     default:

@@ -138,7 +138,12 @@ bool DialogWindow::mouseDown(const MSG& message) {
   const ControlView* view = viewAround(message.hwnd);
   if (!view) return false;
   readBackActive();
-  return !form_.userMouseDown(view->control());
+  Control& control = view->control();
+  const bool had = control.hasFocus();
+  if (!form_.userMouseDown(control)) return true;
+  // The click that gives a text box the focus leaves its whole text selected; the next one places
+  // the caret.
+  return !had && control.hasFocus() && control.kind() == Kind::textBox;
 }
 
 void DialogWindow::showKeyboardCues(WPARAM key, bool alt) {

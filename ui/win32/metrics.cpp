@@ -41,7 +41,7 @@ RECT Metrics::toPixels(const Rect& twips) const {
 Size Metrics::twipsPerPixel() const { return {kTwipsPerInch / dpi_, kTwipsPerInch / dpi_}; }
 
 int Metrics::textWidth(TextView text) const {
-  const std::wstring shown = wide(withoutAccessKey(text));
+  const std::wstring shown = wide(text);
   const Selection selected(dc_.get(), font_.get());
   SIZE size{};
   GetTextExtentPoint32W(dc_.get(), shown.data(), static_cast<int>(shown.size()), &size);
@@ -72,6 +72,8 @@ Rect Metrics::tabClientArea(const TabStrip& tabs) const {
 }
 
 void addTabs(HWND strip, const std::vector<Text>& tabs) {
+  // As wide as its caption each, so that one row holds them all.
+  SendMessageW(strip, TCM_SETMINTABWIDTH, 0, 0);
   int position = 0;
   for (const Text& tab : tabs) {
     std::wstring caption = wide(tab);

@@ -99,14 +99,14 @@ TEST_F(TextBoxEditing, ArrowsHomeAndEndMoveTheCaret) {
   });
 }
 
-TEST_F(TextBoxEditing, AnArrowEndsTheSelectionAtItsSide) {
-  with(u"abcd", [&] {
+TEST_F(TextBoxEditing, AnArrowGoesOnFromTheCaretAndEndsTheSelection) {
+  with(u"abcde", [&] {
     form.box.setSelection(1, 2);
     user.press(Key::left);
-    expect(u"abcd", 1);
+    expect(u"abcde", 2);
     form.box.setSelection(1, 2);
     user.press(Key::right);
-    expect(u"abcd", 3);
+    expect(u"abcde", 4);
   });
 }
 
