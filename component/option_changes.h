@@ -13,7 +13,7 @@ enum class OptionChange : std::int32_t {
 
 constexpr bool areSingleDistinctBits() {
   std::uint32_t seen = 0;
-#define TILLORA_CHANGE(name, value, help)                                    \
+#define TILLORA_CHANGE(name, value, help)                              \
   if ((value & (value - 1)) != 0 || (seen & value) != 0) return false; \
   seen |= value;
 #include "component/option_changes.inc"

@@ -20,9 +20,9 @@ struct Writes {
 };
 
 // The save order.
-using SaveOrder = Writes<         //
-    &CompanyDetails::save,        //
-    &CompanyDetails::saveClass    //
+using SaveOrder = Writes<       //
+    &CompanyDetails::save,      //
+    &CompanyDetails::saveClass  //
     >;
 
 template <class... Parts>

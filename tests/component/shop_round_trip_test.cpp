@@ -26,8 +26,8 @@ class ShopRoundTrip : public OptionsTest {
 
   void reopen(const host::ShopContents& contents = {}) {
     shop.reset();
-    shop = std::make_unique<host::Shop>(
-        host::Shop::open((folder_ / "shop.db").u16string(), contents));
+    shop =
+        std::make_unique<host::Shop>(host::Shop::open((folder_ / "shop.db").u16string(), contents));
     options_.DBJetObject = shop->database();
     options_.SettingsObject = shop->settings();
     options_.ResourceObject = shop->strings();
@@ -41,8 +41,7 @@ class ShopRoundTrip : public OptionsTest {
  private:
   std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
-      (std::string("tillora-") +
-       ::testing::UnitTest::GetInstance()->current_test_info()->name());
+      (std::string("tillora-") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 TEST_F(ShopRoundTrip, CompanyDetailsSurviveTheProgram) {

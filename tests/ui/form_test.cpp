@@ -131,14 +131,10 @@ TEST_F(FormTest, ARefusedValidationKeepsTheFocusByEveryWayOut) {
   show([&] {
     user.type(u"bad");
     const std::vector<std::function<void()>> ways = {
-        [&] { user.press(Key::tab); },
-        [&] { user.click(form.second); },
-        [&] { user.click(form.check); },
-        [&] { user.click(form.ok); },
-        [&] { user.press(Key::enter); },
-        [&] { user.accessKey(u'o'); },
-        [&] { user.accessKey(u'k'); },
-        [&] { form.second.setFocus(); },
+        [&] { user.press(Key::tab); },   [&] { user.click(form.second); },
+        [&] { user.click(form.check); }, [&] { user.click(form.ok); },
+        [&] { user.press(Key::enter); }, [&] { user.accessKey(u'o'); },
+        [&] { user.accessKey(u'k'); },   [&] { form.second.setFocus(); },
     };
     for (const auto& leave : ways) {
       form.events.clear();
