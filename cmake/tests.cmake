@@ -7,9 +7,8 @@ set(gtest_disable_pthreads ${WIN32} CACHE INTERNAL "")
 set(TILLORA_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
 add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 
-# The same test drives forms without windows natively and real windows on Windows: makeDesk() is
-# defined in headless_make_desk.cpp for the one and in win32/ for the other. Windows tests of other things
-# than windows use the headless desk by its own name.
+# A shared test drives forms without windows natively and real windows on Windows: makeDesk() makes
+# the desk of the side it is built for. Windows tests of other things name the headless desk.
 set(testing_folders tests/testing)
 if(WIN32)
   list(APPEND testing_folders tests/testing/win32)
@@ -44,6 +43,8 @@ if(WIN32)
   if(TARGET windows_tests)
     tillora_resources(resources tests/windows)
     target_sources(windows_tests PRIVATE ${resources})
+    # What is tested is optimised; optimising the tests would only take time.
+    target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
   endif()
 else()
   tillora_program(native_tests

@@ -47,8 +47,16 @@ missing_packages() {
 }
 
 root_apt() {
-  as_root env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -q -y -o Acquire::Retries=3 "$@"
+  as_root env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -q -y -o Acquire::Retries=3 \
+    -o DPkg::Lock::Timeout=300 "$@"
 }
+
+# one_at_a_time COMMAND...: for work with apt, which parts of a build may ask for at once.
+one_at_a_time() (
+  exec 8>"/tmp/tillora-apt-$(id -u).lock"
+  flock 8
+  "$@" 8>&-
+)
 
 # install_packages NAME...: installs what is missing, with apt's own progress. Fast when all is there.
 install_packages() {
@@ -56,8 +64,11 @@ install_packages() {
   mapfile -t missing < <(missing_packages "$@")
   [ "${#missing[@]}" -gt 0 ] || return 0
   say "installing ${missing[*]}"
+  one_at_a_time update_and_install "${missing[@]}"
+}
+update_and_install() {
   root_apt update || warn "apt update failed; trying with the package lists at hand"
-  root_apt install --no-install-recommends "${missing[@]}"
+  root_apt install --no-install-recommends "$@"
 }
 
 # debian_mirror RELEASE: the address of the machine's own Debian archive, from apt's sources.

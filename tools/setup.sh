@@ -8,4 +8,6 @@ if [ "${1:-}" != --native ]; then
   packages+=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools
     wine wine64 xvfb xdotool imagemagick fonts-wine fonts-liberation)
 fi
+# The database's source comes through npm, from wherever npm was installed.
+command -v npm >/dev/null || packages+=(npm)
 install_packages "${packages[@]}"

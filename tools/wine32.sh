@@ -13,17 +13,18 @@ readonly RUNNER=$REPO/tools/wine32_chroot.sh
 release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
 
 multiarch_installed() {
-  [ -x /usr/lib/wine/wine ] && [ "$(dpkg-query -W -f '${db:Status-Status}' wine32:i386 2>/dev/null)" = installed ]
+  [ -x /usr/lib/wine/wine ] &&
+    [ "$(dpkg-query -W -f '${db:Status-Status}' wine32:i386 2>/dev/null)" = installed ]
 }
 
 # Nothing installed may be removed or replaced for it, so it is simulated first.
 install_multiarch() {
-  local had_i386
+  local had_i386 packages=(--no-remove --no-install-recommends wine wine64 wine32:i386)
   had_i386=$(dpkg --print-foreign-architectures | grep -cx i386 || true)
   as_root dpkg --add-architecture i386 || return 1
   if root_apt update >/dev/null 2>&1 &&
-    root_apt install --simulate --no-remove --no-install-recommends wine wine64 wine32:i386 >/dev/null 2>&1 &&
-    root_apt install --no-remove --no-install-recommends wine wine64 wine32:i386; then
+    root_apt install --simulate "${packages[@]}" >/dev/null 2>&1 &&
+    root_apt install "${packages[@]}"; then
     return 0
   fi
   if [ "$had_i386" = 0 ]; then
@@ -64,7 +65,7 @@ if [ "${TILLORA_WINE32_FROM:-}" != chroot ] && multiarch_installed; then
   echo
 elif [ -e "$ROOT/.complete" ]; then
   echo "$RUNNER"
-elif [ "${TILLORA_WINE32_FROM:-}" != chroot ] && install_multiarch >&2; then
+elif [ "${TILLORA_WINE32_FROM:-}" != chroot ] && one_at_a_time install_multiarch >&2; then
   echo
 elif install_chroot >&2; then
   echo "$RUNNER"

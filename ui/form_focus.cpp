@@ -179,7 +179,8 @@ bool Form::switchTab(bool forward) {
 
 char16_t Form::userCharacter(char16_t character) {
   if (active_ != nullptr) active_->keyPress.raise(character);
-  return character;
+  // Ctrl+Backspace types it, and no text means it.
+  return character == kDeleteCharacter ? char16_t{0} : character;
 }
 
 bool Form::userAccessKey(char16_t character) {

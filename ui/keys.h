@@ -35,7 +35,8 @@ struct Modifiers {
   friend bool operator==(const Modifiers&, const Modifiers&) = default;
 };
 
-/// The character that the Backspace key types.
+/// The character that the Backspace key types, and the one it types with Ctrl.
 inline constexpr char16_t kBackspaceCharacter = 8;
+inline constexpr char16_t kDeleteCharacter = 0x7F;
 
 }  // namespace tillora::ui

@@ -23,6 +23,7 @@ bool isLetterOrDigit(Key key) {
 }
 
 char16_t characterOf(Key key, ui::Modifiers modifiers) {
+  if (key == Key::backspace && modifiers.ctrl) return ui::kDeleteCharacter;
   if (modifiers.ctrl || key == Key::enter || key == Key::tab) {
     const auto code = static_cast<char16_t>(key);
     return isLetterOrDigit(key) && code >= u'A' ? static_cast<char16_t>(code - u'A' + 1) : code;

@@ -31,8 +31,7 @@ void TabView::showChoice() { send(TCM_SETCURSEL, static_cast<WPARAM>(control().s
 LRESULT TabView::notify(NMHDR& header) {
   if (header.code != TCN_SELCHANGE || !dialog().form().isShown()) return 0;
   const auto chosen = static_cast<int>(send(TCM_GETCURSEL)) + 1;
-  if (chosen >= 1) control().setSelected(chosen);
-  showChoice();
+  if (chosen >= 1) control().setSelected(chosen);  // shows the choice, also where it is refused
   return 0;
 }
 

@@ -229,6 +229,14 @@ TEST_F(TextBoxEditing, ACharacterLandsWhereItWasTypedThoughTheFocusMovesOn) {
   });
 }
 
+TEST_F(TextBoxEditing, TheDeleteCharacterIsNeverTyped) {
+  with(u"abc", [&] {
+    user.press(Key::end);
+    user.press(Key::backspace, {.ctrl = true});
+    EXPECT_EQ(form.box.text().find(u'\x7f'), Text::npos);
+  });
+}
+
 TEST_F(TextBoxEditing, AnyCharacterOfThePlatformCanBeTyped) {
   with(u"", [&] {
     user.type(u"\u00e9\u4e2d\u20ac");

@@ -160,19 +160,25 @@ TEST_F(ModalityTest, F1RaisesHelpWhateverHasTheFocus) {
   EXPECT_EQ(raised, 3);
 }
 
-TEST_F(ModalityTest, TheProgramsEndEndsTheForm) {
-  desk.whenShown([&](ui::Form&) {
-    gallery.stays = true;
-    PostQuitMessage(7);
-  });
-  // The desk would close the form; the message must do it.
+TEST_F(ModalityTest, TheProgramsEndUnloadsTheForm) {
+  // The desk would close the form; the message is to do it.
   desk.windows().modalShown = [](ui::Form&) { PostQuitMessage(7); };
   gallery.showModal();
+  EXPECT_FALSE(gallery.isLoaded());
   MSG message{};
   ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
   EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
   EXPECT_EQ(message.wParam, 7U);
+  expectHostIsBack();
+}
+
+TEST_F(ModalityTest, TheProgramsEndEndsAFormThatWillNotClose) {
+  gallery.stays = true;
+  desk.windows().modalShown = [](ui::Form&) { PostQuitMessage(0); };
+  gallery.showModal();
   EXPECT_FALSE(gallery.isShown());
+  MSG message{};
+  EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
 TEST_F(ModalityTest, AFailureInAClickIsThrownToTheCaller) {
