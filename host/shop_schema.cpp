@@ -71,7 +71,7 @@ void createTable(ShopFile& file, const TableSchema& table) {
     const std::string columnName = quotedName(column.field.name);
     std::string index = "CREATE INDEX ";
     index += quotedName(fromUtf8(table.name) + u"_by_" + column.field.name);
-    index += " ON " + tableName + " (" + columnName + ")";
+    index.append(" ON ").append(tableName).append(" (").append(columnName).append(")");
     file.execute(index.c_str(), kObject);
   }
 }

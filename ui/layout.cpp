@@ -1,6 +1,7 @@
 #include "ui/layout.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "ui/form.h"
 
@@ -124,12 +125,12 @@ int Rows::buttonRow(Container& form, std::initializer_list<Control*> buttons) {
   const Size size = form.clientSize();
   int left = size.width - kPageMargin;
   int top = size.height;
-  for (auto button = std::rbegin(buttons); button != std::rend(buttons); ++button) {
-    const int width = naturalWidth(**button);
-    const int height = heightOf(**button);
+  for (Control* button : std::views::reverse(buttons)) {
+    const int width = naturalWidth(*button);
+    const int height = heightOf(*button);
     left -= width;
     top = size.height - kPageMargin - height;
-    (*button)->setBounds({left, top, width, height});
+    button->setBounds({left, top, width, height});
     left -= kBetweenCells;
   }
   return top;
