@@ -1,10 +1,13 @@
 // The component over a real shop database: what is saved is there after the program has ended.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "host/shop.h"
+#include "host/shop_error.h"
 #include "identity/company_details.h"
 #include "support/modJetSQLFixup.h"
 #include "tests/testing/options_test.h"
@@ -26,22 +29,24 @@ class ShopRoundTrip : public OptionsTest {
 
   void reopen(const host::ShopContents& contents = {}) {
     shop.reset();
-    shop =
-        std::make_unique<host::Shop>(host::Shop::open((folder_ / "shop.db").u16string(), contents));
+    shop = std::make_unique<host::Shop>(openAnother(contents));
     options_.DBJetObject = shop->database();
     options_.SettingsObject = shop->settings();
     options_.ResourceObject = shop->strings();
+  }
+  /// Another program on the same shop. Waits for a lock no longer than a test can.
+  host::Shop openAnother(const host::ShopContents& contents = {}) const {
+    return host::Shop::open(file_.u16string(), contents, std::chrono::milliseconds(50));
   }
   Text stored(const Option<OptionType::Text>& option) {
     return shop->database()->optionsRecord()->get(option).value_or(u"<none>");
   }
 
-  std::unique_ptr<host::Shop> shop;
-
- private:
-  std::filesystem::path folder_ =
+  const std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
       (std::string("tillora-") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
+  const std::filesystem::path file_ = folder_ / "shop.db";
+  std::unique_ptr<host::Shop> shop;
 };
 
 TEST_F(ShopRoundTrip, CompanyDetailsSurviveTheProgram) {
@@ -129,10 +134,57 @@ TEST_F(ShopRoundTrip, AFailureWhileSavingLeavesTheOldState) {
   EXPECT_EQ(stored(options::CompanyName), before);
 }
 
+TEST_F(ShopRoundTrip, ASaveWhileAnotherProgramSavesIsAClearErrorAndLosesNothing) {
+  const Text before = stored(options::CompanyName);
+  host::Shop other = openAnother();
+  auto saving = other.database()->optionsRecord();
+  saving->set(options::CompanyFax, u"from elsewhere");
+  desk->whenShown([&](ui::Form&) {
+    user.type(u"Other");
+    user.accessKey(u'o');
+  });
+  try {
+    options_.ShowOptions();
+    ADD_FAILURE();
+  } catch (const Error& failure) {
+    EXPECT_EQ(failure.number(), host::shop_error::locked);
+    EXPECT_TRUE(failure.source().starts_with(u"TilloraHost."));
+    EXPECT_NE(failure.description(), u"");
+  }
+  EXPECT_TRUE(changes.empty());
+  EXPECT_TRUE(host.sent.empty());
+  saving->commit();
+  saving.reset();
+  EXPECT_EQ(stored(options::CompanyName), before);
+  EXPECT_EQ(stored(options::CompanyFax), u"from elsewhere");
+  edit([&](frmOptions&) { user.type(u"Later"); });
+  EXPECT_EQ(stored(options::CompanyName), u"Later");
+}
+
+TEST_F(ShopRoundTrip, ADamagedShopIsAClearErrorBeforeAnyDialog) {
+  shop.reset();
+  options_.DBJetObject.reset();
+  options_.SettingsObject.reset();
+  options_.ResourceObject.reset();
+  {
+    std::fstream raw(file_, std::ios::in | std::ios::out | std::ios::binary);
+    for (int page = 1; page < 8; ++page) {
+      raw.seekp(page * 4096);
+      raw << std::string(4096, '?');
+    }
+  }
+  try {
+    openAnother();
+    ADD_FAILURE();
+  } catch (const Error& failure) {
+    EXPECT_EQ(failure.number(), host::shop_error::damaged);
+    EXPECT_NE(failure.description(), u"");
+  }
+}
+
 TEST_F(ShopRoundTrip, FirstUseFillsAnEmptyShop) {
   shop.reset();
-  std::filesystem::remove_all(std::filesystem::temp_directory_path() /
-                              "tillora-FirstUseFillsAnEmptyShop" / "shop.db");
+  std::filesystem::remove(file_);
   reopen({.seeded = false, .itemCount = std::nullopt});
   EXPECT_EQ(stored(options::CompanyName), u"<none>");
   options_.FirstUse = true;
