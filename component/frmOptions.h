@@ -63,7 +63,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   void setOkDefault(bool isDefault) override;
 
   void makeFrame();
-  void tabBeforeClick(bool& cancel);
+  void tabBeforeClick(bool& refuse);
   void tabClick();
   void commandClick(int index);
   void showHelp();

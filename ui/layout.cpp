@@ -1,6 +1,7 @@
 #include "ui/layout.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "ui/form.h"
 
@@ -122,18 +123,13 @@ void Rows::endGroup(Container& frame, const Rows& rows) {
 
 std::vector<Rows> Rows::columns(std::initializer_list<int> widths) const {
   int left = area_.width - kBetweenGroups * (static_cast<int>(widths.size()) - 1);
-  int filling = 0;
-  for (const int width : widths) {
-    if (width == Cell::kFill) {
-      ++filling;
-    } else {
-      left -= width;
-    }
-  }
+  for (const int width : widths) left -= std::max(0, width);
+  const auto filling = static_cast<int>(std::ranges::count(widths, Cell::kFill));
+  const int share = left / std::max(1, filling);
   std::vector<Rows> columns;
   Rect area{area_.left, top_, 0, area_.bottom() - top_};
   for (const int width : widths) {
-    area.width = width == Cell::kFill ? left / filling : width;
+    area.width = width == Cell::kFill ? share : width;
     columns.emplace_back(holder_, area);
     area.left += area.width + kBetweenGroups;
   }
@@ -144,12 +140,12 @@ int Rows::buttonRow(Container& form, std::initializer_list<Control*> buttons) {
   const Size size = form.clientSize();
   int left = size.width - kPageMargin;
   int top = size.height;
-  for (auto button = std::rbegin(buttons); button != std::rend(buttons); ++button) {
-    const int width = naturalWidth(**button);
-    const int height = heightOf(**button);
+  for (Control* button : std::ranges::reverse_view(buttons)) {
+    const int width = naturalWidth(*button);
+    const int height = heightOf(*button);
     left -= width;
     top = size.height - kPageMargin - height;
-    (*button)->setBounds({left, top, width, height});
+    button->setBounds({left, top, width, height});
     left -= kBetweenCells;
   }
   return top;

@@ -53,7 +53,7 @@ class Rows {
   static int buttonRow(Container& form, std::initializer_list<Control*> buttons);
 
  private:
-  void place(std::initializer_list<Cell> cells, int left, int height);
+  void place(std::initializer_list<Cell> cells, int indent, int height);
 
   Container& holder_;
   Rect area_;
