@@ -20,9 +20,11 @@ struct Writes {
 };
 
 // The save order.
-using SaveOrder = Writes<       //
-    &CompanyDetails::save,      //
-    &CompanyDetails::saveClass  //
+using SaveOrder = Writes<        //
+    &CompanyDetails::save,       //
+    &CompanyDetails::saveClass,  //
+    &TransactionOptions::save,   //
+    &ListColumns::save           //
     >;
 
 template <class... Parts>
@@ -34,7 +36,9 @@ static_assert(savesEvery(static_cast<const Tabs*>(nullptr)), "a part is missing 
 // What is asked before a save writes, in this order: each a part's function that shows its message
 // and selects its tab where it says no.
 using Validation = bool (*)(const Tabs&, const Text& title);
-const std::vector<Validation> kValidations = {};
+const std::vector<Validation> kValidations = {
+    [](const Tabs& tabs, const Text& title) { return tabs.get<ListColumns>().validate(title); },
+};
 
 }  // namespace
 

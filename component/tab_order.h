@@ -6,6 +6,8 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "sales/list_columns.h"
+#include "sales/transactions.h"
 
 namespace tillora {
 
@@ -27,8 +29,10 @@ class TabParts {
 };
 
 /// The load order: the parts are made and loaded in this order.
-using Tabs = TabParts<  //
-    CompanyDetails      // General
+using Tabs = TabParts<   //
+    CompanyDetails,      // General
+    TransactionOptions,  // Transactions
+    ListColumns          // Lists
     >;
 
 /// Runs every part's write-back in the save order.

@@ -121,6 +121,21 @@ void Rows::endGroup(Container& frame, const Rows& rows) {
   top_ = bounds.bottom() + kBetweenGroups;
 }
 
+std::vector<Rows> Rows::columns(std::initializer_list<int> widths) const {
+  int left = area_.width - kBetweenGroups * (static_cast<int>(widths.size()) - 1);
+  for (const int width : widths) left -= std::max(0, width);
+  const auto filling = static_cast<int>(std::ranges::count(widths, Cell::kFill));
+  const int share = left / std::max(1, filling);
+  std::vector<Rows> columns;
+  Rect area{area_.left, top_, 0, area_.bottom() - top_};
+  for (const int width : widths) {
+    area.width = width == Cell::kFill ? share : width;
+    columns.emplace_back(holder_, area);
+    area.left += area.width + kBetweenGroups;
+  }
+  return columns;
+}
+
 int Rows::buttonRow(Container& form, std::initializer_list<Control*> buttons) {
   const Size size = form.clientSize();
   int left = size.width - kPageMargin;

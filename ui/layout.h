@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <vector>
 
 #include "ui/container.h"
 #include "ui/text_box.h"
@@ -40,6 +41,10 @@ class Rows {
   Rows group(Container& frame);
   /// Ends the group: the frame is made as high as its rows need.
   void endGroup(Container& frame, const Rows& rows);
+
+  /// Rows side by side, from the next row on, in columns of these widths; what the others leave
+  /// over is shared by those of Cell::kFill.
+  std::vector<Rows> columns(std::initializer_list<int> widths) const;
 
   /// Below the last row so far, twips of the container's client area.
   int bottom() const { return top_; }

@@ -36,11 +36,24 @@ TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
 
 TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
   open([&](frmOptions&) {});
-  EXPECT_EQ(host.calls, (std::vector<std::string>{
-                            "Title", "DispensingAvailable", "OptionsRecord", "get CompanyName",
-                            "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
-                            "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass",
-                            "ClassTable", "find ClassTable Hidden=False"}));
+  EXPECT_EQ(
+      host.calls,
+      (std::vector<std::string>{
+          "Title", "DispensingAvailable", "OptionsRecord",
+          // General
+          "get CompanyName", "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
+          "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass", "ClassTable",
+          "find ClassTable Hidden=False",
+          // Transactions
+          "get TransactionOptionBits", "get TerminalIDCaption", "get TransactionNumberCaption",
+          "get SalesPersonCaption", "get TaxedSellPriceCaption", "get TaxedWholesaleCaption",
+          "get TaxExemptCaption", "get ItemTaxCaption", "get ItemsSoldCaption",
+          "get TotalExTaxCaption", "get TaxTotalCaption", "get TotalCaption", "get ChangeCaption",
+          "get BalanceDueCaption", "get LaybyOpeningBalanceCaption",
+          "get LaybyClosingBalanceCaption", "get LaybyDateDueCaption",
+          // Lists
+          "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
+          "get LaybyCustomerListColumns", "get CurrencyListColumns"}));
 }
 
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {

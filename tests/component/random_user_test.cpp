@@ -47,13 +47,32 @@ class RandomUser : public OptionsTest {
   }
 
   void clickAnything(frmOptions& dialog) {
-    auto& part = dialog.tab<CompanyDetails>();
-    if (dialog.tabOptions.selected() != 1 || chance(20)) {
+    std::vector<ui::Control*> controls;
+    collect(dialog.fraFrame[dialog.tabOptions.selected() - 1], controls);
+    if (controls.empty() || chance(20)) {
       user.click(dialog.cmdCommand[below(4)]);
-    } else if (chance(20)) {
-      user.choose(part.cboClass, below(part.cboClass.count()));
+      return;
+    }
+    ui::Control& control =
+        *controls[static_cast<std::size_t>(below(static_cast<int>(controls.size())))];
+    if (control.kind() == ui::Kind::comboBox) {
+      auto& combo = static_cast<ui::ComboBox&>(control);
+      user.choose(combo, below(combo.count()));
+    } else if (control.kind() == ui::Kind::checkListBox) {
+      auto& list = static_cast<ui::CheckListBox&>(control);
+      user.clickCheck(list, below(list.count()));
     } else {
-      user.click(part.txtCompanyDetails[below(CompanyDetails::count)]);
+      user.click(control);
+    }
+  }
+
+  static void collect(const ui::Container& holder, std::vector<ui::Control*>& controls) {
+    for (const auto& control : holder.children()) {
+      if (control->kind() == ui::Kind::frame) {
+        collect(static_cast<const ui::Frame&>(*control), controls);
+      } else if (control->effectivelyVisible()) {
+        controls.push_back(control.get());
+      }
     }
   }
 

@@ -34,10 +34,30 @@ TEST_F(SaveOptionsTest, ASaveThatChangesNothingStillCommitsSendsAndRaises) {
 
 TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   applyNothing();
-  EXPECT_EQ(saveCalls, (std::vector<std::string>{
-                           "Title", "OptionsRecord", "put CompanyName", "put CompanyAddress",
-                           "put CompanyPhone", "put CompanyFax", "put CompanyEmail",
-                           "put CompanyACN", "put CompanyABN", "put LVClass", "commit", "send"}));
+  std::vector<std::string> expected;
+  const auto add = [&](const std::vector<std::string>& calls) {
+    expected.insert(expected.end(), calls.begin(), calls.end());
+  };
+  // A mask is compared with what was stored, set to 0, and given the bits of its rows.
+  const auto addColumns = [&](const std::string& mask, int rows) {
+    for (int i = 0; i <= rows; ++i) add({"get " + mask, "put " + mask});
+  };
+  add({"Title", "OptionsRecord"});
+  add({"put CompanyName", "put CompanyAddress", "put CompanyPhone", "put CompanyFax",
+       "put CompanyEmail", "put CompanyACN", "put CompanyABN", "put LVClass"});
+  add({"put TransactionOptionBits", "put TerminalIDCaption", "put TransactionNumberCaption",
+       "put SalesPersonCaption", "put TaxedSellPriceCaption", "put TaxedWholesaleCaption",
+       "put TaxExemptCaption", "put ItemTaxCaption", "put ItemsSoldCaption",
+       "put TotalExTaxCaption", "put TaxTotalCaption", "put TotalCaption", "put ChangeCaption",
+       "put BalanceDueCaption", "put LaybyOpeningBalanceCaption", "put LaybyClosingBalanceCaption",
+       "put LaybyDateDueCaption"});
+  addColumns("SalesPersonListColumns", 5);
+  addColumns("ProductListColumns", 13);
+  addColumns("CustomerListColumns", 24);
+  addColumns("LaybyCustomerListColumns", 12);
+  addColumns("CurrencyListColumns", 7);
+  add({"commit", "send"});
+  EXPECT_EQ(saveCalls, expected);
 }
 
 TEST_F(SaveOptionsTest, SendsThePresentTime) {

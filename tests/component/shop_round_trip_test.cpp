@@ -9,6 +9,8 @@
 #include "host/shop.h"
 #include "host/shop_error.h"
 #include "identity/company_details.h"
+#include "sales/list_columns.h"
+#include "sales/transactions.h"
 #include "support/modJetSQLFixup.h"
 #include "tests/testing/options_test.h"
 
@@ -64,6 +66,30 @@ TEST_F(ShopRoundTrip, CompanyDetailsSurviveTheProgram) {
     EXPECT_EQ(dialog.tab<CompanyDetails>().txtCompanyDetails[0].text(), name);
     EXPECT_EQ(dialog.tab<CompanyDetails>().txtCompanyDetails[11].text(), u"556");
   });
+}
+
+TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
+  const Text caption = u" Till no. '1' ";
+  openOn(TabPage::transactions, [&](frmOptions& dialog) {
+    const auto& receipt = dialog.tab<TransactionOptions>();
+    auto& box = receipt.chkTransaction[TransactionOptions::printTerminalId];
+    if (!box.value()) user.click(box);
+    user.click(receipt.txtCaption[TransactionOptions::terminalId]);
+    user.selectAll();
+    user.type(caption);
+    user.clickTab(dialog.tabOptions, 2);
+    auto& products = dialog.tab<ListColumns>().lstListShow[ListColumns::product];
+    for (int row = 0; row < products.count(); ++row) {
+      const bool wanted = row == products.count() - 1;
+      if (products.checked(row) != wanted) user.clickCheck(products, row);
+    }
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto record = shop->database()->optionsRecord();
+  EXPECT_EQ(record->get(options::TerminalIDCaption), caption);
+  EXPECT_EQ(record->getOrZero(options::TransactionOptionBits) & 1, 1);
+  EXPECT_EQ(record->get(options::ProductListColumns), -0x8000);
 }
 
 TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {

@@ -86,6 +86,28 @@ TEST_F(LayoutTest, ABlockOfNoHeightTakesTheRest) {
   EXPECT_EQ(list.bounds().bottom(), 3000);
 }
 
+TEST_F(LayoutTest, ColumnsShareTheWidthFromTheNextRowOn) {
+  auto& left = form.add<ui::TextBox>();
+  auto& middle = form.add<ui::TextBox>();
+  auto& right = form.add<ui::TextBox>();
+  Rows rows(form, {100, 0, 6000, 3000});
+  rows.row({{box, Cell::kFill}});
+  std::vector<Rows> columns = rows.columns({1500, Cell::kFill, Cell::kFill});
+  ASSERT_EQ(columns.size(), 3U);
+  columns[0].row({{left, Cell::kFill}});
+  columns[1].block(middle, 0);
+  columns[2].row({{right, Cell::kFill}});
+  EXPECT_EQ(left.bounds().left, 100);
+  EXPECT_EQ(left.bounds().width, 1500);
+  EXPECT_GT(left.bounds().top, box.bounds().bottom());
+  EXPECT_GT(middle.bounds().left, left.bounds().right());
+  EXPECT_GT(right.bounds().left, middle.bounds().right());
+  EXPECT_EQ(middle.bounds().width, right.bounds().width);
+  EXPECT_EQ(right.bounds().right(), 6100);
+  EXPECT_EQ(middle.bounds().top, left.bounds().top);
+  EXPECT_EQ(middle.bounds().bottom(), 3000);
+}
+
 TEST_F(LayoutTest, ButtonsStandAtTheBottomRightInTheirOrder) {
   auto& ok = form.add<ui::CommandButton>(u"&OK");
   auto& cancel = form.add<ui::CommandButton>(u"&Cancel");

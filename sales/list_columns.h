@@ -1,0 +1,32 @@
+#pragma once
+
+#include "component/options_tab.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/lists.h"
+
+namespace tillora {
+
+/// The columns that the host's lists show: a check list for each, a row for each column, and in the
+/// row's item data the bits that are the column's in the stored mask.
+class ListColumns final : public OptionsTab {
+ public:
+  /// Indexes of lstListShow.
+  enum List : std::uint8_t { salesPerson, product, customer, laybyCustomer, currency, count };
+
+  explicit ListColumns(OptionsDialog& dialog);
+  void load(OptionsRecord& record) override;
+  void save(OptionsRecord& record, OptionChanges& changes) override;
+  /// False where the sales person list or the currency conversion list would be left without a
+  /// column to go by; the message has been shown then, and the tab selected.
+  bool validate(const Text& title);
+
+  ui::ControlArray<ui::Label> lblLists;
+  ui::ControlArray<ui::CheckListBox> lstListShow;
+
+ private:
+  void layOut();
+  bool refuse(const Text& title, TextView list);
+};
+
+}  // namespace tillora
