@@ -20,9 +20,11 @@ struct Writes {
 };
 
 // The save order.
-using SaveOrder = Writes<       //
-    &CompanyDetails::save,      //
-    &CompanyDetails::saveClass  //
+using SaveOrder = Writes<        //
+    &CompanyDetails::save,       //
+    &CompanyDetails::saveClass,  //
+    &Rounding::save,             //
+    &CurrencyConversion::save    //
     >;
 
 template <class... Parts>

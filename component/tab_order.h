@@ -6,6 +6,8 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "sales/currency_conversion.h"
+#include "sales/rounding.h"
 
 namespace tillora {
 
@@ -28,7 +30,9 @@ class TabParts {
 
 /// The load order: the parts are made and loaded in this order.
 using Tabs = TabParts<  //
-    CompanyDetails      // General
+    CompanyDetails,     // General
+    Rounding,           // Rounding
+    CurrencyConversion  // Currency
     >;
 
 /// Runs every part's write-back in the save order.

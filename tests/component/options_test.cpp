@@ -36,11 +36,31 @@ TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
 
 TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
   open([&](frmOptions&) {});
-  EXPECT_EQ(host.calls, (std::vector<std::string>{
-                            "Title", "DispensingAvailable", "OptionsRecord", "get CompanyName",
-                            "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
-                            "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass",
-                            "ClassTable", "find ClassTable Hidden=False"}));
+  EXPECT_EQ(host.calls, (std::vector<std::string>{"Title",
+                                                  "DispensingAvailable",
+                                                  "OptionsRecord",
+                                                  "get CompanyName",
+                                                  "get CompanyAddress",
+                                                  "get CompanyPhone",
+                                                  "get CompanyFax",
+                                                  "get CompanyEmail",
+                                                  "get CompanyACN",
+                                                  "get CompanyABN",
+                                                  "get LVClass",
+                                                  "ClassTable",
+                                                  "find ClassTable Hidden=False",
+                                                  "get RoundingDirection",
+                                                  "DecimalPlaces",
+                                                  "CurrencyFormat",
+                                                  "get RoundingStep",
+                                                  "get RoundedCaption",
+                                                  "get RoundingVarianceCaption",
+                                                  "get RoundingItem",
+                                                  "get RoundingFlags",
+                                                  "get TaxRoundingMode",
+                                                  "get TaxRoundingDirection",
+                                                  "DecimalSeparator",
+                                                  "get DefaultCurrencyMargin"}));
 }
 
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {

@@ -34,10 +34,37 @@ TEST_F(SaveOptionsTest, ASaveThatChangesNothingStillCommitsSendsAndRaises) {
 
 TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   applyNothing();
-  EXPECT_EQ(saveCalls, (std::vector<std::string>{
-                           "Title", "OptionsRecord", "put CompanyName", "put CompanyAddress",
-                           "put CompanyPhone", "put CompanyFax", "put CompanyEmail",
-                           "put CompanyACN", "put CompanyABN", "put LVClass", "commit", "send"}));
+  EXPECT_EQ(saveCalls, (std::vector<std::string>{"Title",
+                                                 "OptionsRecord",
+                                                 "put CompanyName",
+                                                 "put CompanyAddress",
+                                                 "put CompanyPhone",
+                                                 "put CompanyFax",
+                                                 "put CompanyEmail",
+                                                 "put CompanyACN",
+                                                 "put CompanyABN",
+                                                 "put LVClass",
+                                                 "get RoundingStep",
+                                                 "put RoundingStep",
+                                                 "get RoundingFlags",
+                                                 "put RoundingFlags",
+                                                 "get RoundingFlags",
+                                                 "get RoundedCaption",
+                                                 "put RoundedCaption",
+                                                 "get RoundingItem",
+                                                 "put RoundingItem",
+                                                 "get RoundingVarianceCaption",
+                                                 "put RoundingVarianceCaption",
+                                                 "get TaxRoundingMode",
+                                                 "put TaxRoundingMode",
+                                                 "get TaxRoundingDirection",
+                                                 "put TaxRoundingDirection",
+                                                 "get RoundingDirection",
+                                                 "put RoundingDirection",
+                                                 "get DefaultCurrencyMargin",
+                                                 "put DefaultCurrencyMargin",
+                                                 "commit",
+                                                 "send"}));
 }
 
 TEST_F(SaveOptionsTest, SendsThePresentTime) {
