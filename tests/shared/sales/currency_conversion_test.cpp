@@ -1,5 +1,6 @@
 #include "sales/currency_conversion.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "tests/testing/options_test.h"
@@ -127,19 +128,19 @@ TEST_F(CurrencyConversionTest, ClicksEndAtTheLimitsAndComeBack) {
 TEST_F(CurrencyConversionTest, EveryValueGoesOneStepUpAndDown) {
   open([&](frmOptions& dialog) {
     user.clickTab(dialog.tabOptions, 5);
-    for (int i = 0; i < 1000; ++i) user.spin(upDown(dialog), -1);
+    for (int i = 0; i < 1000; ++i) upDown(dialog).spin(-1);
     EXPECT_EQ(upDown(dialog).value(), -9999);
     int before = -9999;
     for (int i = 1; i <= 1999; ++i) {
-      user.spin(upDown(dialog), +1);
+      upDown(dialog).spin(+1);
       const int expected = std::min(-10000 + 10 * i, 9999);
       ASSERT_EQ(upDown(dialog).value(), expected) << "after " << before;
       before = expected;
     }
-    user.spin(upDown(dialog), +1);
+    upDown(dialog).spin(+1);
     EXPECT_EQ(upDown(dialog).value(), 9999);
     for (int i = 1; i <= 1999; ++i) {
-      user.spin(upDown(dialog), -1);
+      upDown(dialog).spin(-1);
       ASSERT_EQ(upDown(dialog).value(), std::max(10000 - 10 * i, -9999));
     }
   });
