@@ -24,6 +24,8 @@ using SaveOrder = Writes<        //
     &CompanyDetails::save,       //
     &CompanyDetails::saveClass,  //
     &TransactionOptions::save,   //
+    &Rounding::save,             //
+    &CurrencyConversion::save,   //
     &ListColumns::save           //
     >;
 

@@ -6,7 +6,9 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
+#include "sales/rounding.h"
 #include "sales/transactions.h"
 
 namespace tillora {
@@ -32,6 +34,8 @@ class TabParts {
 using Tabs = TabParts<   //
     CompanyDetails,      // General
     TransactionOptions,  // Transactions
+    Rounding,            // Rounding
+    CurrencyConversion,  // Currency
     ListColumns          // Lists
     >;
 

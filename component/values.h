@@ -3,15 +3,10 @@
 #include <cstdint>
 #include <variant>
 
+#include "support/money.h"
 #include "ui/text.h"
 
 namespace tillora {
-
-/// An amount of money: a count of ten-thousandths, as the platform's CY.
-struct Money {
-  std::int64_t tenThousandths = 0;
-  friend auto operator<=>(const Money&, const Money&) = default;
-};
 
 /// Date and time, as the platform's DATE: days since 30 December 1899, local time.
 struct DateTime {

@@ -1,12 +1,19 @@
 #include "support/numbers.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <cmath>
 #include <string>
+#include <utility>
 
 #include "ui/keys.h"
 
 namespace tillora {
 namespace {
+
+// Beyond every number; sums of it are far from overflowing.
+constexpr std::int64_t kLargestExponent = 1'000'000'000;
 
 bool isWhiteSpace(char16_t c) { return c == u' ' || (c >= 0x09 && c <= 0x0D); }
 
@@ -15,7 +22,7 @@ class NumberReader {
  public:
   NumberReader(TextView text, const NumberLocale& locale) : rest_(text), locale_(locale) {}
 
-  std::optional<double> read() {
+  std::optional<Decimal> read() {
     while (readAffix(u'(', parenthesis_)) {
     }
     if (!readDigits()) return std::nullopt;
@@ -24,11 +31,8 @@ class NumberReader {
     while (readAffix(u')', closing_)) {
     }
     if (!rest_.empty() || !closing_) return std::nullopt;
-    double value = 0;
-    const auto [end, failure] =
-        std::from_chars(plain_.data(), plain_.data() + plain_.size(), value);
-    if (failure != std::errc{}) return isZero_ ? std::optional(0.0) : std::nullopt;
-    return negative_ || parenthesis_ ? -value : value;
+    number_.negative = negative_ || parenthesis_;
+    return std::move(number_);
   }
 
  private:
@@ -60,57 +64,47 @@ class NumberReader {
   }
 
   bool readDigits() {
-    bool any = takeDigits(locale_.thousandsSeparator);
-    if (skip(locale_.decimalSeparator)) {
-      plain_ += '.';
-      any = takeDigits({}) || any;
-    }
-    if (!plain_.empty() && plain_.front() == '.') plain_.insert(plain_.begin(), '0');
-    if (!plain_.empty() && plain_.back() == '.') plain_ += '0';
-    isZero_ = plain_.find_first_of("123456789") == std::string::npos;
-    return any;
+    takeDigits(locale_.thousandsSeparator);
+    const std::size_t whole = number_.digits.size();
+    if (skip(locale_.decimalSeparator)) takeDigits({});
+    number_.exponent = -static_cast<std::int64_t>(number_.digits.size() - whole);
+    return !number_.digits.empty();
   }
 
-  bool takeDigits(TextView separator) {
-    bool any = false;
+  void takeDigits(TextView separator) {
     while (!rest_.empty()) {
       if (isDigit(rest_.front())) {
-        any = true;
-        plain_ += static_cast<char>(rest_.front());
+        number_.digits += static_cast<char>(rest_.front());
         rest_.remove_prefix(1);
-      } else if (!any || !skip(separator)) {
+      } else if (number_.digits.empty() || !skip(separator)) {
         break;
       }
     }
-    return any;
   }
 
   void readExponent() {
     if (rest_.empty() || (rest_.front() != u'e' && rest_.front() != u'E')) return;
     TextView exponent = rest_.substr(1);
-    std::string plain = "e";
-    if (!exponent.empty() && (exponent.front() == u'-' || exponent.front() == u'+')) {
-      if (exponent.front() == u'-') plain += '-';
-      exponent.remove_prefix(1);
-    }
+    const bool negative = exponent.starts_with(u'-');
+    if (negative || exponent.starts_with(u'+')) exponent.remove_prefix(1);
     if (exponent.empty() || !isDigit(exponent.front())) return;
+    std::int64_t value = 0;
     while (!exponent.empty() && isDigit(exponent.front())) {
-      plain += static_cast<char>(exponent.front());
+      value = std::min(value * 10 + (exponent.front() - u'0'), kLargestExponent);
       exponent.remove_prefix(1);
     }
-    plain_ += plain;
+    number_.exponent += negative ? -value : value;
     rest_ = exponent;
   }
 
   TextView rest_;
   const NumberLocale& locale_;
-  std::string plain_;  // the number as from_chars reads it
+  Decimal number_;
   bool signed_ = false;
   bool negative_ = false;
   bool currency_ = false;
   bool parenthesis_ = false;
   bool closing_ = false;
-  bool isZero_ = false;
 };
 
 }  // namespace
@@ -119,8 +113,33 @@ bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 bool isCommandCharacter(char16_t c) { return c < 0x20 && c != ui::kBackspaceCharacter; }
 
-std::optional<double> toNumber(TextView text, const NumberLocale& locale) {
+std::optional<Decimal> toDecimal(TextView text, const NumberLocale& locale) {
   return NumberReader(text, locale).read();
+}
+
+std::optional<double> toNumber(TextView text, const NumberLocale& locale) {
+  const std::optional<Decimal> number = toDecimal(text, locale);
+  if (!number) return std::nullopt;
+  const std::string plain = number->digits + 'e' + std::to_string(number->exponent);
+  double value = 0;
+  const auto failure = std::from_chars(plain.data(), plain.data() + plain.size(), value).ec;
+  if (failure != std::errc{}) return number->isZero() ? std::optional(0.0) : std::nullopt;
+  return number->negative ? -value : value;
+}
+
+double roundHalfEven(double value) {
+  const double below = std::floor(value);
+  const double fraction = value - below;
+  const bool up = fraction > 0.5 || (fraction == 0.5 && std::fmod(below, 2) != 0);
+  return up ? below + 1 : below;
+}
+
+double asWritten(float value) {
+  std::array<char, 32> text{};
+  char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  double written = value;
+  std::from_chars(text.data(), end, written);
+  return written;
 }
 
 }  // namespace tillora

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <string>
 
 #include "ui/text.h"
 
@@ -20,14 +22,31 @@ bool isDigit(char16_t c);
 /// of the edit control, which key filters let pass and which move no focus.
 bool isCommandCharacter(char16_t c);
 
+/// A number exactly as it was written: its digits as a whole number, times 10 to the exponent.
+struct Decimal {
+  bool negative = false;
+  std::string digits;  ///< at least one, 0 to 9; zeros may lead
+  std::int64_t exponent = 0;
+
+  bool isZero() const { return digits.find_first_not_of('0') == std::string::npos; }
+};
+
 /// The number that a text says by the platform's own text-to-number conversion: blanks around it, a
 /// sign before or after it, parentheses, a currency symbol, thousands separators, a decimal
-/// separator and an exponent. None for any other text, for hexadecimal and octal forms, and beyond
-/// the range of a double.
+/// separator and an exponent. None for any other text, and for hexadecimal and octal forms.
+std::optional<Decimal> toDecimal(TextView text, const NumberLocale& locale);
+
+/// The same as a double; none beyond its range.
 std::optional<double> toNumber(TextView text, const NumberLocale& locale);
 
 inline bool isNumeric(TextView text, const NumberLocale& locale) {
   return toNumber(text, locale).has_value();
 }
+
+/// The nearest whole number; halfway between two, the even one.
+double roundHalfEven(double value);
+
+/// The double that reads as the single does: 2.55 for 2.55F, which is 2.5499999523 as it stands.
+double asWritten(float value);
 
 }  // namespace tillora

@@ -24,7 +24,7 @@ trap 'rm -rf "$scratch"' EXIT
 
 from_package() {
   command -v npm >/dev/null || return 1
-  (cd "$scratch" && timeout 180 npm pack --silent "$PACKAGE" >/dev/null) || return 1
+  (cd "$scratch" && timeout 90 npm pack --silent --fetch-retries=1 "$PACKAGE" >/dev/null) || return 1
   tar -xzf "$scratch"/*.tgz -C "$scratch" package/deps/sqlite3 || return 1
   echo "$SQLITE3_C  $scratch/package/deps/sqlite3/sqlite3.c" | sha256sum --check --quiet || return 1
   cp "$scratch"/package/deps/sqlite3/sqlite3.[ch] "$dir"

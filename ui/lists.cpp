@@ -82,6 +82,11 @@ void ListView::addColumn(Text header, int width) {
   notify(Property::columns);
 }
 
+void ListView::setColumnHeader(int column, Text header) {
+  columns_.at(static_cast<std::size_t>(column)).header = std::move(header);
+  notify(Property::columns);
+}
+
 void ListView::setColumnWidth(int column, int width) {
   columns_.at(static_cast<std::size_t>(column)).width = width;
   notify(Property::columns);

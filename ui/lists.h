@@ -91,6 +91,7 @@ class ListView final : public Control {
 
   const std::vector<ListColumn>& columns() const { return columns_; }
   void addColumn(Text header, int width = 0);
+  void setColumnHeader(int column, Text header);
   void setColumnWidth(int column, int width);
   /// Headers that can be pressed as buttons; flat ones otherwise.
   bool clickableHeaders() const { return clickableHeaders_; }

@@ -51,6 +51,12 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get TotalExTaxCaption", "get TaxTotalCaption", "get TotalCaption", "get ChangeCaption",
           "get BalanceDueCaption", "get LaybyOpeningBalanceCaption",
           "get LaybyClosingBalanceCaption", "get LaybyDateDueCaption",
+          // Rounding
+          "get RoundingDirection", "DecimalPlaces", "CurrencyFormat", "get RoundingStep",
+          "get RoundedCaption", "get RoundingVarianceCaption", "get RoundingItem",
+          "get RoundingFlags", "get TaxRoundingMode", "get TaxRoundingDirection",
+          // Currency
+          "DecimalSeparator", "get DefaultCurrencyMargin",
           // Lists
           "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
           "get LaybyCustomerListColumns", "get CurrencyListColumns"}));

@@ -51,6 +51,12 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
        "put TotalExTaxCaption", "put TaxTotalCaption", "put TotalCaption", "put ChangeCaption",
        "put BalanceDueCaption", "put LaybyOpeningBalanceCaption", "put LaybyClosingBalanceCaption",
        "put LaybyDateDueCaption"});
+  add({"get RoundingStep", "put RoundingStep", "get RoundingFlags", "put RoundingFlags",
+       "get RoundedCaption", "put RoundedCaption", "get RoundingItem", "put RoundingItem",
+       "get RoundingVarianceCaption", "put RoundingVarianceCaption", "get TaxRoundingMode",
+       "put TaxRoundingMode", "get TaxRoundingDirection", "put TaxRoundingDirection",
+       "get RoundingDirection", "put RoundingDirection"});
+  add({"get DefaultCurrencyMargin", "put DefaultCurrencyMargin"});
   addColumns("SalesPersonListColumns", 5);
   addColumns("ProductListColumns", 13);
   addColumns("CustomerListColumns", 24);

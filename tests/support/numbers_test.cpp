@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace tillora {
 namespace {
 
@@ -51,6 +54,31 @@ TEST(ToNumber, RefusesAnyOtherText) {
 
 TEST(ToNumber, ANumberTooSmallToTellFromZeroIsZero) {
   EXPECT_EQ(toNumber(u"0e999", kAustralia), 0);
+}
+
+TEST(ToDecimal, KeepsTheNumberAsItWasWritten) {
+  const auto number = toDecimal(u"-0012.50e3", kAustralia);
+  ASSERT_TRUE(number);
+  EXPECT_TRUE(number->negative);
+  EXPECT_EQ(number->digits, "001250");
+  EXPECT_EQ(number->exponent, 1);
+  EXPECT_FALSE(number->isZero());
+  EXPECT_TRUE(toDecimal(u"0.00", kAustralia)->isZero());
+  EXPECT_FALSE(toDecimal(u"abc", kAustralia));
+}
+
+TEST(RoundHalfEven, GoesToTheEvenNeighbour) {
+  const std::vector<std::pair<double, double>> values = {
+      {0.5, 0},  {1.5, 2},    {2.5, 2}, {-0.5, 0}, {-1.5, -2},     {-2.5, -2},      {2.4999, 2},
+      {2.51, 3}, {-2.51, -3}, {3, 3},   {-3, -3},  {1e300, 1e300}, {254.99999, 255}};
+  for (const auto& [value, rounded] : values) EXPECT_EQ(roundHalfEven(value), rounded) << value;
+}
+
+TEST(AsWritten, ReadsAsTheSingleDoes) {
+  EXPECT_EQ(asWritten(2.55F), 2.55);
+  EXPECT_EQ(asWritten(-99.99F), -99.99);
+  EXPECT_EQ(asWritten(0.0F), 0);
+  EXPECT_EQ(asWritten(1e30F), 1e30);
 }
 
 TEST(IsDigit, IsOneOfTheTenDigits) {

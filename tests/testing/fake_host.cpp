@@ -196,11 +196,11 @@ class FakeSettings final : public SettingsStore, Counted {
   }
   Text currencyFormat() override {
     host_.called("CurrencyFormat");
-    return u"$#,##0.00";
+    return host_.currencyFormat;
   }
   Text decimalSeparator() override {
     host_.called("DecimalSeparator");
-    return u".";
+    return host_.decimalSeparator;
   }
   bool dispensingAvailable() override {
     host_.called("DispensingAvailable");
@@ -290,6 +290,7 @@ Error FakeHost::failure() {
 void FakeHost::called(const std::string& call) {
   const int number = static_cast<int>(calls.size());
   calls.push_back(call);
+  if (onCall) onCall(call);
   if (call == failingCall || number == failingNumber) throw failure();
 }
 

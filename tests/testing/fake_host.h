@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,12 +46,16 @@ class FakeHost {
   std::map<std::int32_t, Text> strings;
   Text title = u"Tillora Administrator";
   Text path = u"C:\\Tillora";
-  std::int16_t decimalPlaces = 2;
+  std::optional<std::int16_t> decimalPlaces = 2;
+  Text currencyFormat = u"$#,##0.00";
+  Text decimalSeparator = u".";
   bool dispensingAvailable = false;
   std::vector<double> sent;  ///< times of the messages sent
 
   /// Every call in order: "get CompanyName", "put CompanyName", "commit", "send", "Title", ...
   std::vector<std::string> calls;
+  /// Told of every call after it was written down.
+  std::function<void(const std::string&)> onCall;
   /// The call with this text fails from its nth time on; none if empty.
   std::string failingCall;
   /// The call with this number (from 0, over all calls) fails; -1 for none.

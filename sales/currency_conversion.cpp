@@ -1,0 +1,173 @@
+#include "sales/currency_conversion.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "support/modSelectAllText.h"
+#include "support/number_format.h"
+#include "support/text_rules.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+constexpr int kLargest = 9999;  // hundredths of a percent
+constexpr int kStep = 10;
+constexpr TextView kPlain = u"#0.00";
+constexpr TextView kPercent = u"#0.00\\%";
+constexpr int kBoxWidth = 900;
+constexpr int kUpDownWidth = 255;
+
+/// True as long as it lives.
+class Flag {
+ public:
+  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flag() { flag_ = false; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+int roundDown(int value, int step) {
+  const int rest = value % step;
+  return value - (rest < 0 ? rest + step : rest);
+}
+
+// Where a click that has moved the value by one hundredth takes it: a whole step, or an end.
+int snapped(int value, int before) {
+  if (value > before || value == kLargest) {
+    value += kStep - 1;
+    if (value > kLargest) return kLargest;
+  }
+  return value >= -kLargest + kStep - 1 ? roundDown(value, kStep) : -kLargest;
+}
+
+}  // namespace
+
+CurrencyConversion::CurrencyConversion(OptionsDialog& dialog)
+    : OptionsTab(dialog),
+      fraCurrencyConversion(dialog.page(TabPage::currency).add<ui::Frame>(u"Currency Conversion")),
+      lblCurrencyConversion(fraCurrencyConversion.add<ui::Label>(u"Default % &Margin")),
+      txtCurrencyConversion(makeBoxes()),
+      udCurrencyConversion(fraCurrencyConversion.add<ui::UpDown>()) {
+  udCurrencyConversion.setRange(-kLargest, kLargest);
+  layOut();
+  box().gotFocus = [this] { showMargin(); };
+  box().lostFocus = [this] { lostFocus(); };
+  box().keyPress = [this](char16_t& key) { keyPress(key); };
+  box().validate = [this](bool&) { validate(); };
+  udCurrencyConversion.change = [this] { spun(); };
+}
+
+ui::ControlArray<ui::TextBox> CurrencyConversion::makeBoxes() {
+  ui::ControlArray<ui::TextBox> boxes;
+  boxes.set(0, fraCurrencyConversion.add<ui::TextBox>()).setAlignment(ui::Alignment::right);
+  return boxes;
+}
+
+void CurrencyConversion::layOut() {
+  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::currency));
+  ui::Rows rows = page.group(fraCurrencyConversion);
+  rows.labelColumn({&lblCurrencyConversion});
+  rows.field(lblCurrencyConversion, {{box(), kBoxWidth}, {udCurrencyConversion, kUpDownWidth}});
+  page.endGroup(fraCurrencyConversion, rows);
+}
+
+void CurrencyConversion::load(OptionsRecord& record) {
+  locale_ = dialog_.numberLocale();
+  const Text separator =
+      requireObject(dialog_.host().settings, u"SettingsObject").decimalSeparator();
+  if (!separator.empty()) locale_.decimalSeparator = separator;
+  // One character cannot be both; without thousands separators no number reads as another one.
+  if (locale_.thousandsSeparator == locale_.decimalSeparator) locale_.thousandsSeparator.clear();
+
+  const float stored = record.getOrDefault(options::DefaultCurrencyMargin);
+  margin_ = std::isfinite(stored) ? stored : 0;
+  showMargin();
+  setUpDown(asWritten(margin_) * 100);
+}
+
+void CurrencyConversion::keyPress(char16_t& key) {
+  if (isCommandCharacter(key) || key == ui::kBackspaceCharacter) return;
+  const Text typed(1, key);
+  const bool onlyOnce = typed == locale_.decimalSeparator || key == u'-';
+  if (!onlyOnce) {
+    if (!isDigit(key)) key = 0;
+    return;
+  }
+  const bool isThere = box().text().find(typed) != Text::npos;
+  const bool isReplaced = box().selText().find(typed) != Text::npos;
+  if (isThere && !isReplaced) key = 0;
+}
+
+void CurrencyConversion::validate() {
+  // The margin may have more decimals than are shown: only another text replaces it.
+  if (!showsMargin()) {
+    if (const std::optional<double> number = typed()) {
+      const double lowest = udCurrencyConversion.minimum() / 100.0;
+      const double highest = udCurrencyConversion.maximum() / 100.0;
+      const double limited = std::clamp(*number, lowest, highest);
+      if (!spinning_) setUpDown(limited * 100);
+      margin_ = static_cast<float>(limited);
+    }
+  }
+  showMargin();
+}
+
+void CurrencyConversion::lostFocus() {
+  // Cancel validates nothing: what is still to be validated stays.
+  if (showsMargin()) showMargin();
+}
+
+void CurrencyConversion::spun() {
+  if (settingUpDown_ || spinning_) return;
+  const Flag guard(spinning_);
+  const int value = snapped(udCurrencyConversion.value(), lastSet_);
+  udCurrencyConversion.setValue(value);
+  margin_ = static_cast<float>(value) / 100;
+  showMargin();
+  box().setFocus();
+  showMargin();
+  lastSet_ = value;
+}
+
+void CurrencyConversion::showMargin() {
+  const bool focused = box().hasFocus();
+  box().reformat(marginText(focused ? kPlain : kPercent));
+  if (focused) selectAllText(box());
+}
+
+bool CurrencyConversion::showsMargin() const {
+  const Text& text = box().text();
+  return text == marginText(kPlain) || text == marginText(kPercent);
+}
+
+Text CurrencyConversion::marginText(TextView format) const {
+  return formatNumber(asWritten(margin_), format, locale_);
+}
+
+std::optional<double> CurrencyConversion::typed() const {
+  const Text text = trimBlanks(box().text());
+  if (text.empty()) return 0;
+  TextView number = text;
+  if (number.ends_with(u'%')) number.remove_suffix(1);
+  return toNumber(number, locale_);
+}
+
+void CurrencyConversion::setUpDown(double hundredths) {
+  const Flag guard(settingUpDown_);
+  const double limited = std::clamp<double>(hundredths, -kLargest, kLargest);
+  lastSet_ = static_cast<int>(roundHalfEven(limited));
+  udCurrencyConversion.setValue(lastSet_);
+}
+
+void CurrencyConversion::save(OptionsRecord& record, OptionChanges& changes) {
+  if (record.replace(options::DefaultCurrencyMargin, margin_)) {
+    changes.set(OptionChange::CurrencyMargin);
+  }
+}
+
+}  // namespace tillora

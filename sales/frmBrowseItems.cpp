@@ -1,0 +1,230 @@
+#include "sales/frmBrowseItems.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <optional>
+#include <utility>
+
+#include "support/modJetSQLFixup.h"
+#include "support/modListViewSupport.h"
+#include "ui/busy_pointer.h"
+#include "ui/layout.h"
+
+namespace tillora {
+
+/// What the list shows for a purpose, and which of its columns make a value.
+struct frmBrowseItems::Columns {
+  const char16_t* caption;
+  const char16_t* instruction;
+  std::array<const char16_t*, 4> headers;
+  std::optional<int> group;
+  int name;
+  int sorted;
+};
+
+namespace {
+
+using ui::ListItem;
+
+constexpr ui::Size kClientSize{9000, 5700};
+constexpr std::array<TextView, 3> kProductTypes = {u"PART", u"STOCK", u"GRP"};
+constexpr TextView kOtherCharge = u"OTHC";
+constexpr TextView kIncomeAccount = u"INC";
+
+/// Tells of accounts whether they are active income accounts; asks the host for each once.
+class IncomeAccounts {
+ public:
+  explicit IncomeAccounts(JetDatabase& database) : table_(database.accountTable()) {}
+
+  bool contains(const Text& account) {
+    const auto [known, isNew] = known_.try_emplace(account, false);
+    if (isNew) known->second = find(account);
+    return known->second;
+  }
+
+ private:
+  bool find(const Text& account) {
+    Text criteria = u"[Name] = " + QuoteJetLiteral(account);
+    criteria.append(u" AND [Inactive] = ").append(jetBoolean(false));
+    criteria.append(u" AND [AccountType] = ").append(QuoteJetLiteral(kIncomeAccount));
+    table_->findFirst(criteria);
+    return !table_->noMatch();
+  }
+
+  std::unique_ptr<Table> table_;
+  std::map<Text, bool> known_;
+};
+
+template <class T, class Visitor>
+void forEach(Cursor<T>& list, Visitor visit) {
+  for (list.moveFirst(); !list.atEnd(); list.moveNext()) visit(list.current());
+}
+
+}  // namespace
+
+frmBrowseItems::frmBrowseItems(ui::Screen& screen)
+    : Dialog(screen, Text()), lblLabel(add<ui::Label>()), ltvItems(add<ui::ListView>()) {
+  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"&OK"));
+  okButton.setToolTip(u"Accept the selected item and close this window");
+  okButton.setDefault(true);
+  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
+  cancelButton.setToolTip(u"Close this window");
+  cancelButton.setCancel();
+  for (int i = 0; i < 4; ++i) ltvItems.addColumn(Text());
+  toggleHeaderButtons(ltvItems);
+  layOut();
+
+  ltvItems.mouse = [this](ui::Point point) { mouse_ = point; };
+  ltvItems.doubleClick = [this] { listDoubleClick(); };
+  okButton.click = [this] { accept(); };
+  cancelButton.click = [this] { unload(); };
+}
+
+void frmBrowseItems::layOut() {
+  setClientSize(kClientSize);
+  const int buttons = ui::Rows::buttonRow(*this, {&cmdCommand[ok], &cmdCommand[cancel]});
+  ui::Rows rows = ui::Rows::onPage(*this);
+  const int margin = rows.bottom();
+  rows.row({{lblLabel, ui::Cell::kFill}});
+  rows.block(ltvItems, buttons - margin - rows.bottom());
+}
+
+const frmBrowseItems::Columns& frmBrowseItems::columns() const {
+  static constexpr Columns kProducts{
+      u"Grade Product",
+      u"Select the Product to be associated with the grade, then click the OK button.",
+      {u"Product Number", u"Group", u"Item Name", u"Description"},
+      1,
+      2,
+      2};
+  static constexpr Columns kRoundingItems{
+      u"Rounding Item",
+      u"Select the Rounding Item for the rounded amount, then click the OK button.",
+      {u"Group", u"Item Name", u"Description", u"Account"},
+      0,
+      1,
+      1};
+  // Sorted by account, not by name.
+  static constexpr Columns kPaymentItems{
+      u"Payment Item",
+      u"Select the Payment Item the Currency Conversion entry will use, then click the OK button.",
+      {u"Item Name", u"Description", u"Account", u""},
+      std::nullopt,
+      0,
+      2};
+  switch (BrowseType) {
+    case gradeProduct:
+      return kProducts;
+    case roundingItem:
+      return kRoundingItems;
+    default:
+      return kPaymentItems;
+  }
+}
+
+void frmBrowseItems::onLoad() {
+  const ui::BusyPointer busy(screen());
+  showHeaders();
+  std::vector<ListItem> found = rows();
+  sort(found);
+  ltvItems.setRows(std::move(found));
+  autoSizeColumns(ltvItems, 0, ColumnFit::contentsOrHeader);
+  preselect();
+}
+
+void frmBrowseItems::showHeaders() {
+  setCaption(columns().caption);
+  lblLabel.setCaption(columns().instruction);
+  int position = 0;
+  for (const char16_t* header : columns().headers) ltvItems.setColumnHeader(position++, header);
+}
+
+std::vector<ListItem> frmBrowseItems::rows() const {
+  switch (BrowseType) {
+    case gradeProduct:
+      return productRows();
+    case roundingItem:
+      return roundingRows();
+    default:
+      return paymentRows();
+  }
+}
+
+std::vector<ListItem> frmBrowseItems::productRows() const {
+  std::vector<ListItem> rows;
+  forEach(*requireObject(DBJetObject, u"DBJetObject").itemList(), [&](Item item) {
+    if (std::ranges::find(kProductTypes, item.itemType) == kProductTypes.end()) return;
+    rows.push_back({{std::move(item.productNumber), std::move(item.group), std::move(item.name),
+                     std::move(item.description)}});
+  });
+  return rows;
+}
+
+std::vector<ListItem> frmBrowseItems::roundingRows() const {
+  std::vector<ListItem> rows;
+  JetDatabase& database = requireObject(DBJetObject, u"DBJetObject");
+  IncomeAccounts incomeAccounts(database);
+  forEach(*database.itemList(), [&](Item item) {
+    if (item.itemType != kOtherCharge || !incomeAccounts.contains(item.account)) return;
+    rows.push_back({{std::move(item.group), std::move(item.name), std::move(item.description),
+                     std::move(item.account)}});
+  });
+  return rows;
+}
+
+std::vector<ListItem> frmBrowseItems::paymentRows() const {
+  std::vector<ListItem> rows;
+  forEach(*requireObject(DBJetObject, u"DBJetObject").paymentItemList(), [&](PaymentItem item) {
+    rows.push_back({{std::move(item.name), std::move(item.description), std::move(item.account)}});
+  });
+  return rows;
+}
+
+void frmBrowseItems::sort(std::vector<ListItem>& rows) const {
+  const auto column = static_cast<std::size_t>(columns().sorted);
+  std::ranges::stable_sort(rows, [&](const ListItem& a, const ListItem& b) {
+    return screen().compareForList(a.texts[column], b.texts[column]) < 0;
+  });
+}
+
+void frmBrowseItems::preselect() {
+  const Columns& shown = columns();
+  const std::size_t colon = shown.group ? SelectedValue.rfind(u':') : Text::npos;
+  const bool hasGroup = colon != Text::npos;
+  const Text group = hasGroup ? SelectedValue.substr(0, colon) : Text();
+  const Text name = hasGroup ? SelectedValue.substr(colon + 1) : SelectedValue;
+  for (int row = 0; row < ltvItems.count(); ++row) {
+    const bool matches = ltvItems.text(row, shown.name) == name &&
+                         (!shown.group || ltvItems.text(row, *shown.group) == group);
+    if (!matches && !SelectedValue.empty()) continue;
+    ltvItems.setSelectedRow(row);
+    ltvItems.ensureVisible(row);
+    return;
+  }
+}
+
+void frmBrowseItems::accept() {
+  const int row = ltvItems.selectedRow();
+  const bool accepts = BrowseType >= gradeProduct && BrowseType <= paymentItem;
+  if (row >= 0 && accepts) SelectedValue = valueOf(row);
+  unload();
+}
+
+Text frmBrowseItems::valueOf(int row) const {
+  const Columns& shown = columns();
+  const Text& name = ltvItems.text(row, shown.name);
+  if (!shown.group || ltvItems.text(row, *shown.group).empty()) return name;
+  return ltvItems.text(row, *shown.group) + u":" + name;
+}
+
+void frmBrowseItems::listDoubleClick() {
+  if (ltvItems.hitTest(mouse_) >= 0) accept();
+}
+
+void frmBrowseItems::onUnload() {
+  DBJetObject.reset();
+  SettingsObject.reset();
+}
+
+}  // namespace tillora

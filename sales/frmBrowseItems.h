@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "component/dialog.h"
+#include "component/host_objects.h"
+#include "ui/control_array.h"
+#include "ui/lists.h"
+
+namespace tillora {
+
+/// A list of the shop's items in which one is chosen. The caller sets the variables and shows the
+/// dialog modally; each show reads the list anew.
+class frmBrowseItems final : public Dialog {
+ public:
+  /// What the item is for. Any other BrowseType lists payment items and accepts none.
+  enum Purpose : std::uint8_t { gradeProduct = 1, roundingItem, paymentItem };
+  enum Command : std::uint8_t { ok, cancel };
+
+  explicit frmBrowseItems(ui::Screen& screen);
+
+  std::int16_t BrowseType = 0;
+  /// In: the present value, whose row is selected. Out: the value chosen by OK, else as it was.
+  /// Group, colon and item name; the item name alone without a group and for a payment item.
+  Text SelectedValue;
+  /// Released when the dialog closes.
+  std::shared_ptr<SettingsStore> SettingsObject;
+  std::shared_ptr<JetDatabase> DBJetObject;
+
+  ui::Label& lblLabel;
+  ui::ListView& ltvItems;
+  ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
+
+ private:
+  struct Columns;
+
+  void onLoad() override;
+  void onUnload() override;
+  ui::Control* firstFocus() const override { return &ltvItems; }
+
+  void layOut();
+  const Columns& columns() const;
+  void showHeaders();
+  std::vector<ui::ListItem> rows() const;
+  std::vector<ui::ListItem> productRows() const;
+  std::vector<ui::ListItem> roundingRows() const;
+  std::vector<ui::ListItem> paymentRows() const;
+  void sort(std::vector<ui::ListItem>& rows) const;
+  void preselect();
+
+  void accept();
+  void listDoubleClick();
+  Text valueOf(int row) const;
+
+  ui::Point mouse_;  ///< where a mouse button last went down or up on the list
+};
+
+}  // namespace tillora

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "component/options_tab.h"
+#include "support/money.h"
+#include "ui/buttons.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/lists.h"
+#include "ui/text_box.h"
+
+namespace tillora {
+
+/// How the amount due and the tax of a sale are rounded.
+class Rounding final : public OptionsTab {
+ public:
+  /// Indexes of cboRounding.
+  enum Combo : std::uint8_t { direction, step, taxDirection };
+  /// Indexes of txtRoundingCaption.
+  enum Box : std::uint8_t { roundedCaption, varianceCaption, item };
+  /// Items of the two combo boxes of directions.
+  enum Direction : std::uint8_t { upTo, downTo };
+  /// Indexes of lblRounding.
+  enum Label : std::uint8_t {
+    round,
+    nearest,
+    captionOfRounded,
+    captionOfVariance,
+    taxRound,
+    taxNearest,
+    taxStep,  ///< the smallest unit of the currency
+    note
+  };
+
+  explicit Rounding(OptionsDialog& dialog);
+  void load(OptionsRecord& record) override;
+  void save(OptionsRecord& record, OptionChanges& changes) override;
+
+  ui::Frame& fraTendering;
+  ui::Frame& fraTax;
+  ui::Frame& fraUnitOfMeasure;
+  ui::ControlArray<ui::Label> lblRounding;
+  ui::ControlArray<ui::ComboBox> cboRounding;
+  ui::ControlArray<ui::TextBox> txtRoundingCaption;
+  ui::ControlArray<ui::OptionButton> optRounding;  ///< by TaxRoundingMode
+  ui::ControlArray<ui::CheckBox> chkRounding;      ///< by bit of RoundingFlags
+  ui::CommandButton& cmdBrowse;                    ///< chooses the rounding item
+
+ private:
+  ui::CommandButton& makeTendering();
+  void makeTax();
+  void makeUnitOfMeasure();
+  void layOut();
+
+  void loadSteps();
+  void selectStep(std::optional<Money> stored);
+  void browse();
+  std::uint8_t chosenMode() const;
+
+  std::vector<Money> steps_;  ///< what the items of the step list stand for
+  // Kept for as long as nothing else is chosen: they may be outside their lists.
+  std::uint8_t storedDirection_ = 0;
+  std::uint8_t storedTaxDirection_ = 0;
+  std::uint8_t storedMode_ = 0;
+};
+
+}  // namespace tillora

@@ -1,0 +1,432 @@
+#include "sales/currency_conversion.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "tests/testing/options_test.h"
+
+namespace tillora::testing {
+namespace {
+
+using ui::Key;
+
+class CurrencyConversionTest : public OptionsTest {
+ protected:
+  static CurrencyConversion& tab(frmOptions& dialog) { return dialog.tab<CurrencyConversion>(); }
+  static ui::TextBox& box(frmOptions& dialog) { return tab(dialog).txtCurrencyConversion[0]; }
+  static ui::UpDown& upDown(frmOptions& dialog) { return tab(dialog).udCurrencyConversion; }
+
+  /// Opens the tab with this margin stored; the focus is in the box.
+  void openWith(float margin, const std::function<void(frmOptions&)>& act) {
+    host.store(options::DefaultCurrencyMargin, margin);
+    openOn(TabPage::currency, act);
+  }
+  void save(frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::apply]); }
+  void retype(frmOptions& dialog, TextView text) {
+    user.click(box(dialog));
+    user.selectAll();
+    user.type(text);
+  }
+  void repaste(frmOptions& dialog, TextView text) {
+    user.click(box(dialog));
+    user.selectAll();
+    user.paste(text);
+  }
+  /// The margin that clicks on the arrows lead to.
+  Text after(float margin, std::initializer_list<int> clicks) {
+    Text shown;
+    openWith(margin, [&](frmOptions& dialog) {
+      for (const int direction : clicks) user.spin(upDown(dialog), direction);
+      shown = box(dialog).text();
+    });
+    return shown;
+  }
+};
+
+TEST_F(CurrencyConversionTest, ShowsTheStoredMarginWithAPercentSign) {
+  host.store(options::DefaultCurrencyMargin, 2.5F);
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).text(), u"2.50%");
+    EXPECT_EQ(upDown(dialog).value(), 250);
+    EXPECT_EQ(upDown(dialog).minimum(), -9999);
+    EXPECT_EQ(upDown(dialog).maximum(), 9999);
+    EXPECT_EQ(upDown(dialog).increment(), 1);
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CurrencyConversionTest, ShowsZeroWhereNothingIsStored) {
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).text(), u"0.00%");
+    EXPECT_EQ(upDown(dialog).value(), 0);
+  });
+}
+
+TEST_F(CurrencyConversionTest, ShowsAMarginBelowZero) {
+  host.store(options::DefaultCurrencyMargin, -12.345F);
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).text(), u"-12.35%");
+    EXPECT_EQ(upDown(dialog).value(), -1234);
+  });
+}
+
+TEST_F(CurrencyConversionTest, TheUpDownIsRoundedToTheEvenHundredth) {
+  const std::vector<std::pair<float, int>> margins = {{0.125F, 12},  {0.375F, 38}, {-0.125F, -12},
+                                                      {2.675F, 268}, {2.55F, 255}, {0.29F, 29}};
+  for (const auto& [margin, hundredths] : margins) {
+    openWith(margin, [&](frmOptions& dialog) { EXPECT_EQ(upDown(dialog).value(), hundredths); });
+  }
+}
+
+TEST_F(CurrencyConversionTest, ThePercentSignIsHiddenWhileTheBoxHasTheFocus) {
+  openWith(5, [&](frmOptions& dialog) {
+    EXPECT_TRUE(box(dialog).hasFocus());
+    EXPECT_EQ(box(dialog).text(), u"5.00");
+    EXPECT_EQ(box(dialog).selText(), u"5.00");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"5.00%");
+    user.press(Key::tab, {.shift = true});
+    EXPECT_EQ(box(dialog).selText(), u"5.00");
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CurrencyConversionTest, ClicksMoveByATenthOfAPercent) {
+  EXPECT_EQ(after(2.5F, {+1}), u"2.60");
+  EXPECT_EQ(after(2.5F, {-1}), u"2.40");
+  EXPECT_EQ(after(2.55F, {+1}), u"2.60");
+  EXPECT_EQ(after(2.55F, {-1}), u"2.50");
+  EXPECT_EQ(after(2.5F, {+1, +1, -1}), u"2.60");
+  EXPECT_EQ(after(0, {+1}), u"0.10");
+  EXPECT_EQ(after(0, {-1}), u"-0.10");
+  EXPECT_EQ(after(0.05F, {-1}), u"0.00");
+  EXPECT_EQ(after(-0.05F, {+1}), u"0.00");
+}
+
+TEST_F(CurrencyConversionTest, ClicksRoundDownBelowZeroToo) {
+  EXPECT_EQ(after(-2.5F, {+1}), u"-2.40");
+  EXPECT_EQ(after(-2.5F, {-1}), u"-2.60");
+  EXPECT_EQ(after(-2.55F, {+1}), u"-2.50");
+  EXPECT_EQ(after(-2.55F, {-1}), u"-2.60");
+  EXPECT_EQ(after(-2.5F, {-1, +1}), u"-2.50");
+}
+
+TEST_F(CurrencyConversionTest, ClicksEndAtTheLimitsAndComeBack) {
+  EXPECT_EQ(after(99.95F, {+1}), u"99.99");
+  EXPECT_EQ(after(99.9F, {+1}), u"99.99");
+  EXPECT_EQ(after(99.89F, {+1}), u"99.90");
+  EXPECT_EQ(after(99.95F, {+1, +1}), u"99.99");
+  EXPECT_EQ(after(99.95F, {+1, -1}), u"99.90");
+  EXPECT_EQ(after(99.95F, {+1, -1, +1}), u"99.99");
+  EXPECT_EQ(after(-99.95F, {-1}), u"-99.99");
+  EXPECT_EQ(after(-99.9F, {-1}), u"-99.99");
+  EXPECT_EQ(after(-99.95F, {-1, -1}), u"-99.99");
+  EXPECT_EQ(after(-99.95F, {-1, +1}), u"-99.90");
+  EXPECT_EQ(after(-99.95F, {-1, +1, -1}), u"-99.99");
+}
+
+TEST_F(CurrencyConversionTest, EveryValueGoesOneStepUpAndDown) {
+  open([&](frmOptions& dialog) {
+    user.clickTab(dialog.tabOptions, 5);
+    for (int i = 0; i < 1000; ++i) upDown(dialog).spin(-1);
+    EXPECT_EQ(upDown(dialog).value(), -9999);
+    int before = -9999;
+    for (int i = 1; i <= 1999; ++i) {
+      upDown(dialog).spin(+1);
+      const int expected = std::min(-10000 + 10 * i, 9999);
+      ASSERT_EQ(upDown(dialog).value(), expected) << "after " << before;
+      before = expected;
+    }
+    upDown(dialog).spin(+1);
+    EXPECT_EQ(upDown(dialog).value(), 9999);
+    for (int i = 1; i <= 1999; ++i) {
+      upDown(dialog).spin(-1);
+      ASSERT_EQ(upDown(dialog).value(), std::max(10000 - 10 * i, -9999));
+    }
+  });
+}
+
+TEST_F(CurrencyConversionTest, AClickPutsTheFocusIntoTheBoxWithItsTextSelected) {
+  host.store(options::DefaultCurrencyMargin, 2.5F);
+  open([&](frmOptions& dialog) {
+    user.clickTab(dialog.tabOptions, 5);
+    EXPECT_FALSE(box(dialog).hasFocus());
+    user.spin(upDown(dialog), +1);
+    EXPECT_TRUE(box(dialog).hasFocus());
+    EXPECT_EQ(box(dialog).text(), u"2.60");
+    EXPECT_EQ(box(dialog).selText(), u"2.60");
+    EXPECT_TRUE(applyEnabled(dialog));
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"2.60%");
+  });
+}
+
+TEST_F(CurrencyConversionTest, AClickFirstValidatesTheTextTypedSoFar) {
+  openWith(0, [&](frmOptions& dialog) {
+    user.type(u"7.55");
+    user.spin(upDown(dialog), +1);
+    EXPECT_EQ(box(dialog).text(), u"7.60");
+    user.type(u"7.55");
+    user.spin(upDown(dialog), -1);
+    EXPECT_EQ(box(dialog).text(), u"7.50");
+    user.type(u"-");
+    user.spin(upDown(dialog), -1);
+    EXPECT_EQ(box(dialog).text(), u"7.40");
+    user.type(u"250");
+    user.spin(upDown(dialog), +1);
+    EXPECT_EQ(box(dialog).text(), u"99.99");
+    EXPECT_EQ(box(dialog).selText(), u"99.99");
+  });
+}
+
+TEST_F(CurrencyConversionTest, ATextThatIsNotYetValidatedDoesNotUndoAClick) {
+  openWith(2.5F, [&](frmOptions& dialog) {
+    dialog.cmdCommand[frmOptions::cancel].setFocus();
+    EXPECT_EQ(box(dialog).text(), u"2.50%");
+    user.spin(upDown(dialog), +1);
+    EXPECT_EQ(box(dialog).text(), u"2.60");
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 2.6F);
+}
+
+TEST_F(CurrencyConversionTest, GoingToCancelLeavesTheTextUntilItIsValidated) {
+  openWith(2.5F, [&](frmOptions& dialog) {
+    user.type(u"7");
+    dialog.cmdCommand[frmOptions::cancel].setFocus();
+    EXPECT_EQ(box(dialog).text(), u"7");
+    save(dialog);
+    EXPECT_EQ(box(dialog).text(), u"7.00%");
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 7);
+}
+
+TEST_F(CurrencyConversionTest, TypedMarginsAreLimitedWhenTheBoxIsLeft) {
+  const std::vector<std::pair<Text, Text>> margins = {
+      {u"250", u"99.99%"},   {u"99.99", u"99.99%"},   {u"100", u"99.99%"},
+      {u"-250", u"-99.99%"}, {u"-99.99", u"-99.99%"}, {u"99.9", u"99.90%"}};
+  openWith(0, [&](frmOptions& dialog) {
+    for (const auto& [typed, shown] : margins) {
+      retype(dialog, typed);
+      user.press(Key::tab);
+      EXPECT_EQ(box(dialog).text(), shown);
+    }
+  });
+}
+
+TEST_F(CurrencyConversionTest, TypedMarginsSetTheUpDownToTheEvenHundredth) {
+  const std::vector<std::pair<Text, int>> margins = {{u"0.125", 12}, {u"0.375", 38}, {u"5", 500},
+                                                     {u"-0.5", -50}, {u"250", 9999}, {u".5", 50}};
+  openWith(1, [&](frmOptions& dialog) {
+    for (const auto& [typed, hundredths] : margins) {
+      retype(dialog, typed);
+      user.press(Key::tab);
+      EXPECT_EQ(upDown(dialog).value(), hundredths) << toUtf8(typed);
+    }
+  });
+}
+
+TEST_F(CurrencyConversionTest, AnEmptyBoxCountsAsZero) {
+  openWith(5, [&](frmOptions& dialog) {
+    user.press(Key::backspace);
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"0.00%");
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 0);
+}
+
+TEST_F(CurrencyConversionTest, ATextThatIsNoNumberKeepsTheMargin) {
+  openWith(5, [&](frmOptions& dialog) {
+    for (const Text garbage : {u"abc", u"%", u"1e999", u"1..2", u"-", u".", u"5%%", u"&H10"}) {
+      repaste(dialog, garbage);
+      EXPECT_EQ(box(dialog).text(), garbage);
+      user.press(Key::tab);
+      EXPECT_EQ(box(dialog).text(), u"5.00%") << toUtf8(garbage);
+      EXPECT_EQ(upDown(dialog).value(), 500);
+    }
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 5);
+}
+
+TEST_F(CurrencyConversionTest, PastedNumbersMayHaveAPercentSign) {
+  const std::vector<std::pair<Text, Text>> texts = {{u"7.5%", u"7.50%"},
+                                                    {u" 7.5 % ", u"7.50%"},
+                                                    {u"1e1", u"10.00%"},
+                                                    {u"(3)", u"-3.00%"},
+                                                    {Text(300, u'9'), u"99.99%"}};
+  openWith(0, [&](frmOptions& dialog) {
+    for (const auto& [text, shown] : texts) {
+      repaste(dialog, text);
+      user.press(Key::tab);
+      EXPECT_EQ(box(dialog).text(), shown);
+    }
+  });
+}
+
+TEST_F(CurrencyConversionTest, OnlyDigitsSeparatorAndMinusCanBeTyped) {
+  openWith(0, [&](frmOptions& dialog) {
+    user.type(u"x1%+ ,e/:\u06612");
+    EXPECT_EQ(box(dialog).text(), u"12");
+    user.press(Key::backspace);
+    EXPECT_EQ(box(dialog).text(), u"1");
+  });
+}
+
+TEST_F(CurrencyConversionTest, ASecondSeparatorIsRefusedUnlessItReplacesTheFirst) {
+  openWith(0, [&](frmOptions& dialog) {
+    user.type(u"1.2.5");
+    EXPECT_EQ(box(dialog).text(), u"1.25");
+    box(dialog).setSelection(1, 2);
+    user.type(u".");
+    EXPECT_EQ(box(dialog).text(), u"1.5");
+    box(dialog).setSelection(2, 1);
+    user.type(u".");
+    EXPECT_EQ(box(dialog).text(), u"1.5");
+    user.selectAll();
+    user.type(u".");
+    EXPECT_EQ(box(dialog).text(), u".");
+  });
+}
+
+TEST_F(CurrencyConversionTest, ASecondMinusIsRefusedUnlessItReplacesTheFirst) {
+  openWith(0, [&](frmOptions& dialog) {
+    user.type(u"--5-");
+    EXPECT_EQ(box(dialog).text(), u"-5");
+    box(dialog).setSelection(0, 1);
+    user.type(u"-");
+    EXPECT_EQ(box(dialog).text(), u"-5");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"-5.00%");
+  });
+}
+
+TEST_F(CurrencyConversionTest, CommandsPassTheKeyFilter) {
+  openWith(5, [&](frmOptions& dialog) {
+    user.press(Key::end);
+    user.selectAll();
+    EXPECT_EQ(box(dialog).selText(), u"5.00");
+  });
+}
+
+TEST_F(CurrencyConversionTest, TheHostsSeparatorIsUsedForEverything) {
+  host.decimalSeparator = u",";
+  openWith(2.5F, [&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).text(), u"2,50");
+    user.type(u"7.,2,5");
+    EXPECT_EQ(box(dialog).text(), u"7,25");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"7,25%");
+    EXPECT_EQ(upDown(dialog).value(), 725);
+    repaste(dialog, u"1.5");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"7,25%");
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 7.25F);
+}
+
+TEST_F(CurrencyConversionTest, TheUsersSeparatorIsUsedWhereTheHostGivesNone) {
+  host.decimalSeparator = u"";
+  openWith(2.5F, [&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).text(), u"2.50");
+    user.type(u"7.25");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"7.25%");
+  });
+}
+
+TEST_F(CurrencyConversionTest, OnlyAMarginThatDiffersRaisesItsBit) {
+  saveDefaults();
+  openWith(2.5F, [&](frmOptions& dialog) {
+    user.type(u"2.5");
+    save(dialog);
+    retype(dialog, u"2.51");
+    save(dialog);
+    user.spin(upDown(dialog), +1);
+    user.spin(upDown(dialog), -1);
+    save(dialog);
+  });
+  EXPECT_EQ(changes, (std::vector<std::int32_t>{0, 2048, 2048}));
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 2.5F);
+}
+
+TEST_F(CurrencyConversionTest, AMarginIsComparedAsASingle) {
+  saveDefaults();
+  openWith(0.1F, [&](frmOptions& dialog) {
+    user.type(u"0.1");
+    save(dialog);
+    retype(dialog, u"0.1000000001");
+    save(dialog);
+    EXPECT_EQ(changes, (std::vector<std::int32_t>{0, 0}));
+  });
+}
+
+TEST_F(CurrencyConversionTest, AMarginWithMoreDecimalsThanAreShownIsKeptWhenItIsNotEdited) {
+  saveDefaults();
+  host.store(options::DefaultCurrencyMargin, 2.555F);
+  edit([&](frmOptions& dialog) {
+    user.type(u"x");
+    user.clickTab(dialog.tabOptions, 5);
+    user.click(box(dialog));
+    user.press(Key::tab);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 2.555F);
+  EXPECT_EQ(changes, std::vector<std::int32_t>{0});
+}
+
+TEST_F(CurrencyConversionTest, AStoredMarginOutOfRangeIsKeptUntilItIsEdited) {
+  host.store(options::DefaultCurrencyMargin, 250.0F);
+  edit([&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).text(), u"250.00%");
+    EXPECT_EQ(upDown(dialog).value(), 9999);
+    user.type(u"x");
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 250.0F);
+  openOn(TabPage::currency, [&](frmOptions& dialog) {
+    user.spin(upDown(dialog), -1);
+    EXPECT_EQ(box(dialog).text(), u"99.90");
+  });
+}
+
+TEST_F(CurrencyConversionTest, AStoredValueThatIsNoNumberShowsZero) {
+  for (const float stored :
+       {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
+    openWith(stored, [&](frmOptions& dialog) { EXPECT_EQ(box(dialog).text(), u"0.00"); });
+  }
+}
+
+TEST_F(CurrencyConversionTest, OkByEnterValidatesAndSaves) {
+  openWith(0, [&](frmOptions& dialog) {
+    user.type(u"250");
+    user.press(Key::enter);
+    EXPECT_FALSE(dialog.isShown());
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 99.99F);
+}
+
+TEST_F(CurrencyConversionTest, CancelSavesNothing) {
+  openWith(5, [&](frmOptions&) {
+    user.type(u"7");
+    user.press(Key::escape);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 5);
+  EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(CurrencyConversionTest, FirstUseStoresZero) {
+  saveDefaults();
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 0);
+}
+
+TEST_F(CurrencyConversionTest, TheAccessKeyOfTheLabelReachesTheBox) {
+  open([&](frmOptions& dialog) {
+    user.clickTab(dialog.tabOptions, 5);
+    user.accessKey(u'm');
+    EXPECT_TRUE(box(dialog).hasFocus());
+  });
+}
+
+}  // namespace
+}  // namespace tillora::testing
