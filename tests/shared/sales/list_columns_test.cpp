@@ -289,7 +289,8 @@ TEST_F(ListColumnsTest, FirstUseStoresEveryRow) {
   options_.FirstUse = true;
   open([](frmOptions&) {});
   for (const List& list : kLists) EXPECT_EQ(host.value(list.option), mask(list.all));
-  EXPECT_EQ(changes, std::vector<std::int32_t>{0x40F});
+  ASSERT_EQ(changes.size(), 1U);
+  EXPECT_EQ(changes[0] & 0x40F, 0x40F);
 }
 
 TEST_F(ListColumnsTest, EachListRaisesItsOwnChange) {
@@ -332,7 +333,8 @@ TEST_F(ListColumnsTest, AMissingMaskComparesAsZero) {
     tickOnly(dialog, Part::laybyCustomer, {});
   });
   EXPECT_EQ(host.value(options::ProductListColumns), 0);
-  EXPECT_EQ(changes, std::vector<std::int32_t>{0x4 | 0x8 | 0x400});
+  ASSERT_EQ(changes.size(), 1U);
+  EXPECT_EQ(changes[0] & 0x40F, 0x4 | 0x8 | 0x400);
 }
 
 TEST_F(ListColumnsTest, ProductsCustomersAndLaybyCustomersMayShowNoColumn) {

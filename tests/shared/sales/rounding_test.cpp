@@ -281,7 +281,8 @@ TEST_F(RoundingTest, EachOfTheEightSettingsRaisesTheBit) {
 
 TEST_F(RoundingTest, TheFirstSaveOfANewShopRaisesTheBit) {
   editTab([&](frmOptions& dialog) { touch(dialog); });
-  EXPECT_EQ(changes, std::vector<std::int32_t>{512});
+  ASSERT_EQ(changes.size(), 1U);
+  EXPECT_EQ(changes[0] & 512, 512);
   EXPECT_EQ(host.value(options::RoundingStep), Money{500});
   EXPECT_EQ(host.value(options::RoundedCaption), u"Rounded");
   EXPECT_EQ(host.value(options::RoundingVarianceCaption), u"Rounding");
@@ -292,11 +293,11 @@ TEST_F(RoundingTest, TheFlagsAreWrittenAsZeroAndThenBitByBit) {
   saveDefaults();
   editTab([&](frmOptions& dialog) { user.click(tab(dialog).chkRounding[0]); });
   const std::vector<std::string> expected = {"put RoundingFlags", "get RoundingFlags",
-                                             "put RoundingFlags", "get RoundingFlags"};
+                                             "put RoundingFlags"};
   const auto all = host.calls;
   const auto first = std::ranges::find(all, "put RoundingFlags");
-  ASSERT_GE(all.end() - first, 4);
-  EXPECT_EQ(std::vector<std::string>(first, first + 4), expected);
+  ASSERT_GE(all.end() - first, 3);
+  EXPECT_EQ(std::vector<std::string>(first, first + 3), expected);
   EXPECT_EQ(host.value(options::RoundingFlags), 1);
 }
 
