@@ -82,8 +82,9 @@ class NumberReader {
     }
   }
 
+  // An amount of currency has none.
   void readExponent() {
-    if (rest_.empty() || (rest_.front() != u'e' && rest_.front() != u'E')) return;
+    if (currency_ || rest_.empty() || (rest_.front() != u'e' && rest_.front() != u'E')) return;
     TextView exponent = rest_.substr(1);
     const bool negative = exponent.starts_with(u'-');
     if (negative || exponent.starts_with(u'+')) exponent.remove_prefix(1);
@@ -107,6 +108,13 @@ class NumberReader {
   bool closing_ = false;
 };
 
+// Of the numbers that no double holds, those too small to tell from zero.
+bool isBelowOne(const Decimal& number) {
+  const std::size_t leading = std::min(number.digits.find_first_not_of('0'), number.digits.size());
+  const auto significant = static_cast<std::int64_t>(number.digits.size() - leading);
+  return significant + number.exponent <= 0 || significant == 0;
+}
+
 }  // namespace
 
 bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
@@ -123,7 +131,7 @@ std::optional<double> toNumber(TextView text, const NumberLocale& locale) {
   const std::string plain = number->digits + 'e' + std::to_string(number->exponent);
   double value = 0;
   const auto failure = std::from_chars(plain.data(), plain.data() + plain.size(), value).ec;
-  if (failure != std::errc{}) return number->isZero() ? std::optional(0.0) : std::nullopt;
+  if (failure != std::errc{}) return isBelowOne(*number) ? std::optional(0.0) : std::nullopt;
   return number->negative ? -value : value;
 }
 

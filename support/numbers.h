@@ -33,10 +33,11 @@ struct Decimal {
 
 /// The number that a text says by the platform's own text-to-number conversion: blanks around it, a
 /// sign before or after it, parentheses, a currency symbol, thousands separators, a decimal
-/// separator and an exponent. None for any other text, and for hexadecimal and octal forms.
+/// separator and, without a currency symbol, an exponent. None for any other text, for hexadecimal
+/// and octal forms, and for texts with two signs or two currency symbols.
 std::optional<Decimal> toDecimal(TextView text, const NumberLocale& locale);
 
-/// The same as a double; none beyond its range.
+/// The same as a double; none beyond its range, 0 below it.
 std::optional<double> toNumber(TextView text, const NumberLocale& locale);
 
 inline bool isNumeric(TextView text, const NumberLocale& locale) {

@@ -52,7 +52,13 @@ TEST(ToNumber, RefusesAnyOtherText) {
   }
 }
 
+TEST(ToNumber, AnAmountOfCurrencyHasNoExponent) {
+  EXPECT_EQ(toNumber(u"$1e3", kAustralia), std::nullopt);
+}
+
 TEST(ToNumber, ANumberTooSmallToTellFromZeroIsZero) {
+  EXPECT_EQ(toNumber(u"5e-999", kAustralia), 0);
+  EXPECT_EQ(toNumber(u"123456.5e-999", kAustralia), 0);
   EXPECT_EQ(toNumber(u"0e999", kAustralia), 0);
 }
 
