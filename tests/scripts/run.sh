@@ -36,6 +36,12 @@ run_one() {
   fi
 }
 
+# Keeps the prefix's desktop open between the clients: the last program to leave takes it along, and
+# one that starts just then has to wait for the next.
+WINE_TIMEOUT=900 "$WINE" "$BUILD/drive.exe" sleep 900000 >/dev/null 2>&1 </dev/null &
+keeper=$!
+trap 'kill "$keeper" 2>/dev/null; rm -rf "$folder"' EXIT
+
 shopt -s nullglob
 for file in *_test.sh *_test.vbs; do
   run_one "$file"
