@@ -25,7 +25,7 @@ script() {
 }
 
 drive_once() {
-  "$WINE" "$BUILD/drive.exe" "$@" </dev/null 2>"$TMPDIR/drive.txt"
+  "$WINE" "$BUILD/drive.exe" "$@" </dev/null >"$TMPDIR/drive.txt" 2>&1
 }
 
 # drive COMMAND...: FAIL where a step cannot be done; the client is ended then. Seen twice in some
@@ -35,7 +35,7 @@ drive() {
   drive_once "$@" && return
   if grep -q 'never shown' "$TMPDIR/drive.txt" && [ ! -s "$client_output" ]; then
     echo "the client showed no window and said nothing; what there is instead:"
-    drive_once list || true
+    "$WINE" "$BUILD/drive.exe" list </dev/null || true
     ps -o pid,stat,etime,args --ppid "$client_process" || true
     kill "$client_process" 2>/dev/null || true
     wait "$client_process" || true
