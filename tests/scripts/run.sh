@@ -36,8 +36,8 @@ run_one() {
   fi
 }
 
-# Keeps the prefix's desktop open between the clients: the last program to leave takes it along, and
-# one that starts just then has to wait for the next.
+# Keeps the prefix's desktop open between the clients: the last program to leave takes it along, which
+# may be what keeps the next one from getting going now and then (see client_steps.sh).
 WINE_TIMEOUT=900 "$WINE" "$BUILD/drive.exe" sleep 900000 >/dev/null 2>&1 </dev/null &
 keeper=$!
 trap 'kill "$keeper" 2>/dev/null; rm -rf "$folder"' EXIT
