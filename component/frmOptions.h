@@ -44,7 +44,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
     return tabs_->get<Part>();
   }
   const Tabs& tabs() const { return *tabs_; }
-  const Platform& platform() const { return platform_; }
+  const Platform& platform() const override { return platform_; }
   const HostObjects& host() const override { return host_; }
 
  private:
@@ -57,7 +57,6 @@ class frmOptions final : public Dialog, private OptionsDialog {
   ui::Frame& page(TabPage page) override;
   Messages& messages() override { return messages_; }
   const Text& shortProductName() const override { return shortProductName_; }
-  const NumberLocale& numberLocale() const override { return platform_.numbers; }
   void markChanged() override;
   void selectTab(TabPage page) override;
   void setOkDefault(bool isDefault) override;

@@ -5,7 +5,7 @@
 #include "component/host_objects.h"
 #include "component/messages.h"
 #include "component/option_changes.h"
-#include "support/numbers.h"
+#include "component/platform.h"
 #include "ui/container.h"
 
 namespace tillora {
@@ -36,7 +36,7 @@ class OptionsDialog {
   virtual Messages& messages() = 0;
   /// The host program's title up to its last blank ("Tillora"), as it was at load.
   virtual const Text& shortProductName() const = 0;
-  virtual const NumberLocale& numberLocale() const = 0;
+  virtual const Platform& platform() const = 0;
 
   /// There is something to apply. Every edit of a control on a page says so by itself; this is for
   /// changes that no control holds, such as a new row of a list. Nothing while values are loaded.

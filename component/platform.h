@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "component/host_objects.h"
 #include "support/numbers.h"
@@ -30,6 +32,50 @@ class Help {
   virtual void show(TextView file, int context) = 0;
 };
 
+/// Lets the user choose files.
+class FileDialogs {
+ public:
+  virtual ~FileDialogs() = default;
+  /// The existing file that was chosen; none where the user cancelled. `pattern` as in "*.url".
+  virtual std::optional<Text> open(TextView title, TextView filter, TextView pattern) = 0;
+};
+
+/// A listing of files, one by one.
+class FileListing {
+ public:
+  virtual ~FileListing() = default;
+  /// Goes on to the next file; False when there is none left.
+  virtual bool next() = 0;
+};
+
+/// The file system.
+class Files {
+ public:
+  virtual ~Files() = default;
+  /// The normal files that match a path with wildcards in its last part. The listing cannot be
+  /// started (the folder does not exist, say): null.
+  virtual std::unique_ptr<FileListing> list(TextView pattern) = 0;
+  /// The value of a key of an initialisation file; empty where there is none.
+  virtual Text profileValue(TextView file, TextView section, TextView key) = 0;
+};
+
+/// The values of an opened key of the registry. Every operation can fail with an Error.
+class RegistryKey {
+ public:
+  virtual ~RegistryKey() = default;
+  virtual std::vector<Text> valueNames() = 0;
+  virtual void writeText(TextView name, TextView data) = 0;
+  virtual void removeValue(TextView name) = 0;
+};
+
+/// The registry of the current user.
+class Registry {
+ public:
+  virtual ~Registry() = default;
+  /// Fails with an Error where the key does not exist or may not be opened.
+  virtual std::unique_ptr<RegistryKey> open(TextView key) = 0;
+};
+
 /// What the component needs of the machine. Chosen once, by whoever makes the Options object: the
 /// real services in the automation server, scripted ones in tests.
 struct Platform {
@@ -37,6 +83,9 @@ struct Platform {
   MessageBoxes& messageBoxes;
   Clock& clock;
   Help& help;
+  FileDialogs& fileDialogs;
+  Files& files;
+  Registry& registry;
   /// The user's regional settings.
   NumberLocale numbers{};
 };

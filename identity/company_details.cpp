@@ -185,7 +185,7 @@ void CompanyDetails::moveFocusTo(int index, Caret caret) {
 void CompanyDetails::validate(int index) {
   if (!isDigitGroup(index)) return;
   ui::TextBox& box = txtCompanyDetails[index];
-  if (!isNumeric(box.text(), dialog_.numberLocale())) box.setText(u"");
+  if (!isNumeric(box.text(), dialog_.platform().numbers)) box.setText(u"");
 }
 
 void CompanyDetails::showClassToolTip() {

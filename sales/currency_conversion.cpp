@@ -77,7 +77,7 @@ void CurrencyConversion::layOut() {
 }
 
 void CurrencyConversion::load(OptionsRecord& record) {
-  locale_ = dialog_.numberLocale();
+  locale_ = dialog_.platform().numbers;
   const Text separator =
       requireObject(dialog_.host().settings, u"SettingsObject").decimalSeparator();
   if (!separator.empty()) locale_.decimalSeparator = separator;

@@ -156,7 +156,7 @@ void Rounding::loadSteps() {
   if (format.empty())
     format = places == 0 ? Text(u"0") : u"0." + Text(static_cast<std::size_t>(places), u'0');
   const auto shown = [&](Money amount) {
-    return trimBlanks(formatMoney(amount, format, dialog_.numberLocale()));
+    return trimBlanks(formatMoney(amount, format, dialog_.platform().numbers));
   };
 
   steps_.clear();
@@ -173,7 +173,7 @@ void Rounding::selectStep(std::optional<Money> stored) {
   int found = kUsualStep;
   if (stored) {
     const auto shown = std::ranges::find_if(list.items(), [&](const Text& text) {
-      return toMoney(text, dialog_.numberLocale()) == stored;
+      return toMoney(text, dialog_.platform().numbers) == stored;
     });
     const auto own = std::ranges::find(steps_, *stored);
     if (shown != list.items().end()) {

@@ -10,6 +10,7 @@
 #include "component/frmOptions.h"
 #include "component/options.h"
 #include "tests/testing/fake_host.h"
+#include "tests/testing/fake_machine.h"
 #include "ui/win32/module.h"
 #include "ui/win32/screen.h"
 
@@ -107,9 +108,8 @@ class Bench {
   ui::win32::Screen screen_;
   testing::FakeHost host_;
   testing::ScriptedMessageBoxes boxes_{screen_};
-  testing::FixedClock clock_;
-  testing::RecordedHelp help_;
-  Options options_{Platform{screen_, boxes_, clock_, help_}};
+  testing::FakeMachine machine_;
+  Options options_{machine_.platform(screen_, boxes_)};
   std::optional<BareWindows> firstPage_;
   std::optional<BareWindows> allPages_;
 };

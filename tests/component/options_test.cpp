@@ -20,7 +20,7 @@ class OptionsObjectTest : public OptionsTest {
 };
 
 TEST_F(OptionsObjectTest, StartsWithNothingSet) {
-  const Options fresh(Platform{desk->screen(), boxes, clock, help});
+  const Options fresh(machine.platform(desk->screen(), boxes));
   EXPECT_EQ(fresh.DBJetObject, nullptr);
   EXPECT_FALSE(fresh.FirstUse);
   EXPECT_EQ(fresh.SelectedTab, 0);
@@ -100,7 +100,7 @@ TEST_F(OptionsObjectTest, WithoutResourceStringsNothingElseNotices) {
 }
 
 TEST_F(OptionsObjectTest, ShowOptionsWhileADialogIsOpenIsAnErrorAndLeavesIt) {
-  Options second(Platform{desk->screen(), boxes, clock, help});
+  Options second(machine.platform(desk->screen(), boxes));
   open([&](frmOptions& dialog) {
     for (Options* caller : {&options_, &second}) {
       try {

@@ -97,18 +97,4 @@ class ScriptedMessageBoxes final : public MessageBoxes {
   ui::Screen& screen_;
 };
 
-/// A clock that stands still.
-class FixedClock final : public Clock {
- public:
-  DateTime now() override { return time; }
-  DateTime time{45000.5};
-};
-
-/// Help that writes down what it was asked for.
-class RecordedHelp final : public Help {
- public:
-  void show(TextView file, int context) override { topics.emplace_back(Text(file), context); }
-  std::vector<std::pair<Text, int>> topics;
-};
-
 }  // namespace tillora::testing

@@ -10,6 +10,7 @@
 #include "component/options.h"
 #include "tests/testing/desk.h"
 #include "tests/testing/fake_host.h"
+#include "tests/testing/fake_machine.h"
 
 namespace tillora::testing {
 
@@ -40,9 +41,8 @@ class OptionsTest : public ::testing::Test {
   User& user = desk->user();
   FakeHost host;
   ScriptedMessageBoxes boxes{desk->screen()};
-  FixedClock clock;
-  RecordedHelp help;
-  Options options_{Platform{desk->screen(), boxes, clock, help}};
+  FakeMachine machine;
+  Options options_{machine.platform(desk->screen(), boxes)};
   /// The masks of OptionsChanged, one for each save.
   std::vector<std::int32_t> changes;
 };

@@ -10,6 +10,7 @@
 #include "component/frmOptions.h"
 #include "tests/component/automation/automation_host.h"
 #include "tests/component/automation/event_listener.h"
+#include "tests/testing/fake_machine.h"
 #include "tests/testing/headless_desk.h"
 
 namespace tillora::automation {
@@ -57,8 +58,7 @@ class OptionsObjectTest : public ::testing::Test {
   testing::AutomationHost automationHost{host};
   testing::HeadlessDesk desk;
   testing::ScriptedMessageBoxes boxes{desk.screen()};
-  testing::FixedClock clock;
-  testing::RecordedHelp help;
+  testing::FakeMachine machine;
   long locksBefore = ModuleLock::count();
   win32::ComPtr<OptionsObject> object;
   /// The same object, called by names.
@@ -69,7 +69,7 @@ class OptionsObjectTest : public ::testing::Test {
    public:
     explicit DeskServices(OptionsObjectTest& test) : test_(test) {}
     Platform platform() override {
-      return {test_.desk.screen(), test_.boxes, test_.clock, test_.help, {}};
+      return test_.machine.platform(test_.desk.screen(), test_.boxes);
     }
 
    private:

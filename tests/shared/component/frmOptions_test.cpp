@@ -276,7 +276,7 @@ TEST_F(FrmOptionsTest, TheHelpButtonDoesNothing) {
   open([&](frmOptions& dialog) {
     user.click(dialog.cmdCommand[frmOptions::help_]);
     EXPECT_TRUE(dialog.isShown());
-    EXPECT_TRUE(help.topics.empty());
+    EXPECT_TRUE(machine.help.topics.empty());
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
@@ -287,7 +287,7 @@ TEST_F(FrmOptionsTest, F1OpensTheHostsHelpAtTheTopicOfTheTab) {
     user.clickTab(dialog.tabOptions, 7);
     user.press(Key::f1);
   });
-  EXPECT_EQ(help.topics,
+  EXPECT_EQ(machine.help.topics,
             (std::vector<std::pair<Text, int>>{{u"C:\\Tillora\\Tillora Administrator.chm", 53},
                                                {u"C:\\Tillora\\Tillora Administrator.chm", 216}}));
 }

@@ -466,7 +466,7 @@ TEST_F(ListColumnsTest, TheMessageComesBeforeTheTab) {
     std::unique_ptr<HostMessageBox> create() override { return std::make_unique<Box>(seen); }
     std::function<void()> seen;
   } watching;
-  Options watched(Platform{desk->screen(), watching, clock, help});
+  Options watched(machine.platform(desk->screen(), watching));
   HostObjects objects = host.objects();
   watched.DBJetObject = objects.database;
   watched.AppObject = objects.app;
