@@ -26,7 +26,8 @@ using SaveOrder = Writes<        //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
-    &ListColumns::save           //
+    &ListColumns::save,          //
+    &Passwords::save             //
     >;
 
 template <class... Parts>

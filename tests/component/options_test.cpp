@@ -59,7 +59,13 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "DecimalSeparator", "get DefaultCurrencyMargin",
           // Lists
           "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
-          "get LaybyCustomerListColumns", "get CurrencyListColumns"}));
+          "get LaybyCustomerListColumns", "get CurrencyListColumns",
+          // Security
+          "get AdminSecurityBits", "get TerminalSecurityBits", "get PasswordStartAdmin",
+          "get PasswordTransferData", "get PasswordPostTransactions", "get PasswordCompactDatabase",
+          "get PasswordAdminOptions", "get PasswordDeleteTerminal", "get PasswordChangePrices",
+          "get PasswordPromotions", "get PasswordEndOfDay", "get PasswordTerminalOptions",
+          "get PasswordGlobalOverride"}));
 }
 
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {

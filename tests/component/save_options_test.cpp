@@ -62,6 +62,11 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   addColumns("CustomerListColumns", 24);
   addColumns("LaybyCustomerListColumns", 12);
   addColumns("CurrencyListColumns", 7);
+  add({"put AdminSecurityBits", "put PasswordStartAdmin", "put PasswordTransferData",
+       "put PasswordPostTransactions", "put PasswordCompactDatabase", "put PasswordAdminOptions",
+       "put PasswordDeleteTerminal", "put PasswordChangePrices", "put PasswordPromotions",
+       "put TerminalSecurityBits", "put PasswordEndOfDay", "put PasswordTerminalOptions",
+       "put PasswordGlobalOverride"});
   add({"commit", "send"});
   EXPECT_EQ(saveCalls, expected);
 }
