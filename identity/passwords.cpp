@@ -4,7 +4,6 @@
 
 #include "identity/frmPasswordSet.h"
 #include "support/check_box_bits.h"
-#include "ui/form.h"
 #include "ui/layout.h"
 
 namespace tillora {
@@ -106,7 +105,7 @@ void Passwords::enableButton(int index) {
 void Passwords::setPassword(int index) {
   dialog_.markChanged();
   SecretText& password = passwords_.at(static_cast<std::size_t>(index));
-  frmPasswordSet dialog(fraSecurity[administrator].form().screen(), dialog_.messages());
+  frmPasswordSet dialog(dialog_.platform().screen, dialog_.messages());
   dialog.Password = password;
   dialog.setCaption(dialogCaption(index));
   dialog.showModal();
@@ -114,9 +113,9 @@ void Passwords::setPassword(int index) {
 }
 
 Text Passwords::dialogCaption(int index) const {
-  const Text caption = rowOf(index).dialogCaption;
-  if (index != startAdmin) return caption;
-  return caption + requireObject(dialog_.host().app, u"AppObject").title();
+  Text caption = rowOf(index).dialogCaption;
+  if (index == startAdmin) caption += requireObject(dialog_.host().app, u"AppObject").title();
+  return caption;
 }
 
 void Passwords::save(OptionsRecord& record, OptionChanges& /*changes*/) {

@@ -12,7 +12,8 @@ namespace tillora::ui {
 Text placeholders(std::size_t count);
 
 /// Turns the text of such a window after an edit into the box's text: placeholders stand for the
-/// characters of `before`, anything else was typed or pasted.
+/// characters of `before`, anything else was typed or pasted. (Of the private use area a character
+/// that is typed can be taken for a placeholder.)
 void replacePlaceholders(Text& text, TextView before);
 
 }  // namespace tillora::ui
