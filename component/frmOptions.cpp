@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 #include "component/first_use.h"
@@ -82,6 +83,19 @@ void frmOptions::makeFrame() {
 void frmOptions::setHost(HostObjects host) {
   host_ = std::move(host);
   messages_.setSettings(host_.settings);
+}
+
+std::int16_t frmOptions::GetNumberOfFiles(TextView pattern) const {
+  const auto files = platform_.files.list(pattern);
+  std::int16_t count = 0;
+  while (files && files->next()) {
+    if (count == std::numeric_limits<std::int16_t>::max()) {
+      throw Error(error::overflow, u"TilloraOptions.Options",
+                  u"There are too many files to count.");
+    }
+    ++count;
+  }
+  return count;
 }
 
 void frmOptions::onLoad() {

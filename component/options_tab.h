@@ -37,6 +37,11 @@ class OptionsDialog {
   /// The host program's title up to its last blank ("Tillora"), as it was at load.
   virtual const Text& shortProductName() const = 0;
   virtual const Platform& platform() const = 0;
+  /// Extension of the accounting package's data files, with or without its dot.
+  virtual const Text& dataFileExtension() const = 0;
+  /// How many normal files match a path with wildcards; 0 where they cannot be listed. Error
+  /// `overflow` (6) for more than 32767.
+  virtual std::int16_t GetNumberOfFiles(TextView pattern) const = 0;
 
   /// There is something to apply. Every edit of a control on a page says so by itself; this is for
   /// changes that no control holds, such as a new row of a list. Nothing while values are loaded.
@@ -60,8 +65,9 @@ class OptionsTab {
 
   /// Stored values into controls. Edits made meanwhile leave Apply as it is.
   virtual void load(OptionsRecord& record) = 0;
-  /// Controls into stored values; enters the groups of options whose values differ.
-  virtual void save(OptionsRecord& record, OptionChanges& changes) = 0;
+  /// Controls into stored values; enters the groups of options whose values differ. Nothing for a
+  /// part without stored options.
+  virtual void save(OptionsRecord& /*record*/, OptionChanges& /*changes*/) {}
 
  protected:
   OptionsDialog& dialog_;

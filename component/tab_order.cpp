@@ -22,6 +22,7 @@ struct Writes {
 // The save order.
 using SaveOrder = Writes<        //
     &CompanyDetails::save,       //
+    &LedvaneLink::save,          //
     &CompanyDetails::saveClass,  //
     &TransactionOptions::save,   //
     &Rounding::save,             //
@@ -29,9 +30,16 @@ using SaveOrder = Writes<        //
     &ListColumns::save           //
     >;
 
+// Applied before the validations.
+constexpr auto kAppliedFirst = &StartUpEntry::apply;
+
+template <class Part>
+constexpr bool isSaved =
+    SaveOrder::cover<Part> || std::is_same_v<Part, decltype(partOf(kAppliedFirst))>;
+
 template <class... Parts>
 constexpr bool savesEvery(const TabParts<Parts...>*) {
-  return (SaveOrder::cover<Parts> && ...);
+  return (isSaved<Parts> && ...);
 }
 static_assert(savesEvery(static_cast<const Tabs*>(nullptr)), "a part is missing in the save order");
 
@@ -43,6 +51,10 @@ const std::vector<Validation> kValidations = {
 };
 
 }  // namespace
+
+void applyBeforeValidations(const Tabs& tabs, const Text& title) {
+  (tabs.get<decltype(partOf(kAppliedFirst))>().*kAppliedFirst)(title);
+}
 
 void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes) {
   SaveOrder::run(tabs, record, changes);

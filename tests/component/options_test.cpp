@@ -43,7 +43,7 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           // General
           "get CompanyName", "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
           "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass", "ClassTable",
-          "find ClassTable Hidden=False",
+          "find ClassTable Hidden=False", "get DataFile", "get LVSummariseBits", "Title",
           // Transactions
           "get TransactionOptionBits", "get TerminalIDCaption", "get TransactionNumberCaption",
           "get SalesPersonCaption", "get TaxedSellPriceCaption", "get TaxedWholesaleCaption",

@@ -42,9 +42,10 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   const auto addColumns = [&](const std::string& mask, int rows) {
     for (int i = 0; i <= rows; ++i) add({"get " + mask, "put " + mask});
   };
-  add({"Title", "OptionsRecord"});
+  add({"Title", "Path", "OptionsRecord"});
   add({"put CompanyName", "put CompanyAddress", "put CompanyPhone", "put CompanyFax",
-       "put CompanyEmail", "put CompanyACN", "put CompanyABN", "put LVClass"});
+       "put CompanyEmail", "put CompanyACN", "put CompanyABN", "put LVSummariseBits",
+       "put LVClass"});
   add({"put TransactionOptionBits", "put TerminalIDCaption", "put TransactionNumberCaption",
        "put SalesPersonCaption", "put TaxedSellPriceCaption", "put TaxedWholesaleCaption",
        "put TaxExemptCaption", "put ItemTaxCaption", "put ItemsSoldCaption",

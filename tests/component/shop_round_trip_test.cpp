@@ -9,6 +9,7 @@
 #include "host/shop.h"
 #include "host/shop_error.h"
 #include "identity/company_details.h"
+#include "identity/ledvane_link.h"
 #include "sales/list_columns.h"
 #include "sales/transactions.h"
 #include "support/modJetSQLFixup.h"
@@ -39,6 +40,10 @@ class ShopRoundTrip : public OptionsTest {
   /// Another program on the same shop. Waits for a lock no longer than a test can.
   host::Shop openAnother(const host::ShopContents& contents = {}) const {
     return host::Shop::open(file_.u16string(), contents, std::chrono::milliseconds(50));
+  }
+  void chooseDataFile(frmOptions& dialog, const Text& file) {
+    machine.fileDialogs.answers.emplace_back(file);
+    user.click(dialog.tab<LedvaneLink>().cmdLedvane);
   }
   Text stored(const Option<OptionType::Text>& option) {
     return shop->database()->optionsRecord()->get(option).value_or(u"<none>");
@@ -92,6 +97,28 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
   EXPECT_EQ(record->get(options::ProductListColumns), -0x8000);
 }
 
+TEST_F(ShopRoundTrip, AChosenDataFileSurvivesTheProgram) {
+  const Text file = u"C:\\Books\\O'Neil; a|b \u4e2d.lvd";
+  edit([&](frmOptions& dialog) { chooseDataFile(dialog, file); });
+  EXPECT_TRUE(options_.ChangedDataFile());
+  reopen();
+  EXPECT_EQ(shop->database()->dataFile(), file);
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(dialog.tab<LedvaneLink>().txtLedvane.text(), file);
+    user.click(dialog.tab<LedvaneLink>().cmdLedvane);
+  });
+  EXPECT_EQ(machine.files.listed.back(), u"C:\\Books\\LVPst*.pos");
+}
+
+TEST_F(ShopRoundTrip, ATerminalWithTransactionsKeepsTheDataFile) {
+  const Text before = shop->database()->dataFile();
+  shop->file().execute("UPDATE terminals SET ReportingBits = 0 WHERE rowid = 1", u"Test");
+  open([&](frmOptions& dialog) { chooseDataFile(dialog, u"C:\\Books\\Shop.lvd"); });
+  EXPECT_EQ(boxes.shown.size(), 1U);
+  EXPECT_TRUE(machine.fileDialogs.shown.empty());
+  EXPECT_EQ(shop->database()->dataFile(), before);
+}
+
 TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {
   const Text before = stored(options::CompanyName);
   open([&](frmOptions&) { user.type(u"Other"); });
@@ -116,6 +143,7 @@ TEST_F(ShopRoundTrip, EveryClassOfTheSeededShopCanBeChosenAndKept) {
 
 TEST_F(ShopRoundTrip, AFailureWhileSavingLeavesTheOldState) {
   const Text before = stored(options::CompanyName);
+  const Text fileBefore = shop->database()->dataFile();
   // The class is written last; the message sender fails after the commit, a missing record before.
   struct FailingRecord final : OptionsRecord {
     explicit FailingRecord(std::unique_ptr<OptionsRecord> r) : record(std::move(r)) {}
@@ -150,14 +178,17 @@ TEST_F(ShopRoundTrip, AFailureWhileSavingLeavesTheOldState) {
     std::shared_ptr<JetDatabase> database;
   };
   options_.DBJetObject = std::make_shared<FailingDatabase>(shop->database());
-  desk->whenShown([&](ui::Form&) {
+  desk->whenShown([&](ui::Form& form) {
     user.type(u"Other");
+    chooseDataFile(dynamic_cast<frmOptions&>(form), u"C:\\Books\\Other.lvd");
     user.accessKey(u'o');
   });
   EXPECT_THROW(options_.ShowOptions(), Error);
   EXPECT_EQ(stored(options::CompanyName), before);
+  EXPECT_EQ(shop->database()->dataFile(), fileBefore);
   reopen();
   EXPECT_EQ(stored(options::CompanyName), before);
+  EXPECT_EQ(shop->database()->dataFile(), fileBefore);
 }
 
 TEST_F(ShopRoundTrip, ASaveWhileAnotherProgramSavesIsAClearErrorAndLosesNothing) {

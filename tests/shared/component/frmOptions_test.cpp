@@ -1,6 +1,7 @@
 #include "component/frmOptions.h"
 
 #include "identity/company_details.h"
+#include "identity/start_up_entry.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -294,7 +295,10 @@ TEST_F(FrmOptionsTest, F1OpensTheHostsHelpAtTheTopicOfTheTab) {
 
 TEST_F(FrmOptionsTest, TabWalksFromThePageThroughTheButtonsAndRound) {
   open([&](frmOptions& dialog) {
-    user.click(dialog.tab<CompanyDetails>().cboClass);
+    // The data file, its button, the first check box of its frame.
+    user.accessKey(u't');
+    for (int i = 0; i < 3; ++i) user.press(Key::tab);
+    EXPECT_TRUE(dialog.tab<StartUpEntry>().chkShortcut.hasFocus());
     user.press(Key::tab);
     EXPECT_TRUE(dialog.cmdCommand[frmOptions::ok].hasFocus());
     user.press(Key::tab);
