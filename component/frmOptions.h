@@ -58,6 +58,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   Messages& messages() override { return messages_; }
   const Text& shortProductName() const override { return shortProductName_; }
   void markChanged() override;
+  bool hasTab(TabPage page) const override;
   void selectTab(TabPage page) override;
   void setOkDefault(bool isDefault) override;
 

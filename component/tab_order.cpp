@@ -26,7 +26,9 @@ using SaveOrder = Writes<        //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
-    &ListColumns::save           //
+    &LaybyOptions::save,         //
+    &ListColumns::save,          //
+    &FredLink::save              //
     >;
 
 template <class... Parts>
