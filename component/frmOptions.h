@@ -60,6 +60,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   const Text& shortProductName() const override { return shortProductName_; }
   const Text& dataFileExtension() const override { return LVFileExtension; }
   void markChanged() override;
+  bool hasTab(TabPage page) const override;
   void selectTab(TabPage page) override;
   void setOkDefault(bool isDefault) override;
 

@@ -7,6 +7,7 @@
 #include "component/option_changes.h"
 #include "component/platform.h"
 #include "ui/container.h"
+#include "ui/text_box.h"
 
 namespace tillora {
 
@@ -46,6 +47,8 @@ class OptionsDialog {
   /// There is something to apply. Every edit of a control on a page says so by itself; this is for
   /// changes that no control holds, such as a new row of a list. Nothing while values are loaded.
   virtual void markChanged() = 0;
+  /// The tab strip has this tab; that of pharmacy dispensing may be missing.
+  virtual bool hasTab(TabPage page) const = 0;
   virtual void selectTab(TabPage page) = 0;
   /// False while Enter belongs to a box with several lines.
   virtual void setOkDefault(bool isDefault) = 0;
@@ -70,6 +73,12 @@ class OptionsTab {
   virtual void save(OptionsRecord& /*record*/, OptionChanges& /*changes*/) {}
 
  protected:
+  /// Enter makes a line in this box: OK is not the default button while the box has the focus.
+  void letEnterMakeLines(ui::TextBox& box) {
+    box.gotFocus = [this] { dialog_.setOkDefault(false); };
+    box.lostFocus = [this] { dialog_.setOkDefault(true); };
+  }
+
   OptionsDialog& dialog_;
 };
 

@@ -27,7 +27,9 @@ using SaveOrder = Writes<        //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
-    &ListColumns::save           //
+    &LaybyOptions::save,         //
+    &ListColumns::save,          //
+    &FredLink::save              //
     >;
 
 // Applied before the validations.

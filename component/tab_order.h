@@ -6,8 +6,10 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
 #include "identity/start_up_entry.h"
+#include "operations/layby.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
 #include "sales/rounding.h"
@@ -40,7 +42,9 @@ using Tabs = TabParts<   //
     TransactionOptions,  // Transactions
     Rounding,            // Rounding
     CurrencyConversion,  // Currency
-    ListColumns          // Lists
+    LaybyOptions,        // Layby
+    ListColumns,         // Lists
+    FredLink             // FRED
     >;
 
 /// What a save does before its validations: one that they refuse has done it.

@@ -35,6 +35,7 @@ TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
 }
 
 TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
+  host.dispensingAvailable = true;
   open([&](frmOptions&) {});
   EXPECT_EQ(
       host.calls,
@@ -57,9 +58,13 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get RoundingFlags", "get TaxRoundingMode", "get TaxRoundingDirection",
           // Currency
           "DecimalSeparator", "get DefaultCurrencyMargin",
+          // Layby
+          "get LaybyStartNumber", "get LaybyTermDays", "get LaybyTermsText", "get LaybyHistoryDays",
           // Lists
           "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
-          "get LaybyCustomerListColumns", "get CurrencyListColumns"}));
+          "get LaybyCustomerListColumns", "get CurrencyListColumns",
+          // FRED
+          "get FREDPollSeconds", "get FREDLinkActive", "get FREDDataFile"}));
 }
 
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {

@@ -33,6 +33,7 @@ TEST_F(SaveOptionsTest, ASaveThatChangesNothingStillCommitsSendsAndRaises) {
 }
 
 TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
+  host.dispensingAvailable = true;
   applyNothing();
   std::vector<std::string> expected;
   const auto add = [&](const std::vector<std::string>& calls) {
@@ -58,11 +59,14 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
        "put TaxRoundingMode", "get TaxRoundingDirection", "put TaxRoundingDirection",
        "get RoundingDirection", "put RoundingDirection"});
   add({"get DefaultCurrencyMargin", "put DefaultCurrencyMargin"});
+  add({"put LaybyStartNumber", "put LaybyTermDays", "put LaybyTermsText", "put LaybyHistoryDays"});
   addColumns("SalesPersonListColumns", 5);
   addColumns("ProductListColumns", 13);
   addColumns("CustomerListColumns", 24);
   addColumns("LaybyCustomerListColumns", 12);
   addColumns("CurrencyListColumns", 7);
+  add({"get FREDPollSeconds", "put FREDPollSeconds", "get FREDLinkActive", "put FREDLinkActive",
+       "get FREDDataFile", "put FREDDataFile"});
   add({"commit", "send"});
   EXPECT_EQ(saveCalls, expected);
 }

@@ -9,7 +9,9 @@
 #include "host/shop.h"
 #include "host/shop_error.h"
 #include "identity/company_details.h"
+#include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
+#include "operations/layby.h"
 #include "sales/list_columns.h"
 #include "sales/transactions.h"
 #include "support/modJetSQLFixup.h"
@@ -117,6 +119,31 @@ TEST_F(ShopRoundTrip, ATerminalWithTransactionsKeepsTheDataFile) {
   EXPECT_EQ(boxes.shown.size(), 1U);
   EXPECT_TRUE(machine.fileDialogs.shown.empty());
   EXPECT_EQ(shop->database()->dataFile(), before);
+}
+
+TEST_F(ShopRoundTrip, LaybyAndDispensingSurviveTheProgram) {
+  machine.fileDialogs.answers = {u"D:\\\u4e2d\\pos.dat"};
+  openOn(TabPage::layby, [&](frmOptions& dialog) {
+    user.type(u"2147483648");
+    user.accessKey(u'e');
+    user.type(u"O'Neil; a|b");
+    user.press(ui::Key::enter);
+    user.type(u"\u00e9");
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::fred));
+    if (!dialog.tab<FredLink>().chkDispense[0].value()) user.accessKey(u't');
+    user.accessKey(u'r');
+    user.accessKey(u'e');
+    user.type(u"99");
+    user.press(ui::Key::enter);
+    EXPECT_FALSE(dialog.isShown());
+  });
+  reopen();
+  const auto record = shop->database()->optionsRecord();
+  EXPECT_EQ(record->get(options::LaybyStartNumber), 2147483647);
+  EXPECT_EQ(record->get(options::LaybyTermsText), u"O'Neil; a|b\r\n\u00e9");
+  EXPECT_EQ(record->get(options::FREDLinkActive), true);
+  EXPECT_EQ(record->get(options::FREDDataFile), u"D:\\\u4e2d\\pos.dat");
+  EXPECT_EQ(record->get(options::FREDPollSeconds), 60);
 }
 
 TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {
