@@ -26,6 +26,7 @@ using SaveOrder = Writes<        //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
+    &RandomPrice::save,          //
     &ListColumns::save           //
     >;
 

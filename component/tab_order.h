@@ -6,6 +6,7 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "operations/random_price.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
 #include "sales/rounding.h"
@@ -36,6 +37,7 @@ using Tabs = TabParts<   //
     TransactionOptions,  // Transactions
     Rounding,            // Rounding
     CurrencyConversion,  // Currency
+    RandomPrice,         // Scanning
     ListColumns          // Lists
     >;
 

@@ -35,6 +35,7 @@ TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
 }
 
 TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
+  host.randomPrices = {{{u"Prefix", std::int32_t{20}}}};
   open([&](frmOptions&) {});
   EXPECT_EQ(
       host.calls,
@@ -57,6 +58,9 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get RoundingFlags", "get TaxRoundingMode", "get TaxRoundingDirection",
           // Currency
           "DecimalSeparator", "get DefaultCurrencyMargin",
+          // Scanning
+          "get RandomPriceScanningFlags", "RandomPriceTable", "find RandomPriceTable [Prefix] = 2",
+          "update RandomPriceTable",
           // Lists
           "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
           "get LaybyCustomerListColumns", "get CurrencyListColumns"}));
