@@ -18,6 +18,9 @@ struct clsRandomPrice {
   Text msUOMPriceUnitCaption;     ///< caption of the price per unit, e.g. "/kg"
 };
 
+/// A prefix as it is shown, with two digits: "02", "20".
+Text shownPrefix(std::int32_t prefix);
+
 /// The bits of clsRandomPrice::mlOptionBits.
 enum RandomPriceOption : std::int32_t { kPriceIncludesTax = 1, kCalculateUnitOfMeasure = 2 };
 

@@ -4,7 +4,6 @@
 
 #include "operations/clsRandomPrice.h"
 #include "support/modEnableLabel.h"
-#include "support/number_format.h"
 #include "ui/layout.h"
 
 namespace tillora {
@@ -26,8 +25,8 @@ static_assert(kCalculateUnitOfMeasure == 1 << (frmRandomPrice::calculateUnitOfMe
 
 frmRandomPrice::frmRandomPrice(ui::Screen& screen)
     : EditDialog(screen, u"Random Price Barcode Format"),
-      cboRandomPrice(makeLayoutBoxes()),
-      fraRandomPrice(makeUnitFrame()) {
+      cboRandomPrice(makeFormat()),
+      fraRandomPrice(makeUnit()) {
   chkRandomPrice.set(inactive,
                      add<ui::CheckBox>(u"&Random price barcodes with this Prefix are inactive"));
   makeButtons();
@@ -38,7 +37,7 @@ frmRandomPrice::frmRandomPrice(ui::Screen& screen)
   cmdCommand[cancel].click = [this] { cancelAndClose(); };
 }
 
-ui::ComboBox& frmRandomPrice::makeLayoutBoxes() {
+ui::ComboBox& frmRandomPrice::makeFormat() {
   lblLabel.set(ofPrefix, add<ui::Label>(u"Prefix"));
   txtRandomPrice.set(prefix, add<ui::TextBox>()).setLocked(true);
   lblLabel.set(ofFormat, add<ui::Label>(u"&Barcode Format"));
@@ -46,11 +45,11 @@ ui::ComboBox& frmRandomPrice::makeLayoutBoxes() {
   lblLabel.set(ofExample, add<ui::Label>(u"Example"));
   txtRandomPrice.set(example, add<ui::TextBox>()).setLocked(true);
   lblLabel.set(legend, add<ui::Label>());
+  chkRandomPrice.set(priceIncludesTax, add<ui::CheckBox>(u"&Price includes tax"));
   return formats;
 }
 
-ui::Frame& frmRandomPrice::makeUnitFrame() {
-  chkRandomPrice.set(priceIncludesTax, add<ui::CheckBox>(u"&Price includes tax"));
+ui::Frame& frmRandomPrice::makeUnit() {
   auto& frame = add<ui::Frame>();
   chkRandomPrice.set(calculateUnitOfMeasure,
                      frame.add<ui::CheckBox>(u"Calculate &Unit of Measure"));
@@ -104,7 +103,7 @@ void frmRandomPrice::onLoad() {
       u"The first two numbers are the Prefix, then\r\n"
       u"1 = Product Number, 2 = Price Check Digit,\r\n"
       u"3 = Price, 4 = Barcode Check Digit");
-  txtRandomPrice[prefix].setText(formatNumber(Prefix, u"00", {}));
+  txtRandomPrice[prefix].setText(shownPrefix(Prefix));
   chkRandomPrice[inactive].setValue(Inactive);
   for (const Check i : {priceIncludesTax, calculateUnitOfMeasure}) {
     chkRandomPrice[i].setValue((OptionBits & bitOf(i)) != 0);
@@ -128,7 +127,7 @@ void frmRandomPrice::showFormats() {
 void frmRandomPrice::showExample() {
   const auto index = static_cast<std::size_t>(cboRandomPrice.listIndex());
   if (index >= kBarcodeLayouts.size()) return;
-  txtRandomPrice[example].setText(formatNumber(Prefix, u"00", {}) + kBarcodeLayouts[index].pattern);
+  txtRandomPrice[example].setText(shownPrefix(Prefix) + kBarcodeLayouts[index].pattern);
 }
 
 void frmRandomPrice::enableCaptions() {

@@ -47,16 +47,16 @@ class frmRandomPrice final : public EditDialog {
 
   ui::ControlArray<ui::Label> lblLabel;
   ui::ControlArray<ui::TextBox> txtRandomPrice;
-  ui::ComboBox& cboRandomPrice;
   ui::ControlArray<ui::CheckBox> chkRandomPrice;
+  ui::ComboBox& cboRandomPrice;
   ui::Frame& fraRandomPrice;
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
 
  private:
   void onLoad() override;
 
-  ui::ComboBox& makeLayoutBoxes();
-  ui::Frame& makeUnitFrame();
+  ui::ComboBox& makeFormat();
+  ui::Frame& makeUnit();
   void makeButtons();
   void layOut();
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
 #include "operations/frmRandomPrice.h"
 #include "support/check_box_bits.h"
@@ -18,8 +20,8 @@ namespace field = fields::randomPrice;
 constexpr int kListHeight = 5250;
 constexpr int kIconColumnWidth = 270;  // 18 pixels at 96 DPI
 
-// What a shop begins with: prefixes that are usual, of which the one called extra is added to a
-// table that lacks it even when others are there.
+// A table without formats gets the first to the last prefix, and one that lacks the extra prefix
+// gets that.
 constexpr std::int32_t kFirstPrefix = 20;
 constexpr std::int32_t kLastPrefix = 29;
 constexpr std::int32_t kUsualFormat = 1;
@@ -86,7 +88,7 @@ ui::ListItem itemOf(const clsRandomPrice& format) {
   const auto yesNo = [&](RandomPriceOption option) {
     return Text((format.mlOptionBits & option) != 0 ? u"Yes" : u"No");
   };
-  return {{u"", formatNumber(format.mlPrefix, u"00", {}), descriptionOf(format.mlFormatID),
+  return {{u"", shownPrefix(format.mlPrefix), descriptionOf(format.mlFormatID),
            yesNo(kPriceIncludesTax), yesNo(kCalculateUnitOfMeasure), format.msUOMUnitCaption,
            format.msUOMPriceUnitCaption},
           format.mbInactive ? ui::PictureId::inactive : ui::PictureId::active};
@@ -197,9 +199,8 @@ void RandomPrice::EditRandomPrice() {
 
 clsRandomPrice& RandomPrice::formatOfRow(int row) {
   // The cell shows two digits: "02" is the prefix 2. Rows and formats are made together.
-  const auto number = toNumber(ltvRandomPrice.text(row, prefix), {});
-  return *std::ranges::find(formats_, static_cast<std::int32_t>(number.value()),
-                            &clsRandomPrice::mlPrefix);
+  const double number = toNumber(ltvRandomPrice.text(row, prefix), {}).value_or(0);
+  return *std::ranges::find(formats_, static_cast<std::int32_t>(number), &clsRandomPrice::mlPrefix);
 }
 
 void RandomPrice::save(OptionsRecord& record, OptionChanges& /*changes*/) {
