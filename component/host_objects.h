@@ -91,6 +91,8 @@ class Table {
   virtual Value get(Field field) = 0;
   virtual void set(Field field, const Value& value) = 0;
 
+  // A field that holds no value, or one of another kind, is empty, 0 or False. Whole numbers are
+  // taken in any size and as Booleans too, since hosts in scripts hold them in the smallest type.
   Text text(Field field);
   std::int32_t integer(Field field);
   bool boolean(Field field);

@@ -27,6 +27,7 @@ using SaveOrder = Writes<        //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
+    &RandomPrice::save,          //
     &LaybyOptions::save,         //
     &ListColumns::save,          //
     &FredLink::save              //

@@ -10,6 +10,7 @@
 #include "identity/ledvane_link.h"
 #include "identity/start_up_entry.h"
 #include "operations/layby.h"
+#include "operations/random_price.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
 #include "sales/rounding.h"
@@ -42,6 +43,7 @@ using Tabs = TabParts<   //
     TransactionOptions,  // Transactions
     Rounding,            // Rounding
     CurrencyConversion,  // Currency
+    RandomPrice,         // Scanning
     LaybyOptions,        // Layby
     ListColumns,         // Lists
     FredLink             // FRED

@@ -36,6 +36,7 @@ TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
 
 TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
   host.dispensingAvailable = true;
+  host.randomPrices = {{{u"Prefix", std::int32_t{20}}}};
   open([&](frmOptions&) {});
   EXPECT_EQ(
       host.calls,
@@ -58,6 +59,9 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get RoundingFlags", "get TaxRoundingMode", "get TaxRoundingDirection",
           // Currency
           "DecimalSeparator", "get DefaultCurrencyMargin",
+          // Scanning
+          "get RandomPriceScanningFlags", "RandomPriceTable", "find RandomPriceTable [Prefix] = 2",
+          "update RandomPriceTable",
           // Layby
           "get LaybyStartNumber", "get LaybyTermDays", "get LaybyTermsText", "get LaybyHistoryDays",
           // Lists

@@ -59,6 +59,11 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
        "put TaxRoundingMode", "get TaxRoundingDirection", "put TaxRoundingDirection",
        "get RoundingDirection", "put RoundingDirection"});
   add({"get DefaultCurrencyMargin", "put DefaultCurrencyMargin"});
+  add({"put RandomPriceScanningFlags", "RandomPriceTable"});
+  for (const std::string prefix :
+       {"20", "21", "22", "23", "24", "25", "26", "27", "28", "29", "2"}) {
+    add({"find RandomPriceTable [Prefix] = " + prefix, "update RandomPriceTable"});
+  }
   add({"put LaybyStartNumber", "put LaybyTermDays", "put LaybyTermsText", "put LaybyHistoryDays"});
   addColumns("SalesPersonListColumns", 5);
   addColumns("ProductListColumns", 13);
@@ -132,6 +137,7 @@ TEST_F(SaveOptionsTest, AFailureAtAnyCallOfALoadOrSaveIsRaisedAsItCame) {
   for (int number = 0; number < calls; ++number) {
     host.calls.clear();
     host.stored = stored;
+    host.randomPrices.clear();
     host.failingNumber = number;
     try {
       run();

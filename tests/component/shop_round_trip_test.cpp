@@ -11,7 +11,9 @@
 #include "identity/company_details.h"
 #include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
+#include "operations/frmRandomPrice.h"
 #include "operations/layby.h"
+#include "operations/random_price.h"
 #include "sales/list_columns.h"
 #include "sales/transactions.h"
 #include "support/modJetSQLFixup.h"
@@ -146,6 +148,77 @@ TEST_F(ShopRoundTrip, LaybyAndDispensingSurviveTheProgram) {
   EXPECT_EQ(record->get(options::FREDPollSeconds), 60);
 }
 
+TEST_F(ShopRoundTrip, BarcodeFormatsSurviveTheProgram) {
+  openOn(TabPage::scanning, [&](frmOptions&) { user.press(ui::Key::escape); });
+  reopen();
+  openOn(TabPage::scanning, [&](frmOptions& dialog) {
+    const auto& formats = dialog.tab<RandomPrice>();
+    ASSERT_EQ(formats.ltvRandomPrice.count(), 11);
+    user.clickRow(formats.ltvRandomPrice, 10);
+    desk->whenShown([&](ui::Form& form) {
+      auto& editor = dynamic_cast<frmRandomPrice&>(form);
+      user.choose(editor.cboRandomPrice, 4);
+      user.click(editor.chkRandomPrice[frmRandomPrice::calculateUnitOfMeasure]);
+      user.click(editor.chkRandomPrice[frmRandomPrice::inactive]);
+      user.click(editor.txtRandomPrice[frmRandomPrice::unitCaption]);
+      user.type(u"O'Neil's; a|b");
+      user.press(ui::Key::enter);
+    });
+    user.click(formats.cmdRandomPrice);
+    user.click(formats.chkRandomPrice[0]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::RandomPriceScanningFlags), 1);
+  const auto table = shop->database()->randomPriceTable();
+  int count = 0;
+  for (; !table->atEnd(); table->moveNext()) ++count;
+  EXPECT_EQ(count, 11);
+  table->findFirst(u"[Prefix] = 2");
+  ASSERT_FALSE(table->noMatch());
+  EXPECT_EQ(table->integer(fields::randomPrice::FormatID), 5);
+  EXPECT_EQ(table->integer(fields::randomPrice::OptionBits), 3);
+  EXPECT_EQ(table->text(fields::randomPrice::UOMUnitCaption), u"O'Neil's; a|b");
+  EXPECT_EQ(table->text(fields::randomPrice::UOMPriceUnitCaption), u"/kg");
+  EXPECT_FALSE(table->boolean(fields::randomPrice::Inactive));
+}
+
+TEST_F(ShopRoundTrip, StrangeBarcodeFormatsAreShownAndKept) {
+  struct Row {
+    std::int32_t prefix;
+    std::int32_t format;
+  };
+  const std::vector<Row> strange = {{2, 9}, {100, 0}, {2, 4}, {-7, 3}};
+  {
+    const auto table = shop->database()->randomPriceTable();
+    for (const Row& row : strange) {
+      table->addNew();
+      table->set(fields::randomPrice::Prefix, row.prefix);
+      table->set(fields::randomPrice::FormatID, row.format);
+      table->update();
+    }
+  }
+  openOn(TabPage::scanning, [&](frmOptions& dialog) {
+    const auto& list = dialog.tab<RandomPrice>().ltvRandomPrice;
+    ASSERT_EQ(list.count(), 3);
+    const std::vector<Text> prefixes = {u"02", u"100", u"-07"};
+    for (int row = 0; row < 3; ++row) {
+      EXPECT_EQ(list.text(row, RandomPrice::prefix), prefixes[static_cast<std::size_t>(row)]);
+    }
+    user.click(dialog.tab<RandomPrice>().chkRandomPrice[0]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto table = shop->database()->randomPriceTable();
+  for (const Row& row : strange) {
+    ASSERT_FALSE(table->atEnd());
+    EXPECT_EQ(table->integer(fields::randomPrice::Prefix), row.prefix);
+    EXPECT_EQ(table->integer(fields::randomPrice::FormatID), row.format);
+    table->moveNext();
+  }
+  EXPECT_TRUE(table->atEnd());
+}
+
 TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {
   const Text before = stored(options::CompanyName);
   open([&](frmOptions&) { user.type(u"Other"); });
@@ -219,6 +292,7 @@ TEST_F(ShopRoundTrip, AFailureWhileSavingLeavesTheOldState) {
 }
 
 TEST_F(ShopRoundTrip, ASaveWhileAnotherProgramSavesIsAClearErrorAndLosesNothing) {
+  open([](frmOptions&) {});  // stores the barcode formats that every shop has
   const Text before = stored(options::CompanyName);
   host::Shop other = openAnother();
   auto saving = other.database()->optionsRecord();
