@@ -1,20 +1,28 @@
 #include "component/host_objects.h"
 
-namespace tillora {
-namespace {
+#include <type_traits>
 
-template <class T>
-T valueOrZero(const Value& value) {
-  const T* held = std::get_if<T>(&value);
-  return held != nullptr ? *held : T{};
+namespace tillora {
+std::optional<std::int32_t> wholeNumber(const Value& value) {
+  return std::visit(
+      [](const auto& held) -> std::optional<std::int32_t> {
+        if constexpr (std::is_integral_v<std::decay_t<decltype(held)>>) {
+          return held;
+        } else {
+          return std::nullopt;
+        }
+      },
+      value);
 }
 
-}  // namespace
+Text Table::text(Field field) {
+  const Value value = get(field);
+  const Text* held = std::get_if<Text>(&value);
+  return held != nullptr ? *held : Text();
+}
 
-Text Table::text(Field field) { return valueOrZero<Text>(get(field)); }
+std::int32_t Table::integer(Field field) { return wholeNumber(get(field)).value_or(0); }
 
-std::int32_t Table::integer(Field field) { return valueOrZero<std::int32_t>(get(field)); }
-
-bool Table::boolean(Field field) { return valueOrZero<bool>(get(field)); }
+bool Table::boolean(Field field) { return wholeNumber(get(field)).value_or(0) != 0; }
 
 }  // namespace tillora

@@ -62,6 +62,9 @@ struct Field {
   const char16_t* name;
 };
 
+/// A whole number or truth value, however wide the host holds it; none for anything else.
+std::optional<std::int32_t> wholeNumber(const Value& value);
+
 /// A table of the shop database with one current row.
 class Table {
  public:
@@ -91,8 +94,11 @@ class Table {
   virtual Value get(Field field) = 0;
   virtual void set(Field field, const Value& value) = 0;
 
+  /// A field's text; empty where it holds none.
   Text text(Field field);
+  /// A whole number; 0 where the field holds none.
   std::int32_t integer(Field field);
+  /// A truth value, or a whole number other than 0; False where the field holds neither.
   bool boolean(Field field);
 };
 
