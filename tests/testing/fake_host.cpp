@@ -71,19 +71,31 @@ class FakeTable final : public Table, Counted {
   FakeTable(FakeHost& host, std::string name, std::vector<FakeRow>& rows)
       : Counted(host), name_(std::move(name)), rows_(rows) {}
 
-  void moveFirst() override { row_ = 0; }
+  void moveFirst() override {
+    step();
+    row_ = 0;
+  }
   void moveNext() override {
+    step();
     if (!std::exchange(removed_, false)) ++row_;
   }
-  bool atEnd() override { return row_ >= rows_.size(); }
+  bool atEnd() override {
+    step();
+    return row_ >= rows_.size();
+  }
   void findFirst(TextView criteria) override { find(criteria, 0); }
   void findNext(TextView criteria) override { find(criteria, row_ + 1); }
-  bool noMatch() override { return noMatch_; }
+  bool noMatch() override {
+    step();
+    return noMatch_;
+  }
   void addNew() override {
+    step();
     edited_.clear();
     adding_ = true;
   }
   void edit() override {
+    step();
     edited_ = rows_.at(row_);
     adding_ = false;
   }
@@ -101,13 +113,18 @@ class FakeTable final : public Table, Counted {
     removed_ = true;
   }
   Value get(Field field) override {
+    step();
     const FakeRow& row = rows_.at(row_);
     const auto found = row.find(field.name);
     return found == row.end() ? Value() : found->second;
   }
-  void set(Field field, const Value& value) override { edited_[field.name] = value; }
+  void set(Field field, const Value& value) override {
+    step();
+    edited_[field.name] = value;
+  }
 
  private:
+  void step() { ++host_.tableSteps; }
   void find(TextView criteria, std::size_t from) {
     host_.called("find " + name_ + " " + toUtf8(criteria));
     const auto found =
