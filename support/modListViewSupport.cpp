@@ -1,6 +1,8 @@
 #include "support/modListViewSupport.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 #include "ui/form.h"
 
@@ -42,6 +44,20 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum)
 bool toggleHeaderButtons(ui::ListView& list) {
   list.setClickableHeaders(!list.clickableHeaders());
   return true;
+}
+
+void selectRow(ui::ListView& list, int row) {
+  list.setSelectedRow(row);
+  list.ensureVisible(row);
+}
+
+void onRowDoubleClick(ui::ListView& list, std::function<void()> act) {
+  // Where a mouse button last went down or up on the list.
+  const auto mouse = std::make_shared<ui::Point>();
+  list.mouse = [mouse](ui::Point point) { *mouse = point; };
+  list.doubleClick = [&list, mouse, act = std::move(act)] {
+    if (list.hitTest(*mouse) >= 0) act();
+  };
 }
 
 }  // namespace tillora

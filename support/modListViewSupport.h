@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "ui/lists.h"
 
 namespace tillora {
@@ -16,5 +18,12 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum 
 
 /// Turns headers that can be pressed into flat ones, and back on the next call. Reports True.
 bool toggleHeaderButtons(ui::ListView& list);
+
+/// Selects a row and scrolls it into view.
+void selectRow(ui::ListView& list, int row);
+
+/// Calls `act` for a double-click on a row, not for one on the blank below. Takes the list's mouse
+/// and doubleClick events.
+void onRowDoubleClick(ui::ListView& list, std::function<void()> act);
 
 }  // namespace tillora
