@@ -56,6 +56,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
 
   ui::Frame& page(TabPage page) override;
   Messages& messages() override { return messages_; }
+  bool firstUse() const override { return FirstUse; }
   const Text& shortProductName() const override { return shortProductName_; }
   void markChanged() override;
   void selectTab(TabPage page) override;
