@@ -26,7 +26,9 @@ using SaveOrder = Writes<        //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
-    &ListColumns::save           //
+    &ListColumns::save,          //
+    &PumpGrades::save,           //
+    &WebSites::save              //
     >;
 
 template <class... Parts>

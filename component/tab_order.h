@@ -6,6 +6,8 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "identity/web_sites.h"
+#include "operations/pump.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
 #include "sales/rounding.h"
@@ -36,7 +38,9 @@ using Tabs = TabParts<   //
     TransactionOptions,  // Transactions
     Rounding,            // Rounding
     CurrencyConversion,  // Currency
-    ListColumns          // Lists
+    ListColumns,         // Lists
+    PumpGrades,          // Pump
+    WebSites             // Web
     >;
 
 /// Runs every part's write-back in the save order.

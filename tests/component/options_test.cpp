@@ -59,7 +59,12 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "DecimalSeparator", "get DefaultCurrencyMargin",
           // Lists
           "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
-          "get LaybyCustomerListColumns", "get CurrencyListColumns"}));
+          "get LaybyCustomerListColumns", "get CurrencyListColumns",
+          // Pump
+          "get PumpVolumeUnitCaption", "get PumpPriceUnitCaption", "get PumpOptionBits",
+          "GradeTable",
+          // Web
+          "WebSiteTable"}));
 }
 
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {

@@ -62,6 +62,10 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   addColumns("CustomerListColumns", 24);
   addColumns("LaybyCustomerListColumns", 12);
   addColumns("CurrencyListColumns", 7);
+  add({"put PumpVolumeUnitCaption", "put PumpPriceUnitCaption", "put PumpOptionBits",
+       "GradeTable"});
+  add({"WebSiteTable", "find WebSiteTable [URL] = 'https://www.ledvane.example/point-of-sale'",
+       "update WebSiteTable"});
   add({"commit", "send"});
   EXPECT_EQ(saveCalls, expected);
 }

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+
+#include "component/dialog.h"
+#include "component/messages.h"
+#include "component/platform.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/text_box.h"
+
+namespace tillora {
+
+/// One web-site entry. The caller sets the variables, shows the dialog modally, and takes
+/// Description, URL and Inactive back unless it was cancelled.
+class frmWebSite final : public Dialog {
+ public:
+  /// Indexes of cmdWebSite.
+  enum Command : std::uint8_t { ok, cancel, browse };
+  /// Indexes of txtWebSite.
+  enum Box : std::uint8_t { description, url };
+  /// Indexes of lblWebSite.
+  enum Label : std::uint8_t { instruction, descriptionLabel, urlLabel };
+
+  frmWebSite(const Platform& platform, Messages& messages);
+
+  bool EditMode = false;  ///< an existing entry; else a new one
+  Text Description;
+  Text URL;
+  bool Inactive = false;
+  /// Every way out but OK cancels.
+  bool Cancelled = false;
+  /// A text was edited since the dialog was loaded.
+  bool Changed = false;
+
+  ui::ControlArray<ui::Label> lblWebSite;
+  ui::ControlArray<ui::TextBox> txtWebSite;
+  ui::ControlArray<ui::CommandButton> cmdWebSite;
+  ui::CheckBox& chkInactive;
+
+ private:
+  void onLoad() override;
+  void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
+
+  ui::CheckBox& makeFields();
+  void makeButtons();
+  void layOut();
+  void accept();
+  void browseShortcut();
+
+  const Platform& platform_;
+  Messages& messages_;
+};
+
+}  // namespace tillora
