@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "support/modJetSQLFixup.h"
+#include "support/numbers.h"
 
 namespace tillora::testing {
 namespace {
@@ -45,23 +46,31 @@ class FakeRecord final : public OptionsRecord, Counted {
 Text literalOf(const Value& value) {
   if (const auto* text = std::get_if<Text>(&value)) return QuoteJetLiteral(*text);
   if (const auto* flag = std::get_if<bool>(&value)) return Text(jetBoolean(*flag));
-  const std::string digits = std::to_string(std::get<std::int32_t>(value));
-  return {digits.begin(), digits.end()};
+  const auto number = wholeNumber(value);
+  return number ? decimalText(*number) : Text(u"Null");  // which no criteria ask for
 }
 
-// Understands the criteria that the component writes: [Field] = literal, joined by AND.
+// The condition is [Field] = literal or Field=literal.
+bool holds(const FakeRow::value_type& field, TextView condition) {
+  const bool bracketed = condition.starts_with(u'[');
+  condition.remove_prefix(bracketed ? 1 : 0);
+  if (!condition.starts_with(field.first)) return false;
+  condition.remove_prefix(field.first.size());
+  const TextView equals = bracketed ? u"] = " : u"=";
+  return condition.starts_with(equals) &&
+         condition.substr(equals.size()) == literalOf(field.second);
+}
+
+// Understands the criteria that the component writes: conditions joined by AND.
 bool satisfies(const FakeRow& row, TextView criteria) {
   constexpr TextView kAnd = u" AND ";
   while (!criteria.empty()) {
     const std::size_t end = std::min(criteria.find(kAnd), criteria.size());
-    const Text condition(criteria.substr(0, end));
+    const TextView condition = criteria.substr(0, end);
     criteria.remove_prefix(std::min(criteria.size(), end + kAnd.size()));
-    const bool holds = std::ranges::any_of(row, [&](const auto& field) {
-      const Text literal = literalOf(field.second);
-      return condition == u"[" + field.first + u"] = " + literal ||
-             condition == field.first + u"=" + literal;
-    });
-    if (!holds) return false;
+    if (std::ranges::none_of(row, [&](const auto& field) { return holds(field, condition); })) {
+      return false;
+    }
   }
   return true;
 }

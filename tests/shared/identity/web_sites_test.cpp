@@ -510,24 +510,10 @@ TEST_F(WebSitesTest, AFailureOfTheHostEndsTheDialogAndNothingMoreIsWritten) {
   for (const std::string call :
        {"find WebSiteTable [URL] = 'b'", "update WebSiteTable", "delete WebSiteTable"}) {
     host.webSites = {site(u"A", u"a"), site(u"B", u"b")};
-    host.calls.clear();
-    host.failingCall = call;
-    desk->whenShown([&](ui::Form& form) {
-      auto& dialog = dynamic_cast<frmOptions&>(form);
-      user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::web));
+    expectFailureAt(call, TabPage::web, [&](frmOptions& dialog) {
       deleteRow(dialog, 0);
       user.accessKey(u'o');
     });
-    try {
-      options_.ShowOptions();
-      ADD_FAILURE() << call;
-    } catch (const Error& failure) {
-      EXPECT_EQ(failure.number(), FakeHost::failure().number());
-      EXPECT_EQ(failure.source(), FakeHost::failure().source());
-      EXPECT_EQ(failure.description(), FakeHost::failure().description());
-    }
-    EXPECT_EQ(host.calls.back(), call);
-    EXPECT_TRUE(host.stored.empty());
   }
 }
 
