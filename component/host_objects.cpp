@@ -1,28 +1,28 @@
 #include "component/host_objects.h"
 
-#include <type_traits>
+#include <utility>
 
 namespace tillora {
+
 std::optional<std::int32_t> wholeNumber(const Value& value) {
-  return std::visit(
-      [](const auto& held) -> std::optional<std::int32_t> {
-        if constexpr (std::is_integral_v<std::decay_t<decltype(held)>>) {
-          return held;
-        } else {
-          return std::nullopt;
-        }
-      },
-      value);
+  if (const auto* held = std::get_if<std::int32_t>(&value)) return *held;
+  if (const auto* held = std::get_if<std::int16_t>(&value)) return *held;
+  if (const auto* held = std::get_if<std::uint8_t>(&value)) return *held;
+  return std::nullopt;
 }
 
 Text Table::text(Field field) {
-  const Value value = get(field);
-  const Text* held = std::get_if<Text>(&value);
-  return held != nullptr ? *held : Text();
+  Value value = get(field);
+  auto* held = std::get_if<Text>(&value);
+  return held != nullptr ? std::move(*held) : Text();
 }
 
 std::int32_t Table::integer(Field field) { return wholeNumber(get(field)).value_or(0); }
 
-bool Table::boolean(Field field) { return wholeNumber(get(field)).value_or(0) != 0; }
+bool Table::boolean(Field field) {
+  const Value value = get(field);
+  const auto* held = std::get_if<bool>(&value);
+  return held != nullptr ? *held : wholeNumber(value).value_or(0) != 0;
+}
 
 }  // namespace tillora

@@ -62,7 +62,7 @@ struct Field {
   const char16_t* name;
 };
 
-/// A whole number or truth value, however wide the host holds it; none for anything else.
+/// A whole number of any size; none for any other value.
 std::optional<std::int32_t> wholeNumber(const Value& value);
 
 /// A table of the shop database with one current row.
@@ -94,11 +94,10 @@ class Table {
   virtual Value get(Field field) = 0;
   virtual void set(Field field, const Value& value) = 0;
 
-  /// A field's text; empty where it holds none.
+  // A field that holds no value, or one of another kind, is empty, 0 or False. Whole numbers are
+  // taken in any size and as Booleans too, since hosts in scripts hold them in the smallest type.
   Text text(Field field);
-  /// A whole number; 0 where the field holds none.
   std::int32_t integer(Field field);
-  /// A truth value, or a whole number other than 0; False where the field holds neither.
   bool boolean(Field field);
 };
 
@@ -163,9 +162,21 @@ class Cursor {
   virtual ~Cursor() = default;
   virtual void moveFirst() = 0;
   virtual bool atEnd() = 0;
-  virtual T current() = 0;
   virtual void moveNext() = 0;
+  /// A property of the current item. Nothing else of the item is read.
+  virtual Text get(Text T::*property) = 0;
+  /// The whole current item.
+  T current();
 };
+template <>
+inline Item Cursor<Item>::current() {
+  return {get(&Item::itemType), get(&Item::productNumber), get(&Item::group),
+          get(&Item::name),     get(&Item::description),   get(&Item::account)};
+}
+template <>
+inline PaymentItem Cursor<PaymentItem>::current() {
+  return {get(&PaymentItem::name), get(&PaymentItem::description), get(&PaymentItem::account)};
+}
 
 /// The shop database.
 class JetDatabase {

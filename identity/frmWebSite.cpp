@@ -11,7 +11,7 @@ constexpr ui::Size kClientSize{7500, 2850};
 }  // namespace
 
 frmWebSite::frmWebSite(const Platform& platform, Messages& messages)
-    : Dialog(platform.screen, Text()),
+    : EditDialog(platform.screen, Text()),
       chkInactive(makeFields()),
       platform_(platform),
       messages_(messages) {
@@ -20,10 +20,7 @@ frmWebSite::frmWebSite(const Platform& platform, Messages& messages)
   txtWebSite.on(&ui::TextBox::change, [this](int) { Changed = true; });
   chkInactive.click = [this] { Inactive = chkInactive.value(); };
   cmdWebSite[ok].click = [this] { accept(); };
-  cmdWebSite[cancel].click = [this] {
-    Cancelled = true;
-    unload();
-  };
+  cmdWebSite[cancel].click = [this] { cancelAndClose(); };
   cmdWebSite[browse].click = [this] { browseShortcut(); };
 }
 
@@ -60,7 +57,6 @@ void frmWebSite::layOut() {
 }
 
 void frmWebSite::onLoad() {
-  Cancelled = false;
   const Text mode = EditMode ? u"Edit" : u"Enter";
   setCaption(mode + u" Web Site Information");
   lblWebSite[instruction].setCaption(mode + u" the description and URL for the Web site.");
@@ -78,7 +74,7 @@ void frmWebSite::accept() {
   }
   Description = txtWebSite[description].text();
   URL = txtWebSite[url].text();
-  unload();
+  acceptAndClose();
 }
 
 void frmWebSite::browseShortcut() {
@@ -94,10 +90,6 @@ void frmWebSite::browseShortcut() {
     return;
   }
   txtWebSite[url].setText(found);
-}
-
-void frmWebSite::onQueryUnload(bool& /*cancel*/, ui::UnloadMode mode) {
-  if (mode == ui::UnloadMode::user) Cancelled = true;
 }
 
 }  // namespace tillora

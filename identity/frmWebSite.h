@@ -11,9 +11,8 @@
 
 namespace tillora {
 
-/// One web-site entry. The caller sets the variables, shows the dialog modally, and takes
-/// Description, URL and Inactive back unless it was cancelled.
-class frmWebSite final : public Dialog {
+/// Edits one web-site entry.
+class frmWebSite final : public EditDialog {
  public:
   /// Indexes of cmdWebSite.
   enum Command : std::uint8_t { ok, cancel, browse };
@@ -28,8 +27,6 @@ class frmWebSite final : public Dialog {
   Text Description;
   Text URL;
   bool Inactive = false;
-  /// Every way out but OK cancels.
-  bool Cancelled = false;
   /// A text was edited since the dialog was loaded.
   bool Changed = false;
 
@@ -40,7 +37,6 @@ class frmWebSite final : public Dialog {
 
  private:
   void onLoad() override;
-  void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
 
   ui::CheckBox& makeFields();
   void makeButtons();

@@ -14,8 +14,6 @@ namespace {
 constexpr TextView kFirstDescription = u"Ledvane Point of Sale Home Page";
 constexpr TextView kFirstUrl = u"https://www.ledvane.example/point-of-sale";
 
-constexpr int kIconColumnWidth = 270;
-
 ui::ListItem toRow(Text description, Text url, bool inactive) {
   return {{Text(), std::move(description), std::move(url)},
           inactive ? ui::PictureId::inactive : ui::PictureId::active};
@@ -105,7 +103,7 @@ void WebSites::addSite() {
   dialog_.markChanged();
   frmWebSite dialog(dialog_.platform(), dialog_.messages());
   dialog.showModal();
-  if (dialog.Cancelled) return;
+  if (dialog.Cancelled()) return;
   selectRow(ltvWeb, ltvWeb.addRow(toRow(dialog.Description, dialog.URL, dialog.Inactive)));
   rowsChanged();
 }
@@ -119,7 +117,7 @@ void WebSites::editSite() {
   dialog.URL = ltvWeb.text(row, url);
   dialog.Inactive = isInactive(ltvWeb.rows()[static_cast<std::size_t>(row)]);
   dialog.showModal();
-  if (dialog.Cancelled) return;
+  if (dialog.Cancelled()) return;
   ltvWeb.setRow(row, toRow(dialog.Description, dialog.URL, dialog.Inactive));
   rowsChanged();
   dialog_.markChanged();

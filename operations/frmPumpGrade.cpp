@@ -11,12 +11,13 @@ constexpr ui::Size kClientSize{6300, 1950};
 
 }  // namespace
 
-frmPumpGrade::frmPumpGrade(ui::Screen& screen) : Dialog(screen, u"Edit Pump Grade Information") {
+frmPumpGrade::frmPumpGrade(ui::Screen& screen)
+    : EditDialog(screen, u"Edit Pump Grade Information") {
   makeControls();
   layOut();
   txtPumpGrade[captionBox].validate = [this](bool&) { Caption = txtPumpGrade[captionBox].text(); };
-  cmdPumpGrade[ok].click = [this] { leave(false); };
-  cmdPumpGrade[cancel].click = [this] { leave(true); };
+  cmdPumpGrade[ok].click = [this] { acceptAndClose(); };
+  cmdPumpGrade[cancel].click = [this] { cancelAndClose(); };
   cmdPumpGrade[browse].click = [this] { browseProduct(); };
 }
 
@@ -49,7 +50,6 @@ void frmPumpGrade::layOut() {
 }
 
 void frmPumpGrade::onLoad() {
-  Cancelled = false;
   setCaption(Text(EditMode ? u"Edit" : u"New") + u" Pump Grade Information");
   lblPumpGrade[heading].setCaption(Text(EditMode ? u"Edit" : u"Create") +
                                    u" information for grade " + decimalText(GradeNumber));
@@ -66,15 +66,6 @@ void frmPumpGrade::browseProduct() {
   browser.showModal();
   Product = browser.SelectedValue.empty() ? Text(kNoProduct) : browser.SelectedValue;
   txtPumpGrade[productBox].setText(Product);
-}
-
-void frmPumpGrade::leave(bool cancelled) {
-  Cancelled = cancelled;
-  unload();
-}
-
-void frmPumpGrade::onQueryUnload(bool& /*cancel*/, ui::UnloadMode mode) {
-  if (mode == ui::UnloadMode::user) Cancelled = true;
 }
 
 void frmPumpGrade::onUnload() {

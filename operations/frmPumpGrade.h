@@ -14,9 +14,8 @@ namespace tillora {
 /// The product of a grade that has none.
 inline constexpr TextView kNoProduct = u"(None)";
 
-/// The caption and the product of one pump grade. The caller sets the variables, shows the dialog
-/// modally, and takes Caption and Product back unless it was cancelled.
-class frmPumpGrade final : public Dialog {
+/// Edits the caption and the product of one pump grade.
+class frmPumpGrade final : public EditDialog {
  public:
   /// Indexes of cmdPumpGrade.
   enum Command : std::uint8_t { ok, cancel, browse };
@@ -31,8 +30,6 @@ class frmPumpGrade final : public Dialog {
   std::int32_t GradeNumber = 0;
   Text Caption;  ///< takes the box's text when the box is left
   Text Product;
-  /// Every way out but OK cancels.
-  bool Cancelled = false;
   /// For the item browser. Released when the dialog closes.
   std::shared_ptr<SettingsStore> SettingsObject;
   std::shared_ptr<JetDatabase> DBJetObject;
@@ -43,13 +40,11 @@ class frmPumpGrade final : public Dialog {
 
  private:
   void onLoad() override;
-  void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
   void onUnload() override;
 
   void makeControls();
   void layOut();
   void browseProduct();
-  void leave(bool cancelled);
 };
 
 }  // namespace tillora

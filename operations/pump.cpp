@@ -157,7 +157,7 @@ bool PumpGrades::accepted(frmPumpGrade& dialog) {
   dialog.DBJetObject = dialog_.host().database;
   dialog.SettingsObject = dialog_.host().settings;
   dialog.showModal();
-  return !dialog.Cancelled;
+  return !dialog.Cancelled();
 }
 
 void PumpGrades::deleteGrade() {

@@ -7,45 +7,41 @@
 namespace tillora::testing {
 namespace {
 
-class TableFields : public ::testing::Test {
+class TableFieldTest : public ::testing::Test {
  protected:
-  /// A table whose current row holds the value in the field Name.
+  /// A table of one row, whose field holds this.
   std::unique_ptr<Table> holding(Value value) {
-    host.currencies = {{{u"Name", std::move(value)}}};
-    return objects.database->currencyTable();
+    host_.grades = {{{field.name, std::move(value)}}};
+    return host_.objects().database->gradeTable();
   }
-  static constexpr Field kField = fields::currency::Name;
+  const Field field = fields::grade::GradeNumber;
 
-  FakeHost host;
-  HostObjects objects = host.objects();
+ private:
+  FakeHost host_;
 };
 
-TEST_F(TableFields, AWholeNumberIsReadHoweverWideItIs) {
-  EXPECT_EQ(holding(std::int32_t{-70000})->integer(kField), -70000);
-  EXPECT_EQ(holding(std::int16_t{-12})->integer(kField), -12);
-  EXPECT_EQ(holding(std::uint8_t{200})->integer(kField), 200);
+TEST_F(TableFieldTest, AWholeNumberIsReadInAnySize) {
+  EXPECT_EQ(holding(std::int32_t{-70000})->integer(field), -70000);
+  EXPECT_EQ(holding(std::int16_t{-20})->integer(field), -20);
+  EXPECT_EQ(holding(std::uint8_t{255})->integer(field), 255);
 }
 
-TEST_F(TableFields, WhatIsNoWholeNumberIsZero) {
-  EXPECT_EQ(holding(Value())->integer(kField), 0);
-  EXPECT_EQ(holding(Text(u"5"))->integer(kField), 0);
-  EXPECT_EQ(holding(5.0F)->integer(kField), 0);
+TEST_F(TableFieldTest, ABooleanMayBeANumber) {
+  EXPECT_TRUE(holding(true)->boolean(field));
+  EXPECT_FALSE(holding(false)->boolean(field));
+  EXPECT_TRUE(holding(std::int16_t{-1})->boolean(field));
+  EXPECT_TRUE(holding(std::int32_t{1})->boolean(field));
+  EXPECT_FALSE(holding(std::int16_t{0})->boolean(field));
 }
 
-TEST_F(TableFields, ANumberOtherThanZeroIsTrue) {
-  EXPECT_TRUE(holding(true)->boolean(kField));
-  EXPECT_FALSE(holding(false)->boolean(kField));
-  EXPECT_TRUE(holding(std::int16_t{-1})->boolean(kField));
-  EXPECT_TRUE(holding(std::int32_t{256})->boolean(kField));
-  EXPECT_FALSE(holding(std::int32_t{0})->boolean(kField));
-  EXPECT_FALSE(holding(Text(u"True"))->boolean(kField));
-  EXPECT_FALSE(holding(Value())->boolean(kField));
-}
-
-TEST_F(TableFields, OnlyATextIsReadAsText) {
-  EXPECT_EQ(holding(Text(u"a"))->text(kField), u"a");
-  EXPECT_EQ(holding(std::int32_t{5})->text(kField), u"");
-  EXPECT_EQ(holding(Value())->text(kField), u"");
+TEST_F(TableFieldTest, NoValueAndOneOfAnotherKindAreTheTypesZero) {
+  for (const Value& value : {Value(), Value(1.5F), Value(Money{10000})}) {
+    EXPECT_EQ(holding(value)->text(field), u"");
+    EXPECT_EQ(holding(value)->integer(field), 0);
+    EXPECT_FALSE(holding(value)->boolean(field));
+  }
+  EXPECT_EQ(holding(Text(u"20"))->integer(field), 0);
+  EXPECT_EQ(holding(Text(u"20"))->text(field), u"20");
 }
 
 }  // namespace

@@ -35,6 +35,8 @@ TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
 }
 
 TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
+  host.dispensingAvailable = true;
+  host.randomPrices = {{{u"Prefix", std::int32_t{20}}}};
   open([&](frmOptions&) {});
   EXPECT_EQ(
       host.calls,
@@ -43,7 +45,7 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           // General
           "get CompanyName", "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
           "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass", "ClassTable",
-          "find ClassTable Hidden=False",
+          "find ClassTable Hidden=False", "get DataFile", "get LVSummariseBits", "Title",
           // Transactions
           "get TransactionOptionBits", "get TerminalIDCaption", "get TransactionNumberCaption",
           "get SalesPersonCaption", "get TaxedSellPriceCaption", "get TaxedWholesaleCaption",
@@ -57,9 +59,16 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get RoundingFlags", "get TaxRoundingMode", "get TaxRoundingDirection",
           // Currency
           "DecimalSeparator", "get DefaultCurrencyMargin",
+          // Scanning
+          "get RandomPriceScanningFlags", "RandomPriceTable", "find RandomPriceTable [Prefix] = 2",
+          "update RandomPriceTable",
+          // Layby
+          "get LaybyStartNumber", "get LaybyTermDays", "get LaybyTermsText", "get LaybyHistoryDays",
           // Lists
           "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
           "get LaybyCustomerListColumns", "get CurrencyListColumns",
+          // FRED
+          "get FREDPollSeconds", "get FREDLinkActive", "get FREDDataFile",
           // Pump
           "get PumpVolumeUnitCaption", "get PumpPriceUnitCaption", "get PumpOptionBits",
           "GradeTable",

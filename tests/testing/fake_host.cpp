@@ -158,7 +158,7 @@ class FakeCursor final : public Cursor<T>, Counted {
   FakeCursor(FakeHost& host, const std::vector<T>& items) : Counted(host), items_(items) {}
   void moveFirst() override { at_ = 0; }
   bool atEnd() override { return at_ >= items_.size(); }
-  T current() override { return items_.at(at_); }
+  Text get(Text T::*property) override { return items_.at(at_).*property; }
   void moveNext() override { ++at_; }
 
  private:

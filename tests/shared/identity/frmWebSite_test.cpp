@@ -112,7 +112,7 @@ TEST_F(WebSiteDialogTest, OkHandsBackTheValues) {
       accept();
       EXPECT_FALSE(form.isShown());
     });
-    EXPECT_FALSE(form.Cancelled);
+    EXPECT_FALSE(form.Cancelled());
     EXPECT_EQ(form.Description, u" O'Neil ");
     EXPECT_EQ(form.URL, u" u;|");
     EXPECT_FALSE(form.Inactive);
@@ -130,12 +130,12 @@ TEST_F(WebSiteDialogTest, EveryWayOutButOkCancels) {
       leave();
       EXPECT_FALSE(form.isShown());
     });
-    EXPECT_TRUE(form.Cancelled);
+    EXPECT_TRUE(form.Cancelled());
     EXPECT_EQ(form.Description, u"News");
     EXPECT_EQ(form.URL, u"http://news");
   }
   showEntry([&] { user.press(Key::enter); });
-  EXPECT_FALSE(form.Cancelled);
+  EXPECT_FALSE(form.Cancelled());
 }
 
 TEST_F(WebSiteDialogTest, TheInactiveBoxSetsThePropertyAtOnce) {
@@ -165,7 +165,7 @@ TEST_F(WebSiteDialogTest, BothTextsAreRequired) {
       EXPECT_EQ(description().text(), name);
       EXPECT_EQ(url().text(), address);
     });
-    EXPECT_TRUE(form.Cancelled);
+    EXPECT_TRUE(form.Cancelled());
     EXPECT_EQ(form.Description, name);
   }
 }
@@ -173,7 +173,7 @@ TEST_F(WebSiteDialogTest, BothTextsAreRequired) {
 TEST_F(WebSiteDialogTest, ABlankIsNotEmpty) {
   form.Description = form.URL = u" ";
   show([&] { user.press(Key::enter); });
-  EXPECT_FALSE(form.Cancelled);
+  EXPECT_FALSE(form.Cancelled());
   EXPECT_TRUE(boxes.shown.empty());
 }
 

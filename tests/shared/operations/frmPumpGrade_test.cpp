@@ -85,7 +85,7 @@ TEST_F(PumpGradeDialogTest, EnterFromTheCaptionStoresIt) {
     user.press(Key::enter);
     EXPECT_FALSE(form.isShown());
   });
-  EXPECT_FALSE(form.Cancelled);
+  EXPECT_FALSE(form.Cancelled());
   EXPECT_EQ(form.Caption, u"Premium");
 }
 
@@ -95,7 +95,7 @@ TEST_F(PumpGradeDialogTest, OkByTheMouseStoresTheCaptionToo) {
     user.click(form.cmdPumpGrade[frmPumpGrade::ok]);
     EXPECT_FALSE(form.isShown());
   });
-  EXPECT_FALSE(form.Cancelled);
+  EXPECT_FALSE(form.Cancelled());
   EXPECT_EQ(form.Caption, u" a&b 'c' ");
 }
 
@@ -119,11 +119,11 @@ TEST_F(PumpGradeDialogTest, EveryWayOutButOkCancels) {
       leave();
       EXPECT_FALSE(form.isShown());
     });
-    EXPECT_TRUE(form.Cancelled);
+    EXPECT_TRUE(form.Cancelled());
     EXPECT_EQ(form.Caption, u"ULP");
   }
   show([&] { user.press(Key::enter); });
-  EXPECT_FALSE(form.Cancelled);
+  EXPECT_FALSE(form.Cancelled());
 }
 
 TEST_F(PumpGradeDialogTest, TheProductIsFilledByTheBrowserOnly) {
@@ -149,7 +149,7 @@ TEST_F(PumpGradeDialogTest, TheProductIsFilledByTheBrowserOnly) {
     user.press(Key::enter);
   });
   EXPECT_EQ(form.Product, u"Diesel");
-  EXPECT_FALSE(form.Cancelled);
+  EXPECT_FALSE(form.Cancelled());
 }
 
 TEST_F(PumpGradeDialogTest, ACancelledBrowserLeavesTheProduct) {
