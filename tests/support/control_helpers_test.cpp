@@ -73,6 +73,12 @@ TEST_F(ListViewSupport, OrTheWiderOfContentsAndHeader) {
   EXPECT_EQ(width(1), 12 * 90 + 180);
 }
 
+TEST_F(ListViewSupport, AColumnIsNoWiderThanWhatAListShowsOfAText) {
+  list.addRow({{Text(10000, u'x')}});
+  autoSizeColumns(list, 1, ColumnFit::contents);
+  EXPECT_EQ(width(0), 259 * 90 + 180);
+}
+
 TEST_F(ListViewSupport, ANumberedColumnAloneIsSized) {
   autoSizeColumns(list, 2, ColumnFit::contents);
   EXPECT_EQ(width(0), 0);
