@@ -8,7 +8,7 @@
 #include "operations/frmRandomPrice.h"
 #include "support/check_box_bits.h"
 #include "support/modListViewSupport.h"
-#include "support/number_format.h"
+#include "support/numbers.h"
 #include "ui/form.h"
 #include "ui/layout.h"
 
@@ -29,7 +29,7 @@ constexpr std::int32_t kExtraFormat = 3;
 
 /// The first row with this prefix becomes the current one. False where there is none.
 bool find(Table& table, std::int32_t prefix) {
-  table.findFirst(u"[Prefix] = " + formatNumber(prefix, u"0", {}));
+  table.findFirst(u"[Prefix] = " + decimalText(prefix));
   return !table.noMatch();
 }
 
