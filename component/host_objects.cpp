@@ -11,6 +11,33 @@ std::optional<std::int32_t> wholeNumber(const Value& value) {
   return std::nullopt;
 }
 
+namespace {
+
+/// A value on its way; its text is overwritten when it has arrived.
+struct SecretValue {
+  explicit SecretValue(const SecretText& secret) : value(secret.text()) {}
+  SecretValue(const SecretValue&) = delete;
+  SecretValue& operator=(const SecretValue&) = delete;
+  ~SecretValue() {
+    if (Text* text = std::get_if<Text>(&value)) wipe(*text);
+  }
+  Value value;
+};
+
+}  // namespace
+
+SecretText OptionsRecord::getSecret(const Option<OptionType::Text>& option) {
+  Value value(read(option.id));
+  SecretText secret;
+  if (Text* text = std::get_if<Text>(&value)) secret.take(*text);
+  return secret;
+}
+
+void OptionsRecord::setSecret(const Option<OptionType::Text>& option, const SecretText& secret) {
+  const SecretValue passing(secret);
+  write(option.id, passing.value);
+}
+
 Text Table::text(Field field) {
   Value value = get(field);
   auto* held = std::get_if<Text>(&value);

@@ -32,7 +32,8 @@ using SaveOrder = Writes<        //
     &ListColumns::save,          //
     &FredLink::save,             //
     &PumpGrades::save,           //
-    &WebSites::save              //
+    &WebSites::save,             //
+    &Passwords::save             //
     >;
 
 // Applied before the validations.

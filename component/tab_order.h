@@ -8,6 +8,7 @@
 #include "identity/company_details.h"
 #include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
+#include "identity/passwords.h"
 #include "identity/start_up_entry.h"
 #include "identity/web_sites.h"
 #include "operations/layby.h"
@@ -50,7 +51,8 @@ using Tabs = TabParts<   //
     ListColumns,         // Lists
     FredLink,            // FRED
     PumpGrades,          // Pump
-    WebSites             // Web
+    WebSites,            // Web
+    Passwords            // Security
     >;
 
 /// What a save does before its validations: one that they refuse has done it.

@@ -73,7 +73,13 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get PumpVolumeUnitCaption", "get PumpPriceUnitCaption", "get PumpOptionBits",
           "GradeTable",
           // Web
-          "WebSiteTable"}));
+          "WebSiteTable",
+          // Security
+          "get AdminSecurityBits", "get TerminalSecurityBits", "get PasswordStartAdmin",
+          "get PasswordTransferData", "get PasswordPostTransactions", "get PasswordCompactDatabase",
+          "get PasswordAdminOptions", "get PasswordDeleteTerminal", "get PasswordChangePrices",
+          "get PasswordPromotions", "get PasswordEndOfDay", "get PasswordTerminalOptions",
+          "get PasswordGlobalOverride"}));
 }
 
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {

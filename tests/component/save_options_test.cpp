@@ -76,6 +76,11 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
        "GradeTable"});
   add({"WebSiteTable", "find WebSiteTable [URL] = 'https://www.ledvane.example/point-of-sale'",
        "update WebSiteTable"});
+  add({"put AdminSecurityBits", "put PasswordStartAdmin", "put PasswordTransferData",
+       "put PasswordPostTransactions", "put PasswordCompactDatabase", "put PasswordAdminOptions",
+       "put PasswordDeleteTerminal", "put PasswordChangePrices", "put PasswordPromotions",
+       "put TerminalSecurityBits", "put PasswordEndOfDay", "put PasswordTerminalOptions",
+       "put PasswordGlobalOverride"});
   add({"commit", "send"});
   EXPECT_EQ(saveCalls, expected);
 }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 
 #include "host/shop.h"
@@ -11,6 +12,7 @@
 #include "identity/company_details.h"
 #include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
+#include "identity/passwords.h"
 #include "identity/web_sites.h"
 #include "operations/frmPumpGrade.h"
 #include "operations/frmRandomPrice.h"
@@ -222,6 +224,36 @@ TEST_F(ShopRoundTrip, LaybyAndDispensingSurviveTheProgram) {
   EXPECT_EQ(record->get(options::FREDLinkActive), true);
   EXPECT_EQ(record->get(options::FREDDataFile), u"D:\\\u4e2d\\pos.dat");
   EXPECT_EQ(record->get(options::FREDPollSeconds), 60);
+}
+
+TEST_F(ShopRoundTrip, PasswordsSurviveTheProgramAndAreNotDumped) {
+  const auto set = [&](Passwords::Protection protection, const std::vector<TextView>& texts) {
+    openOn(TabPage::security, [&](frmOptions& dialog) {
+      const auto& tab = dialog.tab<Passwords>();
+      if (!tab.chkSecurity[protection].value()) user.click(tab.chkSecurity[protection]);
+      desk->whenShown([&](ui::Form&) {
+        for (const TextView text : texts) {
+          user.type(text);
+          user.press(ui::Key::tab);
+        }
+        user.press(ui::Key::enter);
+      });
+      user.click(tab.cmdSecurity[protection]);
+      user.accessKey(u'o');
+    });
+    reopen();
+  };
+  set(Passwords::startAdmin, {u"O'Ne;l|\"\u00c9\u4e2d", u"o'ne;l|\"\u00e9\u4e2d"});
+  EXPECT_EQ(stored(options::PasswordStartAdmin), u"o'ne;l|\"\u00e9\u4e2d");
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  std::ostringstream dump;
+  shop->dump(dump);
+  EXPECT_NE(dump.str().find("PasswordStartAdmin = (set)"), std::string::npos);
+  EXPECT_EQ(dump.str().find("o'ne"), std::string::npos);
+  set(Passwords::startAdmin, {u"O'NE;L|\"\u00c9\u4e2d", u"", u""});
+  EXPECT_EQ(stored(options::PasswordStartAdmin), u"");
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(ShopRoundTrip, BarcodeFormatsSurviveTheProgram) {

@@ -28,11 +28,15 @@ class FakeRecord final : public OptionsRecord, Counted {
   Value read(OptionId option) override {
     host_.called("get " + toUtf8(optionInfo(option).name));
     const auto found = written_.find(option);
-    return found == written_.end() ? Value() : found->second;
+    if (found == written_.end()) return {};
+    Value value = found->second;
+    disguise(value);
+    return value;
   }
   void write(OptionId option, const Value& value) override {
     host_.called("put " + toUtf8(optionInfo(option).name));
     written_[option] = value;
+    disguise(written_[option]);
   }
   void commit() override {
     host_.called("commit");
@@ -40,6 +44,11 @@ class FakeRecord final : public OptionsRecord, Counted {
   }
 
  private:
+  void disguise(Value& value) const {
+    Text* text = std::get_if<Text>(&value);
+    if (host_.storesReversed && text != nullptr) std::ranges::reverse(*text);
+  }
+
   std::map<OptionId, Value> written_;
 };
 
