@@ -66,6 +66,9 @@ struct Field {
   const char16_t* name;
 };
 
+/// A whole number of any size; none for any other value.
+std::optional<std::int32_t> wholeNumber(const Value& value);
+
 /// A table of the shop database with one current row.
 class Table {
  public:

@@ -31,6 +31,8 @@ using SaveOrder = Writes<        //
     &LaybyOptions::save,         //
     &ListColumns::save,          //
     &FredLink::save,             //
+    &PumpGrades::save,           //
+    &WebSites::save,             //
     &Passwords::save             //
     >;
 

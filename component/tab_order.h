@@ -10,7 +10,9 @@
 #include "identity/ledvane_link.h"
 #include "identity/passwords.h"
 #include "identity/start_up_entry.h"
+#include "identity/web_sites.h"
 #include "operations/layby.h"
+#include "operations/pump.h"
 #include "operations/random_price.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
@@ -48,6 +50,8 @@ using Tabs = TabParts<   //
     LaybyOptions,        // Layby
     ListColumns,         // Lists
     FredLink,            // FRED
+    PumpGrades,          // Pump
+    WebSites,            // Web
     Passwords            // Security
     >;
 

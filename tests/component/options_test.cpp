@@ -69,6 +69,11 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get LaybyCustomerListColumns", "get CurrencyListColumns",
           // FRED
           "get FREDPollSeconds", "get FREDLinkActive", "get FREDDataFile",
+          // Pump
+          "get PumpVolumeUnitCaption", "get PumpPriceUnitCaption", "get PumpOptionBits",
+          "GradeTable",
+          // Web
+          "WebSiteTable",
           // Security
           "get AdminSecurityBits", "get TerminalSecurityBits", "get PasswordStartAdmin",
           "get PasswordTransferData", "get PasswordPostTransactions", "get PasswordCompactDatabase",

@@ -72,6 +72,10 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   addColumns("CurrencyListColumns", 7);
   add({"get FREDPollSeconds", "put FREDPollSeconds", "get FREDLinkActive", "put FREDLinkActive",
        "get FREDDataFile", "put FREDDataFile"});
+  add({"put PumpVolumeUnitCaption", "put PumpPriceUnitCaption", "put PumpOptionBits",
+       "GradeTable"});
+  add({"WebSiteTable", "find WebSiteTable [URL] = 'https://www.ledvane.example/point-of-sale'",
+       "update WebSiteTable"});
   add({"put AdminSecurityBits", "put PasswordStartAdmin", "put PasswordTransferData",
        "put PasswordPostTransactions", "put PasswordCompactDatabase", "put PasswordAdminOptions",
        "put PasswordDeleteTerminal", "put PasswordChangePrices", "put PasswordPromotions",

@@ -13,8 +13,11 @@
 #include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
 #include "identity/passwords.h"
+#include "identity/web_sites.h"
+#include "operations/frmPumpGrade.h"
 #include "operations/frmRandomPrice.h"
 #include "operations/layby.h"
+#include "operations/pump.h"
 #include "operations/random_price.h"
 #include "sales/list_columns.h"
 #include "sales/transactions.h"
@@ -101,6 +104,79 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
   EXPECT_EQ(record->get(options::TerminalIDCaption), caption);
   EXPECT_EQ(record->getOrZero(options::TransactionOptionBits) & 1, 1);
   EXPECT_EQ(record->get(options::ProductListColumns), -0x8000);
+}
+
+TEST_F(ShopRoundTrip, GradesAreInTheTableAsTheyWereListed) {
+  openOn(TabPage::pump, [&](frmOptions& dialog) {
+    auto& pump = dialog.tab<PumpGrades>();
+    ASSERT_EQ(pump.ltvPump.count(), 4);
+    boxes.answers = {MessageResult::yes, MessageResult::yes};
+    for (const int row : {1, 2}) {
+      user.clickRow(pump.ltvPump, row);
+      user.click(pump.cmdPump[PumpGrades::remove]);
+    }
+    desk->whenShown([&](ui::Form& form) {
+      EXPECT_EQ(dynamic_cast<frmPumpGrade&>(form).GradeNumber, 2);
+      user.type(u"O'Neil; a|b \u4e2d");
+      user.press(ui::Key::enter);
+    });
+    user.click(pump.cmdPump[PumpGrades::add]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto table = shop->database()->gradeTable();
+  std::vector<std::int32_t> numbers;
+  std::vector<Text> captions;
+  for (; !table->atEnd(); table->moveNext()) {
+    numbers.push_back(table->integer(fields::grade::GradeNumber));
+    captions.push_back(table->text(fields::grade::Caption));
+  }
+  EXPECT_EQ(numbers, (std::vector<std::int32_t>{1, 2, 3}));
+  EXPECT_EQ(captions, (std::vector<Text>{u"ULP 91", u"O'Neil; a|b \u4e2d", u"Diesel"}));
+}
+
+TEST_F(ShopRoundTrip, WebSitesAreInTheTableAsTheyWereListed) {
+  const Text address = u"http://\u4e2d.example/?q=O'Neil;a|b&\U0001f6d2";
+  const auto enter = [&](TextView description, TextView url) {
+    desk->whenShown([this, description, url](ui::Form&) {
+      user.paste(description);
+      user.press(ui::Key::tab);
+      user.paste(url);
+      user.press(ui::Key::enter);
+    });
+  };
+  openOn(TabPage::web, [&](frmOptions& dialog) {
+    auto& web = dialog.tab<WebSites>();
+    ASSERT_EQ(web.ltvWeb.count(), 2);
+    {
+      // Another program adds one meanwhile.
+      host::Shop other = openAnother();
+      const auto table = other.database()->webSiteTable();
+      table->addNew();
+      table->set(fields::webSite::Description, Text(u"Theirs"));
+      table->set(fields::webSite::URL, Text(u"http://theirs"));
+      table->update();
+    }
+    boxes.answers = {MessageResult::yes};
+    user.click(web.cmdWeb[WebSites::remove]);
+    enter(u"First", address);
+    user.click(web.cmdWeb[WebSites::add]);
+    enter(u"Second", address);
+    user.click(web.cmdWeb[WebSites::add]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto table = shop->database()->webSiteTable();
+  std::vector<Text> descriptions;
+  for (; !table->atEnd(); table->moveNext()) {
+    descriptions.push_back(table->text(fields::webSite::Description));
+  }
+  EXPECT_EQ(descriptions, (std::vector<Text>{u"Supplier's order desk", u"Theirs", u"Second"}));
+  openOn(TabPage::web, [&](frmOptions& dialog) {
+    const auto& list = dialog.tab<WebSites>().ltvWeb;
+    EXPECT_EQ(list.text(2, WebSites::url), address);
+    EXPECT_EQ(list.rows()[0].smallIcon, ui::PictureId::inactive);
+  });
 }
 
 TEST_F(ShopRoundTrip, AChosenDataFileSurvivesTheProgram) {

@@ -56,6 +56,8 @@ class FakeHost {
 
   /// Every call in order: "get CompanyName", "put CompanyName", "commit", "send", "Title", ...
   std::vector<std::string> calls;
+  /// Moves, tests, edits and fields of tables, which `calls` does not list.
+  int tableSteps = 0;
   /// Told of every call after it was written down.
   std::function<void(const std::string&)> onCall;
   /// The call with this text fails from its nth time on; none if empty.
