@@ -12,4 +12,22 @@ class Dialog : public ui::Form {
   void onFocus(ui::Control& control) override;
 };
 
+/// A dialog that edits values of its caller, who sets them, shows it modally, and takes them back
+/// unless it was cancelled.
+class EditDialog : public Dialog {
+ public:
+  /// How the dialog was closed last: anything but acceptAndClose() is cancelling, the close box
+  /// too.
+  bool Cancelled() const { return cancelled_; }
+
+ protected:
+  using Dialog::Dialog;
+  void acceptAndClose();
+  void cancelAndClose();
+  void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
+
+ private:
+  bool cancelled_ = false;
+};
+
 }  // namespace tillora
