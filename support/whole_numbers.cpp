@@ -1,0 +1,27 @@
+#include "support/whole_numbers.h"
+
+#include <string>
+
+#include "ui/keys.h"
+
+namespace tillora {
+
+void keepDigitKey(char16_t& key) {
+  if (!isDigit(key) && key != ui::kBackspaceCharacter && !isCommandCharacter(key)) key = 0;
+}
+
+std::optional<std::int64_t> toWholeNumber(TextView text, const NumberLocale& locale) {
+  const std::optional<double> number = toNumber(text, locale);
+  if (!number) return std::nullopt;
+  constexpr double kBeyond = 9223372036854775808.0;  // 2^63, the first double that does not fit
+  if (*number >= kBeyond) return std::numeric_limits<std::int64_t>::max();
+  if (*number < -kBeyond) return std::numeric_limits<std::int64_t>::min();
+  return static_cast<std::int64_t>(roundHalfEven(*number));
+}
+
+Text wholeNumberText(std::int64_t number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+}  // namespace tillora
