@@ -26,7 +26,8 @@ using SaveOrder = Writes<        //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
-    &ListColumns::save           //
+    &ListColumns::save,          //
+    &EndOfDay::save              //
     >;
 
 template <class... Parts>
@@ -40,6 +41,7 @@ static_assert(savesEvery(static_cast<const Tabs*>(nullptr)), "a part is missing 
 using Validation = bool (*)(const Tabs&, const Text& title);
 const std::vector<Validation> kValidations = {
     [](const Tabs& tabs, const Text& title) { return tabs.get<ListColumns>().validate(title); },
+    [](const Tabs& tabs, const Text& title) { return tabs.get<EndOfDay>().validate(title); },
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "operations/end_of_day.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
 #include "sales/rounding.h"
@@ -36,7 +37,8 @@ using Tabs = TabParts<   //
     TransactionOptions,  // Transactions
     Rounding,            // Rounding
     CurrencyConversion,  // Currency
-    ListColumns          // Lists
+    ListColumns,         // Lists
+    EndOfDay             // EOD
     >;
 
 /// Runs every part's write-back in the save order.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "identity/company_details.h"
+#include "operations/report_captions.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -62,6 +63,10 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   addColumns("CustomerListColumns", 24);
   addColumns("LaybyCustomerListColumns", 12);
   addColumns("CurrencyListColumns", 7);
+  add({"put EODOptionFlags", "put EODReconcileTotalFlags", "put EODHistoryDays",
+       "put TimeReportPeriod", "put PrintNRGT", "put EODDefaultReportBits"});
+  for (const auto& title : kReportTitles) add({"put setting " + toUtf8(title.setting)});
+  for (const auto& detail : kReportDetails) add({"put setting " + toUtf8(detail.setting)});
   add({"commit", "send"});
   EXPECT_EQ(saveCalls, expected);
 }

@@ -9,6 +9,9 @@
 #include "host/shop.h"
 #include "host/shop_error.h"
 #include "identity/company_details.h"
+#include "operations/end_of_day.h"
+#include "operations/frmEODDefaultReports.h"
+#include "operations/frmReportCaptions.h"
 #include "sales/list_columns.h"
 #include "sales/transactions.h"
 #include "support/modJetSQLFixup.h"
@@ -90,6 +93,39 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
   EXPECT_EQ(record->get(options::TerminalIDCaption), caption);
   EXPECT_EQ(record->getOrZero(options::TransactionOptionBits) & 1, 1);
   EXPECT_EQ(record->get(options::ProductListColumns), -0x8000);
+}
+
+TEST_F(ShopRoundTrip, ReportsAndTheirCaptionsSurviveTheProgram) {
+  const Text title = Text(10000, u'&') + u" 'Day' | ; \u4e2d ";
+  openOn(TabPage::eod, [&](frmOptions& dialog) {
+    auto& part = dialog.tab<EndOfDay>();
+    user.click(part.txtEOD);
+    user.selectAll();
+    user.paste(u"99999");
+    desk->whenShown([&](ui::Form& form) {
+      auto& reports = dynamic_cast<frmEODDefaultReports&>(form);
+      user.click(reports.cmdCommand[frmEODDefaultReports::selectAll]);
+      user.click(reports.cmdCommand[frmEODDefaultReports::ok]);
+    });
+    user.click(part.cmdReports[EndOfDay::defaultReports]);
+    desk->whenShown([&](ui::Form& form) {
+      auto& captions = dynamic_cast<frmReportCaptions&>(form);
+      user.paste(title);
+      user.clickTab(captions.tabReportCaptions, 2);
+      user.click(captions.txtReportDetailCaption[0]);
+      user.type(u"Notes && coins");
+      user.click(captions.cmdCommand[frmReportCaptions::ok]);
+    });
+    user.click(part.cmdReports[EndOfDay::reportCaptions]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto record = shop->database()->optionsRecord();
+  EXPECT_EQ(record->get(options::EODHistoryDays), 730);
+  EXPECT_EQ(record->getOrZero(options::EODDefaultReportBits) & 0x1FF, 0x1FF);
+  EXPECT_EQ(shop->settings()->setting(u"ReportTitleBalanceReport"), title);
+  EXPECT_EQ(shop->settings()->setting(u"ReportDetailCashInDrawer"), u"Notes && coins");
+  EXPECT_EQ(shop->settings()->setting(u"ReportTitleEndofDay"), u"End of Day");
 }
 
 TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {
