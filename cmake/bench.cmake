@@ -7,7 +7,7 @@ if(WIN32)
   tillora_sources(sources FOLDERS bench/windows)
   tillora_program(bench_windows
     SOURCES ${sources}
-    LINK tillora_testing tillora_automation tillora_shop tillora_win32 tillora_core
+    LINK tillora_testing tillora_automation tillora_host_automation tillora_shop tillora_win32 tillora_core
          TilloraOptions_idl TilloraHost_idl tillora_windows_libraries)
 else()
   tillora_sources(sources FOLDERS bench)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 #include "component/first_use.h"
@@ -84,6 +85,19 @@ void frmOptions::setHost(HostObjects host) {
   messages_.setSettings(host_.settings);
 }
 
+std::int16_t frmOptions::GetNumberOfFiles(TextView pattern) const {
+  const auto files = platform_.files.list(pattern);
+  std::int16_t count = 0;
+  while (files && files->next()) {
+    if (count == std::numeric_limits<std::int16_t>::max()) {
+      throw Error(error::overflow, u"TilloraOptions.Options",
+                  u"There are too many files to count.");
+    }
+    ++count;
+  }
+  return count;
+}
+
 void frmOptions::onLoad() {
   loading_ = true;
   setHelpContext(kTabs.front().helpContext);
@@ -105,6 +119,7 @@ void frmOptions::onLoad() {
 void frmOptions::onResize() {
   const ui::Rect client = tabOptions.clientArea();
   for (const auto& [index, frame] : fraFrame) frame->setBounds(client);
+  if (tabs_) tabs_->get<LaybyOptions>().stretchTerms();
 }
 
 void frmOptions::onQueryUnload(bool& /*cancel*/, ui::UnloadMode /*mode*/) {
@@ -126,6 +141,8 @@ void frmOptions::markChanged() {
 
 ui::Frame& frmOptions::page(TabPage page) { return fraFrame[static_cast<int>(page) - 1]; }
 
+bool frmOptions::hasTab(TabPage page) const { return static_cast<int>(page) <= tabOptions.count(); }
+
 void frmOptions::selectTab(TabPage page) { tabOptions.setSelected(static_cast<int>(page)); }
 
 void frmOptions::setOkDefault(bool isDefault) { cmdCommand[ok].setDefault(isDefault); }
@@ -133,7 +150,9 @@ void frmOptions::setOkDefault(bool isDefault) { cmdCommand[ok].setDefault(isDefa
 void frmOptions::tabBeforeClick(bool& refuse) {
   ui::Frame& shown = fraFrame[tabOptions.selected() - 1];
   const ui::Control* active = activeControl();
-  if (active != nullptr && shown.contains(*active) && !tabOptions.setFocus()) {
+  const bool onPage = active != nullptr && shown.contains(*active);
+  // Nothing on a hidden page is validated any more: what is pending (from Cancel) is due now.
+  if (onPage ? !tabOptions.setFocus() : !validatePending()) {
     refuse = true;
     return;
   }

@@ -28,7 +28,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   bool FirstUse = false;
   Text LVFileExtension;
   void setHost(HostObjects host);
-  /// Read by the caller when the dialog has closed.
+  /// Read by the caller when the dialog has closed: a save has changed the data file.
   bool ChangedDataFile = false;
 
   ui::TabStrip& tabOptions;
@@ -46,6 +46,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   const Tabs& tabs() const { return *tabs_; }
   const Platform& platform() const override { return platform_; }
   const HostObjects& host() const override { return host_; }
+  std::int16_t GetNumberOfFiles(TextView pattern) const override;
 
  private:
   void onLoad() override;
@@ -57,7 +58,9 @@ class frmOptions final : public Dialog, private OptionsDialog {
   ui::Frame& page(TabPage page) override;
   Messages& messages() override { return messages_; }
   const Text& shortProductName() const override { return shortProductName_; }
+  const Text& dataFileExtension() const override { return LVFileExtension; }
   void markChanged() override;
+  bool hasTab(TabPage page) const override;
   void selectTab(TabPage page) override;
   void setOkDefault(bool isDefault) override;
 

@@ -1,20 +1,54 @@
 #include "component/host_objects.h"
 
+#include <utility>
+
 namespace tillora {
 namespace {
 
-template <class T>
-T valueOrZero(const Value& value) {
-  const T* held = std::get_if<T>(&value);
-  return held != nullptr ? *held : T{};
+std::int32_t wholeNumber(const Value& value) {
+  if (const auto* held = std::get_if<std::int32_t>(&value)) return *held;
+  if (const auto* held = std::get_if<std::int16_t>(&value)) return *held;
+  if (const auto* held = std::get_if<std::uint8_t>(&value)) return *held;
+  return 0;
 }
+
+/// A value on its way; its text is overwritten when it has arrived.
+struct SecretValue {
+  explicit SecretValue(const SecretText& secret) : value(secret.text()) {}
+  SecretValue(const SecretValue&) = delete;
+  SecretValue& operator=(const SecretValue&) = delete;
+  ~SecretValue() {
+    if (Text* text = std::get_if<Text>(&value)) wipe(*text);
+  }
+  Value value;
+};
 
 }  // namespace
 
-Text Table::text(Field field) { return valueOrZero<Text>(get(field)); }
+SecretText OptionsRecord::getSecret(const Option<OptionType::Text>& option) {
+  Value value(read(option.id));
+  SecretText secret;
+  if (Text* text = std::get_if<Text>(&value)) secret.take(*text);
+  return secret;
+}
 
-std::int32_t Table::integer(Field field) { return valueOrZero<std::int32_t>(get(field)); }
+void OptionsRecord::setSecret(const Option<OptionType::Text>& option, const SecretText& secret) {
+  const SecretValue passing(secret);
+  write(option.id, passing.value);
+}
 
-bool Table::boolean(Field field) { return valueOrZero<bool>(get(field)); }
+Text Table::text(Field field) {
+  Value value = get(field);
+  auto* held = std::get_if<Text>(&value);
+  return held != nullptr ? std::move(*held) : Text();
+}
+
+std::int32_t Table::integer(Field field) { return wholeNumber(get(field)); }
+
+bool Table::boolean(Field field) {
+  const Value value = get(field);
+  const auto* held = std::get_if<bool>(&value);
+  return held != nullptr ? *held : wholeNumber(value) != 0;
+}
 
 }  // namespace tillora

@@ -7,6 +7,7 @@
 #include "component/option_table.h"
 #include "component/values.h"
 #include "ui/error.h"
+#include "ui/secret_text.h"
 #include "ui/text.h"
 
 /// The host program's objects, as the component uses them. Every operation can fail with an Error,
@@ -43,6 +44,9 @@ class OptionsRecord {
   typename Option<type>::Type getOrZero(const Option<type>& option) {
     return get(option).value_or(typename Option<type>::Type{});
   }
+  /// The stored text, or the empty one; no copy of it is left behind.
+  SecretText getSecret(const Option<OptionType::Text>& option);
+  void setSecret(const Option<OptionType::Text>& option, const SecretText& secret);
   template <OptionType type>
   void set(const Option<type>& option, typename Option<type>::Type value) {
     write(option.id, Value(std::move(value)));
@@ -91,6 +95,8 @@ class Table {
   virtual Value get(Field field) = 0;
   virtual void set(Field field, const Value& value) = 0;
 
+  // A field that holds no value, or one of another kind, is empty, 0 or False. Whole numbers are
+  // taken in any size and as Booleans too, since hosts in scripts hold them in the smallest type.
   Text text(Field field);
   std::int32_t integer(Field field);
   bool boolean(Field field);
@@ -157,9 +163,21 @@ class Cursor {
   virtual ~Cursor() = default;
   virtual void moveFirst() = 0;
   virtual bool atEnd() = 0;
-  virtual T current() = 0;
   virtual void moveNext() = 0;
+  /// A property of the current item. Nothing else of the item is read.
+  virtual Text get(Text T::*property) = 0;
+  /// The whole current item.
+  T current();
 };
+template <>
+inline Item Cursor<Item>::current() {
+  return {get(&Item::itemType), get(&Item::productNumber), get(&Item::group),
+          get(&Item::name),     get(&Item::description),   get(&Item::account)};
+}
+template <>
+inline PaymentItem Cursor<PaymentItem>::current() {
+  return {get(&PaymentItem::name), get(&PaymentItem::description), get(&PaymentItem::account)};
+}
 
 /// The shop database.
 class JetDatabase {

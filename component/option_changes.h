@@ -22,14 +22,18 @@ constexpr bool areSingleDistinctBits() {
 }
 static_assert(areSingleDistinctBits(), "each change is one bit of its own");
 
-/// The groups whose stored values one save changes.
+/// What one save changes: the groups whose stored values differ, and apart from them the accounting
+/// package's data file.
 class OptionChanges {
  public:
   void set(OptionChange change) { mask_ |= static_cast<std::int32_t>(change); }
   std::int32_t mask() const { return mask_; }
+  void setDataFile() { dataFile_ = true; }
+  bool dataFile() const { return dataFile_; }
 
  private:
   std::int32_t mask_ = 0;
+  bool dataFile_ = false;
 };
 
 }  // namespace tillora

@@ -7,6 +7,7 @@
 #include "component/option_changes.h"
 #include "component/platform.h"
 #include "ui/container.h"
+#include "ui/text_box.h"
 
 namespace tillora {
 
@@ -37,10 +38,17 @@ class OptionsDialog {
   /// The host program's title up to its last blank ("Tillora"), as it was at load.
   virtual const Text& shortProductName() const = 0;
   virtual const Platform& platform() const = 0;
+  /// Extension of the accounting package's data files, with or without its dot.
+  virtual const Text& dataFileExtension() const = 0;
+  /// How many normal files match a path with wildcards; 0 where they cannot be listed. Error
+  /// `overflow` (6) for more than 32767.
+  virtual std::int16_t GetNumberOfFiles(TextView pattern) const = 0;
 
   /// There is something to apply. Every edit of a control on a page says so by itself; this is for
   /// changes that no control holds, such as a new row of a list. Nothing while values are loaded.
   virtual void markChanged() = 0;
+  /// The tab strip has this tab; that of pharmacy dispensing may be missing.
+  virtual bool hasTab(TabPage page) const = 0;
   virtual void selectTab(TabPage page) = 0;
   /// False while Enter belongs to a box with several lines.
   virtual void setOkDefault(bool isDefault) = 0;
@@ -60,10 +68,17 @@ class OptionsTab {
 
   /// Stored values into controls. Edits made meanwhile leave Apply as it is.
   virtual void load(OptionsRecord& record) = 0;
-  /// Controls into stored values; enters the groups of options whose values differ.
-  virtual void save(OptionsRecord& record, OptionChanges& changes) = 0;
+  /// Controls into stored values; enters the groups of options whose values differ. Nothing for a
+  /// part without stored options.
+  virtual void save(OptionsRecord& /*record*/, OptionChanges& /*changes*/) {}
 
  protected:
+  /// Enter makes a line in this box: OK is not the default button while the box has the focus.
+  void letEnterMakeLines(ui::TextBox& box) {
+    box.gotFocus = [this] { dialog_.setOkDefault(false); };
+    box.lostFocus = [this] { dialog_.setOkDefault(true); };
+  }
+
   OptionsDialog& dialog_;
 };
 

@@ -13,12 +13,14 @@ bool SaveOptions(frmOptions& dialog) {
 
     const Text title = requireObject(host.app, u"AppObject").title();
 
+    applyBeforeValidations(dialog.tabs(), title);
     if (!validateTabs(dialog.tabs(), title)) return false;
 
     {
       const auto record = requireObject(host.database, u"DBJetObject").optionsRecord();
       saveTabs(dialog.tabs(), *record, changes);
       record->commit();
+      if (changes.dataFile()) dialog.ChangedDataFile = true;
     }
     requireObject(host.messageSender, u"MsgSndObject").send(dialog.platform().clock.now());
     dialog.cmdCommand[frmOptions::apply].setEnabled(false);

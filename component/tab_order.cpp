@@ -22,17 +22,29 @@ struct Writes {
 // The save order.
 using SaveOrder = Writes<        //
     &CompanyDetails::save,       //
+    &LedvaneLink::save,          //
     &CompanyDetails::saveClass,  //
     &TransactionOptions::save,   //
     &Rounding::save,             //
     &CurrencyConversion::save,   //
+    &RandomPrice::save,          //
+    &LaybyOptions::save,         //
     &ListColumns::save,          //
-    &EndOfDay::save              //
+    &EndOfDay::save,             //
+    &FredLink::save,             //
+    &Passwords::save             //
     >;
+
+// Applied before the validations.
+constexpr auto kAppliedFirst = &StartUpEntry::apply;
+
+template <class Part>
+constexpr bool isSaved =
+    SaveOrder::cover<Part> || std::is_same_v<Part, decltype(partOf(kAppliedFirst))>;
 
 template <class... Parts>
 constexpr bool savesEvery(const TabParts<Parts...>*) {
-  return (SaveOrder::cover<Parts> && ...);
+  return (isSaved<Parts> && ...);
 }
 static_assert(savesEvery(static_cast<const Tabs*>(nullptr)), "a part is missing in the save order");
 
@@ -45,6 +57,10 @@ const std::vector<Validation> kValidations = {
 };
 
 }  // namespace
+
+void applyBeforeValidations(const Tabs& tabs, const Text& title) {
+  (tabs.get<decltype(partOf(kAppliedFirst))>().*kAppliedFirst)(title);
+}
 
 void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes) {
   SaveOrder::run(tabs, record, changes);

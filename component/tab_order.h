@@ -6,7 +6,13 @@
 
 #include "component/options_tab.h"
 #include "identity/company_details.h"
+#include "identity/fred_link.h"
+#include "identity/ledvane_link.h"
+#include "identity/passwords.h"
+#include "identity/start_up_entry.h"
 #include "operations/end_of_day.h"
+#include "operations/layby.h"
+#include "operations/random_price.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
 #include "sales/rounding.h"
@@ -34,12 +40,21 @@ class TabParts {
 /// The load order: the parts are made and loaded in this order.
 using Tabs = TabParts<   //
     CompanyDetails,      // General
+    LedvaneLink,         //
+    StartUpEntry,        //
     TransactionOptions,  // Transactions
     Rounding,            // Rounding
     CurrencyConversion,  // Currency
+    RandomPrice,         // Scanning
+    LaybyOptions,        // Layby
     ListColumns,         // Lists
-    EndOfDay             // EOD
+    EndOfDay,            // EOD
+    FredLink,            // FRED
+    Passwords            // Security
     >;
+
+/// What a save does before its validations: one that they refuse has done it.
+void applyBeforeValidations(const Tabs& tabs, const Text& title);
 
 /// Runs every part's write-back in the save order.
 void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes);

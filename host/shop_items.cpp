@@ -41,9 +41,9 @@ void ShopItems<T>::requireItem() const {
 }
 
 template <class T>
-T ShopItems<T>::current() {
+Text ShopItems<T>::get(Text T::*property) {
   requireItem();
-  return fetched_[next_];
+  return fetched_[next_].*property;
 }
 
 template <class T>

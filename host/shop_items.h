@@ -42,7 +42,7 @@ class ShopItems final : public Cursor<T> {
 
   void moveFirst() override;
   bool atEnd() override { return next_ == fetched_.size(); }
-  T current() override;
+  Text get(Text T::*property) override;
   void moveNext() override;
 
  private:

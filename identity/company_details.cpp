@@ -45,8 +45,7 @@ CompanyDetails::CompanyDetails(OptionsDialog& dialog)
       txtCompanyDetails(makeBoxes()),
       cboClass(makeClassBox()) {
   layOut();
-  txtCompanyDetails.on(&ui::TextBox::gotFocus, [this](int i) { gotFocus(i); });
-  txtCompanyDetails.on(&ui::TextBox::lostFocus, [this](int i) { lostFocus(i); });
+  letEnterMakeLines(txtCompanyDetails[address]);
   txtCompanyDetails.on(&ui::TextBox::keyPress, [this](int i, char16_t& key) { keyPress(i, key); });
   txtCompanyDetails.on(&ui::TextBox::keyDown,
                        [this](int i, Key& key, ui::Modifiers) { keyDown(i, key); });
@@ -135,15 +134,6 @@ void CompanyDetails::loadClasses(const Text& chosen) {
     if (className == chosen) cboClass.setListIndex(cboClass.count() - 1);
   }
   showClassToolTip();
-}
-
-void CompanyDetails::gotFocus(int index) {
-  // Enter makes a line in the address.
-  if (index == address) dialog_.setOkDefault(false);
-}
-
-void CompanyDetails::lostFocus(int index) {
-  if (index == address) dialog_.setOkDefault(true);
 }
 
 void CompanyDetails::keyPress(int index, char16_t& key) {

@@ -42,8 +42,6 @@ class CompanyDetails final : public OptionsTab {
 
   void loadClasses(const Text& chosen);
 
-  void gotFocus(int index);
-  void lostFocus(int index);
   void keyPress(int index, char16_t& key);
   void keyDown(int index, ui::Key& key);
   void validate(int index);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <map>
 #include <optional>
 #include <utility>
@@ -58,7 +59,16 @@ class IncomeAccounts {
 
 template <class T, class Visitor>
 void forEach(Cursor<T>& list, Visitor visit) {
-  for (list.moveFirst(); !list.atEnd(); list.moveNext()) visit(list.current());
+  for (list.moveFirst(); !list.atEnd(); list.moveNext()) visit(list);
+}
+
+/// A row of these properties of the current item.
+template <class T>
+ListItem rowOf(Cursor<T>& list, std::initializer_list<Text T::*> properties) {
+  ListItem row;
+  row.texts.reserve(properties.size());
+  for (const auto property : properties) row.texts.push_back(list.get(property));
+  return row;
 }
 
 }  // namespace
@@ -127,7 +137,7 @@ void frmBrowseItems::onLoad() {
   const ui::BusyPointer busy(screen());
   showHeaders();
   std::vector<ListItem> found = rows();
-  sort(found);
+  sortRows(found, columns().sorted, screen());
   ltvItems.setRows(std::move(found));
   autoSizeColumns(ltvItems, 0, ColumnFit::contentsOrHeader);
   preselect();
@@ -153,10 +163,11 @@ std::vector<ListItem> frmBrowseItems::rows() const {
 
 std::vector<ListItem> frmBrowseItems::productRows() const {
   std::vector<ListItem> rows;
-  forEach(*requireObject(DBJetObject, u"DBJetObject").itemList(), [&](Item item) {
-    if (std::ranges::find(kProductTypes, item.itemType) == kProductTypes.end()) return;
-    rows.push_back({{std::move(item.productNumber), std::move(item.group), std::move(item.name),
-                     std::move(item.description)}});
+  forEach(*requireObject(DBJetObject, u"DBJetObject").itemList(), [&](Cursor<Item>& items) {
+    const Text itemType = items.get(&Item::itemType);
+    if (std::ranges::find(kProductTypes, itemType) == kProductTypes.end()) return;
+    rows.push_back(
+        rowOf(items, {&Item::productNumber, &Item::group, &Item::name, &Item::description}));
   });
   return rows;
 }
@@ -165,27 +176,22 @@ std::vector<ListItem> frmBrowseItems::roundingRows() const {
   std::vector<ListItem> rows;
   JetDatabase& database = requireObject(DBJetObject, u"DBJetObject");
   IncomeAccounts incomeAccounts(database);
-  forEach(*database.itemList(), [&](Item item) {
-    if (item.itemType != kOtherCharge || !incomeAccounts.contains(item.account)) return;
-    rows.push_back({{std::move(item.group), std::move(item.name), std::move(item.description),
-                     std::move(item.account)}});
+  forEach(*database.itemList(), [&](Cursor<Item>& items) {
+    if (items.get(&Item::itemType) != kOtherCharge) return;
+    ListItem row = rowOf(items, {&Item::group, &Item::name, &Item::description, &Item::account});
+    if (incomeAccounts.contains(row.texts.back())) rows.push_back(std::move(row));
   });
   return rows;
 }
 
 std::vector<ListItem> frmBrowseItems::paymentRows() const {
   std::vector<ListItem> rows;
-  forEach(*requireObject(DBJetObject, u"DBJetObject").paymentItemList(), [&](PaymentItem item) {
-    rows.push_back({{std::move(item.name), std::move(item.description), std::move(item.account)}});
-  });
+  forEach(*requireObject(DBJetObject, u"DBJetObject").paymentItemList(),
+          [&](Cursor<PaymentItem>& items) {
+            rows.push_back(rowOf(
+                items, {&PaymentItem::name, &PaymentItem::description, &PaymentItem::account}));
+          });
   return rows;
-}
-
-void frmBrowseItems::sort(std::vector<ListItem>& rows) const {
-  const auto column = static_cast<std::size_t>(columns().sorted);
-  std::ranges::stable_sort(rows, [&](const ListItem& a, const ListItem& b) {
-    return screen().compareForList(a.texts[column], b.texts[column]) < 0;
-  });
 }
 
 void frmBrowseItems::preselect() {

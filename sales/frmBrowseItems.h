@@ -47,7 +47,6 @@ class frmBrowseItems final : public Dialog {
   std::vector<ui::ListItem> productRows() const;
   std::vector<ui::ListItem> roundingRows() const;
   std::vector<ui::ListItem> paymentRows() const;
-  void sort(std::vector<ui::ListItem>& rows) const;
   void preselect();
 
   void accept();

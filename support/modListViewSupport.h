@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/lists.h"
+#include "ui/screen.h"
 
 namespace tillora {
 
@@ -13,6 +14,10 @@ enum class ColumnFit : std::uint8_t {
 /// @param column 1-based; below 1 is every column.
 /// @param minimum a column that comes out narrower (twips) becomes 1830 twips wide; 0 for none.
 void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum = 0);
+
+/// Sorts rows by the texts of a column (from 0) in the platform's order for lists; rows of equal
+/// texts keep their order.
+void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& screen);
 
 /// Turns headers that can be pressed into flat ones, and back on the next call. Reports True.
 bool toggleHeaderButtons(ui::ListView& list);

@@ -135,6 +135,11 @@ std::optional<double> toNumber(TextView text, const NumberLocale& locale) {
   return number->negative ? -value : value;
 }
 
+Text decimalText(std::int64_t number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
 double roundHalfEven(double value) {
   const double below = std::floor(value);
   const double fraction = value - below;

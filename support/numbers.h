@@ -44,6 +44,9 @@ inline bool isNumeric(TextView text, const NumberLocale& locale) {
   return toNumber(text, locale).has_value();
 }
 
+/// A whole number in decimal digits, with a minus sign below zero.
+Text decimalText(std::int64_t number);
+
 /// The nearest whole number; halfway between two, the even one.
 double roundHalfEven(double value);
 

@@ -62,6 +62,15 @@ Rows Rows::onPage(Container& page) {
           {kPageMargin, kPageMargin, size.width - 2 * kPageMargin, size.height - 2 * kPageMargin}};
 }
 
+Rows Rows::restOfPage(Container& page) {
+  Rows rows = onPage(page);
+  for (const auto& child : page.children()) {
+    rows.top_ = std::max(rows.top_, child->bounds().bottom() + kBetweenGroups);
+  }
+  rows.area_ = {rows.area_.left, rows.top_, rows.area_.width, rows.area_.bottom() - rows.top_};
+  return rows;
+}
+
 void Rows::labelColumn(std::initializer_list<const Control*> labels) {
   for (const Control* label : labels) labelWidth_ = std::max(labelWidth_, naturalWidth(*label));
 }

@@ -25,6 +25,8 @@ class Rows {
   Rows(Container& holder, Rect area);
   /// Rows inside the margins of a form or of a tab's page.
   static Rows onPage(Container& page);
+  /// The same below what has been placed on the page: how several parts share one.
+  static Rows restOfPage(Container& page);
 
   /// The left column for labels becomes as wide as the widest of these captions.
   void labelColumn(std::initializer_list<const Control*> labels);

@@ -49,9 +49,9 @@ class Screen {
   /// The area below the tabs of a strip, relative to the strip's parent, twips.
   virtual Rect tabClientArea(const TabStrip& tabs) const = 0;
 
-  /// Below, equal to or above 0 as `a` stands before, with or after `b` in a sorted list: the
-  /// platform's order for lists, without regard to case.
-  virtual int compareForList(TextView a, TextView b) const = 0;
+  /// Appends the bytes by which a text is sorted in lists: of two texts the one with the lesser key
+  /// comes first, equal keys share a place. The platform's order, without regard to case.
+  virtual void appendSortKey(TextView text, std::string& keys) const = 0;
   /// A signal that a key was not accepted.
   virtual void beep() = 0;
 };

@@ -1,6 +1,11 @@
 #include "component/automation/host_table.h"
 
+#include <algorithm>
+#include <array>
 #include <optional>
+#include <utility>
+
+#include "TilloraOptions.h"
 
 #include "component/automation/values.h"
 
@@ -32,36 +37,82 @@ class AutomationTable final : public Table {
   DispatchObject object_;
 };
 
-Item readItem(DispatchObject& item) {
-  return {item.getText(u"ItemType"), item.getText(u"ProductNumber"), item.getText(u"Group"),
-          item.getText(u"Name"),     item.getText(u"Description"),   item.getText(u"Account")};
-}
+/// The automation interface of an item: its name, its id, and the names of its properties.
+template <class T>
+struct ItemInterface;
 
-PaymentItem readPaymentItem(DispatchObject& item) {
-  return {item.getText(u"Name"), item.getText(u"Description"), item.getText(u"Account")};
-}
+template <>
+struct ItemInterface<Item> {
+  static constexpr const char16_t* name = u"Item";
+  static const IID& id() { return DIID_Item; }
+  static constexpr std::array properties = {
+      std::pair{&Item::itemType, u"ItemType"},
+      std::pair{&Item::productNumber, u"ProductNumber"},
+      std::pair{&Item::group, u"Group"},
+      std::pair{&Item::name, u"Name"},
+      std::pair{&Item::description, u"Description"},
+      std::pair{&Item::account, u"Account"},
+  };
+};
 
-template <class T, T (*read)(DispatchObject&)>
+template <>
+struct ItemInterface<PaymentItem> {
+  static constexpr const char16_t* name = u"PaymentItem";
+  static const IID& id() { return DIID_PaymentItem; }
+  static constexpr std::array properties = {
+      std::pair{&PaymentItem::name, u"Name"},
+      std::pair{&PaymentItem::description, u"Description"},
+      std::pair{&PaymentItem::account, u"Account"},
+  };
+};
+
+template <class T>
 class AutomationCursor final : public Cursor<T> {
  public:
-  AutomationCursor(DispatchObject object, const char16_t* itemName)
-      : object_(std::move(object)), itemName_(itemName) {}
+  explicit AutomationCursor(DispatchObject object) : object_(std::move(object)) {}
 
-  void moveFirst() override { object_.call(u"MoveFirst"); }
-  void moveNext() override { object_.call(u"MoveNext"); }
+  void moveFirst() override {
+    isCurrent_ = false;
+    object_.call(u"MoveFirst");
+  }
+  void moveNext() override {
+    isCurrent_ = false;
+    object_.call(u"MoveNext");
+  }
   bool atEnd() override { return object_.getBoolean(u"EOF"); }
 
-  T current() override {
-    DispatchObject item = object_.getObject(u"Current", itemName_);
-    // A host may hand out one object again and again; its names are not looked up anew then.
-    if (!item_ || item_->object() != item.object()) item_ = std::move(item);
-    return read(*item_);
+  Text get(Text T::*property) override {
+    const auto& properties = ItemInterface<T>::properties;
+    const auto named =
+        std::ranges::find(properties, property, [](const auto& named) { return named.first; });
+    return item().getText(named->second);
   }
 
  private:
+  DispatchObject& item() {
+    if (isCurrent_) return *item_;
+    DispatchObject given = object_.getObject(u"Current", ItemInterface<T>::name);
+    // Names are looked up anew for every object, but for one that is handed out again and for those
+    // that offer the interface: they share its ids.
+    auto offered =
+        win32::ComPtr<IDispatch>(given.object()).query<IDispatch>(ItemInterface<T>::id());
+    if (offered && item_ && isOffered_) {
+      item_->exchange(std::move(offered));
+    } else if (offered) {
+      item_.emplace(std::move(offered), ItemInterface<T>::name);
+      isOffered_ = true;
+    } else if (!item_ || item_->object() != given.object()) {
+      item_ = std::move(given);
+      isOffered_ = false;
+    }
+    isCurrent_ = true;
+    return *item_;
+  }
+
   DispatchObject object_;
-  const char16_t* itemName_;
   std::optional<DispatchObject> item_;
+  bool isOffered_ = false;  // item_ is the interface, not just any object with its names
+  bool isCurrent_ = false;
 };
 
 }  // namespace
@@ -71,12 +122,11 @@ std::unique_ptr<Table> makeTable(DispatchObject object) {
 }
 
 std::unique_ptr<Cursor<Item>> makeItemCursor(DispatchObject object) {
-  return std::make_unique<AutomationCursor<Item, readItem>>(std::move(object), u"Item");
+  return std::make_unique<AutomationCursor<Item>>(std::move(object));
 }
 
 std::unique_ptr<Cursor<PaymentItem>> makePaymentItemCursor(DispatchObject object) {
-  return std::make_unique<AutomationCursor<PaymentItem, readPaymentItem>>(std::move(object),
-                                                                          u"PaymentItem");
+  return std::make_unique<AutomationCursor<PaymentItem>>(std::move(object));
 }
 
 }  // namespace tillora::automation

@@ -20,7 +20,7 @@ HRESULT give(const Text& held, BSTR* value) {
   return guarded(RandomPriceRecord::kInterfaceId, [&] { *value = Bstr(held).detach(); });
 }
 
-HRESULT take(LONG& held, LONG value) {
+HRESULT take(std::int32_t& held, LONG value) {
   held = value;
   return S_OK;
 }
@@ -33,28 +33,36 @@ HRESULT take(Text& held, BSTR value) {
 
 HRESULT RandomPriceRecord::get_mbInactive(VARIANT_BOOL* value) {
   if (value == nullptr) return E_POINTER;
-  *value = inactive_ ? VARIANT_TRUE : VARIANT_FALSE;
+  *value = format_.mbInactive ? VARIANT_TRUE : VARIANT_FALSE;
   return S_OK;
 }
 HRESULT RandomPriceRecord::put_mbInactive(VARIANT_BOOL value) {
-  inactive_ = value != VARIANT_FALSE;
+  format_.mbInactive = value != VARIANT_FALSE;
   return S_OK;
 }
 
-HRESULT RandomPriceRecord::get_mlFormatID(LONG* value) { return give(formatId_, value); }
-HRESULT RandomPriceRecord::put_mlFormatID(LONG value) { return take(formatId_, value); }
-HRESULT RandomPriceRecord::get_mlPrefix(LONG* value) { return give(prefix_, value); }
-HRESULT RandomPriceRecord::put_mlPrefix(LONG value) { return take(prefix_, value); }
-HRESULT RandomPriceRecord::get_mlOptionBits(LONG* value) { return give(optionBits_, value); }
-HRESULT RandomPriceRecord::put_mlOptionBits(LONG value) { return take(optionBits_, value); }
+HRESULT RandomPriceRecord::get_mlFormatID(LONG* value) { return give(format_.mlFormatID, value); }
+HRESULT RandomPriceRecord::put_mlFormatID(LONG value) { return take(format_.mlFormatID, value); }
+HRESULT RandomPriceRecord::get_mlPrefix(LONG* value) { return give(format_.mlPrefix, value); }
+HRESULT RandomPriceRecord::put_mlPrefix(LONG value) { return take(format_.mlPrefix, value); }
+HRESULT RandomPriceRecord::get_mlOptionBits(LONG* value) {
+  return give(format_.mlOptionBits, value);
+}
+HRESULT RandomPriceRecord::put_mlOptionBits(LONG value) {
+  return take(format_.mlOptionBits, value);
+}
 
-HRESULT RandomPriceRecord::get_msUOMUnitCaption(BSTR* value) { return give(unitCaption_, value); }
-HRESULT RandomPriceRecord::put_msUOMUnitCaption(BSTR value) { return take(unitCaption_, value); }
+HRESULT RandomPriceRecord::get_msUOMUnitCaption(BSTR* value) {
+  return give(format_.msUOMUnitCaption, value);
+}
+HRESULT RandomPriceRecord::put_msUOMUnitCaption(BSTR value) {
+  return take(format_.msUOMUnitCaption, value);
+}
 HRESULT RandomPriceRecord::get_msUOMPriceUnitCaption(BSTR* value) {
-  return give(priceUnitCaption_, value);
+  return give(format_.msUOMPriceUnitCaption, value);
 }
 HRESULT RandomPriceRecord::put_msUOMPriceUnitCaption(BSTR value) {
-  return take(priceUnitCaption_, value);
+  return take(format_.msUOMPriceUnitCaption, value);
 }
 
 }  // namespace tillora::automation

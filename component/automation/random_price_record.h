@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "TilloraOptions.h"
 #include "component/automation/automation_object.h"
-#include "ui/text.h"
+#include "operations/clsRandomPrice.h"
 
 namespace tillora::automation {
 
@@ -35,12 +33,8 @@ class RandomPriceRecord final : public AutomationObject<RandomPriceRecord, _clsR
   friend class AutomationObject<RandomPriceRecord, _clsRandomPrice>;
   ~RandomPriceRecord() override = default;
 
-  bool inactive_ = false;
-  LONG formatId_ = 0;
-  LONG prefix_ = 0;
-  LONG optionBits_ = 0;
-  Text unitCaption_;
-  Text priceUnitCaption_;
+  // The interface definition declares a class of this name as well.
+  tillora::clsRandomPrice format_;
 };
 
 }  // namespace tillora::automation

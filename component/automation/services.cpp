@@ -1,9 +1,12 @@
 #include "component/automation/services.h"
 
 #include "component/automation/message_boxes.h"
+#include "support/win32/file_dialogs.h"
+#include "support/win32/file_system.h"
 #include "support/win32/help_viewer.h"
 #include "support/win32/system_clock.h"
 #include "support/win32/user_locale.h"
+#include "support/win32/user_registry.h"
 #include "ui/win32/screen.h"
 
 namespace tillora::automation {
@@ -13,7 +16,8 @@ namespace {
 class SystemServices final : public Services {
  public:
   Platform platform() override {
-    return {screen_, messageBoxes_, clock_, help_, win32::userNumberLocale()};
+    return {screen_,      messageBoxes_, clock_,    help_,
+            fileDialogs_, files_,        registry_, win32::userNumberLocale()};
   }
 
  private:
@@ -21,6 +25,9 @@ class SystemServices final : public Services {
   AutomationMessageBoxes messageBoxes_{[this] { return screen_.topWindow(); }};
   win32::SystemClock clock_;
   win32::HelpViewer help_;
+  win32::SystemFileDialogs fileDialogs_{[this] { return screen_.topWindow(); }};
+  win32::FileSystem files_;
+  win32::UserRegistry registry_;
 };
 
 }  // namespace

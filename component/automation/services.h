@@ -13,7 +13,7 @@ class Services {
   virtual Platform platform() = 0;
 };
 
-/// The real ones: windows, the host's or the platform's message boxes, the clock, help.
+/// The real ones: windows, the host's or the platform's message boxes, and the machine.
 std::unique_ptr<Services> makeServices();
 
 }  // namespace tillora::automation

@@ -38,6 +38,8 @@ TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
 }
 
 TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
+  host.dispensingAvailable = true;
+  host.randomPrices = {{{u"Prefix", std::int32_t{20}}}};
   open([&](frmOptions&) {});
   // The captions of the reports follow the last option of their tab; the list below leaves them
   // out.
@@ -58,7 +60,7 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           // General
           "get CompanyName", "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
           "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass", "ClassTable",
-          "find ClassTable Hidden=False",
+          "find ClassTable Hidden=False", "get DataFile", "get LVSummariseBits", "Title",
           // Transactions
           "get TransactionOptionBits", "get TerminalIDCaption", "get TransactionNumberCaption",
           "get SalesPersonCaption", "get TaxedSellPriceCaption", "get TaxedWholesaleCaption",
@@ -72,12 +74,25 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get RoundingFlags", "get TaxRoundingMode", "get TaxRoundingDirection",
           // Currency
           "DecimalSeparator", "get DefaultCurrencyMargin",
+          // Scanning
+          "get RandomPriceScanningFlags", "RandomPriceTable", "find RandomPriceTable [Prefix] = 2",
+          "update RandomPriceTable",
+          // Layby
+          "get LaybyStartNumber", "get LaybyTermDays", "get LaybyTermsText", "get LaybyHistoryDays",
           // Lists
           "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
           "get LaybyCustomerListColumns", "get CurrencyListColumns",
           // EOD
           "get EODOptionFlags", "get EODReconcileTotalFlags", "get EODHistoryDays",
-          "get TimeReportPeriod", "get PrintNRGT", "get EODDefaultReportBits"}));
+          "get TimeReportPeriod", "get PrintNRGT", "get EODDefaultReportBits",
+          // FRED
+          "get FREDPollSeconds", "get FREDLinkActive", "get FREDDataFile",
+          // Security
+          "get AdminSecurityBits", "get TerminalSecurityBits", "get PasswordStartAdmin",
+          "get PasswordTransferData", "get PasswordPostTransactions", "get PasswordCompactDatabase",
+          "get PasswordAdminOptions", "get PasswordDeleteTerminal", "get PasswordChangePrices",
+          "get PasswordPromotions", "get PasswordEndOfDay", "get PasswordTerminalOptions",
+          "get PasswordGlobalOverride"}));
 }
 
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "identity/company_details.h"
+#include "operations/layby.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -61,6 +62,8 @@ class RandomUser : public OptionsTest {
     } else if (control.kind() == ui::Kind::checkListBox) {
       auto& list = static_cast<ui::CheckListBox&>(control);
       user.clickCheck(list, below(list.count()));
+    } else if (control.kind() == ui::Kind::upDown) {
+      user.spin(static_cast<ui::UpDown&>(control), chance(50) ? +1 : -1);
     } else {
       user.click(control);
     }
@@ -84,7 +87,9 @@ class RandomUser : public OptionsTest {
       ASSERT_EQ(frame->visible(), index == dialog.tabOptions.selected() - 1);
     }
     const auto& box = dialog.tab<CompanyDetails>().txtCompanyDetails;
-    ASSERT_EQ(dialog.defaultButton() == nullptr, box[CompanyDetails::address].hasFocus());
+    const bool writesLines = box[CompanyDetails::address].hasFocus() ||
+                             dialog.tab<LaybyOptions>().txtLayby[LaybyOptions::terms].hasFocus();
+    ASSERT_EQ(dialog.defaultButton() == nullptr, writesLines);
     for (const auto& [index, text] : box) {
       const int size = static_cast<int>(text->text().size());
       ASSERT_LE(text->selStart() + text->selLength(), size);

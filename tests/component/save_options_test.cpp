@@ -34,6 +34,7 @@ TEST_F(SaveOptionsTest, ASaveThatChangesNothingStillCommitsSendsAndRaises) {
 }
 
 TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
+  host.dispensingAvailable = true;
   applyNothing();
   std::vector<std::string> expected;
   const auto add = [&](const std::vector<std::string>& calls) {
@@ -43,9 +44,10 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   const auto addColumns = [&](const std::string& mask, int rows) {
     for (int i = 0; i <= rows; ++i) add({"get " + mask, "put " + mask});
   };
-  add({"Title", "OptionsRecord"});
+  add({"Title", "Path", "OptionsRecord"});
   add({"put CompanyName", "put CompanyAddress", "put CompanyPhone", "put CompanyFax",
-       "put CompanyEmail", "put CompanyACN", "put CompanyABN", "put LVClass"});
+       "put CompanyEmail", "put CompanyACN", "put CompanyABN", "put LVSummariseBits",
+       "put LVClass"});
   add({"put TransactionOptionBits", "put TerminalIDCaption", "put TransactionNumberCaption",
        "put SalesPersonCaption", "put TaxedSellPriceCaption", "put TaxedWholesaleCaption",
        "put TaxExemptCaption", "put ItemTaxCaption", "put ItemsSoldCaption",
@@ -58,6 +60,12 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
        "put TaxRoundingMode", "get TaxRoundingDirection", "put TaxRoundingDirection",
        "get RoundingDirection", "put RoundingDirection"});
   add({"get DefaultCurrencyMargin", "put DefaultCurrencyMargin"});
+  add({"put RandomPriceScanningFlags", "RandomPriceTable"});
+  for (const std::string prefix :
+       {"20", "21", "22", "23", "24", "25", "26", "27", "28", "29", "2"}) {
+    add({"find RandomPriceTable [Prefix] = " + prefix, "update RandomPriceTable"});
+  }
+  add({"put LaybyStartNumber", "put LaybyTermDays", "put LaybyTermsText", "put LaybyHistoryDays"});
   addColumns("SalesPersonListColumns", 5);
   addColumns("ProductListColumns", 13);
   addColumns("CustomerListColumns", 24);
@@ -67,6 +75,13 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
        "put TimeReportPeriod", "put PrintNRGT", "put EODDefaultReportBits"});
   for (const auto& title : kReportTitles) add({"put setting " + toUtf8(title.setting)});
   for (const auto& detail : kReportDetails) add({"put setting " + toUtf8(detail.setting)});
+  add({"get FREDPollSeconds", "put FREDPollSeconds", "get FREDLinkActive", "put FREDLinkActive",
+       "get FREDDataFile", "put FREDDataFile"});
+  add({"put AdminSecurityBits", "put PasswordStartAdmin", "put PasswordTransferData",
+       "put PasswordPostTransactions", "put PasswordCompactDatabase", "put PasswordAdminOptions",
+       "put PasswordDeleteTerminal", "put PasswordChangePrices", "put PasswordPromotions",
+       "put TerminalSecurityBits", "put PasswordEndOfDay", "put PasswordTerminalOptions",
+       "put PasswordGlobalOverride"});
   add({"commit", "send"});
   EXPECT_EQ(saveCalls, expected);
 }
@@ -132,6 +147,7 @@ TEST_F(SaveOptionsTest, AFailureAtAnyCallOfALoadOrSaveIsRaisedAsItCame) {
   for (int number = 0; number < calls; ++number) {
     host.calls.clear();
     host.stored = stored;
+    host.randomPrices.clear();
     host.failingNumber = number;
     try {
       run();

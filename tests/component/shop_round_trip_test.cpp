@@ -4,14 +4,21 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 
 #include "host/shop.h"
 #include "host/shop_error.h"
 #include "identity/company_details.h"
+#include "identity/fred_link.h"
+#include "identity/ledvane_link.h"
+#include "identity/passwords.h"
 #include "operations/end_of_day.h"
 #include "operations/frmEODDefaultReports.h"
+#include "operations/frmRandomPrice.h"
 #include "operations/frmReportCaptions.h"
+#include "operations/layby.h"
+#include "operations/random_price.h"
 #include "sales/list_columns.h"
 #include "sales/transactions.h"
 #include "support/modJetSQLFixup.h"
@@ -42,6 +49,10 @@ class ShopRoundTrip : public OptionsTest {
   /// Another program on the same shop. Waits for a lock no longer than a test can.
   host::Shop openAnother(const host::ShopContents& contents = {}) const {
     return host::Shop::open(file_.u16string(), contents, std::chrono::milliseconds(50));
+  }
+  void chooseDataFile(frmOptions& dialog, const Text& file) {
+    machine.fileDialogs.answers.emplace_back(file);
+    user.click(dialog.tab<LedvaneLink>().cmdLedvane);
   }
   Text stored(const Option<OptionType::Text>& option) {
     return shop->database()->optionsRecord()->get(option).value_or(u"<none>");
@@ -93,6 +104,154 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
   EXPECT_EQ(record->get(options::TerminalIDCaption), caption);
   EXPECT_EQ(record->getOrZero(options::TransactionOptionBits) & 1, 1);
   EXPECT_EQ(record->get(options::ProductListColumns), -0x8000);
+}
+
+TEST_F(ShopRoundTrip, AChosenDataFileSurvivesTheProgram) {
+  const Text file = u"C:\\Books\\O'Neil; a|b \u4e2d.lvd";
+  edit([&](frmOptions& dialog) { chooseDataFile(dialog, file); });
+  EXPECT_TRUE(options_.ChangedDataFile());
+  reopen();
+  EXPECT_EQ(shop->database()->dataFile(), file);
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(dialog.tab<LedvaneLink>().txtLedvane.text(), file);
+    user.click(dialog.tab<LedvaneLink>().cmdLedvane);
+  });
+  EXPECT_EQ(machine.files.listed.back(), u"C:\\Books\\LVPst*.pos");
+}
+
+TEST_F(ShopRoundTrip, ATerminalWithTransactionsKeepsTheDataFile) {
+  const Text before = shop->database()->dataFile();
+  shop->file().execute("UPDATE terminals SET ReportingBits = 0 WHERE rowid = 1", u"Test");
+  open([&](frmOptions& dialog) { chooseDataFile(dialog, u"C:\\Books\\Shop.lvd"); });
+  EXPECT_EQ(boxes.shown.size(), 1U);
+  EXPECT_TRUE(machine.fileDialogs.shown.empty());
+  EXPECT_EQ(shop->database()->dataFile(), before);
+}
+
+TEST_F(ShopRoundTrip, LaybyAndDispensingSurviveTheProgram) {
+  machine.fileDialogs.answers = {u"D:\\\u4e2d\\pos.dat"};
+  openOn(TabPage::layby, [&](frmOptions& dialog) {
+    user.type(u"2147483648");
+    user.accessKey(u'e');
+    user.type(u"O'Neil; a|b");
+    user.press(ui::Key::enter);
+    user.type(u"\u00e9");
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::fred));
+    if (!dialog.tab<FredLink>().chkDispense[0].value()) user.accessKey(u't');
+    user.accessKey(u'r');
+    user.accessKey(u'e');
+    user.type(u"99");
+    user.press(ui::Key::enter);
+    EXPECT_FALSE(dialog.isShown());
+  });
+  reopen();
+  const auto record = shop->database()->optionsRecord();
+  EXPECT_EQ(record->get(options::LaybyStartNumber), 2147483647);
+  EXPECT_EQ(record->get(options::LaybyTermsText), u"O'Neil; a|b\r\n\u00e9");
+  EXPECT_EQ(record->get(options::FREDLinkActive), true);
+  EXPECT_EQ(record->get(options::FREDDataFile), u"D:\\\u4e2d\\pos.dat");
+  EXPECT_EQ(record->get(options::FREDPollSeconds), 60);
+}
+
+TEST_F(ShopRoundTrip, PasswordsSurviveTheProgramAndAreNotDumped) {
+  const auto set = [&](Passwords::Protection protection, const std::vector<TextView>& texts) {
+    openOn(TabPage::security, [&](frmOptions& dialog) {
+      const auto& tab = dialog.tab<Passwords>();
+      if (!tab.chkSecurity[protection].value()) user.click(tab.chkSecurity[protection]);
+      desk->whenShown([&](ui::Form&) {
+        for (const TextView text : texts) {
+          user.type(text);
+          user.press(ui::Key::tab);
+        }
+        user.press(ui::Key::enter);
+      });
+      user.click(tab.cmdSecurity[protection]);
+      user.accessKey(u'o');
+    });
+    reopen();
+  };
+  set(Passwords::startAdmin, {u"O'Ne;l|\"\u00c9\u4e2d", u"o'ne;l|\"\u00e9\u4e2d"});
+  EXPECT_EQ(stored(options::PasswordStartAdmin), u"o'ne;l|\"\u00e9\u4e2d");
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  std::ostringstream dump;
+  shop->dump(dump);
+  EXPECT_NE(dump.str().find("PasswordStartAdmin = (set)"), std::string::npos);
+  EXPECT_EQ(dump.str().find("o'ne"), std::string::npos);
+  set(Passwords::startAdmin, {u"O'NE;L|\"\u00c9\u4e2d", u"", u""});
+  EXPECT_EQ(stored(options::PasswordStartAdmin), u"");
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(ShopRoundTrip, BarcodeFormatsSurviveTheProgram) {
+  openOn(TabPage::scanning, [&](frmOptions&) { user.press(ui::Key::escape); });
+  reopen();
+  openOn(TabPage::scanning, [&](frmOptions& dialog) {
+    const auto& formats = dialog.tab<RandomPrice>();
+    ASSERT_EQ(formats.ltvRandomPrice.count(), 11);
+    user.clickRow(formats.ltvRandomPrice, 10);
+    desk->whenShown([&](ui::Form& form) {
+      auto& editor = dynamic_cast<frmRandomPrice&>(form);
+      user.choose(editor.cboRandomPrice, 4);
+      user.click(editor.chkRandomPrice[frmRandomPrice::calculateUnitOfMeasure]);
+      user.click(editor.chkRandomPrice[frmRandomPrice::inactive]);
+      user.click(editor.txtRandomPrice[frmRandomPrice::unitCaption]);
+      user.type(u"O'Neil's; a|b");
+      user.press(ui::Key::enter);
+    });
+    user.click(formats.cmdRandomPrice);
+    user.click(formats.chkRandomPrice[0]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::RandomPriceScanningFlags), 1);
+  const auto table = shop->database()->randomPriceTable();
+  int count = 0;
+  for (; !table->atEnd(); table->moveNext()) ++count;
+  EXPECT_EQ(count, 11);
+  table->findFirst(u"[Prefix] = 2");
+  ASSERT_FALSE(table->noMatch());
+  EXPECT_EQ(table->integer(fields::randomPrice::FormatID), 5);
+  EXPECT_EQ(table->integer(fields::randomPrice::OptionBits), 3);
+  EXPECT_EQ(table->text(fields::randomPrice::UOMUnitCaption), u"O'Neil's; a|b");
+  EXPECT_EQ(table->text(fields::randomPrice::UOMPriceUnitCaption), u"/kg");
+  EXPECT_FALSE(table->boolean(fields::randomPrice::Inactive));
+}
+
+TEST_F(ShopRoundTrip, StrangeBarcodeFormatsAreShownAndKept) {
+  struct Row {
+    std::int32_t prefix;
+    std::int32_t format;
+  };
+  const std::vector<Row> strange = {{2, 9}, {100, 0}, {2, 4}, {-7, 3}};
+  {
+    const auto table = shop->database()->randomPriceTable();
+    for (const Row& row : strange) {
+      table->addNew();
+      table->set(fields::randomPrice::Prefix, row.prefix);
+      table->set(fields::randomPrice::FormatID, row.format);
+      table->update();
+    }
+  }
+  openOn(TabPage::scanning, [&](frmOptions& dialog) {
+    const auto& list = dialog.tab<RandomPrice>().ltvRandomPrice;
+    ASSERT_EQ(list.count(), 3);
+    const std::vector<Text> prefixes = {u"02", u"100", u"-07"};
+    for (int row = 0; row < 3; ++row) {
+      EXPECT_EQ(list.text(row, RandomPrice::prefix), prefixes[static_cast<std::size_t>(row)]);
+    }
+    user.click(dialog.tab<RandomPrice>().chkRandomPrice[0]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto table = shop->database()->randomPriceTable();
+  for (const Row& row : strange) {
+    ASSERT_FALSE(table->atEnd());
+    EXPECT_EQ(table->integer(fields::randomPrice::Prefix), row.prefix);
+    EXPECT_EQ(table->integer(fields::randomPrice::FormatID), row.format);
+    table->moveNext();
+  }
+  EXPECT_TRUE(table->atEnd());
 }
 
 TEST_F(ShopRoundTrip, ReportsAndTheirCaptionsSurviveTheProgram) {
@@ -152,6 +311,7 @@ TEST_F(ShopRoundTrip, EveryClassOfTheSeededShopCanBeChosenAndKept) {
 
 TEST_F(ShopRoundTrip, AFailureWhileSavingLeavesTheOldState) {
   const Text before = stored(options::CompanyName);
+  const Text fileBefore = shop->database()->dataFile();
   // The class is written last; the message sender fails after the commit, a missing record before.
   struct FailingRecord final : OptionsRecord {
     explicit FailingRecord(std::unique_ptr<OptionsRecord> r) : record(std::move(r)) {}
@@ -186,17 +346,21 @@ TEST_F(ShopRoundTrip, AFailureWhileSavingLeavesTheOldState) {
     std::shared_ptr<JetDatabase> database;
   };
   options_.DBJetObject = std::make_shared<FailingDatabase>(shop->database());
-  desk->whenShown([&](ui::Form&) {
+  desk->whenShown([&](ui::Form& form) {
     user.type(u"Other");
+    chooseDataFile(dynamic_cast<frmOptions&>(form), u"C:\\Books\\Other.lvd");
     user.accessKey(u'o');
   });
   EXPECT_THROW(options_.ShowOptions(), Error);
   EXPECT_EQ(stored(options::CompanyName), before);
+  EXPECT_EQ(shop->database()->dataFile(), fileBefore);
   reopen();
   EXPECT_EQ(stored(options::CompanyName), before);
+  EXPECT_EQ(shop->database()->dataFile(), fileBefore);
 }
 
 TEST_F(ShopRoundTrip, ASaveWhileAnotherProgramSavesIsAClearErrorAndLosesNothing) {
+  open([](frmOptions&) {});  // stores the barcode formats that every shop has
   const Text before = stored(options::CompanyName);
   host::Shop other = openAnother();
   auto saving = other.database()->optionsRecord();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -96,6 +97,13 @@ TEST(IsCommandCharacter, IsAControlCharacterOtherThanBackspace) {
   for (char16_t c = 0; c < 0x20; ++c) EXPECT_EQ(isCommandCharacter(c), c != 8);
   EXPECT_FALSE(isCommandCharacter(0x7F));
   EXPECT_FALSE(isCommandCharacter(u' '));
+}
+
+TEST(DecimalText, WritesWholeNumbers) {
+  EXPECT_EQ(decimalText(0), u"0");
+  EXPECT_EQ(decimalText(15), u"15");
+  EXPECT_EQ(decimalText(-1), u"-1");
+  EXPECT_EQ(decimalText(std::numeric_limits<std::int64_t>::min()), u"-9223372036854775808");
 }
 
 }  // namespace

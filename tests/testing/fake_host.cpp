@@ -27,11 +27,15 @@ class FakeRecord final : public OptionsRecord, Counted {
   Value read(OptionId option) override {
     host_.called("get " + toUtf8(optionInfo(option).name));
     const auto found = written_.find(option);
-    return found == written_.end() ? Value() : found->second;
+    if (found == written_.end()) return {};
+    Value value = found->second;
+    disguise(value);
+    return value;
   }
   void write(OptionId option, const Value& value) override {
     host_.called("put " + toUtf8(optionInfo(option).name));
     written_[option] = value;
+    disguise(written_[option]);
   }
   void commit() override {
     host_.called("commit");
@@ -39,6 +43,11 @@ class FakeRecord final : public OptionsRecord, Counted {
   }
 
  private:
+  void disguise(Value& value) const {
+    Text* text = std::get_if<Text>(&value);
+    if (host_.storesReversed && text != nullptr) std::ranges::reverse(*text);
+  }
+
   std::map<OptionId, Value> written_;
 };
 
@@ -132,7 +141,7 @@ class FakeCursor final : public Cursor<T>, Counted {
   FakeCursor(FakeHost& host, const std::vector<T>& items) : Counted(host), items_(items) {}
   void moveFirst() override { at_ = 0; }
   bool atEnd() override { return at_ >= items_.size(); }
-  T current() override { return items_.at(at_); }
+  Text get(Text T::*property) override { return items_.at(at_).*property; }
   void moveNext() override { ++at_; }
 
  private:

@@ -50,6 +50,8 @@ class FakeHost {
   Text currencyFormat = u"$#,##0.00";
   Text decimalSeparator = u".";
   bool dispensingAvailable = false;
+  /// Texts are stored back to front, so that a search of the memory does not find them here.
+  bool storesReversed = false;
   std::vector<double> sent;  ///< times of the messages sent
 
   /// Every call in order: "get CompanyName", "put CompanyName", "commit", "send", "Title", ...

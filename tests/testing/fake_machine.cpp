@@ -22,6 +22,7 @@ class FakeRegistryKey final : public RegistryKey {
   explicit FakeRegistryKey(FakeRegistry& registry) : registry_(registry) {}
 
   std::vector<Text> valueNames() override {
+    if (registry_.readsFail) throw Error(5, u"Registry", u"Access is denied.");
     std::vector<Text> names;
     for (const auto& [name, data] : registry_.values) names.push_back(name);
     return names;

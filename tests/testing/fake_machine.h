@@ -59,8 +59,9 @@ class FakeRegistry final : public Registry {
   Text key = u"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
   /// By name. As in the real one, a name in other letter case is the same name.
   std::vector<std::pair<Text, Text>> values;
-  /// Writing and removing fail though the key is open.
+  /// Writing and removing, or listing the values, fail though the key is open.
   bool writesFail = false;
+  bool readsFail = false;
 
   std::unique_ptr<RegistryKey> open(TextView path) override;
 };

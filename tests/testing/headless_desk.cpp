@@ -64,8 +64,12 @@ ui::Rect HeadlessScreen::tabClientArea(const ui::TabStrip& tabs) const {
           all.height - kTabHeight - kBorder};
 }
 
-int HeadlessScreen::compareForList(TextView a, TextView b) const {
-  return lowerCase(a).compare(lowerCase(b));
+void HeadlessScreen::appendSortKey(TextView text, std::string& keys) const {
+  for (const char16_t c : text) {
+    const char16_t lower = lowerCase(c);
+    keys += static_cast<char>(lower >> 8);
+    keys += static_cast<char>(lower & 0xFF);
+  }
 }
 
 ui::Form* HeadlessUser::form() const {

@@ -17,7 +17,7 @@ class HeadlessScreen final : public ui::Screen {
   int textWidth(TextView text) const override { return static_cast<int>(text.size()) * 90; }
   int lineHeight() const override { return 195; }
   ui::Rect tabClientArea(const ui::TabStrip& tabs) const override;
-  int compareForList(TextView a, TextView b) const override;
+  void appendSortKey(TextView text, std::string& keys) const override;
   void beep() override { ++beeps; }
 
   std::deque<std::function<void(ui::Form&)>> steps;

@@ -77,6 +77,21 @@ TEST_F(LayoutTest, AGroupIsAsHighAsItsRows) {
   EXPECT_EQ(frame.bounds().right(), 9000 - frame.bounds().left);
 }
 
+TEST_F(LayoutTest, ThePartsOfAPageStandBelowEachOther) {
+  auto& page = form.add<ui::Frame>(Text(), ui::Frame::Border::none);
+  page.setBounds({0, 0, 9000, 6000});
+  auto& first = page.add<ui::TextBox>();
+  auto& list = page.add<ui::ListView>();
+  Rows alone = Rows::restOfPage(page);
+  EXPECT_EQ(alone.bottom(), Rows::onPage(page).bottom());
+  alone.row({{first, Cell::kFill}});
+  Rows rest = Rows::restOfPage(page);
+  EXPECT_GT(rest.bottom(), alone.bottom());
+  rest.block(list, 0);
+  EXPECT_EQ(list.bounds().left, first.bounds().left);
+  EXPECT_EQ(6000 - list.bounds().bottom(), first.bounds().top);
+}
+
 TEST_F(LayoutTest, ABlockOfNoHeightTakesTheRest) {
   Rows rows(form, {0, 0, 6000, 3000});
   rows.row({{box, Cell::kFill}});

@@ -1,5 +1,6 @@
 #include "ui/win32/metrics.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "ui/win32/module.h"
@@ -31,6 +32,7 @@ Metrics::Metrics(int dpi) : dc_(CreateCompatibleDC(nullptr)), dpi_(dpi) {
   TEXTMETRICW text{};
   GetTextMetricsW(dc_.get(), &text);
   linePixels_ = text.tmHeight;
+  GetCharWidth32W(dc_.get(), 0, static_cast<UINT>(widths_.size()) - 1, widths_.data());
 }
 
 RECT Metrics::toPixels(const Rect& twips) const {
@@ -41,11 +43,21 @@ RECT Metrics::toPixels(const Rect& twips) const {
 Size Metrics::twipsPerPixel() const { return {kTwipsPerInch / dpi_, kTwipsPerInch / dpi_}; }
 
 int Metrics::textWidth(TextView text) const {
-  const std::wstring shown = wide(text);
+  return (pixelWidth(text) * kTwipsPerInch + dpi_ - 1) / dpi_;
+}
+
+int Metrics::pixelWidth(TextView text) const {
+  const auto isKnown = [&](char16_t c) { return c < widths_.size(); };
+  if (std::ranges::all_of(text, isKnown)) {
+    int width = 0;
+    for (const char16_t c : text) width += widths_[c];
+    return width;
+  }
   const Selection selected(dc_.get(), font_.get());
   SIZE size{};
-  GetTextExtentPoint32W(dc_.get(), shown.data(), static_cast<int>(shown.size()), &size);
-  return (size.cx * kTwipsPerInch + dpi_ - 1) / dpi_;
+  GetTextExtentPoint32W(dc_.get(), reinterpret_cast<const wchar_t*>(text.data()),
+                        static_cast<int>(text.size()), &size);
+  return size.cx;
 }
 
 Rect Metrics::tabClientArea(const TabStrip& tabs) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "ui/geometry.h"
@@ -43,11 +44,15 @@ class Metrics {
     RECT display;
   };
 
+  int pixelWidth(TextView text) const;
+
   Font font_;
   Font bold_;
   MemoryDc dc_;
   int dpi_;
   int linePixels_ = 0;
+  /// Widths of the Latin letters, pixels: where a text holds no others its width is their sum.
+  std::array<int, 0x250> widths_{};
   mutable std::vector<TabInsets> tabInsets_;
 };
 

@@ -24,13 +24,25 @@ void Screen::setPointer(Pointer pointer) {
   SetCursor(LoadCursorW(nullptr, pointer == Pointer::hourglass ? IDC_WAIT : IDC_ARROW));
 }
 
-int Screen::compareForList(TextView a, TextView b) const {
-  const std::wstring first = wide(a);
-  const std::wstring second = wide(b);
-  return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, first.data(),
-                        static_cast<int>(first.size()), second.data(),
-                        static_cast<int>(second.size())) -
-         CSTR_EQUAL;
+void Screen::appendSortKey(TextView text, std::string& keys) const {
+  constexpr DWORD kSortKey = LCMAP_SORTKEY | NORM_IGNORECASE;
+  if (text.empty()) return;
+  const auto* const source = reinterpret_cast<const wchar_t*>(text.data());
+  const auto length = static_cast<int>(text.size());
+  const std::size_t begin = keys.size();
+  // Long enough for most texts; what is needed is asked for where it is not.
+  keys.resize(begin + 4 * text.size() + 16);
+  const auto map = [&](int room) {
+    return LCMapStringW(LOCALE_USER_DEFAULT, kSortKey, source, length,
+                        reinterpret_cast<wchar_t*>(keys.data() + begin), room);
+  };
+  int size = map(static_cast<int>(keys.size() - begin));
+  if (size == 0) {
+    size = LCMapStringW(LOCALE_USER_DEFAULT, kSortKey, source, length, nullptr, 0);
+    keys.resize(begin + static_cast<std::size_t>(size));
+    size = map(size);
+  }
+  keys.resize(begin + static_cast<std::size_t>(size));
 }
 
 void Screen::beep() { MessageBeep(MB_OK); }

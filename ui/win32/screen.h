@@ -26,7 +26,7 @@ class Screen final : public ui::Screen {
   int textWidth(TextView text) const override { return metrics_.textWidth(text); }
   int lineHeight() const override { return metrics_.lineHeight(); }
   Rect tabClientArea(const TabStrip& tabs) const override { return metrics_.tabClientArea(tabs); }
-  int compareForList(TextView a, TextView b) const override;
+  void appendSortKey(TextView text, std::string& keys) const override;
   void beep() override;
 
   const Metrics& metrics() const { return metrics_; }

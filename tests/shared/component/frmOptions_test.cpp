@@ -1,6 +1,8 @@
 #include "component/frmOptions.h"
 
 #include "identity/company_details.h"
+#include "identity/start_up_entry.h"
+#include "operations/layby.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -116,6 +118,29 @@ TEST_F(FrmOptionsTest, SwitchingTabsTakesTheFocusOffTheHiddenPage) {
     EXPECT_TRUE(dialog.cmdCommand[frmOptions::ok].isDefault());
     user.press(Key::enter);
     EXPECT_FALSE(dialog.isShown());
+  });
+}
+
+TEST_F(FrmOptionsTest, SwitchingTabsFromCancelValidatesWhatIsPendingOnThePage) {
+  openOn(TabPage::layby, [&](frmOptions& dialog) {
+    ui::TextBox& number = dialog.tab<LaybyOptions>().txtLayby[LaybyOptions::startNumber];
+    user.type(u"0");
+    dialog.cmdCommand[frmOptions::cancel].setFocus();
+    EXPECT_EQ(number.text(), u"0");
+    user.press(Key::tab, {.ctrl = true});
+    EXPECT_EQ(number.text(), u"1");
+    expectOnlyPageShown(dialog, 8);
+  });
+}
+
+TEST_F(FrmOptionsTest, ARefusedValidationFromCancelKeepsThePage) {
+  openOn(TabPage::layby, [&](frmOptions& dialog) {
+    ui::TextBox& number = dialog.tab<LaybyOptions>().txtLayby[LaybyOptions::startNumber];
+    number.validate = [](bool& refuse) { refuse = true; };
+    dialog.cmdCommand[frmOptions::cancel].setFocus();
+    user.press(Key::tab, {.ctrl = true});
+    expectOnlyPageShown(dialog, 7);
+    EXPECT_TRUE(number.hasFocus());
   });
 }
 
@@ -294,7 +319,10 @@ TEST_F(FrmOptionsTest, F1OpensTheHostsHelpAtTheTopicOfTheTab) {
 
 TEST_F(FrmOptionsTest, TabWalksFromThePageThroughTheButtonsAndRound) {
   open([&](frmOptions& dialog) {
-    user.click(dialog.tab<CompanyDetails>().cboClass);
+    // The data file, its button, the first check box of its frame.
+    user.accessKey(u't');
+    for (int i = 0; i < 3; ++i) user.press(Key::tab);
+    EXPECT_TRUE(dialog.tab<StartUpEntry>().chkShortcut.hasFocus());
     user.press(Key::tab);
     EXPECT_TRUE(dialog.cmdCommand[frmOptions::ok].hasFocus());
     user.press(Key::tab);

@@ -429,7 +429,7 @@ TEST_F(EndOfDayTest, ReconcilingWithoutATotalIsRefusedAndWritesNothing) {
 
     EXPECT_TRUE(seen);
     EXPECT_TRUE(dialog.isShown());
-    EXPECT_EQ(host.calls, std::vector<std::string>{"Title"});
+    EXPECT_EQ(host.calls, (std::vector<std::string>{"Title", "Path"}));
     EXPECT_EQ(host.stored, stored);
     EXPECT_EQ(host.settings, settings);
     EXPECT_TRUE(host.sent.empty());

@@ -427,7 +427,7 @@ TEST_F(ListColumnsTest, ARefusedSaveWritesNothingAndLeavesEveryEdit) {
     user.click(dialog.cmdCommand[frmOptions::ok]);
 
     EXPECT_TRUE(dialog.isShown());
-    EXPECT_EQ(host.calls, std::vector<std::string>{"Title"});
+    EXPECT_EQ(host.calls, (std::vector<std::string>{"Title", "Path"}));
     EXPECT_EQ(host.stored, stored);
     EXPECT_TRUE(host.sent.empty());
     EXPECT_TRUE(changes.empty());

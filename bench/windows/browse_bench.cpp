@@ -1,0 +1,189 @@
+#include <windows.h>
+
+#include <psapi.h>
+
+#include <array>
+#include <filesystem>
+#include <functional>
+
+#include "bench/windows/benchmarks.h"
+#include "bench/windows/measure.h"
+#include "component/automation/host_adapters.h"
+#include "host/automation/class_factory.h"
+#include "sales/frmBrowseItems.h"
+#include "support/win32/variant.h"
+#include "ui/win32/module.h"
+#include "ui/win32/screen.h"
+
+namespace tillora::bench {
+namespace {
+
+using automation::DispatchObject;
+using win32::ComPtr;
+using win32::Variant;
+
+constexpr int kRounds = 7;
+constexpr std::int32_t kItems = 100'000;
+constexpr double kBudget = 1.2;
+
+/// The calls of a walk and nothing else: ids looked up once, texts released as they come.
+class BareWalk {
+ public:
+  explicit BareWalk(IDispatch* list) : list_(list) {
+    moveFirst_ = id(list_, L"MoveFirst");
+    moveNext_ = id(list_, L"MoveNext");
+    eof_ = id(list_, L"EOF");
+    current_ = id(list_, L"Current");
+  }
+
+  /// @param wanted the type of an item decides whether its other properties are read.
+  std::size_t run(const std::function<bool(TextView type)>& wanted,
+                  const std::vector<const wchar_t*>& properties) {
+    std::size_t units = 0;
+    std::vector<DISPID> ids;
+    DISPID type = DISPID_UNKNOWN;
+    call(list_, moveFirst_, DISPATCH_METHOD);
+    for (; call(list_, eof_, DISPATCH_PROPERTYGET).get().boolVal == VARIANT_FALSE;
+         call(list_, moveNext_, DISPATCH_METHOD)) {
+      const Variant item = call(list_, current_, DISPATCH_PROPERTYGET);
+      IDispatch* const object = item.get().pdispVal;
+      if (ids.empty()) {
+        type = id(object, L"ItemType");
+        for (const wchar_t* name : properties) ids.push_back(id(object, name));
+      }
+      const Variant itemType = call(object, type, DISPATCH_PROPERTYGET);
+      const BSTR text = itemType.get().bstrVal;
+      if (!wanted({reinterpret_cast<const char16_t*>(text), SysStringLen(text)})) continue;
+      for (const DISPID property : ids) {
+        units += SysStringLen(call(object, property, DISPATCH_PROPERTYGET).get().bstrVal);
+      }
+    }
+    return units;
+  }
+
+ private:
+  static DISPID id(IDispatch* object, const wchar_t* name) {
+    auto* text = const_cast<wchar_t*>(name);
+    DISPID found = DISPID_UNKNOWN;
+    object->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &found);
+    return found;
+  }
+  static Variant call(IDispatch* object, DISPID member, WORD flags) {
+    DISPPARAMS none{};
+    Variant result;
+    object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &none, result.out(), nullptr,
+                   nullptr);
+    return result;
+  }
+
+  IDispatch* list_;
+  DISPID moveFirst_;
+  DISPID moveNext_;
+  DISPID eof_;
+  DISPID current_;
+};
+
+struct Purpose {
+  const char* name;
+  frmBrowseItems::Purpose type;
+  std::function<bool(TextView type)> wanted;
+  std::vector<const wchar_t*> properties;
+};
+
+std::size_t privateBytes() {
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters.PagefileUsage;
+}
+
+class Browsing {
+ public:
+  Browsing() {
+    std::filesystem::create_directories(folder_);
+    shop_.call(u"OpenSeeded", (folder_ / "shop.db").u16string(), kItems);
+    database_ = ComPtr<IDispatch>(shop_.getObject(u"Database", u"Database").object());
+  }
+  ~Browsing() {
+    database_ = {};
+    shop_.call(u"Close");
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+  Browsing(const Browsing&) = delete;
+  Browsing& operator=(const Browsing&) = delete;
+
+  bool run() {
+    const auto sold = [](TextView type) {
+      return type == u"PART" || type == u"STOCK" || type == u"GRP";
+    };
+    bool kept = true;
+    kept = measure({"browse products, 100,000 items",
+                    frmBrowseItems::gradeProduct,
+                    sold,
+                    {L"ProductNumber", L"Group", L"Name", L"Description"}}) &&
+           kept;
+    kept = measure({"browse rounding items, 100,000 items",
+                    frmBrowseItems::roundingItem,
+                    [](TextView type) { return type == u"OTHC"; },
+                    {L"Group", L"Name", L"Description", L"Account"}}) &&
+           kept;
+    return kept;
+  }
+
+ private:
+  bool measure(const Purpose& purpose) {
+    std::vector<double> product;
+    std::vector<double> floor;
+    for (int round = 0; round < kRounds; ++round) {
+      product.push_back(browse(purpose.type));
+      floor.push_back(walk(purpose));
+    }
+    if (rows_ > 0) {
+      std::printf("%d rows, %.0f bytes each\n", rows_,
+                  static_cast<double>(bytes_) / static_cast<double>(rows_));
+    }
+    return report(purpose.name, product, floor, kBudget);
+  }
+
+  double browse(frmBrowseItems::Purpose type) {
+    frmBrowseItems dialog(screen_);
+    dialog.BrowseType = type;
+    dialog.DBJetObject = automation::makeJetDatabase(database_.get());
+    auto end = Clock::now();
+    const std::size_t before = privateBytes();
+    screen_.modalShown = [&](ui::Form& form) {
+      end = Clock::now();
+      rows_ = dialog.ltvItems.count();
+      bytes_ = privateBytes() - before;
+      form.unload();
+    };
+    const auto start = Clock::now();
+    dialog.showModal();
+    return milliseconds(start, end);
+  }
+
+  double walk(const Purpose& purpose) {
+    const auto start = Clock::now();
+    DispatchObject list =
+        DispatchObject(database_, u"JetDatabase").getObject(u"ItemList", u"ItemList");
+    BareWalk(list.object()).run(purpose.wanted, purpose.properties);
+    return milliseconds(start, Clock::now());
+  }
+
+  std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
+                                  ("tillora-bench-" + std::to_string(GetCurrentProcessId()));
+  DispatchObject shop_{ComPtr<IDispatch>::adopt(host::automation::kShopClass.create()), u"Shop"};
+  ComPtr<IDispatch> database_;
+  ui::win32::Screen screen_;
+  ui::win32::Window owner_{CreateWindowExW(0, L"STATIC", L"Benchmark",
+                                           WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 700,
+                                           nullptr, nullptr, ui::win32::thisModule(), nullptr)};
+  int rows_ = 0;
+  std::size_t bytes_ = 0;
+};
+
+}  // namespace
+
+bool measureBrowsing() { return Browsing().run(); }
+
+}  // namespace tillora::bench

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+namespace tillora::bench {
+
+using Clock = std::chrono::steady_clock;
+
+inline double milliseconds(Clock::time_point from, Clock::time_point to) {
+  return std::chrono::duration<double, std::milli>(to - from).count();
+}
+
+inline double median(std::vector<double> values) {
+  std::ranges::sort(values);
+  return values[values.size() / 2];
+}
+
+/// Prints what was measured (milliseconds) and tells whether the budget is kept.
+inline bool report(const char* what, const std::vector<double>& product,
+                   const std::vector<double>& floor, double budget) {
+  const double ratio = median(product) / median(floor);
+  std::printf("%-40s product %7.2f ms  floor %7.2f ms  ratio %.2f  budget %.2f%s\n", what,
+              median(product), median(floor), ratio, budget, ratio > budget ? "  MISSED" : "");
+  std::fflush(stdout);
+  return ratio <= budget;
+}
+
+}  // namespace tillora::bench

@@ -1,0 +1,177 @@
+#include "identity/fred_link.h"
+
+#include <algorithm>
+#include <array>
+
+#include "support/modSelectAllText.h"
+#include "support/text_rules.h"
+#include "support/whole_numbers.h"
+#include "ui/form.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+using ui::Cell;
+
+// Word for word, the blanks at the ends and "the the" included.
+constexpr std::array<TextView, 5> kExplanation = {
+    u"FRED (Fast Reliable Easy Dispensing) is a pharmacy dispensing system from its supplier, "
+    u"made for every pharmacy, from the smallest one-person dispensary to the largest pharmacy.  ",
+    u"FRED integrates with Tillora via the options on this tab and FRED's ability to produce a "
+    u"point-of-sale data file.  ",
+    u"To have Tillora check for point-of-sale data produced by FRED, activate the the link to "
+    u"FRED, set the path where Tillora can find FRED's point-of-sale data file, and set the "
+    u"frequency (in seconds) that Tillora Administrator should check for new FRED data.",
+    u"Once Tillora Administrator has the FRED point-of-sale data, the dispensed items for each "
+    u"patient may be viewed and sold to the patient using the Patient Number function on a "
+    u"Tillora terminal.",
+    u"Note: Tillora Administrator must be running for the FRED data to be extracted from the FRED "
+    u"point-of-sale data file."};
+
+constexpr std::int16_t kShortest = 5;  // seconds
+constexpr std::int16_t kLongest = 60;
+
+constexpr int kExplanationLines = 14;
+constexpr int kPictureWidth = 315;
+constexpr int kIndent = 270;
+constexpr int kSecondsWidth = 540;
+constexpr int kUpDownWidth = 255;
+
+std::int16_t inRange(std::int16_t seconds) { return std::clamp(seconds, kShortest, kLongest); }
+
+Text explanationText() {
+  Text text;
+  for (const TextView paragraph : kExplanation) {
+    if (!text.empty()) text += kLineBreak;
+    text += paragraph;
+  }
+  return text;
+}
+
+}  // namespace
+
+FredLink::FredLink(OptionsDialog& dialog)
+    : OptionsTab(dialog),
+      imgDispense(makeExplanation()),
+      cmdDispense(makeDataFile()),
+      udFRED(makeSeconds()) {
+  layOut();
+  chkDispense[0].click = [this] { enableLink(); };
+  cmdDispense.click = [this] { browse(); };
+  txtDispense[seconds].keyPress = keepDigitKey;
+  txtDispense[seconds].validate = [this](bool&) { validateSeconds(); };
+  udFRED.change = [this] { spun(); };
+}
+
+ui::Picture& FredLink::makeExplanation() {
+  ui::Frame& page = dialog_.page(TabPage::fred);
+  auto& picture = page.add<ui::Picture>(ui::PictureId::dispensing);
+  lblDispenseLabels.set(heading, page.add<ui::Label>(u"FRED")).setBold(true);
+  auto& box = txtDispense.set(explanation, page.add<ui::TextBox>());
+  box.setMultiLine(true).setLocked(true).setBackColour(ui::kButtonFace);
+  // All of it is in view; the page opens with the focus in what can be chosen.
+  box.setTabStop(false);
+  return picture;
+}
+
+ui::CommandButton& FredLink::makeDataFile() {
+  ui::Frame& page = dialog_.page(TabPage::fred);
+  chkDispense.set(0, page.add<ui::CheckBox>(u"Ac&tivate link to FRED"));
+  lblDispenseLabels.set(labelOfDataFile,
+                        page.add<ui::Label>(u"Path to FRED's point-of-sale data file"));
+  auto& box = txtDispense.set(dataFile, page.add<ui::TextBox>());
+  box.setLocked(true).setBackColour(ui::kButtonFace);
+  return page.add<ui::CommandButton>(u"B&rowse...");
+}
+
+ui::UpDown& FredLink::makeSeconds() {
+  ui::Frame& page = dialog_.page(TabPage::fred);
+  lblDispenseLabels.set(labelOfSeconds,
+                        page.add<ui::Label>(u"Ch&eck the FRED point-of-sale data file every"));
+  auto& box = txtDispense.set(seconds, page.add<ui::TextBox>());
+  box.setMaxLength(2).setToolTip(
+      u"Indicates how frequently Tillora will check for FRED data (ranges between 5-60 seconds)");
+  auto& upDown = page.add<ui::UpDown>().setRange(kShortest, kLongest);
+  lblDispenseLabels.set(unitOfSeconds, page.add<ui::Label>(u"seconds"));
+  return upDown;
+}
+
+void FredLink::layOut() {
+  ui::Frame& page = dialog_.page(TabPage::fred);
+  ui::Rows rows = ui::Rows::onPage(page);
+  const auto& label = lblDispenseLabels;
+  const auto& box = txtDispense;
+  rows.row({{imgDispense, kPictureWidth}, {label[heading], Cell::kFill}});
+  rows.block(box[explanation], ui::fieldHeight(page.form(), kExplanationLines));
+  rows.gap();
+  rows.row({{chkDispense[0]}});
+  rows.row({{label[labelOfDataFile]}}, kIndent);
+  rows.row({{box[dataFile], Cell::kFill}, {cmdDispense}}, kIndent);
+  rows.row({{label[labelOfSeconds]},
+            {box[seconds], kSecondsWidth},
+            {udFRED, kUpDownWidth},
+            {label[unitOfSeconds]}},
+           kIndent);
+}
+
+void FredLink::load(OptionsRecord& record) {
+  if (!dialog_.hasTab(TabPage::fred)) return;
+  txtDispense[explanation].setText(explanationText());
+  txtDispense[seconds].setText(wholeNumberText(record.getOrDefault(options::FREDPollSeconds)));
+  udFRED.setValue(secondsTyped());
+  chkDispense[0].setValue(record.getOrDefault(options::FREDLinkActive));
+  txtDispense[dataFile].setText(record.getOrDefault(options::FREDDataFile));
+  enableLink();
+}
+
+void FredLink::enableLink() {
+  const bool active = chkDispense[0].value();
+  for (const Label label : {labelOfDataFile, labelOfSeconds, unitOfSeconds}) {
+    lblDispenseLabels[label].setEnabled(active);
+  }
+  for (const Box box : {dataFile, seconds}) txtDispense[box].setEnabled(active);
+  cmdDispense.setEnabled(active);
+  udFRED.setEnabled(active);
+}
+
+void FredLink::browse() {
+  const std::optional<Text> file = dialog_.platform().fileDialogs.open(
+      u"FRED's point-of-sale data file", u"All Files (*.*)", u"*.*");
+  if (file) txtDispense[dataFile].setText(*file);
+}
+
+void FredLink::validateSeconds() {
+  ui::TextBox& box = txtDispense[seconds];
+  if (!toWholeNumber(box.text(), dialog_.platform().numbers)) {
+    box.setText(wholeNumberText(options::FREDPollSeconds.defaultValue));
+  } else if (secondsTyped() != inRange(secondsTyped())) {
+    box.setText(wholeNumberText(inRange(secondsTyped())));
+  }
+  udFRED.setValue(secondsTyped());
+}
+
+void FredLink::spun() {
+  // It also changes when it follows the box.
+  if (udFRED.value() == inRange(secondsTyped())) return;
+  ui::TextBox& box = txtDispense[seconds];
+  box.setText(wholeNumberText(udFRED.value()));
+  box.setFocus();
+  selectAllText(box);
+}
+
+std::int16_t FredLink::secondsTyped() const {
+  const std::int64_t typed = toWholeNumber(txtDispense[seconds].text(), dialog_.platform().numbers)
+                                 .value_or(options::FREDPollSeconds.defaultValue);
+  return limitedTo<std::int16_t>(typed);
+}
+
+void FredLink::save(OptionsRecord& record, OptionChanges& changes) {
+  if (!dialog_.hasTab(TabPage::fred)) return;
+  bool differs = record.replace(options::FREDPollSeconds, secondsTyped());
+  differs |= record.replace(options::FREDLinkActive, chkDispense[0].value());
+  differs |= record.replace(options::FREDDataFile, txtDispense[dataFile].text());
+  if (differs) changes.set(OptionChange::Dispensing);
+}
+
+}  // namespace tillora

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+
+#include "component/options_tab.h"
+#include "ui/buttons.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/text_box.h"
+#include "ui/up_down.h"
+
+namespace tillora {
+
+/// The link to FRED, a pharmacy dispensing system: whether it is active, the data file that the
+/// Administrator looks at, and how often. Where the dialog does not have the tab, nothing is loaded
+/// or saved.
+class FredLink final : public OptionsTab {
+ public:
+  /// Indexes of txtDispense.
+  enum Box : std::uint8_t { explanation, dataFile, seconds };
+  /// Indexes of lblDispenseLabels.
+  enum Label : std::uint8_t { unitOfSeconds, labelOfSeconds, heading, labelOfDataFile };
+
+  explicit FredLink(OptionsDialog& dialog);
+  void load(OptionsRecord& record) override;
+  void save(OptionsRecord& record, OptionChanges& changes) override;
+
+  ui::ControlArray<ui::Label> lblDispenseLabels;
+  ui::ControlArray<ui::TextBox> txtDispense;
+  ui::ControlArray<ui::CheckBox> chkDispense;  ///< 0: the link is active
+  ui::Picture& imgDispense;
+  ui::CommandButton& cmdDispense;  ///< chooses the data file
+  ui::UpDown& udFRED;              ///< seconds
+
+ private:
+  ui::Picture& makeExplanation();
+  ui::CommandButton& makeDataFile();
+  ui::UpDown& makeSeconds();
+  void layOut();
+
+  void enableLink();
+  void browse();
+  void validateSeconds();
+  void spun();
+  /// The number in the box of seconds, in range or not; the default where it is none.
+  std::int16_t secondsTyped() const;
+};
+
+}  // namespace tillora

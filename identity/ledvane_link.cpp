@@ -1,0 +1,128 @@
+#include "identity/ledvane_link.h"
+
+#include <array>
+
+#include "support/check_box_bits.h"
+#include "support/numbers.h"
+#include "support/text_rules.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+using ui::Cell;
+
+constexpr int kLineItemIndent = 270;  // under the caption of the box that they belong to
+
+// What the file dialog offers, for an extension with or without its dot.
+Text patternOf(TextView extension) {
+  if (extension.starts_with(u'.')) extension.remove_prefix(1);
+  return extension.empty() ? Text(u"*.*") : u"*." + Text(extension);
+}
+
+// The files of transactions that were made for this data file and not posted yet.
+Text waitingFiles(const Text& dataFile) {
+  return dataFile.substr(0, dataFile.rfind(u'\\') + 1) + u"LVPst*.pos";
+}
+
+}  // namespace
+
+LedvaneLink::LedvaneLink(OptionsDialog& dialog)
+    : OptionsTab(dialog),
+      fraGeneral(dialog.page(TabPage::general).add<ui::Frame>(u"Ledvane")),
+      lblDataFile(fraGeneral.add<ui::Label>(u"Da&ta File")),
+      txtLedvane(fraGeneral.add<ui::TextBox>()),
+      cmdLedvane(fraGeneral.add<ui::CommandButton>(u"Change&...")) {
+  constexpr std::array kCaptions = {
+      u"&Summarise transactions for posting to Ledvane",
+      u"S&ummarise line items where possible (including product description)",
+      u"S&ummarise line items where possible (excluding product description)"};
+  txtLedvane.setLocked(true).setBackColour(ui::kButtonFace);
+  cmdLedvane.setToolTip(u"Change the Ledvane data file used by Tillora");
+  for (const char16_t* caption : kCaptions) {
+    chkLedvane.set(chkLedvane.count(), fraGeneral.add<ui::CheckBox>(caption));
+  }
+  layOut();
+  enableLineItems();
+  cmdLedvane.click = [this] { change(); };
+  chkLedvane[summarise].click = [this] { enableLineItems(); };
+}
+
+void LedvaneLink::layOut() {
+  ui::Rows page = ui::Rows::restOfPage(dialog_.page(TabPage::general));
+  ui::Rows rows = page.group(fraGeneral);
+  rows.labelColumn({&lblDataFile});
+  rows.field(lblDataFile, {{txtLedvane, Cell::kFill}, {cmdLedvane}});
+  for (const auto& [index, box] : chkLedvane) {
+    rows.row({{*box, Cell::kFill}}, index == summarise ? 0 : kLineItemIndent);
+  }
+  page.endGroup(fraGeneral, rows);
+}
+
+void LedvaneLink::load(OptionsRecord& record) {
+  txtLedvane.setText(requireObject(dialog_.host().database, u"DBJetObject").dataFile());
+  showBits(chkLedvane, record.getOrDefault(options::LVSummariseBits));
+}
+
+void LedvaneLink::enableLineItems() {
+  const bool enabled = chkLedvane[summarise].value();
+  chkLedvane[withDescription].setEnabled(enabled);
+  chkLedvane[withoutDescription].setEnabled(enabled);
+}
+
+void LedvaneLink::change() {
+  const Text terminal =
+      beforeLastBlank(requireObject(dialog_.host().app, u"AppObject").title()) + u" terminal";
+  JetDatabase& database = requireObject(dialog_.host().database, u"DBJetObject");
+  if (database.terminalCount(u"[ReportingBits] = 0") > 0) {
+    refuse(u"One or more " + terminal +
+               u"s have un-processed transactions.\r\n\r\n"
+               u"These transactions must be posted to the current Ledvane data file before "
+               u"changing to a new Ledvane data file.",
+           u"To post the transactions to the current Ledvane data file, perform an End-Of-Day on "
+           u"each " +
+               terminal +
+               u", then use the Post Transactions to Ledvane wizard.  You may then change the "
+               u"Ledvane data file.");
+    return;
+  }
+
+  // The file that transactions were posted to so far, whatever has been chosen since.
+  const Text current = database.dataFile();
+  const int waiting = current.empty() ? 0 : dialog_.GetNumberOfFiles(waitingFiles(current));
+  if (waiting > 0) {
+    const Text count = waiting == 1 ? Text(u"There is 1 transaction file")
+                                    : u"There are " + decimalText(waiting) + u" transaction files";
+    refuse(count +
+               u" waiting to be posted to Ledvane.\r\n\r\n"
+               u"The transaction file(s) must be posted to the current Ledvane data file before "
+               u"changing to a new Ledvane data file.",
+           u"Use the Post Transactions to Ledvane wizard to post the transaction file(s) to the "
+           u"current Ledvane data file.");
+    return;
+  }
+
+  const std::optional<Text> chosen = dialog_.platform().fileDialogs.open(
+      u"Change Ledvane Data File", u"Ledvane Data Files", patternOf(dialog_.dataFileExtension()));
+  if (!chosen) return;
+  choice_ = chosen;
+  txtLedvane.setText(*chosen);
+}
+
+void LedvaneLink::refuse(const Text& reason, const Text& advice) {
+  dialog_.messages().warn(reason, u"Cannot change Ledvane Data File", advice);
+}
+
+void LedvaneLink::save(OptionsRecord& record, OptionChanges& changes) {
+  if (choice_) {
+    JetDatabase& database = requireObject(dialog_.host().database, u"DBJetObject");
+    if (database.dataFile() != *choice_) {
+      database.setDataFile(*choice_);
+      changes.setDataFile();
+    }
+    choice_.reset();
+  }
+  saveBits(record, options::LVSummariseBits, tickedBits(chkLedvane));
+}
+
+}  // namespace tillora

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "component/options_tab.h"
+#include "ui/buttons.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/text_box.h"
+
+namespace tillora {
+
+/// The accounting data file that transactions are posted to, and how they are summarised for it.
+class LedvaneLink final : public OptionsTab {
+ public:
+  /// Indexes of chkLedvane, which are also the bits of LVSummariseBits.
+  enum Box : std::uint8_t { summarise, withDescription, withoutDescription };
+
+  explicit LedvaneLink(OptionsDialog& dialog);
+  void load(OptionsRecord& record) override;
+  void save(OptionsRecord& record, OptionChanges& changes) override;
+
+  ui::Frame& fraGeneral;
+  ui::Label& lblDataFile;
+  ui::TextBox& txtLedvane;
+  ui::CommandButton& cmdLedvane;
+  ui::ControlArray<ui::CheckBox> chkLedvane;  ///< by Box
+
+ private:
+  void layOut();
+
+  void enableLineItems();
+  void change();
+  void refuse(const Text& reason, const Text& advice);
+
+  std::optional<Text> choice_;  ///< a data file that was chosen and not yet saved
+};
+
+}  // namespace tillora

@@ -1,0 +1,9 @@
+#include "operations/clsRandomPrice.h"
+
+#include "support/number_format.h"
+
+namespace tillora {
+
+Text shownPrefix(std::int32_t prefix) { return formatNumber(prefix, u"00", {}); }
+
+}  // namespace tillora

@@ -1,0 +1,115 @@
+#include "operations/layby.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "support/whole_numbers.h"
+#include "ui/form.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+using ui::Cell;
+
+constexpr int kNumberWidth = 1200;
+
+// What a box of a number says, as the option holds it; its default where it says none.
+template <OptionType type>
+typename Option<type>::Type valueIn(const ui::TextBox& box, const Option<type>& option,
+                                    const NumberLocale& locale) {
+  const std::int64_t number = toWholeNumber(box.text(), locale).value_or(option.defaultValue);
+  return limitedTo<typename Option<type>::Type>(number);
+}
+
+// The default replaces what is no number and what comes to 0; the nearest number that the option
+// holds replaces one beyond. Any other text stays as it was typed.
+template <OptionType type>
+void correct(ui::TextBox& box, const Option<type>& option, const NumberLocale& locale) {
+  const std::int64_t number = toWholeNumber(box.text(), locale).value_or(0);
+  const auto held = limitedTo<typename Option<type>::Type>(number);
+  if (number == 0) {
+    box.setText(wholeNumberText(option.defaultValue));
+  } else if (held != number) {
+    box.setText(wholeNumberText(held));
+  }
+}
+
+}  // namespace
+
+LaybyOptions::LaybyOptions(OptionsDialog& dialog) : OptionsTab(dialog) {
+  addBox(startNumber, u"&Start Number");
+  addBox(term, u"&Term");
+  addUnit(termUnit);
+  addBox(history, u"Historical &Layby Data");
+  addUnit(historyUnit);
+  addBox(terms, u"T&erms and Conditions");
+  layOut();
+
+  for (const Box box : {startNumber, term, history}) {
+    txtLayby[box].keyPress = keepDigitKey;
+    txtLayby[box].validate = [this, box](bool&) { validate(box); };
+  }
+  letEnterMakeLines(txtLayby[terms]);
+}
+
+void LaybyOptions::addBox(Box box, Text caption) {
+  ui::Frame& page = dialog_.page(TabPage::layby);
+  lblLayby.set(box, page.add<ui::Label>(std::move(caption)));
+  txtLayby.set(box, page.add<ui::TextBox>()).setMultiLine(box == terms);
+}
+
+void LaybyOptions::addUnit(Unit unit) {
+  lblLayby.set(unit, dialog_.page(TabPage::layby).add<ui::Label>(u"days"));
+}
+
+void LaybyOptions::layOut() {
+  ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::layby));
+  const auto& label = lblLayby;
+  const auto& box = txtLayby;
+  rows.labelColumn({&label[startNumber], &label[term], &label[history]});
+  rows.field(label[startNumber], {{box[startNumber], kNumberWidth}});
+  rows.field(label[term], {{box[term], kNumberWidth}, {label[termUnit]}});
+  rows.field(label[history], {{box[history], kNumberWidth}, {label[historyUnit]}});
+  rows.gap();
+  rows.row({{label[terms]}});
+  rows.block(box[terms], 0);
+}
+
+void LaybyOptions::stretchTerms() {
+  ui::TextBox& box = txtLayby[terms];
+  const ui::Size page = dialog_.page(TabPage::layby).clientSize();
+  const ui::Size pixel = box.form().screen().twipsPerPixel();
+  ui::Rect place = box.bounds();
+  place.width = std::max(0, page.width - 2 * place.left);
+  place.height = std::max(0, page.height - place.top - pixel.height * (place.left / pixel.width));
+  box.setBounds(place);
+}
+
+void LaybyOptions::load(OptionsRecord& record) {
+  const auto& box = txtLayby;
+  box[startNumber].setText(wholeNumberText(record.getOrDefault(options::LaybyStartNumber)));
+  box[term].setText(wholeNumberText(record.getOrDefault(options::LaybyTermDays)));
+  box[terms].setText(record.getOrDefault(options::LaybyTermsText));
+  box[history].setText(wholeNumberText(record.getOrDefault(options::LaybyHistoryDays)));
+}
+
+void LaybyOptions::validate(int index) {
+  const NumberLocale& locale = dialog_.platform().numbers;
+  ui::TextBox& box = txtLayby[index];
+  if (index == startNumber) correct(box, options::LaybyStartNumber, locale);
+  if (index == term) correct(box, options::LaybyTermDays, locale);
+  if (index == history) correct(box, options::LaybyHistoryDays, locale);
+}
+
+void LaybyOptions::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+  const NumberLocale& locale = dialog_.platform().numbers;
+  const auto& box = txtLayby;
+  record.set(options::LaybyStartNumber,
+             valueIn(box[startNumber], options::LaybyStartNumber, locale));
+  record.set(options::LaybyTermDays, valueIn(box[term], options::LaybyTermDays, locale));
+  record.set(options::LaybyTermsText, box[terms].text());
+  record.set(options::LaybyHistoryDays, valueIn(box[history], options::LaybyHistoryDays, locale));
+}
+
+}  // namespace tillora

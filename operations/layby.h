@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+
+#include "component/options_tab.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/text_box.h"
+
+namespace tillora {
+
+/// Layby: the numbering, the term, how long historical data is kept, and the terms and conditions
+/// that are printed for the customer.
+class LaybyOptions final : public OptionsTab {
+ public:
+  /// Indexes of txtLayby and of the labels before the boxes.
+  enum Box : std::uint8_t { startNumber, term, terms, history };
+  /// Indexes of lblLayby behind boxes: "days".
+  enum Unit : std::uint8_t { termUnit = 4, historyUnit };
+
+  explicit LaybyOptions(OptionsDialog& dialog);
+  void load(OptionsRecord& record) override;
+  void save(OptionsRecord& record, OptionChanges& changes) override;
+
+  /// Makes the terms box fill its page: below it as many whole pixels as on its left.
+  void stretchTerms();
+
+  ui::ControlArray<ui::Label> lblLayby;
+  ui::ControlArray<ui::TextBox> txtLayby;
+
+ private:
+  void addBox(Box box, Text caption);
+  void addUnit(Unit unit);
+  void layOut();
+
+  void validate(int index);
+};
+
+}  // namespace tillora

@@ -1,0 +1,219 @@
+#include "operations/random_price.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+#include "operations/frmRandomPrice.h"
+#include "support/check_box_bits.h"
+#include "support/modListViewSupport.h"
+#include "support/number_format.h"
+#include "ui/form.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+namespace field = fields::randomPrice;
+
+constexpr int kListHeight = 5250;
+constexpr int kIconColumnWidth = 270;  // 18 pixels at 96 DPI
+
+// A table without formats gets the first to the last prefix, and one that lacks the extra prefix
+// gets that.
+constexpr std::int32_t kFirstPrefix = 20;
+constexpr std::int32_t kLastPrefix = 29;
+constexpr std::int32_t kUsualFormat = 1;
+constexpr std::int32_t kExtraPrefix = 2;
+constexpr std::int32_t kExtraFormat = 3;
+
+/// The first row with this prefix becomes the current one. False where there is none.
+bool find(Table& table, std::int32_t prefix) {
+  table.findFirst(u"[Prefix] = " + formatNumber(prefix, u"0", {}));
+  return !table.noMatch();
+}
+
+/// Writes into the row that was started, and stores it.
+void store(Table& table, const clsRandomPrice& format) {
+  table.set(field::FormatID, format.mlFormatID);
+  table.set(field::OptionBits, format.mlOptionBits);
+  table.set(field::UOMUnitCaption, format.msUOMUnitCaption);
+  table.set(field::UOMPriceUnitCaption, format.msUOMPriceUnitCaption);
+  table.set(field::Inactive, format.mbInactive);
+  table.update();
+}
+
+void add(Table& table, const clsRandomPrice& format) {
+  table.addNew();
+  table.set(field::Prefix, format.mlPrefix);
+  store(table, format);
+}
+
+clsRandomPrice newFormat(std::int32_t prefix, std::int32_t formatId) {
+  return {.mbInactive = true,
+          .mlFormatID = formatId,
+          .mlPrefix = prefix,
+          .mlOptionBits = kPriceIncludesTax,
+          .msUOMUnitCaption = u"kg",
+          .msUOMPriceUnitCaption = u"/kg"};
+}
+
+clsRandomPrice read(Table& table) {
+  clsRandomPrice format;
+  format.mlPrefix = table.integer(field::Prefix);
+  format.mlFormatID = table.integer(field::FormatID);
+  format.mlOptionBits = table.integer(field::OptionBits);
+  format.msUOMUnitCaption = table.text(field::UOMUnitCaption);
+  format.msUOMPriceUnitCaption = table.text(field::UOMPriceUnitCaption);
+  format.mbInactive = table.boolean(field::Inactive);
+  return format;
+}
+
+/// Empty for an id that no layout has.
+Text descriptionOf(std::int32_t formatId) {
+  const auto position = static_cast<std::size_t>(formatId) - 1;
+  return position < kBarcodeLayouts.size() ? kBarcodeLayouts[position].description : u"";
+}
+
+std::vector<Text> descriptions() {
+  std::vector<Text> byFormatId;
+  for (std::size_t id = 0; id <= kBarcodeLayouts.size(); ++id) {
+    byFormatId.push_back(descriptionOf(static_cast<std::int32_t>(id)));
+  }
+  return byFormatId;
+}
+
+ui::ListItem itemOf(const clsRandomPrice& format) {
+  const auto yesNo = [&](RandomPriceOption option) {
+    return Text((format.mlOptionBits & option) != 0 ? u"Yes" : u"No");
+  };
+  return {{u"", shownPrefix(format.mlPrefix), descriptionOf(format.mlFormatID),
+           yesNo(kPriceIncludesTax), yesNo(kCalculateUnitOfMeasure), format.msUOMUnitCaption,
+           format.msUOMPriceUnitCaption},
+          format.mbInactive ? ui::PictureId::inactive : ui::PictureId::active};
+}
+
+}  // namespace
+
+RandomPrice::RandomPrice(OptionsDialog& dialog)
+    : OptionsTab(dialog),
+      fraRandomPrice(dialog.page(TabPage::scanning).add<ui::Frame>(u"EAN-13 Random Pricing")),
+      chkRandomPrice(makeChecks()),
+      lblRandomPrice(fraRandomPrice.add<ui::Label>(u"&Barcode Formats")),
+      ltvRandomPrice(fraRandomPrice.add<ui::ListView>()),
+      cmdRandomPrice(fraRandomPrice.add<ui::CommandButton>(u"&Edit")) {
+  constexpr std::array kHeaders = {u"",
+                                   u"Prefix",
+                                   u"Format",
+                                   u"Price Inc. Tax",
+                                   u"Calculate UOM",
+                                   u"UOM Unit",
+                                   u"UOM Price Per Unit"};
+  for (const char16_t* header : kHeaders) ltvRandomPrice.addColumn(header);
+  cmdRandomPrice.setToolTip(u"Edit the selected barcode format");
+  layOut();
+  ltvRandomPrice.doubleClick = [this] { EditRandomPrice(); };
+  cmdRandomPrice.click = [this] { EditRandomPrice(); };
+}
+
+ui::ControlArray<ui::CheckBox> RandomPrice::makeChecks() {
+  ui::ControlArray<ui::CheckBox> checks;
+  checks.set(0, fraRandomPrice.add<ui::CheckBox>(u"Ac&tivate random price barcode scanning"));
+  return checks;
+}
+
+void RandomPrice::layOut() {
+  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::scanning));
+  ui::Rows rows = page.group(fraRandomPrice);
+  rows.row({{chkRandomPrice[0], ui::Cell::kFill}});
+  rows.row({{lblRandomPrice}});
+  rows.block(ltvRandomPrice, kListHeight);
+  rows.row({{cmdRandomPrice}});
+  page.endGroup(fraRandomPrice, rows);
+}
+
+void RandomPrice::load(OptionsRecord& record) {
+  showBits(chkRandomPrice, record.getOrDefault(options::RandomPriceScanningFlags));
+  loadFormats();
+  showFormats();
+}
+
+void RandomPrice::loadFormats() {
+  const auto table = requireObject(dialog_.host().database, u"DBJetObject").randomPriceTable();
+  if (table->atEnd()) {
+    for (std::int32_t prefix = kFirstPrefix; prefix <= kLastPrefix; ++prefix) {
+      add(*table, newFormat(prefix, kUsualFormat));
+    }
+  }
+  if (!find(*table, kExtraPrefix)) add(*table, newFormat(kExtraPrefix, kExtraFormat));
+
+  formats_.clear();
+  for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
+    const clsRandomPrice format = read(*table);
+    // Of rows with the same prefix only the first is looked at, as by the search of a save.
+    if (std::ranges::find(formats_, format.mlPrefix, &clsRandomPrice::mlPrefix) == formats_.end()) {
+      formats_.push_back(format);
+    }
+  }
+}
+
+void RandomPrice::showFormats() {
+  std::vector<ui::ListItem> rows;
+  std::ranges::transform(formats_, std::back_inserter(rows), itemOf);
+  ltvRandomPrice.setRows(std::move(rows));
+  if (!formats_.empty()) ltvRandomPrice.setSelectedRow(0);
+  fitColumns();
+}
+
+void RandomPrice::fitColumns() {
+  autoSizeColumns(ltvRandomPrice, 0, ColumnFit::contentsOrHeader);
+  ltvRandomPrice.setColumnWidth(icon, kIconColumnWidth);
+}
+
+void RandomPrice::EditRandomPrice() {
+  const int row = ltvRandomPrice.selectedRow();
+  if (row < 0) return;
+  clsRandomPrice& edited = formatOfRow(row);
+
+  frmRandomPrice editor(fraRandomPrice.form().screen());
+  editor.Prefix = edited.mlPrefix;
+  editor.FormatID = edited.mlFormatID;
+  editor.Inactive = edited.mbInactive;
+  editor.OptionBits = edited.mlOptionBits;
+  editor.UOMUnitCaption = edited.msUOMUnitCaption;
+  editor.UOMPriceUnitCaption = edited.msUOMPriceUnitCaption;
+  editor.FormatDescriptions = descriptions();
+  editor.showModal();
+  if (editor.Cancelled()) return;
+
+  dialog_.markChanged();
+  edited.mlFormatID = editor.FormatID;
+  edited.mbInactive = editor.Inactive;
+  edited.mlOptionBits = editor.OptionBits;
+  edited.msUOMUnitCaption = editor.UOMUnitCaption;
+  edited.msUOMPriceUnitCaption = editor.UOMPriceUnitCaption;
+  ltvRandomPrice.setRow(row, itemOf(edited));
+  fitColumns();
+}
+
+clsRandomPrice& RandomPrice::formatOfRow(int row) {
+  // The cell shows two digits: "02" is the prefix 2. Rows and formats are made together.
+  const double number = toNumber(ltvRandomPrice.text(row, prefix), {}).value_or(0);
+  return *std::ranges::find(formats_, static_cast<std::int32_t>(number), &clsRandomPrice::mlPrefix);
+}
+
+void RandomPrice::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+  saveBits(record, options::RandomPriceScanningFlags, tickedBits(chkRandomPrice));
+  const auto table = requireObject(dialog_.host().database, u"DBJetObject").randomPriceTable();
+  for (const clsRandomPrice& format : formats_) {
+    if (find(*table, format.mlPrefix)) {
+      table->edit();
+      store(*table, format);
+    } else {
+      add(*table, format);
+    }
+  }
+}
+
+}  // namespace tillora

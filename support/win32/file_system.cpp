@@ -1,0 +1,118 @@
+#include "support/win32/file_system.h"
+
+#include <windows.h>
+
+#include <shlwapi.h>
+
+#include <string>
+
+#include "support/win32/wide_text.h"
+
+namespace tillora::win32 {
+namespace {
+
+struct CloseFind {
+  using pointer = HANDLE;
+  void operator()(HANDLE find) const { FindClose(find); }
+};
+using FindHandle = std::unique_ptr<HANDLE, CloseFind>;
+
+class FoundFiles final : public FileListing {
+ public:
+  FoundFiles(FindHandle find, const WIN32_FIND_DATAW& first, Text namePattern)
+      : find_(std::move(find)), found_(first), namePattern_(std::move(namePattern)) {}
+
+  bool next() override {
+    while (more_) {
+      const bool counts = isNormalFile() && matches();
+      more_ = FindNextFileW(find_.get(), &found_) != FALSE;
+      if (counts) return true;
+    }
+    return false;
+  }
+
+ private:
+  // A normal file is neither a folder nor hidden nor part of the system.
+  bool isNormalFile() const {
+    constexpr DWORD kOthers =
+        FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    return (found_.dwFileAttributes & kOthers) == 0;
+  }
+  // The system finds files by their short names too.
+  bool matches() const { return PathMatchSpecW(found_.cFileName, wide(namePattern_)) != FALSE; }
+
+  FindHandle find_;
+  WIN32_FIND_DATAW found_;
+  Text namePattern_;
+  bool more_ = true;
+};
+
+std::string ansi(const Text& text, bool& lossless) {
+  BOOL replaced = FALSE;
+  const auto convert = [&](char* buffer, int size) {
+    return WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide(text),
+                               static_cast<int>(text.size()), buffer, size, nullptr, &replaced);
+  };
+  std::string converted(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+  convert(converted.data(), static_cast<int>(converted.size()));
+  lossless = replaced == FALSE;
+  return converted;
+}
+
+std::string ansi(const Text& text) {
+  bool lossless = true;
+  return ansi(text, lossless);
+}
+
+Text fromAnsi(const std::string& text) {
+  const auto convert = [&](wchar_t* buffer, int size) {
+    return MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), buffer, size);
+  };
+  Text converted(static_cast<std::size_t>(convert(nullptr, 0)), u'\0');
+  convert(reinterpret_cast<wchar_t*>(converted.data()), static_cast<int>(converted.size()));
+  return converted;
+}
+
+/// A path that the ANSI functions can open: the path itself, else its short form.
+std::string ansiPath(const Text& path) {
+  bool lossless = true;
+  std::string converted = ansi(path, lossless);
+  if (lossless) return converted;
+  Text shortPath(GetShortPathNameW(wide(path), nullptr, 0), u'\0');
+  if (shortPath.empty()) return converted;
+  const DWORD length = GetShortPathNameW(wide(path), reinterpret_cast<wchar_t*>(shortPath.data()),
+                                         static_cast<DWORD>(shortPath.size()));
+  shortPath.resize(length);
+  return ansi(shortPath);
+}
+
+}  // namespace
+
+std::unique_ptr<FileListing> FileSystem::list(TextView pattern) {
+  const Text path(pattern);
+  WIN32_FIND_DATAW first{};
+  const HANDLE find = FindFirstFileW(wide(path), &first);
+  if (find == INVALID_HANDLE_VALUE) return nullptr;
+  return std::make_unique<FoundFiles>(FindHandle(find), first,
+                                      path.substr(path.find_last_of(u"\\/") + 1));
+}
+
+Text FileSystem::profileValue(TextView file, TextView section, TextView key) {
+  const std::string path = ansiPath(Text(file));
+  const std::string sectionName = ansi(Text(section));
+  const std::string keyName = ansi(Text(key));
+  // A full buffer holds all but its last character.
+  std::string value(2048, '\0');
+  for (;;) {
+    const DWORD length =
+        GetPrivateProfileStringA(sectionName.c_str(), keyName.c_str(), "", value.data(),
+                                 static_cast<DWORD>(value.size()), path.c_str());
+    if (length + 1 < value.size()) {
+      value.resize(length);
+      return fromAnsi(value);
+    }
+    value.resize(value.size() * 2);
+  }
+}
+
+}  // namespace tillora::win32

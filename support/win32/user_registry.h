@@ -1,0 +1,13 @@
+#pragma once
+
+#include "component/platform.h"
+
+namespace tillora::win32 {
+
+/// HKEY_CURRENT_USER.
+class UserRegistry final : public Registry {
+ public:
+  std::unique_ptr<RegistryKey> open(TextView key) override;
+};
+
+}  // namespace tillora::win32

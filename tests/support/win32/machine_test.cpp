@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <dlgs.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+
+#include "support/win32/file_dialogs.h"
+#include "support/win32/file_system.h"
+#include "support/win32/user_registry.h"
+#include "support/win32/wide_text.h"
+#include "ui/error.h"
+
+namespace tillora::win32 {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder with letters of several scripts in its name.
+class MachineTest : public ::testing::Test {
+ protected:
+  MachineTest() { fs::create_directories(folder); }
+  ~MachineTest() override {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+  }
+
+  void write(const fs::path& name, const std::string& content = {}) const {
+    std::ofstream(folder / name, std::ios::binary) << content;
+  }
+  Text path(const fs::path& name) const { return (folder / name).u16string(); }
+  int count(const fs::path& pattern) {
+    const auto listing = files.list(path(pattern));
+    if (!listing) return -1;
+    int found = 0;
+    while (listing->next()) ++found;
+    return found;
+  }
+
+  fs::path folder = fs::temp_directory_path() /
+                    u"Tillora \u0394\u03BF\u03BA\u03B9\u03BC\u03AE \u6771" /
+                    std::to_wstring(GetCurrentProcessId());
+  FileSystem files;
+};
+
+TEST_F(MachineTest, ListsNormalFilesThatMatch) {
+  write("LVPst1.pos");
+  write("lvpst2.POS");
+  write("LVPst.pos");
+  EXPECT_EQ(count("LVPst*.pos"), 3);
+  write("LVPst3.pos1");
+  write("LVPst4.txt");
+  write("Pst5.pos");
+  EXPECT_EQ(count("LVPst*.pos"), 3);
+  fs::create_directory(folder / "LVPstFolder.pos");
+  write("LVPstHidden.pos");
+  SetFileAttributesW((folder / "LVPstHidden.pos").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  write("LVPstReadOnly.pos");
+  SetFileAttributesW((folder / "LVPstReadOnly.pos").c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(count("LVPst*.pos"), 4);
+  SetFileAttributesW((folder / "LVPstReadOnly.pos").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(MachineTest, AListingThatCannotBeStartedIsNone) {
+  EXPECT_EQ(files.list(path("no such folder/LVPst*.pos")), nullptr);
+  EXPECT_EQ(files.list(u""), nullptr);
+}
+
+TEST_F(MachineTest, ReadsAValueOfAFileInAFolderOfAnyName) {
+  write(u"\u0421\u0430\u0439\u0442.url",
+        "[InternetShortcut]\r\nURL=https://shop.example/?a=1;b|'c\r\nIconIndex=0\r\n");
+  EXPECT_EQ(files.profileValue(path(u"\u0421\u0430\u0439\u0442.url"), u"InternetShortcut", u"URL"),
+            u"https://shop.example/?a=1;b|'c");
+  EXPECT_EQ(files.profileValue(path(u"\u0421\u0430\u0439\u0442.url"), u"internetshortcut", u"url"),
+            u"https://shop.example/?a=1;b|'c");
+}
+
+TEST_F(MachineTest, AMissingValueSectionOrFileIsEmpty) {
+  write("empty.url",
+        "[InternetShortcut]\r\nIconIndex=0\r\n[Other]\r\nURL=https://other.example\r\n");
+  EXPECT_EQ(files.profileValue(path("empty.url"), u"InternetShortcut", u"URL"), u"");
+  EXPECT_EQ(files.profileValue(path("empty.url"), u"Nothing", u"URL"), u"");
+  EXPECT_EQ(files.profileValue(path("missing.url"), u"InternetShortcut", u"URL"), u"");
+}
+
+TEST_F(MachineTest, LongValuesAreReadWhole) {
+  for (const std::size_t length : {2046U, 2047U, 2048U, 9000U}) {
+    const std::string url = "https://shop.example/" + std::string(length - 21, 'x');
+    const std::string name = std::to_string(length) + ".url";
+    write(name, "[InternetShortcut]\r\nURL=" + url + "\r\n");
+    const Text read = files.profileValue(path(name), u"InternetShortcut", u"URL");
+    EXPECT_EQ(read.size(), length);
+    EXPECT_EQ(read, Text(url.begin(), url.end()));
+  }
+}
+
+class UserRegistryTest : public ::testing::Test {
+ protected:
+  static constexpr const char16_t* kKey = u"Software\\TilloraOptionsTest\\Run";
+  UserRegistryTest() {
+    HKEY created = nullptr;
+    RegCreateKeyExW(HKEY_CURRENT_USER, wide(kKey), 0, nullptr, 0, KEY_WRITE, nullptr, &created,
+                    nullptr);
+    RegCloseKey(created);
+  }
+  ~UserRegistryTest() override {
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\TilloraOptionsTest");
+    RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\TilloraOptionsTest");
+  }
+
+  static std::wstring stored(const wchar_t* name, DWORD& type) {
+    wchar_t data[600] = {};
+    DWORD size = sizeof data;
+    const LSTATUS status =
+        RegGetValueW(HKEY_CURRENT_USER, wide(kKey), name, RRF_RT_ANY, &type, data, &size);
+    return status == ERROR_SUCCESS ? data : L"<none>";
+  }
+  UserRegistry registry;
+};
+
+TEST_F(UserRegistryTest, WritesReplacesAndRemovesTextValues) {
+  const auto key = registry.open(kKey);
+  EXPECT_TRUE(key->valueNames().empty());
+  key->writeText(u"Tillora Administrator", u"\"C:\\Old.exe\"");
+  key->writeText(u"Tillora Administrator", u"\"C:\\Tillora \u0394\\Tillora Administrator.exe\"");
+  DWORD type = 0;
+  EXPECT_EQ(stored(L"Tillora Administrator", type),
+            L"\"C:\\Tillora \u0394\\Tillora Administrator.exe\"");
+  EXPECT_EQ(type, DWORD{REG_SZ});
+  key->writeText(u"Other", u"");
+  std::vector<Text> names = key->valueNames();
+  std::ranges::sort(names);
+  EXPECT_EQ(names, (std::vector<Text>{u"Other", u"Tillora Administrator"}));
+  key->removeValue(u"Tillora Administrator");
+  EXPECT_EQ(registry.open(kKey)->valueNames(), std::vector<Text>{u"Other"});
+}
+
+TEST_F(UserRegistryTest, WhatCannotBeDoneIsAnError) {
+  EXPECT_THROW(registry.open(u"Software\\TilloraOptionsTest\\Missing"), Error);
+  const auto key = registry.open(kKey);
+  EXPECT_THROW(key->removeValue(u"Missing"), Error);
+}
+
+/// Answers the dialog with this title from another thread.
+class Answer {
+ public:
+  Answer(std::wstring title, const fs::path& file)
+      : thread_([title = std::move(title), file] {
+          HWND dialog = nullptr;
+          for (int i = 0; i < 200 && !IsWindowVisible(dialog); ++i) {
+            Sleep(50);
+            dialog = FindWindowW(nullptr, title.c_str());
+          }
+          Sleep(300);
+          if (!file.empty()) {
+            const std::wstring name = file.wstring();
+            for (const int box : {cmb13, edt1}) {
+              const HWND edit = GetDlgItem(dialog, box);
+              if (edit) SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+            }
+          }
+          PostMessageW(dialog, WM_COMMAND, file.empty() ? IDCANCEL : IDOK, 0);
+        }) {}
+  ~Answer() { thread_.join(); }
+  Answer(const Answer&) = delete;
+  Answer& operator=(const Answer&) = delete;
+
+ private:
+  std::thread thread_;
+};
+
+TEST_F(MachineTest, TheFileThatWasChosenIsGivenWithItsPath) {
+  write("chosen.url");
+  SystemFileDialogs dialogs(nullptr);
+  wchar_t before[MAX_PATH];
+  GetCurrentDirectoryW(MAX_PATH, before);
+  const Answer answer(L"Choose the file.", folder / "chosen.url");
+  EXPECT_EQ(dialogs.open(u"Choose the file.", u"Shortcut (*.URL)", u"*.URL"), path("chosen.url"));
+  wchar_t after[MAX_PATH];
+  GetCurrentDirectoryW(MAX_PATH, after);
+  EXPECT_STREQ(before, after);
+}
+
+TEST_F(MachineTest, ACancelledFileDialogGivesNone) {
+  SystemFileDialogs dialogs(nullptr);
+  const Answer answer(L"Choose nothing.", {});
+  EXPECT_EQ(dialogs.open(u"Choose nothing.", u"All files", u"*.*"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tillora::win32
