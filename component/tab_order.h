@@ -11,6 +11,7 @@
 #include "identity/passwords.h"
 #include "identity/start_up_entry.h"
 #include "identity/web_sites.h"
+#include "operations/end_of_day.h"
 #include "operations/layby.h"
 #include "operations/pump.h"
 #include "operations/random_price.h"
@@ -49,6 +50,7 @@ using Tabs = TabParts<   //
     RandomPrice,         // Scanning
     LaybyOptions,        // Layby
     ListColumns,         // Lists
+    EndOfDay,            // EOD
     FredLink,            // FRED
     PumpGrades,          // Pump
     WebSites,            // Web

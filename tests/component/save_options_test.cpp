@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "identity/company_details.h"
+#include "operations/report_captions.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -70,6 +71,10 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   addColumns("CustomerListColumns", 24);
   addColumns("LaybyCustomerListColumns", 12);
   addColumns("CurrencyListColumns", 7);
+  add({"put EODOptionFlags", "put EODReconcileTotalFlags", "put EODHistoryDays",
+       "put TimeReportPeriod", "put PrintNRGT", "put EODDefaultReportBits"});
+  for (const auto& title : kReportTitles) add({"put setting " + toUtf8(title.setting)});
+  for (const auto& detail : kReportDetails) add({"put setting " + toUtf8(detail.setting)});
   add({"get FREDPollSeconds", "put FREDPollSeconds", "get FREDLinkActive", "put FREDLinkActive",
        "get FREDDataFile", "put FREDDataFile"});
   add({"put PumpVolumeUnitCaption", "put PumpPriceUnitCaption", "put PumpOptionBits",

@@ -14,8 +14,11 @@
 #include "identity/ledvane_link.h"
 #include "identity/passwords.h"
 #include "identity/web_sites.h"
+#include "operations/end_of_day.h"
+#include "operations/frmEODDefaultReports.h"
 #include "operations/frmPumpGrade.h"
 #include "operations/frmRandomPrice.h"
+#include "operations/frmReportCaptions.h"
 #include "operations/layby.h"
 #include "operations/pump.h"
 #include "operations/random_price.h"
@@ -325,6 +328,39 @@ TEST_F(ShopRoundTrip, StrangeBarcodeFormatsAreShownAndKept) {
     table->moveNext();
   }
   EXPECT_TRUE(table->atEnd());
+}
+
+TEST_F(ShopRoundTrip, ReportsAndTheirCaptionsSurviveTheProgram) {
+  const Text title = Text(10000, u'&') + u" 'Day' | ; \u4e2d ";
+  openOn(TabPage::eod, [&](frmOptions& dialog) {
+    auto& part = dialog.tab<EndOfDay>();
+    user.click(part.txtEOD);
+    user.selectAll();
+    user.paste(u"99999");
+    desk->whenShown([&](ui::Form& form) {
+      auto& reports = dynamic_cast<frmEODDefaultReports&>(form);
+      user.click(reports.cmdCommand[frmEODDefaultReports::selectAll]);
+      user.click(reports.cmdCommand[frmEODDefaultReports::ok]);
+    });
+    user.click(part.cmdReports[EndOfDay::defaultReports]);
+    desk->whenShown([&](ui::Form& form) {
+      auto& captions = dynamic_cast<frmReportCaptions&>(form);
+      user.paste(title);
+      user.clickTab(captions.tabReportCaptions, 2);
+      user.click(captions.txtReportDetailCaption[0]);
+      user.type(u"Notes && coins");
+      user.click(captions.cmdCommand[frmReportCaptions::ok]);
+    });
+    user.click(part.cmdReports[EndOfDay::reportCaptions]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto record = shop->database()->optionsRecord();
+  EXPECT_EQ(record->get(options::EODHistoryDays), 730);
+  EXPECT_EQ(record->getOrZero(options::EODDefaultReportBits) & 0x1FF, 0x1FF);
+  EXPECT_EQ(shop->settings()->setting(u"ReportTitleBalanceReport"), title);
+  EXPECT_EQ(shop->settings()->setting(u"ReportDetailCashInDrawer"), u"Notes && coins");
+  EXPECT_EQ(shop->settings()->setting(u"ReportTitleEndofDay"), u"End of Day");
 }
 
 TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {

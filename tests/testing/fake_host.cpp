@@ -300,6 +300,7 @@ class ScriptedMessageBox final : public HostMessageBox {
     message_.secondaryText = secondaryText;
     message_.pointer = boxes_.screen_.pointer();
     boxes_.shown.push_back(message_);
+    if (boxes_.onShow) boxes_.onShow(message_);
     if (boxes_.answers.empty()) return MessageResult::ok;
     const MessageResult answer = boxes_.answers.front();
     boxes_.answers.erase(boxes_.answers.begin());

@@ -95,6 +95,8 @@ class ScriptedMessageBoxes final : public MessageBoxes {
 
   std::vector<ShownMessage> shown;
   std::vector<MessageResult> answers;
+  /// Called while a message is shown.
+  std::function<void(const ShownMessage&)> onShow;
 
  private:
   friend class ScriptedMessageBox;
