@@ -8,6 +8,7 @@
 #include "operations/report_captions.h"
 #include "support/check_box_bits.h"
 #include "support/modEnableLabel.h"
+#include "support/numbers.h"
 #include "support/text_rules.h"
 #include "support/whole_numbers.h"
 
@@ -154,7 +155,7 @@ std::int16_t EndOfDay::daysEntered() const {
   return keptDays(toWholeNumber(txtEOD.text(), dialog_.platform().numbers).value_or(kMostDays));
 }
 
-void EndOfDay::showDays(std::int16_t days) { txtEOD.setText(wholeNumberText(days)); }
+void EndOfDay::showDays(std::int16_t days) { txtEOD.setText(decimalText(days)); }
 
 void EndOfDay::chooseDefaultReports() {
   frmEODDefaultReports reports(dialog_.platform().screen, dialog_.messages());
