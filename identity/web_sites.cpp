@@ -11,6 +11,7 @@
 namespace tillora {
 namespace {
 
+constexpr int kListHeight = 6300;
 constexpr TextView kFirstDescription = u"Ledvane Point of Sale Home Page";
 constexpr TextView kFirstUrl = u"https://www.ledvane.example/point-of-sale";
 
@@ -51,12 +52,10 @@ WebSites::WebSites(OptionsDialog& dialog)
 }
 
 void WebSites::layOut() {
-  ui::Frame& page = dialog_.page(TabPage::web);
-  const int buttons = ui::Rows::buttonRow(page, {&cmdWeb[add], &cmdWeb[edit], &cmdWeb[remove]});
-  ui::Rows rows = ui::Rows::onPage(page);
-  const int margin = rows.bottom();
+  ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::web));
   rows.row({{lblWeb, ui::Cell::kFill}});
-  rows.block(ltvWeb, buttons - margin - rows.bottom());
+  rows.block(ltvWeb, kListHeight);
+  rows.row({{cmdWeb[add]}, {cmdWeb[edit]}, {cmdWeb[remove]}});
 }
 
 void WebSites::load(OptionsRecord& /*record*/) {
