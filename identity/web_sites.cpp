@@ -138,10 +138,10 @@ void WebSites::save(OptionsRecord& /*record*/, OptionChanges& /*changes*/) {
   const auto table = requireObject(dialog_.host().database, u"DBJetObject").webSiteTable();
   std::set<Text> listed;
   for (const ui::ListItem& row : ltvWeb.rows()) {
-    const Text& address = row.texts[url];
+    const Text address(row.texts[url]);
     listed.insert(address);
     editOrAdd(*table, u"[URL] = " + QuoteJetLiteral(address));
-    table->set(fields::webSite::Description, row.texts[description]);
+    table->set(fields::webSite::Description, Text(row.texts[description]));
     table->set(fields::webSite::URL, address);
     table->set(fields::webSite::Inactive, isInactive(row));
     table->update();
