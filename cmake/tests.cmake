@@ -41,7 +41,9 @@ if(WIN32)
          tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
          tillora_windows_libraries gtest_main)
   if(TARGET windows_tests)
-    tillora_resources(resources tests/windows)
+    tillora_resources(resources tests/windows
+      ${TILLORA_IDL_DIR}/TilloraOptions.tlb
+      ${PROJECT_SOURCE_DIR}/docs/type-library.txt)
     target_sources(windows_tests PRIVATE ${resources})
     # What is tested is optimised; optimising the tests would only take time.
     target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
