@@ -4,8 +4,11 @@
 //   com_client create [mta]   creates the class by its names and its id, calls it, and says from
 //   which
 //                             file it came and whether anything is registered
+//   com_client show DATABASE [mta]
+//                             shows the dialog over the reference host's shop and hears the changes
 //   com_client leave [mta]    ends with objects alive, as a host may that is ended in a hurry
-//   com_client leave open     ends from another thread while the dialog is being shown
+//   com_client leave open DATABASE
+//                             ends from another thread while the dialog is being shown
 //   com_client registered     says what is registered for the machine and for the user
 //
 // Lines "name: value"; exit code 0 unless something could not be done.
@@ -22,6 +25,7 @@
 #include "TilloraOptions.h"
 #include "support/win32/bstr.h"
 #include "support/win32/com_ptr.h"
+#include "tests/component/automation/event_listener.h"
 #include "ui/text.h"
 
 namespace tillora::testing {
@@ -144,6 +148,14 @@ BOOL CALLBACK findDialog(HWND window, LPARAM search) {
   return FALSE;
 }
 
+/// The component's dialog of this process, once it is shown.
+HWND waitForDialog() {
+  for (Search search;; Sleep(20)) {
+    EnumWindows(findDialog, reinterpret_cast<LPARAM>(&search));
+    if (search.found != nullptr) return search.found;
+  }
+}
+
 /// The objects of the reference host, which lies beside the component.
 ComPtr<IDispatch> shopPart(IDispatch& shop, const wchar_t* name) {
   auto* writable = const_cast<wchar_t*>(name);
@@ -178,20 +190,54 @@ ComPtr<IDispatch> openShop(const wchar_t* database) {
   return shop;
 }
 
-int leaveOpen(const wchar_t* database) {
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+/// The component over the shop's objects; none where something is missing.
+ComPtr<_Options> createOver(const wchar_t* database) {
   const auto shop = openShop(database);
-  const auto options = create();
-  if (!shop || !options) return 1;
+  auto options = create();
+  if (!shop || !options) return {};
   options->putref_DBJetObject(shopPart(*shop.get(), L"Database").get());
   options->putref_AppObject(shopPart(*shop.get(), L"App").get());
   options->putref_MsgSndObject(shopPart(*shop.get(), L"Messages").get());
   options->putref_ResourceObject(shopPart(*shop.get(), L"Strings").get());
   options->putref_SettingsObject(shopPart(*shop.get(), L"Settings").get());
+  return options;
+}
+
+int showAndHear(const wchar_t* database, DWORD apartment) {
+  CoInitializeEx(nullptr, apartment);
+  {
+    const auto options = createOver(database);
+    if (!options) return 1;
+    const auto listener = EventListener::make([](LONG&) {
+      std::printf("changes heard\n");
+      return S_OK;
+    });
+    DWORD cookie = 0;
+    const auto point = connectionPoint(*options.get());
+    std::printf("advise: 0x%08lX\n",
+                static_cast<unsigned long>(point->Advise(listener.get(), &cookie)));
+    std::thread watcher([thread = GetCurrentThreadId()] {
+      const HWND dialog = waitForDialog();
+      std::printf("dialog: %s\n", GetWindowThreadProcessId(dialog, nullptr) == thread
+                                      ? "in the caller's thread"
+                                      : "in another thread");
+    });
+    printShow(*options.get());
+    watcher.join();
+    point->Unadvise(cookie);
+    std::printf("listener released: %s\n", yesOrNo(listener->references() == 1));
+  }
+  CoUninitialize();
+  std::printf("done\n");
+  return 0;
+}
+
+int leaveOpen(const wchar_t* database) {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  const auto options = createOver(database);
+  if (!options) return 1;
   std::thread([] {
-    for (Search search; search.found == nullptr; Sleep(20)) {
-      EnumWindows(findDialog, reinterpret_cast<LPARAM>(&search));
-    }
+    waitForDialog();
     std::printf("leaving\n");
     std::fflush(stdout);
     ExitProcess(0);
@@ -203,15 +249,19 @@ int leaveOpen(const wchar_t* database) {
 int run(int count, wchar_t** arguments) {
   const std::wstring command = count > 1 ? arguments[1] : L"";
   const std::wstring how = count > 2 ? arguments[2] : L"";
-  const DWORD apartment = how == L"mta" ? COINIT_MULTITHREADED : COINIT_APARTMENTTHREADED;
+  const std::wstring last = arguments[count - 1];
+  const DWORD apartment = last == L"mta" ? COINIT_MULTITHREADED : COINIT_APARTMENTTHREADED;
   if (command == L"registered") {
     printRegistered();
     return 0;
   }
   if (command == L"create") return createAndCall(apartment);
+  if (command == L"show" && count > 2) return showAndHear(arguments[2], apartment);
   if (command == L"leave" && how == L"open" && count > 3) return leaveOpen(arguments[3]);
   if (command == L"leave") return leaveAlive(apartment);
-  std::printf("usage: com_client create [mta] | leave [mta] | leave open DATABASE | registered\n");
+  std::printf(
+      "usage: com_client create [mta] | show DATABASE [mta] | leave [mta] | leave open DATABASE | "
+      "registered\n");
   return 3;
 }
 
