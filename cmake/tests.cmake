@@ -44,7 +44,8 @@ if(WIN32)
   if(TARGET windows_tests)
     tillora_resources(resources tests/windows
       ${TILLORA_IDL_DIR}/TilloraOptions.tlb
-      ${PROJECT_SOURCE_DIR}/docs/type-library.txt)
+      ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md
+      ${PROJECT_SOURCE_DIR}/tests/com_client/com_client.manifest)
     target_sources(windows_tests PRIVATE ${resources})
     # What is tested is optimised; optimising the tests would only take time.
     target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)

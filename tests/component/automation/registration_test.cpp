@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <utility>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "support/win32/wide_text.h"
 #include "tests/component/automation/registry_snapshot.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/win32/type_library_text.h"
 #include "ui/error.h"
 
 namespace tillora::automation {
@@ -161,6 +164,33 @@ TEST_F(OptionsRegistrationTest, AProgramsManifestMakesTheClassKnownWithoutRegist
   options.reset();
   EXPECT_EQ(createOptions(options), REGDB_E_CLASSNOTREG) << "outside the context";
   EXPECT_EQ(before.changesTo(Registry()), "");
+}
+
+TEST_F(OptionsRegistrationTest, TheManifestHasEveryInterfaceOfTheTypeLibrary) {
+  const auto folder = std::filesystem::path(ServerLibrary::path()).parent_path();
+  std::ifstream file(folder / "TilloraOptions.Component.manifest");
+  const std::string manifest{std::istreambuf_iterator<char>(file), {}};
+  ASSERT_NE(manifest, "") << "the manifest is not beside the test program";
+  ComPtr<ITypeLib> library;
+  ASSERT_EQ(LoadTypeLibEx(ServerLibrary::path().c_str(), REGKIND_NONE, library.out()), S_OK);
+  int interfaces = 0;
+  std::istringstream lines(testing::typeLibraryText(*library.get()));
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string kind;
+    std::string name;
+    std::string id;
+    words >> kind >> name >> id;
+    if (kind != "interface" && kind != "dispinterface") continue;
+    ++interfaces;
+    const auto entry = manifest.find("name=\"" + name + "\" iid=\"" + id + "\"");
+    ASSERT_NE(entry, std::string::npos) << line;
+    // A dual interface is marshalled by its vtable, the others by their Invoke.
+    EXPECT_EQ(manifest.substr(manifest.find("proxyStubClsid32", entry) + 19, 8),
+              kind == "interface" ? "00020424" : "00020420")
+        << line;
+  }
+  EXPECT_GT(interfaces, 0);
 }
 
 }  // namespace
