@@ -57,6 +57,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
 
   ui::Frame& page(TabPage page) override;
   Messages& messages() override { return messages_; }
+  bool firstUse() const override { return FirstUse; }
   const Text& shortProductName() const override { return shortProductName_; }
   const Text& dataFileExtension() const override { return LVFileExtension; }
   void markChanged() override;

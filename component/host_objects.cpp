@@ -3,16 +3,40 @@
 #include <utility>
 
 namespace tillora {
-namespace {
 
-std::int32_t wholeNumber(const Value& value) {
+std::optional<std::int32_t> wholeNumber(const Value& value) {
   if (const auto* held = std::get_if<std::int32_t>(&value)) return *held;
   if (const auto* held = std::get_if<std::int16_t>(&value)) return *held;
   if (const auto* held = std::get_if<std::uint8_t>(&value)) return *held;
-  return 0;
+  return std::nullopt;
 }
 
+namespace {
+
+/// A value on its way; its text is overwritten when it has arrived.
+struct SecretValue {
+  explicit SecretValue(const SecretText& secret) : value(secret.text()) {}
+  SecretValue(const SecretValue&) = delete;
+  SecretValue& operator=(const SecretValue&) = delete;
+  ~SecretValue() {
+    if (Text* text = std::get_if<Text>(&value)) wipe(*text);
+  }
+  Value value;
+};
+
 }  // namespace
+
+SecretText OptionsRecord::getSecret(const Option<OptionType::Text>& option) {
+  Value value(read(option.id));
+  SecretText secret;
+  if (Text* text = std::get_if<Text>(&value)) secret.take(*text);
+  return secret;
+}
+
+void OptionsRecord::setSecret(const Option<OptionType::Text>& option, const SecretText& secret) {
+  const SecretValue passing(secret);
+  write(option.id, passing.value);
+}
 
 Text Table::text(Field field) {
   Value value = get(field);
@@ -20,12 +44,12 @@ Text Table::text(Field field) {
   return held != nullptr ? std::move(*held) : Text();
 }
 
-std::int32_t Table::integer(Field field) { return wholeNumber(get(field)); }
+std::int32_t Table::integer(Field field) { return wholeNumber(get(field)).value_or(0); }
 
 bool Table::boolean(Field field) {
   const Value value = get(field);
   const auto* held = std::get_if<bool>(&value);
-  return held != nullptr ? *held : wholeNumber(value) != 0;
+  return held != nullptr ? *held : wholeNumber(value).value_or(0) != 0;
 }
 
 }  // namespace tillora

@@ -7,6 +7,7 @@
 #include "component/option_table.h"
 #include "component/values.h"
 #include "ui/error.h"
+#include "ui/secret_text.h"
 #include "ui/text.h"
 
 /// The host program's objects, as the component uses them. Every operation can fail with an Error,
@@ -43,6 +44,9 @@ class OptionsRecord {
   typename Option<type>::Type getOrZero(const Option<type>& option) {
     return get(option).value_or(typename Option<type>::Type{});
   }
+  /// The stored text, or the empty one; no copy of it is left behind.
+  SecretText getSecret(const Option<OptionType::Text>& option);
+  void setSecret(const Option<OptionType::Text>& option, const SecretText& secret);
   template <OptionType type>
   void set(const Option<type>& option, typename Option<type>::Type value) {
     write(option.id, Value(std::move(value)));
@@ -61,6 +65,9 @@ class OptionsRecord {
 struct Field {
   const char16_t* name;
 };
+
+/// A whole number of any size; none for any other value.
+std::optional<std::int32_t> wholeNumber(const Value& value);
 
 /// A table of the shop database with one current row.
 class Table {

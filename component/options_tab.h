@@ -35,6 +35,8 @@ class OptionsDialog {
   /// The host's objects, as they were handed over.
   virtual const HostObjects& host() const = 0;
   virtual Messages& messages() = 0;
+  /// The shop is being set up: the load makes the records that it starts with.
+  virtual bool firstUse() const = 0;
   /// The host program's title up to its last blank ("Tillora"), as it was at load.
   virtual const Text& shortProductName() const = 0;
   virtual const Platform& platform() const = 0;

@@ -30,7 +30,11 @@ using SaveOrder = Writes<        //
     &RandomPrice::save,          //
     &LaybyOptions::save,         //
     &ListColumns::save,          //
-    &FredLink::save              //
+    &EndOfDay::save,             //
+    &FredLink::save,             //
+    &PumpGrades::save,           //
+    &WebSites::save,             //
+    &Passwords::save             //
     >;
 
 // Applied before the validations.
@@ -51,6 +55,7 @@ static_assert(savesEvery(static_cast<const Tabs*>(nullptr)), "a part is missing 
 using Validation = bool (*)(const Tabs&, const Text& title);
 const std::vector<Validation> kValidations = {
     [](const Tabs& tabs, const Text& title) { return tabs.get<ListColumns>().validate(title); },
+    [](const Tabs& tabs, const Text& title) { return tabs.get<EndOfDay>().validate(title); },
 };
 
 }  // namespace

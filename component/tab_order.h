@@ -8,8 +8,12 @@
 #include "identity/company_details.h"
 #include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
+#include "identity/passwords.h"
 #include "identity/start_up_entry.h"
+#include "identity/web_sites.h"
+#include "operations/end_of_day.h"
 #include "operations/layby.h"
+#include "operations/pump.h"
 #include "operations/random_price.h"
 #include "sales/currency_conversion.h"
 #include "sales/list_columns.h"
@@ -46,7 +50,11 @@ using Tabs = TabParts<   //
     RandomPrice,         // Scanning
     LaybyOptions,        // Layby
     ListColumns,         // Lists
-    FredLink             // FRED
+    EndOfDay,            // EOD
+    FredLink,            // FRED
+    PumpGrades,          // Pump
+    WebSites,            // Web
+    Passwords            // Security
     >;
 
 /// What a save does before its validations: one that they refuse has done it.

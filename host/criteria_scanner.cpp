@@ -4,6 +4,7 @@
 
 #include "host/shop_error.h"
 #include "host/text_encoding.h"
+#include "support/numbers.h"
 
 namespace tillora::host {
 namespace {
@@ -98,7 +99,7 @@ Text CriteriaScanner::name() {
 
 void CriteriaScanner::refuse(TextView expected) const {
   fail(shop_error::criteriaSyntax, u"JetDatabase",
-       u"Syntax error in criteria at character " + decimalText(static_cast<long long>(at_) + 1) +
+       u"Syntax error in criteria at character " + decimalText(static_cast<std::int64_t>(at_) + 1) +
            u": " + Text(expected) + u" expected (criteria: " + Text(text_) + u").");
 }
 

@@ -3,7 +3,7 @@
 
 #include "host/shop_file.h"
 #include "host/shop_seed.h"
-#include "host/text_encoding.h"
+#include "support/numbers.h"
 
 namespace tillora::host {
 namespace {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "host/shop_error.h"
-#include "host/text_encoding.h"
+#include "support/numbers.h"
 
 namespace tillora::host {
 namespace {

@@ -53,8 +53,6 @@ Text fromUtf8(std::string_view bytes) {
   return out;
 }
 
-Text decimalText(long long number) { return fromUtf8(std::to_string(number)); }
-
 bool sameName(TextView left, TextView right) {
   const auto upper = [](char16_t c) {
     return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;

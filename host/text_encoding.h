@@ -9,9 +9,6 @@ namespace tillora::host {
 /// Text of UTF-8; each byte that belongs to no character becomes U+FFFD.
 Text fromUtf8(std::string_view bytes);
 
-/// Decimal digits of a number, with a minus sign where it is negative.
-Text decimalText(long long number);
-
 /// Compares as field and option names are compared: the case of A to Z does not matter.
 bool sameName(TextView left, TextView right);
 

@@ -118,7 +118,7 @@ void FredLink::layOut() {
 void FredLink::load(OptionsRecord& record) {
   if (!dialog_.hasTab(TabPage::fred)) return;
   txtDispense[explanation].setText(explanationText());
-  txtDispense[seconds].setText(wholeNumberText(record.getOrDefault(options::FREDPollSeconds)));
+  txtDispense[seconds].setText(decimalText(record.getOrDefault(options::FREDPollSeconds)));
   udFRED.setValue(secondsTyped());
   chkDispense[0].setValue(record.getOrDefault(options::FREDLinkActive));
   txtDispense[dataFile].setText(record.getOrDefault(options::FREDDataFile));
@@ -144,9 +144,9 @@ void FredLink::browse() {
 void FredLink::validateSeconds() {
   ui::TextBox& box = txtDispense[seconds];
   if (!toWholeNumber(box.text(), dialog_.platform().numbers)) {
-    box.setText(wholeNumberText(options::FREDPollSeconds.defaultValue));
+    box.setText(decimalText(options::FREDPollSeconds.defaultValue));
   } else if (secondsTyped() != inRange(secondsTyped())) {
-    box.setText(wholeNumberText(inRange(secondsTyped())));
+    box.setText(decimalText(inRange(secondsTyped())));
   }
   udFRED.setValue(secondsTyped());
 }
@@ -155,7 +155,7 @@ void FredLink::spun() {
   // It also changes when it follows the box.
   if (udFRED.value() == inRange(secondsTyped())) return;
   ui::TextBox& box = txtDispense[seconds];
-  box.setText(wholeNumberText(udFRED.value()));
+  box.setText(decimalText(udFRED.value()));
   box.setFocus();
   selectAllText(box);
 }

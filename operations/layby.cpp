@@ -29,9 +29,9 @@ void correct(ui::TextBox& box, const Option<type>& option, const NumberLocale& l
   const std::int64_t number = toWholeNumber(box.text(), locale).value_or(0);
   const auto held = limitedTo<typename Option<type>::Type>(number);
   if (number == 0) {
-    box.setText(wholeNumberText(option.defaultValue));
+    box.setText(decimalText(option.defaultValue));
   } else if (held != number) {
-    box.setText(wholeNumberText(held));
+    box.setText(decimalText(held));
   }
 }
 
@@ -88,10 +88,10 @@ void LaybyOptions::stretchTerms() {
 
 void LaybyOptions::load(OptionsRecord& record) {
   const auto& box = txtLayby;
-  box[startNumber].setText(wholeNumberText(record.getOrDefault(options::LaybyStartNumber)));
-  box[term].setText(wholeNumberText(record.getOrDefault(options::LaybyTermDays)));
+  box[startNumber].setText(decimalText(record.getOrDefault(options::LaybyStartNumber)));
+  box[term].setText(decimalText(record.getOrDefault(options::LaybyTermDays)));
   box[terms].setText(record.getOrDefault(options::LaybyTermsText));
-  box[history].setText(wholeNumberText(record.getOrDefault(options::LaybyHistoryDays)));
+  box[history].setText(decimalText(record.getOrDefault(options::LaybyHistoryDays)));
 }
 
 void LaybyOptions::validate(int index) {

@@ -8,7 +8,7 @@
 #include "operations/frmRandomPrice.h"
 #include "support/check_box_bits.h"
 #include "support/modListViewSupport.h"
-#include "support/number_format.h"
+#include "support/numbers.h"
 #include "ui/form.h"
 #include "ui/layout.h"
 
@@ -18,7 +18,6 @@ namespace {
 namespace field = fields::randomPrice;
 
 constexpr int kListHeight = 5250;
-constexpr int kIconColumnWidth = 270;  // 18 pixels at 96 DPI
 
 // A table without formats gets the first to the last prefix, and one that lacks the extra prefix
 // gets that.
@@ -30,7 +29,7 @@ constexpr std::int32_t kExtraFormat = 3;
 
 /// The first row with this prefix becomes the current one. False where there is none.
 bool find(Table& table, std::int32_t prefix) {
-  table.findFirst(u"[Prefix] = " + formatNumber(prefix, u"0", {}));
+  table.findFirst(u"[Prefix] = " + decimalText(prefix));
   return !table.noMatch();
 }
 
@@ -113,7 +112,7 @@ RandomPrice::RandomPrice(OptionsDialog& dialog)
   for (const char16_t* header : kHeaders) ltvRandomPrice.addColumn(header);
   cmdRandomPrice.setToolTip(u"Edit the selected barcode format");
   layOut();
-  ltvRandomPrice.doubleClick = [this] { EditRandomPrice(); };
+  onRowDoubleClick(ltvRandomPrice, [this] { EditRandomPrice(); });
   cmdRandomPrice.click = [this] { EditRandomPrice(); };
 }
 

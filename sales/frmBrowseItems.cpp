@@ -85,8 +85,7 @@ frmBrowseItems::frmBrowseItems(ui::Screen& screen)
   toggleHeaderButtons(ltvItems);
   layOut();
 
-  ltvItems.mouse = [this](ui::Point point) { mouse_ = point; };
-  ltvItems.doubleClick = [this] { listDoubleClick(); };
+  onRowDoubleClick(ltvItems, [this] { accept(); });
   okButton.click = [this] { accept(); };
   cancelButton.click = [this] { unload(); };
 }
@@ -204,8 +203,7 @@ void frmBrowseItems::preselect() {
     const bool matches = ltvItems.text(row, shown.name) == name &&
                          (!shown.group || ltvItems.text(row, *shown.group) == group);
     if (!matches && !SelectedValue.empty()) continue;
-    ltvItems.setSelectedRow(row);
-    ltvItems.ensureVisible(row);
+    selectRow(ltvItems, row);
     return;
   }
 }
@@ -222,10 +220,6 @@ Text frmBrowseItems::valueOf(int row) const {
   const Text& name = ltvItems.text(row, shown.name);
   if (!shown.group || ltvItems.text(row, *shown.group).empty()) return name;
   return ltvItems.text(row, *shown.group) + u":" + name;
-}
-
-void frmBrowseItems::listDoubleClick() {
-  if (ltvItems.hitTest(mouse_) >= 0) accept();
 }
 
 void frmBrowseItems::onUnload() {

@@ -50,10 +50,7 @@ class frmBrowseItems final : public Dialog {
   void preselect();
 
   void accept();
-  void listDoubleClick();
   Text valueOf(int row) const;
-
-  ui::Point mouse_;  ///< where a mouse button last went down or up on the list
 };
 
 }  // namespace tillora

@@ -19,14 +19,18 @@ std::vector<std::int32_t> tickedBits(const ui::ControlArray<ui::CheckBox>& boxes
   return bits;
 }
 
+std::int32_t addBit(OptionsRecord& record, const Option<OptionType::Long>& option,
+                    std::int32_t bit) {
+  const std::int32_t mask = record.getOrZero(option) | bit;
+  record.set(option, mask);
+  return mask;
+}
+
 std::int32_t saveBits(OptionsRecord& record, const Option<OptionType::Long>& option,
                       const std::vector<std::int32_t>& bits) {
   std::int32_t mask = 0;
   record.set(option, mask);
-  for (const std::int32_t bit : bits) {
-    mask = record.getOrZero(option) | bit;
-    record.set(option, mask);
-  }
+  for (const std::int32_t bit : bits) mask = addBit(record, option, bit);
   return mask;
 }
 

@@ -15,6 +15,9 @@ void showBits(const ui::ControlArray<ui::CheckBox>& boxes, std::int32_t mask);
 /// The bits of the ticked boxes, by index.
 std::vector<std::int32_t> tickedBits(const ui::ControlArray<ui::CheckBox>& boxes);
 
+/// Adds a bit to what the record holds by now. Returns the mask.
+std::int32_t addBit(OptionsRecord& record, const Option<OptionType::Long>& option,
+                    std::int32_t bit);
 /// Writes a mask as every mask of the record is written: 0 first, then each of the bits or-ed to
 /// what the record holds by then. Returns the mask.
 std::int32_t saveBits(OptionsRecord& record, const Option<OptionType::Long>& option,

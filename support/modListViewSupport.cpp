@@ -1,6 +1,7 @@
 #include "support/modListViewSupport.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,14 +12,15 @@ namespace tillora {
 namespace {
 
 constexpr int kNarrowColumnWidth = 1830;
-constexpr int kCellMargin = 180;  // beside a cell's text, both sides together
-constexpr int kSmallIcon = 270;   // the icon before the text of the first column
+constexpr int kCellMargin = 180;         // beside a cell's text, both sides together
+constexpr int kSmallIcon = 270;          // the icon before the text of the first column
+constexpr std::size_t kMostShown = 259;  // characters that the platform's list shows of a cell
 
 int fittingWidth(const ui::ListView& list, int column, ColumnFit fit) {
   const ui::Screen& screen = list.form().screen();
   int width = 0;
   for (int row = 0; row < list.count(); ++row) {
-    int cell = screen.textWidth(list.text(row, column));
+    int cell = screen.textWidth(TextView(list.text(row, column)).substr(0, kMostShown));
     const auto& item = list.rows()[static_cast<std::size_t>(row)];
     if (column == 0 && item.smallIcon != ui::PictureId::none) cell += kSmallIcon;
     width = std::max(width, cell);
@@ -71,6 +73,20 @@ void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& scr
 bool toggleHeaderButtons(ui::ListView& list) {
   list.setClickableHeaders(!list.clickableHeaders());
   return true;
+}
+
+void selectRow(ui::ListView& list, int row) {
+  list.setSelectedRow(row);
+  list.ensureVisible(row);
+}
+
+void onRowDoubleClick(ui::ListView& list, std::function<void()> act) {
+  // Where a mouse button last went down or up on the list.
+  const auto mouse = std::make_shared<ui::Point>();
+  list.mouse = [mouse](ui::Point point) { *mouse = point; };
+  list.doubleClick = [&list, mouse, act = std::move(act)] {
+    if (list.hitTest(*mouse) >= 0) act();
+  };
 }
 
 }  // namespace tillora

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "ui/lists.h"
 #include "ui/screen.h"
 
@@ -9,6 +11,9 @@ enum class ColumnFit : std::uint8_t {
   contents,          ///< LVSCW_AUTOSIZE: the widest text of the column
   contentsOrHeader,  ///< LVSCW_AUTOSIZE_USEHEADER: the wider of texts and header
 };
+
+/// Width of a column that holds nothing but a small icon, twips: 18 pixels at 96 DPI.
+inline constexpr int kIconColumnWidth = 270;
 
 /// Makes columns as wide as what they hold.
 /// @param column 1-based; below 1 is every column.
@@ -21,5 +26,12 @@ void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& scr
 
 /// Turns headers that can be pressed into flat ones, and back on the next call. Reports True.
 bool toggleHeaderButtons(ui::ListView& list);
+
+/// Selects a row and scrolls it into view.
+void selectRow(ui::ListView& list, int row);
+
+/// Calls `act` for a double-click on a row, not for one on the blank below. Takes the list's mouse
+/// and doubleClick events.
+void onRowDoubleClick(ui::ListView& list, std::function<void()> act);
 
 }  // namespace tillora

@@ -1,7 +1,5 @@
 #include "support/whole_numbers.h"
 
-#include <string>
-
 #include "ui/keys.h"
 
 namespace tillora {
@@ -17,11 +15,6 @@ std::optional<std::int64_t> toWholeNumber(TextView text, const NumberLocale& loc
   if (*number >= kBeyond) return std::numeric_limits<std::int64_t>::max();
   if (*number < -kBeyond) return std::numeric_limits<std::int64_t>::min();
   return static_cast<std::int64_t>(roundHalfEven(*number));
-}
-
-Text wholeNumberText(std::int64_t number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
 }
 
 }  // namespace tillora

@@ -24,7 +24,4 @@ constexpr Integer limitedTo(std::int64_t number) {
   return static_cast<Integer>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
 }
 
-/// A whole number in decimal digits.
-Text wholeNumberText(std::int64_t number);
-
 }  // namespace tillora

@@ -1,7 +1,6 @@
 #include "ui/text_box.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tillora::ui {
 
@@ -11,19 +10,20 @@ TextBox::TextBox(Container* parent) : Control(parent) {
 }
 
 void TextBox::setText(Text text) {
-  if (text_ == text) return;
-  text_ = std::move(text);
-  selStart_ = selLength_ = 0;
-  notify(Property::text);
+  if (!show(text)) return;
   edited();
   change.raise();
 }
 
-void TextBox::reformat(Text text) {
-  if (text_ == text) return;
-  text_ = std::move(text);
+void TextBox::reformat(Text text) { show(text); }
+
+bool TextBox::show(Text& text) {
+  const bool differs = text != text_.text();
+  text_.take(text);
+  if (!differs) return false;
   selStart_ = selLength_ = 0;
   notify(Property::text);
+  return true;
 }
 
 TextBox& TextBox::setMaxLength(int maxLength) {
@@ -54,7 +54,8 @@ TextBox& TextBox::setAlignment(Alignment alignment) {
 }
 
 Text TextBox::selText() const {
-  return text_.substr(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_));
+  return text_.text().substr(static_cast<std::size_t>(selStart_),
+                             static_cast<std::size_t>(selLength_));
 }
 
 void TextBox::setSelection(int start, int length) {
@@ -63,14 +64,14 @@ void TextBox::setSelection(int start, int length) {
 }
 
 void TextBox::userEdited(Text text, int selStart, int selLength) {
-  text_ = std::move(text);
+  text_.take(text);
   userSelected(selStart, selLength);
   edited();
   change.raise();
 }
 
 void TextBox::userSelected(int selStart, int selLength) {
-  const int size = static_cast<int>(text_.size());
+  const int size = static_cast<int>(text_.text().size());
   selStart_ = std::clamp(selStart, 0, size);
   selLength_ = std::clamp(selLength, 0, size - selStart_);
 }

@@ -1,20 +1,21 @@
 #pragma once
 
 #include "ui/container.h"
+#include "ui/secret_text.h"
 
 namespace tillora::ui {
 
 /// A box in which text is edited, one line or many.
 ///
 /// Text set by code is never cut to maxLength() nor rewritten; the limit is for typing and pasting.
-/// Positions count UTF-16 units from 0.
+/// Positions count UTF-16 units from 0. A text that another replaces is overwritten in memory.
 class TextBox final : public Control {
  public:
   explicit TextBox(Container* parent);
 
   Kind kind() const override { return Kind::textBox; }
 
-  const Text& text() const { return text_; }
+  const Text& text() const { return text_.text(); }
   /// Raises change when the text differs; the caret goes to the start.
   void setText(Text text);
   /// Shows another form of the same value (5.00% for 5.00). Not an edit: the dialog is not told,
@@ -56,7 +57,10 @@ class TextBox final : public Control {
   bool focusable() const override { return true; }
 
  private:
-  Text text_;
+  /// Shows a text set by code. False where it is the one that was there.
+  bool show(Text& text);
+
+  SecretText text_;
   int maxLength_ = 0;
   int selStart_ = 0;
   int selLength_ = 0;

@@ -11,6 +11,7 @@
 
 #include "component/values.h"
 #include "support/win32/bstr.h"
+#include "ui/secret_text.h"
 
 namespace tillora::win32 {
 
@@ -62,6 +63,8 @@ class Variant {
   explicit Variant(VARENUM type) { value_.vt = static_cast<VARTYPE>(type); }
 
   void clear() {
+    // It may be a password.
+    if (value_.vt == VT_BSTR) wipe(value_.bstrVal, SysStringByteLen(value_.bstrVal));
     // Most values need no call: walks over large catalogues make millions of them.
     if (value_.vt != VT_EMPTY) VariantClear(&value_);
   }

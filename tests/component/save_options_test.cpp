@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "identity/company_details.h"
+#include "operations/report_captions.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -70,8 +71,21 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   addColumns("CustomerListColumns", 24);
   addColumns("LaybyCustomerListColumns", 12);
   addColumns("CurrencyListColumns", 7);
+  add({"put EODOptionFlags", "put EODReconcileTotalFlags", "put EODHistoryDays",
+       "put TimeReportPeriod", "put PrintNRGT", "put EODDefaultReportBits"});
+  for (const auto& title : kReportTitles) add({"put setting " + toUtf8(title.setting)});
+  for (const auto& detail : kReportDetails) add({"put setting " + toUtf8(detail.setting)});
   add({"get FREDPollSeconds", "put FREDPollSeconds", "get FREDLinkActive", "put FREDLinkActive",
        "get FREDDataFile", "put FREDDataFile"});
+  add({"put PumpVolumeUnitCaption", "put PumpPriceUnitCaption", "put PumpOptionBits",
+       "GradeTable"});
+  add({"WebSiteTable", "find WebSiteTable [URL] = 'https://www.ledvane.example/point-of-sale'",
+       "update WebSiteTable"});
+  add({"put AdminSecurityBits", "put PasswordStartAdmin", "put PasswordTransferData",
+       "put PasswordPostTransactions", "put PasswordCompactDatabase", "put PasswordAdminOptions",
+       "put PasswordDeleteTerminal", "put PasswordChangePrices", "put PasswordPromotions",
+       "put TerminalSecurityBits", "put PasswordEndOfDay", "put PasswordTerminalOptions",
+       "put PasswordGlobalOverride"});
   add({"commit", "send"});
   EXPECT_EQ(saveCalls, expected);
 }

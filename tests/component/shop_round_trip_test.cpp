@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 
 #include "host/shop.h"
@@ -11,8 +12,15 @@
 #include "identity/company_details.h"
 #include "identity/fred_link.h"
 #include "identity/ledvane_link.h"
+#include "identity/passwords.h"
+#include "identity/web_sites.h"
+#include "operations/end_of_day.h"
+#include "operations/frmEODDefaultReports.h"
+#include "operations/frmPumpGrade.h"
 #include "operations/frmRandomPrice.h"
+#include "operations/frmReportCaptions.h"
 #include "operations/layby.h"
+#include "operations/pump.h"
 #include "operations/random_price.h"
 #include "sales/list_columns.h"
 #include "sales/transactions.h"
@@ -101,6 +109,79 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
   EXPECT_EQ(record->get(options::ProductListColumns), -0x8000);
 }
 
+TEST_F(ShopRoundTrip, GradesAreInTheTableAsTheyWereListed) {
+  openOn(TabPage::pump, [&](frmOptions& dialog) {
+    auto& pump = dialog.tab<PumpGrades>();
+    ASSERT_EQ(pump.ltvPump.count(), 4);
+    boxes.answers = {MessageResult::yes, MessageResult::yes};
+    for (const int row : {1, 2}) {
+      user.clickRow(pump.ltvPump, row);
+      user.click(pump.cmdPump[PumpGrades::remove]);
+    }
+    desk->whenShown([&](ui::Form& form) {
+      EXPECT_EQ(dynamic_cast<frmPumpGrade&>(form).GradeNumber, 2);
+      user.type(u"O'Neil; a|b \u4e2d");
+      user.press(ui::Key::enter);
+    });
+    user.click(pump.cmdPump[PumpGrades::add]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto table = shop->database()->gradeTable();
+  std::vector<std::int32_t> numbers;
+  std::vector<Text> captions;
+  for (; !table->atEnd(); table->moveNext()) {
+    numbers.push_back(table->integer(fields::grade::GradeNumber));
+    captions.push_back(table->text(fields::grade::Caption));
+  }
+  EXPECT_EQ(numbers, (std::vector<std::int32_t>{1, 2, 3}));
+  EXPECT_EQ(captions, (std::vector<Text>{u"ULP 91", u"O'Neil; a|b \u4e2d", u"Diesel"}));
+}
+
+TEST_F(ShopRoundTrip, WebSitesAreInTheTableAsTheyWereListed) {
+  const Text address = u"http://\u4e2d.example/?q=O'Neil;a|b&\U0001f6d2";
+  const auto enter = [&](TextView description, TextView url) {
+    desk->whenShown([this, description, url](ui::Form&) {
+      user.paste(description);
+      user.press(ui::Key::tab);
+      user.paste(url);
+      user.press(ui::Key::enter);
+    });
+  };
+  openOn(TabPage::web, [&](frmOptions& dialog) {
+    auto& web = dialog.tab<WebSites>();
+    ASSERT_EQ(web.ltvWeb.count(), 2);
+    {
+      // Another program adds one meanwhile.
+      host::Shop other = openAnother();
+      const auto table = other.database()->webSiteTable();
+      table->addNew();
+      table->set(fields::webSite::Description, Text(u"Theirs"));
+      table->set(fields::webSite::URL, Text(u"http://theirs"));
+      table->update();
+    }
+    boxes.answers = {MessageResult::yes};
+    user.click(web.cmdWeb[WebSites::remove]);
+    enter(u"First", address);
+    user.click(web.cmdWeb[WebSites::add]);
+    enter(u"Second", address);
+    user.click(web.cmdWeb[WebSites::add]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto table = shop->database()->webSiteTable();
+  std::vector<Text> descriptions;
+  for (; !table->atEnd(); table->moveNext()) {
+    descriptions.push_back(table->text(fields::webSite::Description));
+  }
+  EXPECT_EQ(descriptions, (std::vector<Text>{u"Supplier's order desk", u"Theirs", u"Second"}));
+  openOn(TabPage::web, [&](frmOptions& dialog) {
+    const auto& list = dialog.tab<WebSites>().ltvWeb;
+    EXPECT_EQ(list.text(2, WebSites::url), address);
+    EXPECT_EQ(list.rows()[0].smallIcon, ui::PictureId::inactive);
+  });
+}
+
 TEST_F(ShopRoundTrip, AChosenDataFileSurvivesTheProgram) {
   const Text file = u"C:\\Books\\O'Neil; a|b \u4e2d.lvd";
   edit([&](frmOptions& dialog) { chooseDataFile(dialog, file); });
@@ -146,6 +227,36 @@ TEST_F(ShopRoundTrip, LaybyAndDispensingSurviveTheProgram) {
   EXPECT_EQ(record->get(options::FREDLinkActive), true);
   EXPECT_EQ(record->get(options::FREDDataFile), u"D:\\\u4e2d\\pos.dat");
   EXPECT_EQ(record->get(options::FREDPollSeconds), 60);
+}
+
+TEST_F(ShopRoundTrip, PasswordsSurviveTheProgramAndAreNotDumped) {
+  const auto set = [&](Passwords::Protection protection, const std::vector<TextView>& texts) {
+    openOn(TabPage::security, [&](frmOptions& dialog) {
+      const auto& tab = dialog.tab<Passwords>();
+      if (!tab.chkSecurity[protection].value()) user.click(tab.chkSecurity[protection]);
+      desk->whenShown([&](ui::Form&) {
+        for (const TextView text : texts) {
+          user.type(text);
+          user.press(ui::Key::tab);
+        }
+        user.press(ui::Key::enter);
+      });
+      user.click(tab.cmdSecurity[protection]);
+      user.accessKey(u'o');
+    });
+    reopen();
+  };
+  set(Passwords::startAdmin, {u"O'Ne;l|\"\u00c9\u4e2d", u"o'ne;l|\"\u00e9\u4e2d"});
+  EXPECT_EQ(stored(options::PasswordStartAdmin), u"o'ne;l|\"\u00e9\u4e2d");
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  std::ostringstream dump;
+  shop->dump(dump);
+  EXPECT_NE(dump.str().find("PasswordStartAdmin = (set)"), std::string::npos);
+  EXPECT_EQ(dump.str().find("o'ne"), std::string::npos);
+  set(Passwords::startAdmin, {u"O'NE;L|\"\u00c9\u4e2d", u"", u""});
+  EXPECT_EQ(stored(options::PasswordStartAdmin), u"");
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(ShopRoundTrip, BarcodeFormatsSurviveTheProgram) {
@@ -217,6 +328,39 @@ TEST_F(ShopRoundTrip, StrangeBarcodeFormatsAreShownAndKept) {
     table->moveNext();
   }
   EXPECT_TRUE(table->atEnd());
+}
+
+TEST_F(ShopRoundTrip, ReportsAndTheirCaptionsSurviveTheProgram) {
+  const Text title = Text(10000, u'&') + u" 'Day' | ; \u4e2d ";
+  openOn(TabPage::eod, [&](frmOptions& dialog) {
+    auto& part = dialog.tab<EndOfDay>();
+    user.click(part.txtEOD);
+    user.selectAll();
+    user.paste(u"99999");
+    desk->whenShown([&](ui::Form& form) {
+      auto& reports = dynamic_cast<frmEODDefaultReports&>(form);
+      user.click(reports.cmdCommand[frmEODDefaultReports::selectAll]);
+      user.click(reports.cmdCommand[frmEODDefaultReports::ok]);
+    });
+    user.click(part.cmdReports[EndOfDay::defaultReports]);
+    desk->whenShown([&](ui::Form& form) {
+      auto& captions = dynamic_cast<frmReportCaptions&>(form);
+      user.paste(title);
+      user.clickTab(captions.tabReportCaptions, 2);
+      user.click(captions.txtReportDetailCaption[0]);
+      user.type(u"Notes && coins");
+      user.click(captions.cmdCommand[frmReportCaptions::ok]);
+    });
+    user.click(part.cmdReports[EndOfDay::reportCaptions]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto record = shop->database()->optionsRecord();
+  EXPECT_EQ(record->get(options::EODHistoryDays), 730);
+  EXPECT_EQ(record->getOrZero(options::EODDefaultReportBits) & 0x1FF, 0x1FF);
+  EXPECT_EQ(shop->settings()->setting(u"ReportTitleBalanceReport"), title);
+  EXPECT_EQ(shop->settings()->setting(u"ReportDetailCashInDrawer"), u"Notes && coins");
+  EXPECT_EQ(shop->settings()->setting(u"ReportTitleEndofDay"), u"End of Day");
 }
 
 TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {

@@ -73,6 +73,12 @@ TEST_F(ListViewSupport, OrTheWiderOfContentsAndHeader) {
   EXPECT_EQ(width(1), 12 * 90 + 180);
 }
 
+TEST_F(ListViewSupport, AColumnIsNoWiderThanWhatAListShowsOfAText) {
+  list.addRow({{Text(10000, u'x')}});
+  autoSizeColumns(list, 1, ColumnFit::contents);
+  EXPECT_EQ(width(0), 259 * 90 + 180);
+}
+
 TEST_F(ListViewSupport, ANumberedColumnAloneIsSized) {
   autoSizeColumns(list, 2, ColumnFit::contents);
   EXPECT_EQ(width(0), 0);
@@ -90,6 +96,30 @@ TEST_F(ListViewSupport, HeaderButtonsAreToggled) {
   EXPECT_FALSE(list.clickableHeaders());
   EXPECT_TRUE(toggleHeaderButtons(list));
   EXPECT_TRUE(list.clickableHeaders());
+}
+
+TEST_F(ListViewSupport, ASelectedRowIsInView) {
+  list.addRow({{u"b"}});
+  selectRow(list, 1);
+  EXPECT_EQ(list.selectedRow(), 1);
+  EXPECT_EQ(list.rowToShow(), 1);
+}
+
+TEST_F(ListViewSupport, OnlyADoubleClickOnARowActs) {
+  int acted = 0;
+  onRowDoubleClick(list, [&] { ++acted; });
+  const auto doubleClickAt = [&](ui::Point point) {
+    list.mouse.raise(point);
+    list.doubleClick.raise();
+  };
+  int y = 0;
+  while (list.hitTest({0, y}) != 0) y += 15;
+  doubleClickAt({0, 1000000});
+  EXPECT_EQ(acted, 0);
+  doubleClickAt({0, y});
+  EXPECT_EQ(acted, 1);
+  doubleClickAt({0, 0});
+  EXPECT_EQ(acted, 1);
 }
 
 }  // namespace

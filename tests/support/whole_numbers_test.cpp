@@ -71,11 +71,5 @@ TEST(LimitedTo, EndsAtWhatTheTypeHolds) {
   EXPECT_EQ(limitedTo<std::int32_t>(kSmallest), -2147483648LL);
 }
 
-TEST(WholeNumberText, IsPlainDigits) {
-  EXPECT_EQ(wholeNumberText(0), u"0");
-  EXPECT_EQ(wholeNumberText(-1234567), u"-1234567");
-  EXPECT_EQ(wholeNumberText(kSmallest), u"-9223372036854775808");
-}
-
 }  // namespace
 }  // namespace tillora

@@ -11,8 +11,12 @@ using ui::TextBox;
 int length(const TextBox& box) { return static_cast<int>(box.text().size()); }
 
 void replaceSelection(TextBox& box, int start, int count, TextView with) {
-  Text text = box.text();
-  text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(count), with);
+  // In one piece: what grows leaves parts of itself in memory.
+  const TextView before = box.text();
+  Text text;
+  text.reserve(before.size() - static_cast<std::size_t>(count) + with.size());
+  text.append(before.substr(0, static_cast<std::size_t>(start))).append(with);
+  text.append(before.substr(static_cast<std::size_t>(start + count)));
   box.userEdited(std::move(text), start + static_cast<int>(with.size()), 0);
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "support/modJetSQLFixup.h"
+#include "support/numbers.h"
 
 namespace tillora::testing {
 namespace {
@@ -27,11 +28,15 @@ class FakeRecord final : public OptionsRecord, Counted {
   Value read(OptionId option) override {
     host_.called("get " + toUtf8(optionInfo(option).name));
     const auto found = written_.find(option);
-    return found == written_.end() ? Value() : found->second;
+    if (found == written_.end()) return {};
+    Value value = found->second;
+    disguise(value);
+    return value;
   }
   void write(OptionId option, const Value& value) override {
     host_.called("put " + toUtf8(optionInfo(option).name));
     written_[option] = value;
+    disguise(written_[option]);
   }
   void commit() override {
     host_.called("commit");
@@ -39,29 +44,42 @@ class FakeRecord final : public OptionsRecord, Counted {
   }
 
  private:
+  void disguise(Value& value) const {
+    Text* text = std::get_if<Text>(&value);
+    if (host_.storesReversed && text != nullptr) std::ranges::reverse(*text);
+  }
+
   std::map<OptionId, Value> written_;
 };
 
 Text literalOf(const Value& value) {
   if (const auto* text = std::get_if<Text>(&value)) return QuoteJetLiteral(*text);
   if (const auto* flag = std::get_if<bool>(&value)) return Text(jetBoolean(*flag));
-  const std::string digits = std::to_string(std::get<std::int32_t>(value));
-  return {digits.begin(), digits.end()};
+  const auto number = wholeNumber(value);
+  return number ? decimalText(*number) : Text(u"Null");  // which no criteria ask for
 }
 
-// Understands the criteria that the component writes: [Field] = literal, joined by AND.
+// The condition is [Field] = literal or Field=literal.
+bool holds(const FakeRow::value_type& field, TextView condition) {
+  const bool bracketed = condition.starts_with(u'[');
+  condition.remove_prefix(bracketed ? 1 : 0);
+  if (!condition.starts_with(field.first)) return false;
+  condition.remove_prefix(field.first.size());
+  const TextView equals = bracketed ? u"] = " : u"=";
+  return condition.starts_with(equals) &&
+         condition.substr(equals.size()) == literalOf(field.second);
+}
+
+// Understands the criteria that the component writes: conditions joined by AND.
 bool satisfies(const FakeRow& row, TextView criteria) {
   constexpr TextView kAnd = u" AND ";
   while (!criteria.empty()) {
     const std::size_t end = std::min(criteria.find(kAnd), criteria.size());
-    const Text condition(criteria.substr(0, end));
+    const TextView condition = criteria.substr(0, end);
     criteria.remove_prefix(std::min(criteria.size(), end + kAnd.size()));
-    const bool holds = std::ranges::any_of(row, [&](const auto& field) {
-      const Text literal = literalOf(field.second);
-      return condition == u"[" + field.first + u"] = " + literal ||
-             condition == field.first + u"=" + literal;
-    });
-    if (!holds) return false;
+    if (std::ranges::none_of(row, [&](const auto& field) { return holds(field, condition); })) {
+      return false;
+    }
   }
   return true;
 }
@@ -71,19 +89,31 @@ class FakeTable final : public Table, Counted {
   FakeTable(FakeHost& host, std::string name, std::vector<FakeRow>& rows)
       : Counted(host), name_(std::move(name)), rows_(rows) {}
 
-  void moveFirst() override { row_ = 0; }
+  void moveFirst() override {
+    step();
+    row_ = 0;
+  }
   void moveNext() override {
+    step();
     if (!std::exchange(removed_, false)) ++row_;
   }
-  bool atEnd() override { return row_ >= rows_.size(); }
+  bool atEnd() override {
+    step();
+    return row_ >= rows_.size();
+  }
   void findFirst(TextView criteria) override { find(criteria, 0); }
   void findNext(TextView criteria) override { find(criteria, row_ + 1); }
-  bool noMatch() override { return noMatch_; }
+  bool noMatch() override {
+    step();
+    return noMatch_;
+  }
   void addNew() override {
+    step();
     edited_.clear();
     adding_ = true;
   }
   void edit() override {
+    step();
     edited_ = rows_.at(row_);
     adding_ = false;
   }
@@ -101,13 +131,18 @@ class FakeTable final : public Table, Counted {
     removed_ = true;
   }
   Value get(Field field) override {
+    step();
     const FakeRow& row = rows_.at(row_);
     const auto found = row.find(field.name);
     return found == row.end() ? Value() : found->second;
   }
-  void set(Field field, const Value& value) override { edited_[field.name] = value; }
+  void set(Field field, const Value& value) override {
+    step();
+    edited_[field.name] = value;
+  }
 
  private:
+  void step() { ++host_.tableSteps; }
   void find(TextView criteria, std::size_t from) {
     host_.called("find " + name_ + " " + toUtf8(criteria));
     const auto found =
@@ -265,6 +300,7 @@ class ScriptedMessageBox final : public HostMessageBox {
     message_.secondaryText = secondaryText;
     message_.pointer = boxes_.screen_.pointer();
     boxes_.shown.push_back(message_);
+    if (boxes_.onShow) boxes_.onShow(message_);
     if (boxes_.answers.empty()) return MessageResult::ok;
     const MessageResult answer = boxes_.answers.front();
     boxes_.answers.erase(boxes_.answers.begin());

@@ -50,10 +50,14 @@ class FakeHost {
   Text currencyFormat = u"$#,##0.00";
   Text decimalSeparator = u".";
   bool dispensingAvailable = false;
+  /// Texts are stored back to front, so that a search of the memory does not find them here.
+  bool storesReversed = false;
   std::vector<double> sent;  ///< times of the messages sent
 
   /// Every call in order: "get CompanyName", "put CompanyName", "commit", "send", "Title", ...
   std::vector<std::string> calls;
+  /// Moves, tests, edits and fields of tables, which `calls` does not list.
+  int tableSteps = 0;
   /// Told of every call after it was written down.
   std::function<void(const std::string&)> onCall;
   /// The call with this text fails from its nth time on; none if empty.
@@ -91,6 +95,8 @@ class ScriptedMessageBoxes final : public MessageBoxes {
 
   std::vector<ShownMessage> shown;
   std::vector<MessageResult> answers;
+  /// Called while a message is shown.
+  std::function<void(const ShownMessage&)> onShow;
 
  private:
   friend class ScriptedMessageBox;

@@ -128,15 +128,17 @@ void HeadlessUser::useKey(ui::Control& control, Key key, ui::Modifiers modifiers
     case Kind::comboBox: {
       auto& combo = static_cast<ui::ComboBox&>(control);
       const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
-      const int item = std::clamp(combo.listIndex() + step, 0, combo.count() - 1);
-      if (step != 0 && combo.count() > 0) combo.setListIndex(item);
+      if (step != 0 && combo.count() > 0) {
+        combo.setListIndex(std::clamp(combo.listIndex() + step, 0, combo.count() - 1));
+      }
       break;
     }
     case Kind::listView: {
       auto& list = static_cast<ui::ListView&>(control);
       const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
-      const int row = std::clamp(list.selectedRow() + step, 0, list.count() - 1);
-      if (step != 0 && list.count() > 0) list.setSelectedRow(row);
+      if (step != 0 && list.count() > 0) {
+        list.setSelectedRow(std::clamp(list.selectedRow() + step, 0, list.count() - 1));
+      }
       break;
     }
     case Kind::checkListBox: {

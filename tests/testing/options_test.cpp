@@ -51,6 +51,27 @@ void OptionsTest::saveDefaults() {
   changes.clear();
 }
 
+void OptionsTest::expectFailureAt(const std::string& call, TabPage page,
+                                  const std::function<void(frmOptions&)>& act) {
+  const auto stored = host.stored;
+  host.calls.clear();
+  host.failingCall = call;
+  options_.SelectedTab = static_cast<std::int16_t>(page);
+  desk->whenShown([&](ui::Form& form) { act(dynamic_cast<frmOptions&>(form)); });
+  try {
+    options_.ShowOptions();
+    ADD_FAILURE() << call << " failed silently";
+  } catch (const Error& failure) {
+    EXPECT_EQ(failure.number(), FakeHost::failure().number());
+    EXPECT_EQ(failure.source(), FakeHost::failure().source());
+    EXPECT_EQ(failure.description(), FakeHost::failure().description());
+  }
+  EXPECT_EQ(host.calls.back(), call);
+  EXPECT_EQ(host.stored, stored);
+  host.failingCall.clear();
+  options_.SelectedTab = 0;
+}
+
 bool OptionsTest::applyEnabled(frmOptions& dialog) const {
   return dialog.cmdCommand[frmOptions::apply].enabled();
 }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "component/frmOptions.h"
@@ -34,6 +35,11 @@ class OptionsTest : public ::testing::Test {
   /// Saves the defaults once, as a first use does: what is saved after that changes nothing by
   /// itself. Forgets calls, messages and changes so far.
   void saveDefaults();
+
+  /// Opens the dialog on a tab of a host that fails at this call. The failure must come out of
+  /// ShowOptions as it was raised, with nothing called after it and no option stored.
+  void expectFailureAt(const std::string& call, TabPage page,
+                       const std::function<void(frmOptions&)>& act);
 
   bool applyEnabled(frmOptions& dialog) const;
 

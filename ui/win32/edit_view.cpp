@@ -1,5 +1,6 @@
 #include "ui/win32/edit_view.h"
 
+#include "ui/masked_text.h"
 #include "ui/win32/dialog_window.h"
 #include "ui/win32/wide.h"
 
@@ -52,8 +53,12 @@ void EditView::show(Property what) {
   }
 }
 
+Text EditView::windowText() const {
+  return isMasked() ? placeholders(control().text().size()) : control().text();
+}
+
 void EditView::showText() {
-  SetWindowTextW(window(), wide(control().text()).c_str());
+  SetWindowTextW(window(), wide(windowText()).c_str());
   showSelection();
 }
 
@@ -73,8 +78,19 @@ void EditView::command(WORD code) {
   DWORD start = 0;
   DWORD end = 0;
   send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), &end);
-  control().userEdited(narrow(win32::windowText(window())), static_cast<int>(start),
-                       static_cast<int>(end - start));
+  control().userEdited(editedText(), static_cast<int>(start), static_cast<int>(end - start));
+  // What was typed becomes a placeholder, too.
+  if (isMasked()) show(Property::text);
+}
+
+Text EditView::editedText() const {
+  std::wstring shown = win32::windowText(window());
+  Text text = narrow(shown);
+  if (isMasked()) {
+    replacePlaceholders(text, control().text());
+    wipe(shown.data(), shown.size() * sizeof(wchar_t));
+  }
+  return text;
 }
 
 void EditView::readBack() {

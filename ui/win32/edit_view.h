@@ -7,6 +7,9 @@ namespace tillora::ui::win32 {
 
 /// An edit control. What the user makes of its text goes to the box after each change; a text that
 /// the user did not touch is never written back.
+///
+/// The window of a box with a password character holds placeholders (ui/masked_text.h) and cannot
+/// undo.
 class EditView final : public ViewOf<TextBox> {
  public:
   using ViewOf::ViewOf;
@@ -18,10 +21,12 @@ class EditView final : public ViewOf<TextBox> {
   bool typed(char16_t character) override;
 
  protected:
-  const Text& windowText() const override { return control().text(); }
+  Text windowText() const override;
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  bool isMasked() const { return control().passwordCharacter() != 0; }
+  Text editedText() const;
   void showText();
   void showSelection();
   void showEditing();

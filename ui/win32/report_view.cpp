@@ -22,12 +22,6 @@ void ReportView::create(HWND parent) {
                LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS,
                WS_EX_CLIENTEDGE});
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LPARAM{LVS_EX_FULLROWSELECT});
-  const auto& rows = control().rows();
-  if (std::ranges::any_of(rows,
-                          [](const ListItem& row) { return row.smallIcon != PictureId::none; })) {
-    images_ = makeRowImages(GetSystemMetrics(SM_CXSMICON));
-    send(LVM_SETIMAGELIST, LVSIL_SMALL, images_.get());
-  }
   show(Property::colours);
   showColumns();
   showRows();
@@ -76,9 +70,18 @@ void ReportView::showColumns() {
 }
 
 void ReportView::showRows() {
+  showIcons();
   send(LVM_SETITEMCOUNT, static_cast<WPARAM>(control().count()), LPARAM{LVSICF_NOSCROLL});
   InvalidateRect(window(), nullptr, FALSE);
   showChoice();
+}
+
+// A list that begins empty may get its first icon later.
+void ReportView::showIcons() {
+  const auto hasIcon = [](const ListItem& row) { return row.smallIcon != PictureId::none; };
+  if (images_ || std::ranges::none_of(control().rows(), hasIcon)) return;
+  images_ = makeRowImages(GetSystemMetrics(SM_CXSMICON));
+  send(LVM_SETIMAGELIST, LVSIL_SMALL, images_.get());
 }
 
 void ReportView::showChoice() {

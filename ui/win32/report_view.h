@@ -21,6 +21,7 @@ class ReportView final : public ViewOf<ListView> {
  private:
   void showColumns();
   void showRows();
+  void showIcons();
   void showChoice();
   void give(LVITEMW& item) const;
   /// The row whose first cell begins with what was typed; -1 for none.

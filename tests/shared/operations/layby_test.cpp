@@ -134,7 +134,7 @@ TEST_F(LaybyTest, TabFollowsTheScreenAndAccessKeysLeadToTheBoxes) {
 
 TEST_F(LaybyTest, EveryBoxSelectsItsTextOnFocus) {
   openTab([&](frmOptions& dialog) {
-    for (int i = 0; i < 4; ++i) {
+    for (const int i : {3, 2, 1, 0}) {
       user.click(box(dialog, i));
       EXPECT_EQ(box(dialog, i).selText(), box(dialog, i).text());
     }

@@ -1,5 +1,5 @@
 // How a text box behaves under typing, selection, caret, maximum length and locking: the same
-// without windows as in the platform's edit control.
+// without windows as in the platform's edit control, and in a masked box as in any other.
 #include <gtest/gtest.h>
 
 #include "tests/testing/desk.h"
@@ -10,8 +10,10 @@ namespace {
 using ui::Key;
 using ui::TextBox;
 
-class TextBoxEditing : public ::testing::Test {
+class TextBoxEditing : public ::testing::TestWithParam<char16_t> {
  protected:
+  TextBoxEditing() { form.box.setPasswordCharacter(GetParam()); }
+
   class BoxForm final : public ui::Form {
    public:
     explicit BoxForm(ui::Screen& screen) : Form(screen, u"Box") {
@@ -41,7 +43,10 @@ class TextBoxEditing : public ::testing::Test {
   BoxForm form{desk->screen()};
 };
 
-TEST_F(TextBoxEditing, TypingInsertsAtTheCaretAndMovesIt) {
+INSTANTIATE_TEST_SUITE_P(Boxes, TextBoxEditing, ::testing::Values(char16_t{0}, u'*'),
+                         [](const auto& box) { return box.param == 0 ? "Plain" : "Masked"; });
+
+TEST_P(TextBoxEditing, TypingInsertsAtTheCaretAndMovesIt) {
   with(u"ad", [&] {
     user.press(Key::right);
     user.type(u"bc");
@@ -49,7 +54,7 @@ TEST_F(TextBoxEditing, TypingInsertsAtTheCaretAndMovesIt) {
   });
 }
 
-TEST_F(TextBoxEditing, TypingReplacesTheSelection) {
+TEST_P(TextBoxEditing, TypingReplacesTheSelection) {
   with(u"abcd", [&] {
     form.box.setSelection(1, 2);
     user.type(u"x");
@@ -57,7 +62,7 @@ TEST_F(TextBoxEditing, TypingReplacesTheSelection) {
   });
 }
 
-TEST_F(TextBoxEditing, BackspaceDeletesBeforeTheCaretOrTheSelection) {
+TEST_P(TextBoxEditing, BackspaceDeletesBeforeTheCaretOrTheSelection) {
   with(u"abcd", [&] {
     form.box.setSelection(2, 0);
     user.press(Key::backspace);
@@ -71,7 +76,7 @@ TEST_F(TextBoxEditing, BackspaceDeletesBeforeTheCaretOrTheSelection) {
   });
 }
 
-TEST_F(TextBoxEditing, DeleteDeletesAfterTheCaretOrTheSelection) {
+TEST_P(TextBoxEditing, DeleteDeletesAfterTheCaretOrTheSelection) {
   with(u"abcd", [&] {
     user.press(Key::del);
     expect(u"bcd", 0);
@@ -83,7 +88,7 @@ TEST_F(TextBoxEditing, DeleteDeletesAfterTheCaretOrTheSelection) {
   });
 }
 
-TEST_F(TextBoxEditing, ArrowsHomeAndEndMoveTheCaret) {
+TEST_P(TextBoxEditing, ArrowsHomeAndEndMoveTheCaret) {
   with(u"abc", [&] {
     user.press(Key::end);
     expect(u"abc", 3);
@@ -99,7 +104,7 @@ TEST_F(TextBoxEditing, ArrowsHomeAndEndMoveTheCaret) {
   });
 }
 
-TEST_F(TextBoxEditing, AnArrowGoesOnFromTheCaretAndEndsTheSelection) {
+TEST_P(TextBoxEditing, AnArrowGoesOnFromTheCaretAndEndsTheSelection) {
   with(u"abcde", [&] {
     form.box.setSelection(1, 2);
     user.press(Key::left);
@@ -110,7 +115,7 @@ TEST_F(TextBoxEditing, AnArrowGoesOnFromTheCaretAndEndsTheSelection) {
   });
 }
 
-TEST_F(TextBoxEditing, ShiftAndArrowsSelect) {
+TEST_P(TextBoxEditing, ShiftAndArrowsSelect) {
   with(u"abcd", [&] {
     user.press(Key::right, {.shift = true});
     user.press(Key::right, {.shift = true});
@@ -121,7 +126,7 @@ TEST_F(TextBoxEditing, ShiftAndArrowsSelect) {
   });
 }
 
-TEST_F(TextBoxEditing, NothingIsTypedBeyondTheMaximumLength) {
+TEST_P(TextBoxEditing, NothingIsTypedBeyondTheMaximumLength) {
   form.box.setMaxLength(3);
   with(u"ab", [&] {
     user.press(Key::end);
@@ -133,7 +138,7 @@ TEST_F(TextBoxEditing, NothingIsTypedBeyondTheMaximumLength) {
   });
 }
 
-TEST_F(TextBoxEditing, PastingFillsUpToTheMaximumLength) {
+TEST_P(TextBoxEditing, PastingFillsUpToTheMaximumLength) {
   form.box.setMaxLength(5);
   with(u"ab", [&] {
     form.box.setSelection(1, 1);
@@ -142,7 +147,7 @@ TEST_F(TextBoxEditing, PastingFillsUpToTheMaximumLength) {
   });
 }
 
-TEST_F(TextBoxEditing, TextSetByCodeIsNotCutToTheMaximumLength) {
+TEST_P(TextBoxEditing, TextSetByCodeIsNotCutToTheMaximumLength) {
   form.box.setMaxLength(3);
   with(u"abcdef", [&] {
     user.press(Key::end);
@@ -154,7 +159,7 @@ TEST_F(TextBoxEditing, TextSetByCodeIsNotCutToTheMaximumLength) {
   });
 }
 
-TEST_F(TextBoxEditing, ALockedBoxTakesTheFocusButNoText) {
+TEST_P(TextBoxEditing, ALockedBoxTakesTheFocusButNoText) {
   form.box.setLocked(true);
   with(u"abc", [&] {
     EXPECT_TRUE(form.box.hasFocus());
@@ -166,14 +171,14 @@ TEST_F(TextBoxEditing, ALockedBoxTakesTheFocusButNoText) {
   });
 }
 
-TEST_F(TextBoxEditing, OnlyTheFirstLineIsPastedIntoASingleLine) {
+TEST_P(TextBoxEditing, OnlyTheFirstLineIsPastedIntoASingleLine) {
   with(u"", [&] {
     user.paste(u"one\r\ntwo");
     expect(u"one", 3);
   });
 }
 
-TEST_F(TextBoxEditing, EnterMakesALineInABoxOfLines) {
+TEST_P(TextBoxEditing, EnterMakesALineInABoxOfLines) {
   with(u"", [&] {
     user.click(form.lines);
     user.type(u"one");
@@ -186,7 +191,7 @@ TEST_F(TextBoxEditing, EnterMakesALineInABoxOfLines) {
   });
 }
 
-TEST_F(TextBoxEditing, EachEditRaisesChangeOnceAndLaterThanItsText) {
+TEST_P(TextBoxEditing, EachEditRaisesChangeOnceAndLaterThanItsText) {
   std::vector<Text> seen;
   form.box.change = [&] { seen.push_back(form.box.text()); };
   with(u"", [&] {
@@ -197,7 +202,7 @@ TEST_F(TextBoxEditing, EachEditRaisesChangeOnceAndLaterThanItsText) {
   EXPECT_EQ(seen, (std::vector<Text>{u"a", u"ab", u"a"}));
 }
 
-TEST_F(TextBoxEditing, AHandlerCanDiscardACharacter) {
+TEST_P(TextBoxEditing, AHandlerCanDiscardACharacter) {
   form.box.keyPress = [](char16_t& key) {
     if (key == u'b') key = 0;
   };
@@ -207,7 +212,7 @@ TEST_F(TextBoxEditing, AHandlerCanDiscardACharacter) {
   });
 }
 
-TEST_F(TextBoxEditing, AHandlerCanChangeACharacter) {
+TEST_P(TextBoxEditing, AHandlerCanChangeACharacter) {
   form.box.keyPress = [](char16_t& key) {
     if (key == u'b') key = u'B';
   };
@@ -217,7 +222,7 @@ TEST_F(TextBoxEditing, AHandlerCanChangeACharacter) {
   });
 }
 
-TEST_F(TextBoxEditing, ACharacterLandsWhereItWasTypedThoughTheFocusMovesOn) {
+TEST_P(TextBoxEditing, ACharacterLandsWhereItWasTypedThoughTheFocusMovesOn) {
   form.box.keyPress = [&](char16_t&) { form.lines.setFocus(); };
   with(u"", [&] {
     user.type(u"a");
@@ -229,7 +234,7 @@ TEST_F(TextBoxEditing, ACharacterLandsWhereItWasTypedThoughTheFocusMovesOn) {
   });
 }
 
-TEST_F(TextBoxEditing, TheDeleteCharacterIsNeverTyped) {
+TEST_P(TextBoxEditing, TheDeleteCharacterIsNeverTyped) {
   with(u"abc", [&] {
     user.press(Key::end);
     user.press(Key::backspace, {.ctrl = true});
@@ -237,7 +242,7 @@ TEST_F(TextBoxEditing, TheDeleteCharacterIsNeverTyped) {
   });
 }
 
-TEST_F(TextBoxEditing, AnyCharacterOfThePlatformCanBeTyped) {
+TEST_P(TextBoxEditing, AnyCharacterOfThePlatformCanBeTyped) {
   with(u"", [&] {
     user.type(u"\u00e9\u4e2d\u20ac");
     expect(u"\u00e9\u4e2d\u20ac", 3);

@@ -98,6 +98,29 @@ TEST_F(ContentsTest, TypedTextReachesTheBox) {
   });
 }
 
+TEST_F(ContentsTest, TheWindowOfAMaskedBoxDoesNotHoldItsText) {
+  show([&] {
+    user.click(gallery.secret);
+    user.press(Key::end);
+    user.type(u"s!");
+    EXPECT_EQ(gallery.secret.text(), u"secrets!");
+    const Text shown = shownIn(gallery.secret);
+    EXPECT_EQ(shown.size(), 8U);
+    EXPECT_EQ(shown.find_first_of(gallery.secret.text()), Text::npos);
+  });
+}
+
+TEST_F(ContentsTest, AMaskedBoxCannotUndo) {
+  show([&] {
+    user.click(gallery.secret);
+    user.type(u"ab");
+    EXPECT_EQ(SendMessageW(windowOf(gallery.secret), EM_CANUNDO, 0, 0), 0);
+    SendMessageW(windowOf(gallery.secret), EM_UNDO, 0, 0);
+    EXPECT_EQ(gallery.secret.text(), u"absecret");
+    EXPECT_EQ(shownIn(gallery.secret).size(), 8U);
+  });
+}
+
 TEST_F(ContentsTest, TextSetByCodeShowsAndIsNotTakenForAnEdit) {
   int changes = 0;
   gallery.name.setMaxLength(3);

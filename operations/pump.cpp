@@ -1,0 +1,197 @@
+#include "operations/pump.h"
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "operations/frmPumpGrade.h"
+#include "support/check_box_bits.h"
+#include "support/modListViewSupport.h"
+#include "support/numbers.h"
+#include "support/table_rows.h"
+#include "ui/form.h"
+#include "ui/layout.h"
+
+namespace tillora {
+namespace {
+
+using ui::Cell;
+
+constexpr std::int32_t kHighestGrade = 15;
+constexpr std::int32_t kReservedGrade = 12;  // for the pump console
+
+constexpr int kListHeight = 3000;
+constexpr int kUnitWidth = 1800;
+
+std::int32_t numberOf(const Text& grade) { return std::stoi(toUtf8(grade)); }
+
+}  // namespace
+
+PumpGrades::PumpGrades(OptionsDialog& dialog) : OptionsTab(dialog), ltvPump(makeList()) {
+  makeButtons();
+  makeReceiptOptions();
+  layOut();
+  onRowDoubleClick(ltvPump, [this] { editGrade(); });
+  cmdPump[add].click = [this] { addGrade(); };
+  cmdPump[remove].click = [this] { deleteGrade(); };
+  cmdPump[edit].click = [this] { editGrade(); };
+}
+
+ui::ListView& PumpGrades::makeList() {
+  ui::Frame& page = dialog_.page(TabPage::pump);
+  lblPump.set(assignments, page.add<ui::Label>(u"&Grade and Product Assignments"));
+  auto& list = page.add<ui::ListView>();
+  for (const char16_t* header : {u"Grade", u"Product", u"Caption"}) list.addColumn(header);
+  toggleHeaderButtons(list);
+  return list;
+}
+
+void PumpGrades::makeButtons() {
+  ui::Frame& page = dialog_.page(TabPage::pump);
+  cmdPump.set(add, page.add<ui::CommandButton>(u"&New")).setToolTip(u"Add a new Grade");
+  cmdPump.set(remove, page.add<ui::CommandButton>(u"D&elete"))
+      .setToolTip(u"Delete the selected grade from the list");
+  cmdPump.set(edit, page.add<ui::CommandButton>(u"&Edit"))
+      .setToolTip(u"Assign a product to the selected grade");
+}
+
+void PumpGrades::makeReceiptOptions() {
+  ui::Frame& page = dialog_.page(TabPage::pump);
+  lblPump.set(note, page.add<ui::Label>(u"Note: Grade number 12 is reserved for special use in "
+                                        u"the Pump Console."));
+  lblPump.set(volumeUnitLabel, page.add<ui::Label>(u"Caption for &volume unit"));
+  txtPump.set(volumeUnit, page.add<ui::TextBox>());
+  lblPump.set(priceUnitLabel, page.add<ui::Label>(u"Caption for price per &unit"));
+  txtPump.set(priceUnit, page.add<ui::TextBox>());
+  chkPump.set(0, page.add<ui::CheckBox>(u"Print Pump Dispenser Caption on Receipt"));
+}
+
+void PumpGrades::layOut() {
+  ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::pump));
+  rows.row({{lblPump[assignments], Cell::kFill}});
+  rows.block(ltvPump, kListHeight);
+  rows.row({{cmdPump[add]}, {cmdPump[remove]}, {cmdPump[edit]}});
+  rows.row({{lblPump[note], Cell::kFill}});
+  rows.gap();
+  rows.labelColumn({&lblPump[volumeUnitLabel], &lblPump[priceUnitLabel]});
+  rows.field(lblPump[volumeUnitLabel], {{txtPump[volumeUnit], kUnitWidth}});
+  rows.field(lblPump[priceUnitLabel], {{txtPump[priceUnit], kUnitWidth}});
+  rows.row({{chkPump[0], Cell::kFill}});
+}
+
+void PumpGrades::load(OptionsRecord& record) {
+  txtPump[volumeUnit].setText(record.getOrDefault(options::PumpVolumeUnitCaption));
+  txtPump[priceUnit].setText(record.getOrDefault(options::PumpPriceUnitCaption));
+  showBits(chkPump, record.getOrDefault(options::PumpOptionBits));
+  loadGrades();
+}
+
+void PumpGrades::loadGrades() {
+  const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
+  std::vector<ui::ListItem> rows;
+  std::set<std::int32_t> listed;
+  for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
+    const auto number = wholeNumber(table->get(fields::grade::GradeNumber));
+    if (!number || !listed.insert(*number).second) continue;
+    rows.push_back({{decimalText(*number), table->text(fields::grade::Product),
+                     table->text(fields::grade::Caption)}});
+  }
+  ltvPump.setRows(std::move(rows));
+  if (ltvPump.count() > 0) selectRow(ltvPump, 0);
+  rowsChanged();
+}
+
+void PumpGrades::rowsChanged() {
+  autoSizeColumns(ltvPump, 0, ColumnFit::contentsOrHeader);
+  for (const Command command : {remove, edit}) cmdPump[command].setEnabled(ltvPump.count() > 0);
+}
+
+void PumpGrades::addGrade() {
+  const auto number = freeNumber();
+  if (!number) {
+    // It says 15 though 14 is the most, since 12 is never given to a new grade.
+    dialog_.messages().warn(u"You cannot add more grades.  A maximum of " +
+                                decimalText(kHighestGrade) + u" grades are allowed.",
+                            u"Cannot add grade");
+    return;
+  }
+  frmPumpGrade dialog(ltvPump.form().screen());
+  dialog.GradeNumber = *number;
+  dialog.Product = kNoProduct;
+  if (!accepted(dialog)) return;
+  selectRow(ltvPump, ltvPump.addRow({{decimalText(*number), dialog.Product, dialog.Caption}}));
+  rowsChanged();
+  dialog_.markChanged();
+  if (*number == kHighestGrade) cmdPump[add].setEnabled(false);
+}
+
+std::optional<std::int32_t> PumpGrades::freeNumber() const {
+  for (std::int32_t number = 1; number <= kHighestGrade; ++number) {
+    if (number != kReservedGrade && !isListed(decimalText(number))) return number;
+  }
+  return std::nullopt;
+}
+
+bool PumpGrades::isListed(const Text& gradeNumber) const {
+  return std::ranges::any_of(
+      ltvPump.rows(), [&](const ui::ListItem& row) { return row.texts[grade] == gradeNumber; });
+}
+
+void PumpGrades::editGrade() {
+  const int row = ltvPump.selectedRow();
+  if (row < 0) return;
+  const Text number = ltvPump.text(row, grade);
+  frmPumpGrade dialog(ltvPump.form().screen());
+  dialog.EditMode = true;
+  dialog.GradeNumber = numberOf(number);
+  dialog.Caption = ltvPump.text(row, caption);
+  dialog.Product = ltvPump.text(row, product);
+  if (!accepted(dialog)) return;
+  ltvPump.setRow(row, {{number, dialog.Product, dialog.Caption}});
+  rowsChanged();
+  dialog_.markChanged();
+}
+
+bool PumpGrades::accepted(frmPumpGrade& dialog) {
+  dialog.DBJetObject = dialog_.host().database;
+  dialog.SettingsObject = dialog_.host().settings;
+  dialog.showModal();
+  return !dialog.Cancelled();
+}
+
+void PumpGrades::deleteGrade() {
+  const int row = ltvPump.selectedRow();
+  if (row < 0) return;
+  const Text question =
+      u"Are you sure you want to permanently delete grade " + ltvPump.text(row, grade) + u" ?";
+  if (!dialog_.messages().ask(question, u"Delete grade")) return;
+  ltvPump.removeRow(row);
+  dialog_.markChanged();
+  cmdPump[add].setEnabled(true);
+  rowsChanged();
+}
+
+void PumpGrades::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+  record.set(options::PumpVolumeUnitCaption, txtPump[volumeUnit].text());
+  record.set(options::PumpPriceUnitCaption, txtPump[priceUnit].text());
+  saveBits(record, options::PumpOptionBits, tickedBits(chkPump));
+  saveGrades();
+}
+
+void PumpGrades::saveGrades() {
+  const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
+  std::set<Text> listed;
+  for (const ui::ListItem& row : ltvPump.rows()) {
+    const Text& number = row.texts[grade];
+    listed.insert(number);
+    editOrAdd(*table, u"[GradeNumber] = " + number);
+    table->set(fields::grade::GradeNumber, numberOf(number));
+    table->set(fields::grade::Product, row.texts[product]);
+    table->set(fields::grade::Caption, row.texts[caption]);
+    table->update();
+  }
+  removeUnlisted(*table, fields::grade::GradeNumber, listed, [](const Text&) { return true; });
+}
+
+}  // namespace tillora

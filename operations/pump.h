@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "component/options_tab.h"
+#include "ui/buttons.h"
+#include "ui/control_array.h"
+#include "ui/label.h"
+#include "ui/lists.h"
+#include "ui/text_box.h"
+
+namespace tillora {
+
+class frmPumpGrade;
+
+/// The fuel pump grades with the product and caption of each, and what a receipt says of pumps.
+class PumpGrades final : public OptionsTab {
+ public:
+  /// Indexes of cmdPump.
+  enum Command : std::uint8_t { add, remove, edit };
+  /// Indexes of txtPump.
+  enum Box : std::uint8_t { volumeUnit, priceUnit };
+  /// Indexes of lblPump.
+  enum Label : std::uint8_t { assignments, note, volumeUnitLabel, priceUnitLabel };
+  /// Columns of ltvPump.
+  enum Column : std::uint8_t { grade, product, caption };
+
+  explicit PumpGrades(OptionsDialog& dialog);
+  void load(OptionsRecord& record) override;
+  void save(OptionsRecord& record, OptionChanges& changes) override;
+
+  ui::ControlArray<ui::Label> lblPump;
+  ui::ListView& ltvPump;
+  ui::ControlArray<ui::CommandButton> cmdPump;
+  ui::ControlArray<ui::TextBox> txtPump;
+  ui::ControlArray<ui::CheckBox> chkPump;  ///< by bit of PumpOptionBits
+
+ private:
+  ui::ListView& makeList();
+  void makeButtons();
+  void makeReceiptOptions();
+  void layOut();
+
+  void loadGrades();
+  void saveGrades();
+
+  void addGrade();
+  void editGrade();
+  void deleteGrade();
+  /// Shows the dialog; false where it was cancelled.
+  bool accepted(frmPumpGrade& dialog);
+  /// The lowest number that a new grade can have; none where there is none left.
+  std::optional<std::int32_t> freeNumber() const;
+  bool isListed(const Text& gradeNumber) const;
+  void rowsChanged();
+};
+
+}  // namespace tillora

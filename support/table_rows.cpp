@@ -1,0 +1,33 @@
+#include "support/table_rows.h"
+
+#include "support/numbers.h"
+
+namespace tillora {
+
+std::optional<Text> keyOf(Table& table, Field key) {
+  const Value value = table.get(key);
+  if (const auto* text = std::get_if<Text>(&value)) return *text;
+  if (const auto number = wholeNumber(value)) return decimalText(*number);
+  return std::nullopt;
+}
+
+void editOrAdd(Table& table, TextView criteria) {
+  table.findFirst(criteria);
+  if (table.noMatch()) {
+    table.addNew();
+  } else {
+    table.edit();
+  }
+}
+
+void removeUnlisted(Table& table, Field key, const std::set<Text>& listed,
+                    const std::function<bool(const Text&)>& isOurs) {
+  std::set<Text> awaited = listed;
+  for (table.moveFirst(); !table.atEnd(); table.moveNext()) {
+    const std::optional<Text> found = keyOf(table, key);
+    if (!found || awaited.erase(*found) != 0) continue;
+    if (listed.contains(*found) || isOurs(*found)) table.remove();
+  }
+}
+
+}  // namespace tillora

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <set>
+
+#include "component/host_objects.h"
+
+/// Tables that a list on a tab stands for, row by row, told apart by a key.
+namespace tillora {
+
+/// The key of the current row: a text as it is, a whole number in decimal; none where the row holds
+/// neither.
+std::optional<Text> keyOf(Table& table, Field key);
+
+/// Starts editing of the first row that satisfies the criteria, or a new row where there is none.
+void editOrAdd(Table& table, TextView criteria);
+
+/// Deletes the rows that a list, written to the table before, does not hold: those with a key that
+/// is not listed and that `isOurs` confirms, and all but the first of those with one listed key.
+/// Rows without a key stay.
+void removeUnlisted(Table& table, Field key, const std::set<Text>& listed,
+                    const std::function<bool(const Text&)>& isOurs);
+
+}  // namespace tillora

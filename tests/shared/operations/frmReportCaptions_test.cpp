@@ -1,0 +1,431 @@
+#include "operations/frmReportCaptions.h"
+
+#include "operations/report_captions.h"
+#include "tests/testing/options_test.h"
+
+namespace tillora::testing {
+namespace {
+
+using ui::Key;
+using Dialog = frmReportCaptions;
+
+std::vector<Text> defaultsOf(std::span<const ReportCaption> table) {
+  std::vector<Text> texts;
+  for (const ReportCaption& caption : table) texts.emplace_back(caption.standard);
+  return texts;
+}
+
+class ReportCaptionsDialogTest : public OptionsTest {
+ protected:
+  ReportCaptionsDialogTest() {
+    messages.setSettings(options_.SettingsObject);
+    for (std::size_t i = 0; i < kReportTitles.size(); ++i) {
+      titles.push_back(u"Title " + Text(i + 1, u'i'));
+    }
+    for (std::size_t i = 0; i < kReportDetails.size(); ++i) {
+      details.push_back(u"Detail " + Text(i + 1, u'i'));
+    }
+  }
+  void TearDown() override {
+    messages.setSettings(nullptr);
+    OptionsTest::TearDown();
+  }
+
+  /// Shows the dialog with `titles` and `details`, which become what is handed back.
+  /// @return whether it was cancelled
+  bool show(const std::function<void(Dialog&)>& act) {
+    Dialog dialog(desk->screen(), messages);
+    dialog.Titles = titles;
+    dialog.Details = details;
+    desk->whenShown([&](ui::Form&) { act(dialog); });
+    dialog.showModal();
+    titles = dialog.Titles;
+    details = dialog.Details;
+    return dialog.Cancelled();
+  }
+  static std::vector<Text> shown(const ui::ControlArray<ui::TextBox>& texts) {
+    std::vector<Text> shown;
+    for (const auto& [index, box] : texts) shown.push_back(box->text());
+    return shown;
+  }
+  void enter(ui::TextBox& box, TextView text) {
+    user.click(box);
+    user.selectAll();
+    if (text.empty()) {
+      user.press(Key::del);
+    } else {
+      user.paste(text);
+    }
+  }
+  void expectTitlesWarning(const ShownMessage& message) {
+    EXPECT_EQ(message.text,
+              u"One or more Report Titles are blank.  Report Titles cannot be left blank.\r\n\r\n"
+              u"All blank Report Titles will now be filled with their default captions.");
+    EXPECT_EQ(message.title, u"Report Titles cannot be blank");
+    EXPECT_EQ(message.style, 48);
+    EXPECT_TRUE(message.settingsGiven);
+  }
+  void expectDetailsWarning(const ShownMessage& message) {
+    EXPECT_EQ(message.text,
+              u"One or more Report Detail captions are blank.  Report Detail captions cannot be "
+              u"left blank.\r\n\r\n"
+              u"All blank Report Detail captions will now be filled with their default captions.");
+    EXPECT_EQ(message.title, u"Report Detail captions cannot be blank");
+    EXPECT_EQ(message.style, 48);
+    EXPECT_TRUE(message.settingsGiven);
+  }
+
+  Messages messages{boxes};
+  std::vector<Text> titles;
+  std::vector<Text> details;
+};
+
+TEST_F(ReportCaptionsDialogTest, TheTextsOfTheDialog) {
+  show([&](Dialog& dialog) {
+    EXPECT_EQ(dialog.caption(), u"Report Captions");
+    EXPECT_EQ(dialog.tabReportCaptions.tabs(),
+              (std::vector<Text>{u"Report Titles", u"Report Detail Captions"}));
+    EXPECT_EQ(dialog.cmdCommand[Dialog::ok].caption(), u"OK");
+    EXPECT_EQ(dialog.cmdCommand[Dialog::cancel].caption(), u"Cancel");
+    const auto& resetTitles = dialog.cmdCommand[Dialog::resetTitles];
+    EXPECT_EQ(resetTitles.caption(), u"R&eset Report Title Captions");
+    EXPECT_EQ(resetTitles.toolTip(), u"Reset the report titles to the default captions");
+    const auto& resetDetails = dialog.cmdCommand[Dialog::resetDetails];
+    EXPECT_EQ(resetDetails.caption(), u"R&eset Report Detail Captions");
+    EXPECT_EQ(resetDetails.toolTip(), u"Reset the report detail captions to the default captions");
+    EXPECT_EQ(
+        dialog.lblNote.caption(),
+        u"Note: As well as being printed at the top of reports, the Report Titles are displayed as "
+        u"lists in some windows such as the report selection window in Process End-Of-Day.  To "
+        u"enable a Windows keyboard shortcut for a Report Title in a list add an ampersand (&&) "
+        u"character in front of the character to be used as the shortcut.  For example, to use the "
+        u"letter 'a' as the shortcut for the Balance Report enter the title as 'B&&alance Report'. "
+        u" When the title is printed or displayed in a list the ampersand character itself will "
+        u"not be printed or displayed.");
+    EXPECT_FALSE(dialog.lblNote.accessKey());
+    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[Dialog::ok]);
+    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[Dialog::cancel]);
+    EXPECT_EQ(dialog.lblReportTitleCaptions[11].caption(), u"&End Of Day window");
+    for (const auto& [index, label] : dialog.lblReportDetailCaptions) {
+      EXPECT_EQ(label->caption(), kReportDetails[static_cast<std::size_t>(index)].standard);
+    }
+  });
+}
+
+TEST_F(ReportCaptionsDialogTest, ShowsTheCaptionsOfTheCallerAndHandsBackTheEditedOnes) {
+  const auto firstTitles = titles;
+  const auto firstDetails = details;
+  EXPECT_FALSE(show([&](Dialog& dialog) {
+    EXPECT_EQ(shown(dialog.txtReportTitleCaption), firstTitles);
+    EXPECT_EQ(shown(dialog.txtReportDetailCaption), firstDetails);
+    for (const auto& [index, box] : dialog.txtReportTitleCaption) enter(*box, u"t" + box->text());
+    user.clickTab(dialog.tabReportCaptions, 2);
+    for (const auto& [index, box] : dialog.txtReportDetailCaption) enter(*box, u"d" + box->text());
+    user.press(Key::enter);
+  }));
+  for (std::size_t i = 0; i < titles.size(); ++i) EXPECT_EQ(titles[i], u"t" + firstTitles[i]);
+  for (std::size_t i = 0; i < details.size(); ++i) EXPECT_EQ(details[i], u"d" + firstDetails[i]);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(ReportCaptionsDialogTest, ATabShowsItsFrameAlone) {
+  show([&](Dialog& dialog) {
+    const auto expectTab = [&](int tab) {
+      EXPECT_EQ(dialog.tabReportCaptions.selected(), tab);
+      EXPECT_EQ(dialog.fraTitles.visible(), tab == 1);
+      EXPECT_EQ(dialog.fraDetails.visible(), tab == 2);
+      ASSERT_NE(dialog.activeControl(), nullptr);
+      EXPECT_TRUE(dialog.activeControl()->canFocus());
+    };
+    expectTab(1);
+    EXPECT_TRUE(dialog.txtReportTitleCaption[0].hasFocus());
+    user.press(Key::tab, {.ctrl = true});
+    expectTab(2);
+    EXPECT_TRUE(dialog.txtReportDetailCaption[0].hasFocus());
+    user.press(Key::tab, {.ctrl = true});
+    expectTab(1);
+    EXPECT_TRUE(dialog.txtReportTitleCaption[0].hasFocus());
+    user.clickTab(dialog.tabReportCaptions, 2);
+    expectTab(2);
+    user.clickTab(dialog.tabReportCaptions, 2);
+    expectTab(2);
+    user.press(Key::left);
+    expectTab(1);
+  });
+}
+
+TEST_F(ReportCaptionsDialogTest, EveryShowBeginsWithTheTitles) {
+  Dialog dialog(desk->screen(), messages);
+  dialog.Titles = titles;
+  dialog.Details = details;
+  for (int round = 0; round < 2; ++round) {
+    desk->whenShown([&](ui::Form&) {
+      EXPECT_EQ(dialog.tabReportCaptions.selected(), 1);
+      EXPECT_TRUE(dialog.fraTitles.visible());
+      EXPECT_EQ(shown(dialog.txtReportTitleCaption), titles);
+      EXPECT_EQ(shown(dialog.txtReportDetailCaption), details);
+      user.type(u"dropped");
+      user.clickTab(dialog.tabReportCaptions, 2);
+      enter(dialog.txtReportDetailCaption[3], u"dropped");
+    });
+    dialog.showModal();
+    EXPECT_TRUE(dialog.Cancelled());
+  }
+}
+
+TEST_F(ReportCaptionsDialogTest, BlanksInBothSetsGiveBothMessagesAndAreFilled) {
+  const auto firstTitles = titles;
+  const auto firstDetails = details;
+  EXPECT_FALSE(show([&](Dialog& dialog) {
+    const auto& titleBox = dialog.txtReportTitleCaption;
+    const auto& detailBox = dialog.txtReportDetailCaption;
+    for (const int i : {0, 11}) enter(titleBox[i], u"");
+    user.clickTab(dialog.tabReportCaptions, 2);
+    for (const int i : {2, 33}) enter(detailBox[i], u"");
+    std::vector<int> tabs;
+    boxes.onShow = [&](const ShownMessage&) {
+      tabs.push_back(dialog.tabReportCaptions.selected());
+      EXPECT_EQ(titleBox[0].text(), u"");
+      EXPECT_EQ(detailBox[2].text(), u"");
+    };
+    user.press(Key::enter);
+    boxes.onShow = nullptr;
+
+    EXPECT_TRUE(dialog.isShown());
+    EXPECT_EQ(tabs, (std::vector<int>{1, 2}));
+    ASSERT_EQ(boxes.shown.size(), 2U);
+    expectTitlesWarning(boxes.shown[0]);
+    expectDetailsWarning(boxes.shown[1]);
+    EXPECT_EQ(dialog.tabReportCaptions.selected(), 2);
+    EXPECT_TRUE(dialog.fraDetails.visible());
+    EXPECT_FALSE(dialog.fraTitles.visible());
+    ASSERT_NE(dialog.activeControl(), nullptr);
+    EXPECT_TRUE(dialog.activeControl()->canFocus());
+    auto expected = firstTitles;
+    expected[0] = u"B&alance Report";
+    expected[11] = u"End of Day";
+    EXPECT_EQ(shown(titleBox), expected);
+    expected = firstDetails;
+    expected[2] = u"Credit Card In Drawer";
+    expected[33] = kReportDetails[33].standard;
+    EXPECT_EQ(shown(detailBox), expected);
+
+    user.click(dialog.cmdCommand[Dialog::ok]);
+    EXPECT_FALSE(dialog.isShown());
+  }));
+  EXPECT_EQ(boxes.shown.size(), 2U);
+  EXPECT_EQ(titles[0], u"B&alance Report");
+  EXPECT_EQ(titles[1], firstTitles[1]);
+  EXPECT_EQ(details[2], u"Credit Card In Drawer");
+}
+
+TEST_F(ReportCaptionsDialogTest, BlanksInOneSetGiveItsMessageOnly) {
+  show([&](Dialog& dialog) {
+    for (const auto& [index, box] : dialog.txtReportTitleCaption) enter(*box, u"");
+    user.clickTab(dialog.tabReportCaptions, 2);
+    user.press(Key::enter);
+    ASSERT_EQ(boxes.shown.size(), 1U);
+    expectTitlesWarning(boxes.shown[0]);
+    EXPECT_EQ(dialog.tabReportCaptions.selected(), 1);
+    EXPECT_EQ(shown(dialog.txtReportTitleCaption), defaultsOf(kReportTitles));
+    EXPECT_EQ(shown(dialog.txtReportDetailCaption), details);
+
+    user.clickTab(dialog.tabReportCaptions, 2);
+    for (const auto& [index, box] : dialog.txtReportDetailCaption) enter(*box, u"");
+    user.clickTab(dialog.tabReportCaptions, 1);
+    user.click(dialog.cmdCommand[Dialog::ok]);
+    ASSERT_EQ(boxes.shown.size(), 2U);
+    expectDetailsWarning(boxes.shown[1]);
+    EXPECT_EQ(dialog.tabReportCaptions.selected(), 2);
+    EXPECT_EQ(shown(dialog.txtReportDetailCaption), defaultsOf(kReportDetails));
+    EXPECT_TRUE(dialog.isShown());
+  });
+}
+
+TEST_F(ReportCaptionsDialogTest, ACaptionThatCameEmptyIsFilledToo) {
+  titles[5] = u"";
+  details[9] = u"";
+  EXPECT_FALSE(show([&](Dialog&) {
+    user.press(Key::enter);
+    EXPECT_EQ(boxes.shown.size(), 2U);
+    user.press(Key::enter);
+  }));
+  EXPECT_EQ(titles[5], kReportTitles[5].standard);
+  EXPECT_EQ(details[9], kReportDetails[9].standard);
+}
+
+TEST_F(ReportCaptionsDialogTest, OneBlankIsNotEmpty) {
+  EXPECT_FALSE(show([&](Dialog& dialog) {
+    enter(dialog.txtReportTitleCaption[4], u" ");
+    user.press(Key::enter);
+    EXPECT_FALSE(dialog.isShown());
+  }));
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_EQ(titles[4], u" ");
+}
+
+TEST_F(ReportCaptionsDialogTest, FilledBlanksAreDroppedByCancel) {
+  const auto firstTitles = titles;
+  EXPECT_TRUE(show([&](Dialog& dialog) {
+    enter(dialog.txtReportTitleCaption[4], u"");
+    user.press(Key::enter);
+    EXPECT_TRUE(dialog.isShown());
+    user.press(Key::escape);
+    EXPECT_FALSE(dialog.isShown());
+  }));
+  EXPECT_EQ(titles, firstTitles);
+}
+
+TEST_F(ReportCaptionsDialogTest, ResetIsAskedForAndDoneOnYesForItsOwnSet) {
+  const auto firstTitles = titles;
+  const auto firstDetails = details;
+  show([&](Dialog& dialog) {
+    boxes.answers = {MessageResult::yes};
+    user.click(dialog.cmdCommand[Dialog::resetTitles]);
+    ASSERT_EQ(boxes.shown.size(), 1U);
+    EXPECT_EQ(boxes.shown[0].text,
+              u"Are you sure you want to reset all Report Titles to their default captions ?");
+    EXPECT_EQ(boxes.shown[0].title, u"Reset Report Title Captions?");
+    EXPECT_EQ(boxes.shown[0].style, 292);
+    EXPECT_TRUE(boxes.shown[0].settingsGiven);
+    EXPECT_EQ(shown(dialog.txtReportTitleCaption), defaultsOf(kReportTitles));
+    EXPECT_EQ(shown(dialog.txtReportDetailCaption), firstDetails);
+  });
+  EXPECT_EQ(titles, firstTitles);
+  EXPECT_FALSE(show([&](Dialog& dialog) {
+    boxes.shown.clear();
+    boxes.answers = {MessageResult::yes};
+    user.clickTab(dialog.tabReportCaptions, 2);
+    user.accessKey(u'e');
+    ASSERT_EQ(boxes.shown.size(), 1U);
+    EXPECT_EQ(
+        boxes.shown[0].text,
+        u"Are you sure you want to reset all Report Detail captions to their default captions ?");
+    EXPECT_EQ(boxes.shown[0].title, u"Reset Report Detail Captions?");
+    EXPECT_EQ(boxes.shown[0].style, 292);
+    EXPECT_EQ(shown(dialog.txtReportDetailCaption), defaultsOf(kReportDetails));
+    EXPECT_EQ(shown(dialog.txtReportTitleCaption), firstTitles);
+    user.click(dialog.cmdCommand[Dialog::ok]);
+  }));
+  EXPECT_EQ(titles, firstTitles);
+  EXPECT_EQ(details, defaultsOf(kReportDetails));
+}
+
+TEST_F(ReportCaptionsDialogTest, AnyOtherAnswerToAResetChangesNothing) {
+  const auto firstTitles = titles;
+  const auto firstDetails = details;
+  for (const MessageResult answer : {MessageResult::no, MessageResult::cancel, MessageResult::ok}) {
+    EXPECT_FALSE(show([&](Dialog& dialog) {
+      boxes.answers = {answer, answer};
+      user.click(dialog.cmdCommand[Dialog::resetTitles]);
+      user.clickTab(dialog.tabReportCaptions, 2);
+      user.click(dialog.cmdCommand[Dialog::resetDetails]);
+      EXPECT_EQ(shown(dialog.txtReportTitleCaption), firstTitles);
+      EXPECT_EQ(shown(dialog.txtReportDetailCaption), firstDetails);
+      user.click(dialog.cmdCommand[Dialog::ok]);
+    }));
+    EXPECT_EQ(titles, firstTitles);
+    EXPECT_EQ(details, firstDetails);
+  }
+}
+
+TEST_F(ReportCaptionsDialogTest, AmpersandsAndLongTextsAreKeptAsTyped) {
+  EXPECT_FALSE(show([&](Dialog& dialog) {
+    user.type(u"B&alance && Report");
+    enter(dialog.txtReportTitleCaption[1], Text(10000, u'x'));
+    enter(dialog.txtReportTitleCaption[2], u"  'q' \"\u00e9\u4e2d ");
+    user.press(Key::enter);
+  }));
+  EXPECT_EQ(titles[0], u"B&alance && Report");
+  EXPECT_EQ(titles[1], Text(10000, u'x'));
+  EXPECT_EQ(titles[2], u"  'q' \"\u00e9\u4e2d ");
+}
+
+TEST_F(ReportCaptionsDialogTest, EveryWayOutButOkIsCancelling) {
+  const auto firstTitles = titles;
+  const std::vector<std::function<void(Dialog&)>> ways = {
+      [&](Dialog&) { user.press(Key::escape); },
+      [&](Dialog& dialog) { user.click(dialog.cmdCommand[Dialog::cancel]); },
+      [&](Dialog& dialog) { user.closeWindow(dialog); }};
+  for (const auto& leave : ways) {
+    EXPECT_TRUE(show([&](Dialog& dialog) {
+      enter(dialog.txtReportTitleCaption[0], u"");
+      leave(dialog);
+      EXPECT_FALSE(dialog.isShown());
+    }));
+    EXPECT_EQ(titles, firstTitles);
+  }
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(ReportCaptionsDialogTest, AccessKeysReachTheTitles) {
+  show([&](Dialog& dialog) {
+    const std::vector<std::pair<char16_t, int>> keys = {{u'a', 0}, {u'g', 2}, {u'd', 3}, {u'p', 4},
+                                                        {u'u', 5}, {u'r', 6}, {u's', 7}, {u'm', 8},
+                                                        {u'j', 9}, {u'o', 10}};
+    for (const auto& [key, index] : keys) {
+      user.accessKey(key);
+      EXPECT_TRUE(dialog.txtReportTitleCaption[index].hasFocus()) << index;
+      EXPECT_EQ(dialog.txtReportTitleCaption[index].selText(),
+                titles[static_cast<std::size_t>(index)]);
+    }
+    // Two owners: the key walks and presses nothing.
+    user.accessKey(u'e');
+    EXPECT_TRUE(dialog.txtReportTitleCaption[11].hasFocus());
+    user.accessKey(u'e');
+    EXPECT_TRUE(dialog.cmdCommand[Dialog::resetTitles].hasFocus());
+  });
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(ReportCaptionsDialogTest, TabWalksThroughEachPageInOrder) {
+  show([&](Dialog& dialog) {
+    for (const auto& [index, box] : dialog.txtReportTitleCaption) {
+      EXPECT_TRUE(box->hasFocus()) << index;
+      user.press(Key::tab);
+    }
+    EXPECT_TRUE(dialog.cmdCommand[Dialog::resetTitles].hasFocus());
+    user.press(Key::tab);
+    EXPECT_TRUE(dialog.cmdCommand[Dialog::ok].hasFocus());
+    user.press(Key::tab, {.ctrl = true});
+    for (const auto& [index, box] : dialog.txtReportDetailCaption) {
+      EXPECT_TRUE(box->hasFocus()) << index;
+      user.press(Key::tab);
+    }
+    EXPECT_TRUE(dialog.cmdCommand[Dialog::resetDetails].hasFocus());
+  });
+}
+
+TEST_F(ReportCaptionsDialogTest, EverythingFitsAndNoTextIsCutOff) {
+  titles = defaultsOf(kReportTitles);
+  details = defaultsOf(kReportDetails);
+  show([&](Dialog& dialog) {
+    const auto& screen = desk->screen();
+    const ui::Rect pages = dialog.tabReportCaptions.clientArea();
+    for (const ui::Frame* page : {&dialog.fraTitles, &dialog.fraDetails}) {
+      EXPECT_EQ(page->bounds(), pages);
+      for (const auto& control : page->children()) {
+        EXPECT_LE(control->bounds().right(), pages.width) << toUtf8(control->caption());
+        EXPECT_LE(control->bounds().bottom(), pages.height) << toUtf8(control->caption());
+        if (control->kind() == ui::Kind::textBox) {
+          const auto& box = static_cast<const ui::TextBox&>(*control);
+          EXPECT_GE(box.bounds().width, screen.textWidth(box.text()) + 120) << toUtf8(box.text());
+        } else if (control.get() != &dialog.lblNote) {
+          EXPECT_GE(control->bounds().width,
+                    screen.textWidth(ui::withoutAccessKey(control->caption())));
+        }
+      }
+    }
+    const ui::Rect note = dialog.lblNote.bounds();
+    const int lines = note.height / screen.lineHeight();
+    // A tenth of each line may be lost where words wrap.
+    EXPECT_GE(lines * note.width * 9 / 10, screen.textWidth(dialog.lblNote.caption()));
+    for (const int button : {Dialog::ok, Dialog::cancel}) {
+      EXPECT_GT(dialog.cmdCommand[button].bounds().top, pages.bottom());
+      EXPECT_LE(dialog.cmdCommand[button].bounds().bottom(), dialog.clientSize().height);
+    }
+  });
+}
+
+}  // namespace
+}  // namespace tillora::testing
