@@ -225,6 +225,7 @@ TEST_F(EventsTest, ObjectsAndValuesSetInsideTheEventAreForTheNextShowOptions) {
   client->call(u"ShowOptions");
   EXPECT_EQ(tab, 3);
   EXPECT_FALSE(otherShop.calls.empty());
+  client->putReference(u"DBJetObject", nullptr);  // before the shop goes
 }
 
 TEST_F(EventsTest, TheDialogMayBeClosedInsideTheEvent) {
