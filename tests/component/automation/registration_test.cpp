@@ -57,7 +57,7 @@ TEST_F(OptionsRegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
   EXPECT_TRUE(registered.machine.has(classKey + L"\\InprocServer32 [] " + ServerLibrary::path()));
   EXPECT_TRUE(registered.machine.has(classKey + L"\\InprocServer32 [ThreadingModel] Apartment"));
   EXPECT_TRUE(registered.machine.has(classKey + L"\\ProgID [] TilloraOptions.Options.1"));
-  EXPECT_TRUE(registered.machine.mentions(L"TypeLib\\{92ABADCE-DDA1-4620-9C8F-7306584041D2}\\1.0"));
+  EXPECT_TRUE(registered.machine.mentions(L"\\{92ABADCE-DDA1-4620-9C8F-7306584041D2}\\1.0\\0"));
   EXPECT_EQ(Registry::text(before.user, registered.user), "");
 
   EXPECT_EQ(server.registerServer(), S_OK) << "registering again is no failure";
