@@ -58,7 +58,7 @@ export TILLORA_NATIVE_BUILD=${TILLORA_NATIVE_BUILD:-build/native}
 export TILLORA_WINDOWS_BUILD=${TILLORA_WINDOWS_BUILD:-build/windows-x64}
 
 todo=()
-declare -A seen
+declare -A seen=()
 for build in "$TILLORA_NATIVE_BUILD" "$TILLORA_WINDOWS_BUILD"; do
   [ -e "$build/compile_commands.json" ] || continue
   while IFS=$'\t' read -r source hash; do
