@@ -41,6 +41,8 @@ if(WIN32)
          tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
          tillora_windows_libraries gtest_main)
   if(TARGET windows_tests)
+    # Some tests look at the windows with the eyes of another program.
+    add_dependencies(windows_tests drive)
     tillora_resources(resources tests/windows)
     target_sources(windows_tests PRIVATE ${resources})
     # What is tested is optimised; optimising the tests would only take time.
