@@ -183,8 +183,8 @@ TEST_F(ShopRoundTrip, WebSitesAreInTheTableAsTheyWereListed) {
 }
 
 TEST_F(ShopRoundTrip, AddressesThatLookLikeAnythingElseAreFoundAgain) {
-  const std::vector<Text> addresses = {u"100% %s %1", u"&File && <b>", u"a\r\nb", Text(u"x\0y", 3),
-                                       u"x", Text(10000, u'%')};
+  const std::vector<Text> addresses = {u"100% %s %1", u"&File && <b>",  u"a\r\nb", Text(u"x\0y", 3),
+                                       u"x",          Text(10000, u'%')};
   shop->file().execute("DELETE FROM web_sites", u"Test");
   {
     const auto table = shop->database()->webSiteTable();

@@ -77,8 +77,8 @@ TEST_F(MemorySearchTest, ACopyInABlockInUseOrFreeIsSeen) {
 TEST_F(MemorySearchTest, ACopyInOtherMemoryIsSeen) {
   static std::array<char16_t, Canary::kPart> data{};
   std::array<char16_t, Canary::kPart> local{};
-  auto* page = static_cast<char16_t*>(
-      VirtualAlloc(nullptr, 4096, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
+  auto* page =
+      static_cast<char16_t*>(VirtualAlloc(nullptr, 4096, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
   for (char16_t* place : {data.data(), local.data(), page}) {
     for (std::size_t i = 0; i < Canary::kPart; ++i) place[i] = kStored.storedAt(i + 3);
     EXPECT_EQ(searchMemory(kCanaries).elsewhere, 1U);

@@ -425,8 +425,8 @@ TEST_F(WebSitesTest, AnyTextIsSavedFoundAgainAndDeleted) {
 }
 
 TEST_F(WebSitesTest, AHostsTextsStayTextInQuestionsAndCriteria) {
-  const std::vector<Text> texts = {u"100% %s %1 %n", u"&File && <b>", u"a\r\nb\tc", Text(u"x\0y", 3),
-                                   u"http://a/" + Text(10000, u'%')};
+  const std::vector<Text> texts = {u"100% %s %1 %n", u"&File && <b>", u"a\r\nb\tc",
+                                   Text(u"x\0y", 3), u"http://a/" + Text(10000, u'%')};
   for (const Text& text : texts) {
     host.webSites = {site(text, text), site(u"Other", u"other")};
     editTab([&](frmOptions& dialog) {

@@ -18,10 +18,12 @@ class Presser {
   Presser(const wchar_t* title, int button)
       : thread_([this, title, button] {
           HWND box = nullptr;
-          for (int attempt = 0; attempt < 500 && box == nullptr; ++attempt) {
+          for (int attempt = 0; attempt < 200 && box == nullptr; ++attempt) {
             Sleep(10);
             box = FindWindowW(L"#32770", title);
           }
+          // One with another title must not wait for somebody for ever.
+          if (box == nullptr) box = FindWindowW(L"#32770", nullptr);
           if (box == nullptr) return;
           lookAt(box);
           PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
