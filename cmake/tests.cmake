@@ -42,6 +42,8 @@ if(WIN32)
          tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
          tillora_windows_libraries gtest_main)
   if(TARGET windows_tests)
+    # Some tests look at the windows with the eyes of another program.
+    add_dependencies(windows_tests drive)
     tillora_resources(resources tests/windows
       ${TILLORA_IDL_DIR}/TilloraOptions.tlb
       ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md

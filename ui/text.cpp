@@ -1,5 +1,7 @@
 #include "ui/text.h"
 
+#include <algorithm>
+
 namespace tillora {
 namespace {
 
@@ -22,6 +24,11 @@ void appendUtf8(std::string& out, char32_t c) {
 }
 
 }  // namespace
+
+Text nulsAsBlanks(Text text) {
+  std::ranges::replace(text, u'\0', u' ');
+  return text;
+}
 
 std::string toUtf8(TextView text) {
   std::string out;

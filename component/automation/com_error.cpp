@@ -23,8 +23,8 @@ void setErrorObject(const IID& interfaceId, const Error& failure) noexcept {
   if (FAILED(CreateErrorInfo(error.out()))) return;
   // The setters copy the texts; their parameters are not const in every platform header.
   error->SetGUID(interfaceId);
-  error->SetSource(const_cast<wchar_t*>(wide(failure.source())));
-  error->SetDescription(const_cast<wchar_t*>(wide(failure.description())));
+  error->SetSource(const_cast<wchar_t*>(wide(nulsAsBlanks(failure.source()))));
+  error->SetDescription(const_cast<wchar_t*>(wide(nulsAsBlanks(failure.description()))));
   if (!failure.helpFile().empty()) {
     error->SetHelpFile(const_cast<wchar_t*>(wide(failure.helpFile())));
   }

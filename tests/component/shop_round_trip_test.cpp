@@ -182,6 +182,42 @@ TEST_F(ShopRoundTrip, WebSitesAreInTheTableAsTheyWereListed) {
   });
 }
 
+TEST_F(ShopRoundTrip, AddressesThatLookLikeAnythingElseAreFoundAgain) {
+  const std::vector<Text> addresses = {u"100% %s %1", u"&File && <b>",  u"a\r\nb", Text(u"x\0y", 3),
+                                       u"x",          Text(10000, u'%')};
+  shop->file().execute("DELETE FROM web_sites", u"Test");
+  {
+    const auto table = shop->database()->webSiteTable();
+    for (const Text& address : addresses) {
+      table->addNew();
+      table->set(fields::webSite::Description, address);
+      table->set(fields::webSite::URL, address);
+      table->set(fields::webSite::Inactive, false);
+      table->update();
+    }
+  }
+  openOn(TabPage::web, [&](frmOptions& dialog) {
+    auto& web = dialog.tab<WebSites>();
+    ASSERT_EQ(web.ltvWeb.count(), static_cast<int>(addresses.size()));
+    user.clickRow(web.ltvWeb, 4);
+    desk->whenShown([&](ui::Form&) {
+      user.type(u"Edited");
+      user.press(ui::Key::enter);
+    });
+    user.click(web.cmdWeb[WebSites::edit]);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto table = shop->database()->webSiteTable();
+  for (const Text& address : addresses) {
+    ASSERT_FALSE(table->atEnd());
+    EXPECT_EQ(table->text(fields::webSite::URL), address);
+    EXPECT_EQ(table->text(fields::webSite::Description), address == u"x" ? u"Edited" : address);
+    table->moveNext();
+  }
+  EXPECT_TRUE(table->atEnd());
+}
+
 TEST_F(ShopRoundTrip, AChosenDataFileSurvivesTheProgram) {
   const Text file = u"C:\\Books\\O'Neil; a|b \u4e2d.lvd";
   edit([&](frmOptions& dialog) { chooseDataFile(dialog, file); });

@@ -11,6 +11,7 @@
 //   close TITLE           the window's close box
 //   list                  the visible top-level windows: enabled or disabled, class, title
 //   text TITLE CLASS N    the text of the window's N-th visible child of a class, from 1
+//   texts                 class and text of every window of every program, hidden ones included
 //   sleep MILLISECONDS
 //
 // Commands run in order; the first that fails ends with exit code 1 and says why.
@@ -132,6 +133,10 @@ void run(const Arguments& words) {
     const std::size_t number = std::stoul(argument(3));
     if (number < 1 || number > children.size()) throw std::runtime_error("no such child");
     std::wprintf(L"%ls\n", textOf(children[number - 1]).c_str());
+  } else if (command == L"texts") {
+    for (const HWND window : allWindows()) {
+      std::wprintf(L"%ls\t%ls\n", classOf(window).c_str(), textOf(window).c_str());
+    }
   } else if (command == L"sleep") {
     Sleep(std::stoul(argument(1)));
   } else {

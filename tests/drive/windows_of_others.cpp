@@ -11,6 +11,11 @@ BOOL CALLBACK collect(HWND window, LPARAM found) {
   return TRUE;
 }
 
+BOOL CALLBACK collectAny(HWND window, LPARAM found) {
+  reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+  return TRUE;
+}
+
 }  // namespace
 
 std::vector<HWND> topLevelWindows() {
@@ -42,6 +47,16 @@ HWND findChild(HWND window, const std::wstring& className, const std::wstring& t
     if (textOf(child) == text) return child;
   }
   return nullptr;
+}
+
+std::vector<HWND> allWindows() {
+  std::vector<HWND> windows;
+  EnumWindows(&collectAny, reinterpret_cast<LPARAM>(&windows));
+  const std::vector<HWND> roots = windows;
+  for (const HWND root : roots) {
+    EnumChildWindows(root, &collectAny, reinterpret_cast<LPARAM>(&windows));
+  }
+  return windows;
 }
 
 std::wstring classOf(HWND window) {

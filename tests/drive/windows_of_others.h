@@ -18,6 +18,9 @@ std::vector<HWND> childrenOf(HWND window, const std::wstring& className);
 /// The first of them with exactly this text; null for none.
 HWND findChild(HWND window, const std::wstring& className, const std::wstring& text);
 
+/// Every window of every program, hidden ones included.
+std::vector<HWND> allWindows();
+
 std::wstring classOf(HWND window);
 /// Its title or the text in it, asked of the program that owns it.
 std::wstring textOf(HWND window);

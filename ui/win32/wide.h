@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -9,8 +10,13 @@
 
 namespace tillora::ui::win32 {
 
-/// The same UTF-16 units, as Windows functions take them.
-inline std::wstring wide(TextView text) { return {text.begin(), text.end()}; }
+/// The same UTF-16 units, as Windows functions take them: a blank in place of each NUL, which would
+/// be taken for the end.
+inline std::wstring wide(TextView text) {
+  std::wstring copy(text.begin(), text.end());
+  std::ranges::replace(copy, L'\0', L' ');
+  return copy;
+}
 inline Text narrow(std::wstring_view text) { return {text.begin(), text.end()}; }
 
 /// The text of a window, of any length.

@@ -60,6 +60,18 @@ class AutomationHost {
     }
   }
 
+  /// A value on its way between component and host; of a text nothing is left in memory.
+  class Passing {
+   public:
+    explicit Passing(Value passed) : value(std::move(passed)) {}
+    Passing(const Passing&) = delete;
+    Passing& operator=(const Passing&) = delete;
+    ~Passing() {
+      if (auto* text = std::get_if<Text>(&value)) wipe(*text);
+    }
+    Value value;
+  };
+
   static Variant zero(OptionType type) {
     switch (type) {
       case OptionType::Text:
@@ -78,12 +90,12 @@ class AutomationHost {
     for (const OptionInfo& info : kOptionTable) {
       object->add(info.name, [this, record, missing, &info](const Call& call) {
         if (call.isPut()) {
-          record->write(info.option, valueOf(*call.arguments.at(0)));
+          record->write(info.option, Passing(valueOf(*call.arguments.at(0))).value);
           return Variant();
         }
-        const Value value = record->read(info.option);
-        *missing = value.index() == 0 && !missingIsEmpty;
-        return *missing ? zero(info.type) : win32::toVariant(value);
+        const Passing stored(record->read(info.option));
+        *missing = stored.value.index() == 0 && !missingIsEmpty;
+        return *missing ? zero(info.type) : win32::toVariant(stored.value);
       });
     }
     object->add(u"NoValue", [missing](const Call&) { return Variant(*missing); });

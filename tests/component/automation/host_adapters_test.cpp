@@ -278,6 +278,18 @@ TEST_F(HostAdaptersTest, TheMessageBoxGetsTheHostsOwnSettingsObject) {
   EXPECT_EQ(arguments, 4U);
 }
 
+TEST_F(HostAdaptersTest, TheMessageBoxGetsEveryTextAsItIs) {
+  const auto box = ScriptedObject::make();
+  std::vector<Text> shown;
+  box->add(u"Show", [&](const Call& call) {
+    shown = {call.text(0), call.text(2), call.text(3)};
+    return Variant(std::int32_t{1});
+  });
+  const Text odd = Text(u"100% %s %1 &File\r\nx\0after ", 27) + Text(10000, u'&');
+  makeHostMessageBox(ComPtr<IDispatch>(box.get()))->show(odd, message_style::exclamation, odd, odd);
+  EXPECT_EQ(shown, (std::vector<Text>(3, odd)));
+}
+
 TEST_F(HostAdaptersTest, NullGivesNull) {
   EXPECT_EQ(makeJetDatabase(nullptr), nullptr);
   EXPECT_EQ(makeMessageSender(nullptr), nullptr);

@@ -424,6 +424,26 @@ TEST_F(WebSitesTest, AnyTextIsSavedFoundAgainAndDeleted) {
   EXPECT_TRUE(host.webSites.empty());
 }
 
+TEST_F(WebSitesTest, AHostsTextsStayTextInQuestionsAndCriteria) {
+  const std::vector<Text> texts = {u"100% %s %1 %n", u"&File && <b>", u"a\r\nb\tc",
+                                   Text(u"x\0y", 3), u"http://a/" + Text(10000, u'%')};
+  for (const Text& text : texts) {
+    host.webSites = {site(text, text), site(u"Other", u"other")};
+    editTab([&](frmOptions& dialog) {
+      editRow(dialog, 1, u"Edited", u"edited");
+      boxes.shown.clear();
+      boxes.answers = {MessageResult::no};
+      user.clickRow(tab(dialog).ltvWeb, 0);
+      user.click(command(dialog, WebSites::remove));
+      EXPECT_EQ(boxes.shown.at(0).text, u"Are you sure you want to permanently delete web site '" +
+                                            text + u" (" + text + u")' ?");
+    });
+    EXPECT_EQ(host.webSites, (Sites{site(text, text), site(u"Edited", u"edited")}));
+    EXPECT_EQ(host.callsStarting("find WebSiteTable [URL] = '" + toUtf8(text) + "'").size(), 1U);
+    host.calls.clear();
+  }
+}
+
 TEST_F(WebSitesTest, EntriesKeepTheirStateWhateverTypeTheHostHoldsItIn) {
   host.webSites = {site(u"A", u"a"), site(u"B", u"b")};
   host.webSites[0][u"Inactive"] = std::int16_t{-1};

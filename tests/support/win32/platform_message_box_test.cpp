@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <thread>
+#include <vector>
 
 #include "support/win32/wide_text.h"
 
@@ -17,16 +18,14 @@ class Presser {
   Presser(const wchar_t* title, int button)
       : thread_([this, title, button] {
           HWND box = nullptr;
-          for (int attempt = 0; attempt < 500 && box == nullptr; ++attempt) {
+          for (int attempt = 0; attempt < 200 && box == nullptr; ++attempt) {
             Sleep(10);
             box = FindWindowW(L"#32770", title);
           }
+          // One with another title must not wait for somebody for ever.
+          if (box == nullptr) box = FindWindowW(L"#32770", nullptr);
           if (box == nullptr) return;
-          wchar_t buffer[256] = L"";
-          for (HWND child = GetWindow(box, GW_CHILD); child != nullptr;
-               child = GetWindow(child, GW_HWNDNEXT)) {
-            if (GetWindowTextW(child, buffer, 256) > 0) text_ += fromWide(buffer) + u"|";
-          }
+          lookAt(box);
           PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
         }) {}
 
@@ -34,8 +33,38 @@ class Presser {
     thread_.join();
     return text_;
   }
+  /// Of the box's texts, after text(): none of them takes an ampersand for an access key.
+  bool ampersandsShow() const { return ampersandsShow_; }
+  /// After text(): all buttons can be seen and clicked.
+  bool buttonsAreOnScreen() const { return buttonsAreOnScreen_; }
 
  private:
+  void lookAt(HWND box) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(box, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    for (HWND child = GetWindow(box, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+      std::vector<wchar_t> text(static_cast<std::size_t>(GetWindowTextLengthW(child)) + 1);
+      if (GetWindowTextW(child, text.data(), static_cast<int>(text.size())) == 0) continue;
+      text_ += fromWide(text.data()) + u"|";
+      wchar_t name[32]{};
+      GetClassNameW(child, name, 32);
+      if (lstrcmpiW(name, L"Static") == 0) {
+        const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
+        ampersandsShow_ = ampersandsShow_ && (style & SS_NOPREFIX) != 0;
+      } else if (IsWindowVisible(child)) {
+        RECT area{};
+        GetWindowRect(child, &area);
+        RECT seen{};
+        IntersectRect(&seen, &area, &monitor.rcWork);
+        buttonsAreOnScreen_ = buttonsAreOnScreen_ && EqualRect(&seen, &area);
+      }
+    }
+  }
+
+  bool ampersandsShow_ = true;
+  bool buttonsAreOnScreen_ = true;
   Text text_;
   std::thread thread_;
 };
@@ -62,6 +91,36 @@ TEST(PlatformMessageBoxTest, AnswersOkAndNo) {
                                              u"Question of the test", u""),
             MessageResult::no);
   presser.text();
+}
+
+TEST(PlatformMessageBoxTest, WhateverTheTextHoldsStaysText) {
+  const Text shown = u"100% %s%n%1 &File && <b> {0} \\n 'q' \"\r\nx after";
+  Text odd = shown;
+  odd[odd.rfind(u' ')] = u'\0';
+  Presser presser(L"A & B %s tail", IDYES);
+  EXPECT_EQ(PlatformMessageBox(nullptr).show(odd, message_style::questionYesNo,
+                                             Text(u"A & B %s\0tail", 13), odd),
+            MessageResult::yes);
+  EXPECT_NE(presser.text().find(shown + u"\r\n\r\n" + shown + u"|"), Text::npos);
+  EXPECT_TRUE(presser.ampersandsShow());
+}
+
+TEST(PlatformMessageBoxTest, AVeryLongTextLeavesTheButtonsInReach) {
+  for (const char16_t* part : {u"x", u"word ", u"\r\n", u"\U0001f6d2"}) {
+    Text text = u"It begins ";
+    while (text.size() < 10000) text += part;
+    text += u" and ends.";
+    Presser presser(L"Long text of the test", IDNO);
+    EXPECT_EQ(PlatformMessageBox(nullptr).show(text, message_style::questionYesNo,
+                                               u"Long text of the test", u"Really?"),
+              MessageResult::no);
+    const Text shown = presser.text();
+    EXPECT_TRUE(presser.buttonsAreOnScreen()) << toUtf8(part);
+    EXPECT_NE(shown.find(u"It begins "), Text::npos);
+    EXPECT_NE(shown.find(u" ... "), Text::npos);
+    EXPECT_NE(shown.find(u" and ends.\r\n\r\nReally?|"), Text::npos);
+    EXPECT_EQ(toUtf8(shown).find("\xEF\xBF\xBD"), std::string::npos) << "half a character";
+  }
 }
 
 }  // namespace

@@ -338,6 +338,24 @@ TEST_F(ContentsTest, TheUpDownCountsOneByOneTowardsItsLimits) {
   });
 }
 
+TEST_F(ContentsTest, WhatComesAfterANulIsShown) {
+  const Text odd(u"a\0 &b 100%", 10);
+  const Text shown = u"a  &b 100%";
+  gallery.setCaption(odd);
+  gallery.nameLabel.setCaption(odd);
+  gallery.name.setText(odd);
+  show([&] {
+    EXPECT_EQ(shownIn(gallery), shown);
+    EXPECT_EQ(shownIn(gallery.nameLabel), shown);
+    EXPECT_EQ(shownIn(gallery.name), shown);
+    EXPECT_EQ(gallery.name.text(), odd);  // nobody has edited it
+    user.click(gallery.name);
+    user.press(Key::end);
+    user.type(u"!");
+    EXPECT_EQ(gallery.name.text(), shown + u"!");
+  });
+}
+
 TEST_F(ContentsTest, CaptionsFollow) {
   show([&] {
     gallery.setCaption(u"Other");

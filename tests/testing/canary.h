@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace tillora::testing {
+
+/// A password that the test program itself never holds in one piece: only its letters behind a
+/// mask, so that a search of the memory for it finds copies of others. Of ASCII letters and digits,
+/// all different.
+class Canary {
+ public:
+  static constexpr std::size_t kLength = 16;
+  /// So many characters in a row count as a copy; of 8 bits each, more of them are needed than
+  /// turn up in any memory by chance.
+  static constexpr std::size_t kPart = 5;
+  static constexpr std::size_t kNarrowPart = 8;
+
+  explicit consteval Canary(std::u16string_view text) {
+    for (std::size_t i = 0; i < kLength; ++i) {
+      masked_.at(i) = static_cast<unsigned char>(text.at(i) ^ kMask);
+      const auto folded = static_cast<unsigned char>((text.at(i) | kCase) ^ kMask);
+      folded_.at(i) = folded;
+      starts_.at(folded) = true;
+    }
+  }
+
+  /// As it is typed: in capitals and small letters.
+  char16_t at(std::size_t i) const { return masked_.at(i) ^ kMask; }
+  /// As it is stored: in small letters.
+  char16_t storedAt(std::size_t i) const {
+    const char16_t c = at(i);
+    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c | kCase) : c;
+  }
+
+  /// How many parts of it, in UTF-16 or in 8 bits, in capitals or small letters, begin in this
+  /// memory.
+  std::size_t partsIn(const unsigned char* memory, std::size_t size) const {
+    std::size_t found = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+      if (!starts_[(memory[i] | kCase) ^ kMask]) continue;
+      if (isPart(memory + i, size - i, 2, kPart) || isPart(memory + i, size - i, 1, kNarrowPart)) {
+        ++found;
+      }
+    }
+    return found;
+  }
+
+ private:
+  static constexpr unsigned char kMask = 0x95;
+  static constexpr unsigned char kCase = 0x20;
+
+  bool isPart(const unsigned char* at, std::size_t left, std::size_t width,
+              std::size_t length) const {
+    if (left < length * width) return false;
+    for (std::size_t first = 0; first + length <= kLength; ++first) {
+      std::size_t same = 0;
+      while (same < length && ((at[same * width] | kCase) ^ kMask) == folded_[first + same] &&
+             (width == 1 || at[same * width + 1] == 0)) {
+        ++same;
+      }
+      if (same == length) return true;
+    }
+    return false;
+  }
+
+  std::array<unsigned char, kLength> masked_{};
+  std::array<unsigned char, kLength> folded_{};
+  std::array<bool, 256> starts_{};
+};
+
+}  // namespace tillora::testing

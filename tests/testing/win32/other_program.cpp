@@ -1,0 +1,61 @@
+#include "tests/testing/win32/other_program.h"
+
+#include <windows.h>
+
+#include <array>
+#include <memory>
+#include <stdexcept>
+
+namespace tillora::testing {
+namespace {
+
+struct HandleCloser {
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using Handle = std::unique_ptr<void, HandleCloser>;
+
+std::wstring beside(const wchar_t* name) {
+  std::array<wchar_t, MAX_PATH> program{};
+  const std::wstring whole(program.data(),
+                           GetModuleFileNameW(nullptr, program.data(), program.size()));
+  return whole.substr(0, whole.rfind(L'\\') + 1) + name;
+}
+
+}  // namespace
+
+std::string drive(const std::wstring& arguments) {
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  HANDLE ends[2]{};
+  if (!CreatePipe(&ends[0], &ends[1], &inherited, 0)) throw std::runtime_error("CreatePipe");
+  const Handle reading(ends[0]);
+  Handle writing(ends[1]);
+  SetHandleInformation(reading.get(), HANDLE_FLAG_INHERIT, 0);
+
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput = startup.hStdError = writing.get();
+  PROCESS_INFORMATION process{};
+  std::wstring line = L"\"" + beside(L"drive.exe") + L"\" " + arguments;
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                      nullptr, &startup, &process)) {
+    throw std::runtime_error("drive.exe cannot be run");
+  }
+  const Handle running(process.hProcess);
+  const Handle thread(process.hThread);
+  writing.reset();
+
+  std::string printed;
+  std::array<char, 4096> part{};
+  for (DWORD read = 0;
+       ReadFile(reading.get(), part.data(), part.size(), &read, nullptr) && read != 0;) {
+    printed.append(part.data(), read);
+  }
+  WaitForSingleObject(running.get(), INFINITE);
+  DWORD code = 1;
+  GetExitCodeProcess(running.get(), &code);
+  if (code != 0) throw std::runtime_error("drive.exe: " + printed);
+  return printed;
+}
+
+}  // namespace tillora::testing
