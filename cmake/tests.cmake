@@ -35,13 +35,17 @@ endif()
 
 if(WIN32)
   tillora_windows_program(drive FOLDER tests/drive LINK tillora_testing)
+  tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
   tillora_program(windows_tests
     SOURCES ${windows_tests} ${shared_tests}
     LINK tillora_testing tillora_host_automation tillora_automation
          tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
          tillora_windows_libraries gtest_main)
   if(TARGET windows_tests)
-    tillora_resources(resources tests/windows)
+    tillora_resources(resources tests/windows
+      ${TILLORA_IDL_DIR}/TilloraOptions.tlb
+      ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md
+      ${PROJECT_SOURCE_DIR}/tests/com_client/com_client.manifest)
     target_sources(windows_tests PRIVATE ${resources})
     # What is tested is optimised; optimising the tests would only take time.
     target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)

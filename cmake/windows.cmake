@@ -1,6 +1,7 @@
 # Windows only: real windows, the automation servers and the programs.
 enable_language(RC)
 include(idl)
+include(assembly_manifest)
 
 add_library(tillora_windows_libraries INTERFACE)
 target_link_libraries(tillora_windows_libraries INTERFACE
@@ -64,6 +65,7 @@ tillora_automation_server(TilloraOptions
   FOLDER component/automation
   STATIC tillora_automation
   LINK tillora_win32 tillora_core)
+tillora_assembly_manifest(TilloraOptions component/automation)
 tillora_automation_server(TilloraHost
   FOLDER host/automation
   STATIC tillora_host_automation

@@ -34,7 +34,7 @@ constexpr std::array<TabInfo, 12> kTabs = {{
     {u"FRED", 25},
 }};
 
-constexpr ui::Size kClientSize{10650, 8640};
+constexpr ui::Size kClientSize{11400, 8640};
 constexpr int kMargin = 120;
 
 }  // namespace

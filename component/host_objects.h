@@ -167,8 +167,13 @@ class Cursor {
   virtual void moveFirst() = 0;
   virtual bool atEnd() = 0;
   virtual void moveNext() = 0;
-  /// A property of the current item. Nothing else of the item is read.
-  virtual Text get(Text T::*property) = 0;
+  /// Replaces `text` by a property of the current item. Nothing else of the item is read.
+  virtual void read(Text T::*property, Text& text) = 0;
+  Text get(Text T::*property) {
+    Text text;
+    read(property, text);
+    return text;
+  }
   /// The whole current item.
   T current();
 };

@@ -41,9 +41,9 @@ void ShopItems<T>::requireItem() const {
 }
 
 template <class T>
-Text ShopItems<T>::get(Text T::*property) {
+void ShopItems<T>::read(Text T::*property, Text& text) {
   requireItem();
-  return fetched_[next_].*property;
+  text = fetched_[next_].*property;
 }
 
 template <class T>

@@ -11,6 +11,7 @@
 namespace tillora {
 namespace {
 
+constexpr int kListHeight = 6300;
 constexpr TextView kFirstDescription = u"Ledvane Point of Sale Home Page";
 constexpr TextView kFirstUrl = u"https://www.ledvane.example/point-of-sale";
 
@@ -51,12 +52,10 @@ WebSites::WebSites(OptionsDialog& dialog)
 }
 
 void WebSites::layOut() {
-  ui::Frame& page = dialog_.page(TabPage::web);
-  const int buttons = ui::Rows::buttonRow(page, {&cmdWeb[add], &cmdWeb[edit], &cmdWeb[remove]});
-  ui::Rows rows = ui::Rows::onPage(page);
-  const int margin = rows.bottom();
+  ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::web));
   rows.row({{lblWeb, ui::Cell::kFill}});
-  rows.block(ltvWeb, buttons - margin - rows.bottom());
+  rows.block(ltvWeb, kListHeight);
+  rows.row({{cmdWeb[add]}, {cmdWeb[edit]}, {cmdWeb[remove]}});
 }
 
 void WebSites::load(OptionsRecord& /*record*/) {
@@ -139,10 +138,10 @@ void WebSites::save(OptionsRecord& /*record*/, OptionChanges& /*changes*/) {
   const auto table = requireObject(dialog_.host().database, u"DBJetObject").webSiteTable();
   std::set<Text> listed;
   for (const ui::ListItem& row : ltvWeb.rows()) {
-    const Text& address = row.texts[url];
+    const Text address(row.texts[url]);
     listed.insert(address);
     editOrAdd(*table, u"[URL] = " + QuoteJetLiteral(address));
-    table->set(fields::webSite::Description, row.texts[description]);
+    table->set(fields::webSite::Description, Text(row.texts[description]));
     table->set(fields::webSite::URL, address);
     table->set(fields::webSite::Inactive, isInactive(row));
     table->update();

@@ -183,12 +183,12 @@ void PumpGrades::saveGrades() {
   const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
   std::set<Text> listed;
   for (const ui::ListItem& row : ltvPump.rows()) {
-    const Text& number = row.texts[grade];
+    const Text number(row.texts[grade]);
     listed.insert(number);
     editOrAdd(*table, u"[GradeNumber] = " + number);
     table->set(fields::grade::GradeNumber, numberOf(number));
-    table->set(fields::grade::Product, row.texts[product]);
-    table->set(fields::grade::Caption, row.texts[caption]);
+    table->set(fields::grade::Product, Text(row.texts[product]));
+    table->set(fields::grade::Caption, Text(row.texts[caption]));
     table->update();
   }
   removeUnlisted(*table, fields::grade::GradeNumber, listed, [](const Text&) { return true; });

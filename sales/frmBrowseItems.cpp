@@ -38,9 +38,9 @@ class IncomeAccounts {
  public:
   explicit IncomeAccounts(JetDatabase& database) : table_(database.accountTable()) {}
 
-  bool contains(const Text& account) {
-    const auto [known, isNew] = known_.try_emplace(account, false);
-    if (isNew) known->second = find(account);
+  bool contains(TextView account) {
+    const auto [known, isNew] = known_.try_emplace(Text(account), false);
+    if (isNew) known->second = find(known->first);
     return known->second;
   }
 
@@ -62,14 +62,22 @@ void forEach(Cursor<T>& list, Visitor visit) {
   for (list.moveFirst(); !list.atEnd(); list.moveNext()) visit(list);
 }
 
-/// A row of these properties of the current item.
+/// Makes rows of properties of the current item.
 template <class T>
-ListItem rowOf(Cursor<T>& list, std::initializer_list<Text T::*> properties) {
-  ListItem row;
-  row.texts.reserve(properties.size());
-  for (const auto property : properties) row.texts.push_back(list.get(property));
-  return row;
-}
+class RowReader {
+ public:
+  ListItem row(Cursor<T>& list, std::initializer_list<Text T::*> properties) {
+    ListItem item;
+    for (const auto property : properties) {
+      list.read(property, text_);
+      item.texts.add(text_);
+    }
+    return item;
+  }
+
+ private:
+  Text text_;
+};
 
 }  // namespace
 
@@ -162,11 +170,12 @@ std::vector<ListItem> frmBrowseItems::rows() const {
 
 std::vector<ListItem> frmBrowseItems::productRows() const {
   std::vector<ListItem> rows;
+  RowReader<Item> reader;
   forEach(*requireObject(DBJetObject, u"DBJetObject").itemList(), [&](Cursor<Item>& items) {
     const Text itemType = items.get(&Item::itemType);
     if (std::ranges::find(kProductTypes, itemType) == kProductTypes.end()) return;
     rows.push_back(
-        rowOf(items, {&Item::productNumber, &Item::group, &Item::name, &Item::description}));
+        reader.row(items, {&Item::productNumber, &Item::group, &Item::name, &Item::description}));
   });
   return rows;
 }
@@ -175,19 +184,22 @@ std::vector<ListItem> frmBrowseItems::roundingRows() const {
   std::vector<ListItem> rows;
   JetDatabase& database = requireObject(DBJetObject, u"DBJetObject");
   IncomeAccounts incomeAccounts(database);
+  RowReader<Item> reader;
   forEach(*database.itemList(), [&](Cursor<Item>& items) {
     if (items.get(&Item::itemType) != kOtherCharge) return;
-    ListItem row = rowOf(items, {&Item::group, &Item::name, &Item::description, &Item::account});
-    if (incomeAccounts.contains(row.texts.back())) rows.push_back(std::move(row));
+    ListItem row =
+        reader.row(items, {&Item::group, &Item::name, &Item::description, &Item::account});
+    if (incomeAccounts.contains(row.texts[3])) rows.push_back(std::move(row));
   });
   return rows;
 }
 
 std::vector<ListItem> frmBrowseItems::paymentRows() const {
   std::vector<ListItem> rows;
+  RowReader<PaymentItem> reader;
   forEach(*requireObject(DBJetObject, u"DBJetObject").paymentItemList(),
           [&](Cursor<PaymentItem>& items) {
-            rows.push_back(rowOf(
+            rows.push_back(reader.row(
                 items, {&PaymentItem::name, &PaymentItem::description, &PaymentItem::account}));
           });
   return rows;
@@ -200,8 +212,9 @@ void frmBrowseItems::preselect() {
   const Text group = hasGroup ? SelectedValue.substr(0, colon) : Text();
   const Text name = hasGroup ? SelectedValue.substr(colon + 1) : SelectedValue;
   for (int row = 0; row < ltvItems.count(); ++row) {
-    const bool matches = ltvItems.text(row, shown.name) == name &&
-                         (!shown.group || ltvItems.text(row, *shown.group) == group);
+    const auto& texts = ltvItems.rows()[static_cast<std::size_t>(row)].texts;
+    const bool matches = texts[static_cast<std::size_t>(shown.name)] == name &&
+                         (!shown.group || texts[static_cast<std::size_t>(*shown.group)] == group);
     if (!matches && !SelectedValue.empty()) continue;
     selectRow(ltvItems, row);
     return;
@@ -217,7 +230,7 @@ void frmBrowseItems::accept() {
 
 Text frmBrowseItems::valueOf(int row) const {
   const Columns& shown = columns();
-  const Text& name = ltvItems.text(row, shown.name);
+  const Text name = ltvItems.text(row, shown.name);
   if (!shown.group || ltvItems.text(row, *shown.group).empty()) return name;
   return ltvItems.text(row, *shown.group) + u":" + name;
 }

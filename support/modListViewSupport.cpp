@@ -1,6 +1,7 @@
 #include "support/modListViewSupport.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,12 +17,34 @@ constexpr int kCellMargin = 180;         // beside a cell's text, both sides tog
 constexpr int kSmallIcon = 270;          // the icon before the text of the first column
 constexpr std::size_t kMostShown = 259;  // characters that the platform's list shows of a cell
 
+/// Number of bytes with which all keys begin alike.
+template <class Key>
+std::size_t commonPrefix(std::size_t count, const Key& key) {
+  if (count == 0) return 0;
+  std::string_view common = key(0);
+  for (std::size_t row = 1; row < count && !common.empty(); ++row) {
+    const std::string_view other = key(row);
+    const auto differs = std::ranges::mismatch(common, other).in1;
+    common = common.substr(0, static_cast<std::size_t>(differs - common.begin()));
+  }
+  return common.size();
+}
+
+/// The first eight bytes as a number in the same order; zeros stand for bytes beyond the end.
+std::uint64_t firstBytes(std::string_view key) {
+  std::uint64_t number = 0;
+  for (std::size_t i = 0; i < sizeof number; ++i) {
+    number = number << 8 | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+  }
+  return number;
+}
+
 int fittingWidth(const ui::ListView& list, int column, ColumnFit fit) {
   const ui::Screen& screen = list.form().screen();
   int width = 0;
   for (int row = 0; row < list.count(); ++row) {
-    int cell = screen.textWidth(TextView(list.text(row, column)).substr(0, kMostShown));
     const auto& item = list.rows()[static_cast<std::size_t>(row)];
+    int cell = screen.textWidth(item.texts[static_cast<std::size_t>(column)].substr(0, kMostShown));
     if (column == 0 && item.smallIcon != ui::PictureId::none) cell += kSmallIcon;
     width = std::max(width, cell);
   }
@@ -47,21 +70,32 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum)
 void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& screen) {
   // Keys are made once for each row, one after the other in one buffer: comparing the texts
   // themselves costs a hundred thousand rows a second or two.
+  std::string keys;
+  std::vector<std::size_t> ends;
+  ends.reserve(rows.size());
+  for (const ui::ListItem& row : rows) {
+    screen.appendSortKey(row.texts[static_cast<std::size_t>(column)], keys);
+    ends.push_back(keys.size());
+  }
+  const auto key = [&](std::size_t row) {
+    const std::size_t begin = row == 0 ? 0 : ends[row - 1];
+    return std::string_view(keys).substr(begin, ends[row] - begin);
+  };
+  const std::size_t alike = commonPrefix(rows.size(), key);
+
   struct Place {
-    std::size_t keyBegin;
-    std::size_t keyEnd;
+    std::uint64_t start;  // the first bytes of the key in which keys differ
     std::size_t row;
   };
-  std::string keys;
   std::vector<Place> places;
   places.reserve(rows.size());
   for (std::size_t row = 0; row < rows.size(); ++row) {
-    const std::size_t begin = keys.size();
-    screen.appendSortKey(rows[row].texts[static_cast<std::size_t>(column)], keys);
-    places.push_back({begin, keys.size(), row});
+    places.push_back({firstBytes(key(row).substr(alike)), row});
   }
-  std::ranges::stable_sort(places, {}, [all = std::string_view(keys)](const Place& place) {
-    return all.substr(place.keyBegin, place.keyEnd - place.keyBegin);
+  std::ranges::sort(places, [&](const Place& a, const Place& b) {
+    if (a.start != b.start) return a.start < b.start;
+    const int order = key(a.row).compare(key(b.row));
+    return order != 0 ? order < 0 : a.row < b.row;
   });
 
   std::vector<ui::ListItem> sorted;

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# tour.sh BUILD OUT [DPI]: shows the dialog on every tab and one edit that is applied.
+# tour.sh BUILD OUT [DPI]: shows the dialog on every tab, the dialogs behind its buttons, and one edit
+# that is applied.
 #
-# Leaves in OUT: a picture per tab (tab-01.png ...), the edited and the applied state, and tour.txt:
-# what the edit changed in the shop database and what the host was told. Uses a display and a prefix
-# of its own and a new shop database, which stays in OUT.
+# Leaves in OUT: a picture per tab (tab-01.png ...) and per dialog (dialog-*.png), the edited and the
+# applied state, and tour.txt: what the edit changed in the shop database and what the host was told.
+# Uses a display and a prefix of its own and a new shop database, which stays in OUT.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
@@ -30,7 +31,7 @@ administrator() {
 
 drive() { wine_run 60 "$build/drive.exe" "$@"; }
 
-# picture NAME: the dialog as it looks once two pictures in a row agree.
+# picture NAME [TITLE]: the dialog as it looks once two pictures in a row agree.
 picture() {
   local before= now
   for _ in $(seq 20); do
@@ -40,7 +41,7 @@ picture() {
     sleep 0.15
   done
   local window geometry
-  window=$(xdotool search --onlyvisible --name '^Options$' | tail -1)
+  window=$(xdotool search --onlyvisible --name "^${2:-Options}\$" | tail -1)
   eval "$(xdotool getwindowgeometry --shell "$window")"
   geometry=${WIDTH}x${HEIGHT}+${X}+${Y}
   import -window root -crop "$geometry" +repage "$out/$1.png"
@@ -70,6 +71,26 @@ for tab in $(seq "$TABS"); do
   close_dialog
   say "tab $tab of $TABS"
 done
+
+# dialog NAME TAB TITLE DRIVE...: the dialog that opens on a tab after these words of drive.exe.
+dialog() {
+  open_on "$2"
+  drive "${@:4}"
+  drive wait "$3" 30 || die "\"$3\" did not open; see $WINE_LOG"
+  picture "dialog-$1" "$3"
+  drive key ESC
+  drive gone "$3" 30
+  close_dialog
+  say "$3"
+}
+
+dialog rounding-item 4 "Rounding Item" press Options "Rounding &Item"
+dialog random-price 6 "Random Price Barcode Format" press Options "&Edit"
+dialog default-reports 8 "Default Reports - EOD Processing" press Options "Default Reports..."
+dialog report-captions 8 "Report Captions" key ALT+R
+dialog pump-grade 9 "Edit Pump Grade Information" press Options "&Edit"
+dialog web-site 10 "Edit Web Site Information" press Options "&Edit"
+dialog password 11 "Password to start Tillora Administrator" key SPACE TAB SPACE
 
 dump before
 rm -f "$out/events.log"

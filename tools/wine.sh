@@ -1,6 +1,6 @@
 # Private Wine prefixes and displays for tests and demonstrations. Sourced after common.sh.
 #
-#   wine_open NAME 64|32 [DPI]   makes the prefix build/wine/NAME when missing, starts its server;
+#   wine_open NAME 64|32|both [DPI]   makes the prefix build/wine/NAME when missing, starts its server;
 #                                afterwards `wine_run` and tools/wine_exec.sh use it. With
 #                                WINE_MANAGED=Y its windows are left to a window manager
 #   wine_run SECONDS PROGRAM...  runs a program in it with a time limit
@@ -77,8 +77,8 @@ wine_open() {
   export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LC_ALL=C.UTF-8
   export WINE_RUNNER= WINE_TMPDIR=${TMPDIR:-/tmp}
   unset WINEARCH
-  if [ "$bits" = 32 ]; then
-    export WINEARCH=win32
+  if [ "$bits" != 64 ]; then
+    [ "$bits" = both ] || export WINEARCH=win32
     WINE_RUNNER=$("$REPO/tools/wine32.sh" | tail -1) || return 1
   fi
   mkdir -p "$WINE_HOME"

@@ -72,6 +72,22 @@ void CheckListBox::setListIndex(int row) {
   notify(Property::value);
 }
 
+CellTexts::CellTexts(std::initializer_list<TextView> texts) {
+  for (const TextView text : texts) add(text);
+}
+
+void CellTexts::add(TextView text) {
+  requirePosition(count_, 0, kMost);
+  joined_ += text;
+  ends_[count_++] = static_cast<std::uint32_t>(joined_.size());
+}
+
+TextView CellTexts::operator[](std::size_t cell) const {
+  if (cell >= count_) return {};
+  const std::size_t begin = cell == 0 ? 0 : ends_[cell - 1];
+  return TextView(joined_).substr(begin, ends_[cell] - begin);
+}
+
 ListView::ListView(Container* parent) : Control(parent) {
   setForeColour(kWindowText);
   setBackColour(kWindowBackground);
@@ -97,10 +113,8 @@ void ListView::setClickableHeaders(bool clickable) {
   notify(Property::columns);
 }
 
-const Text& ListView::text(int row, int column) const {
-  const auto& texts = rows_.at(static_cast<std::size_t>(row)).texts;
-  const auto position = static_cast<std::size_t>(column);
-  return position < texts.size() ? texts[position] : kNoText;
+Text ListView::text(int row, int column) const {
+  return Text(rows_.at(static_cast<std::size_t>(row)).texts[static_cast<std::size_t>(column)]);
 }
 
 int ListView::addRow(ListItem item) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <vector>
 
 #include "ui/container.h"
@@ -70,9 +72,28 @@ class CheckListBox final : public Control {
   int listIndex_ = -1;
 };
 
+/// The texts of a row's cells, in one block of memory: a list may have a hundred thousand rows.
+class CellTexts {
+ public:
+  static constexpr std::size_t kMost = 8;
+
+  CellTexts() = default;
+  CellTexts(std::initializer_list<TextView> texts);
+  /// Adds the next cell. Error `invalid index` (380) beyond kMost.
+  void add(TextView text);
+  std::size_t size() const { return count_; }
+  /// Empty beyond the cells that there are.
+  TextView operator[](std::size_t cell) const;
+
+ private:
+  Text joined_;
+  std::array<std::uint32_t, kMost> ends_{};
+  std::uint8_t count_ = 0;
+};
+
 /// One row of a list view: the text of each column and a small icon.
 struct ListItem {
-  std::vector<Text> texts;
+  CellTexts texts;
   PictureId smallIcon = PictureId::none;
 };
 
@@ -100,7 +121,7 @@ class ListView final : public Control {
   const std::vector<ListItem>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
   /// Text of a cell; empty where the row has no such column.
-  const Text& text(int row, int column) const;
+  Text text(int row, int column) const;
   /// Adds a row at the end and returns its position.
   int addRow(ListItem item);
   /// Replaces all rows at once; nothing is selected then.

@@ -58,6 +58,16 @@ DispatchObject DispatchObject::getObject(const char16_t* member, const char16_t*
   return {ComPtr<IDispatch>(object.get().pdispVal), name};
 }
 
+void DispatchObject::readText(Text& text, const char16_t* member) {
+  const Variant value = get(member);
+  if (value.type() == VT_BSTR) {
+    const BSTR string = value.get().bstrVal;
+    text.assign(reinterpret_cast<const char16_t*>(string), SysStringLen(string));
+  } else {
+    text = this->text(value, member);
+  }
+}
+
 Text DispatchObject::text(const Variant& value, const char16_t* member) const {
   if (value.isEmptyOrNull()) return {};
   if (value.type() == VT_BSTR) return Bstr::textOf(value.get().bstrVal);

@@ -60,6 +60,8 @@ class DispatchObject {
   Text getText(const char16_t* member, const Arguments&... arguments) {
     return text(get(member, arguments...), member);
   }
+  /// The same into a text that exists, whose memory is used again.
+  void readText(Text& text, const char16_t* member);
   template <class... Arguments>
   bool getBoolean(const char16_t* member, const Arguments&... arguments) {
     return as<VT_BOOL>(get(member, arguments...), member).get().boolVal != VARIANT_FALSE;

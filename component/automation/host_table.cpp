@@ -81,11 +81,11 @@ class AutomationCursor final : public Cursor<T> {
   }
   bool atEnd() override { return object_.getBoolean(u"EOF"); }
 
-  Text get(Text T::*property) override {
+  void read(Text T::*property, Text& text) override {
     const auto& properties = ItemInterface<T>::properties;
     const auto named =
         std::ranges::find(properties, property, [](const auto& named) { return named.first; });
-    return item().getText(named->second);
+    item().readText(text, named->second);
   }
 
  private:

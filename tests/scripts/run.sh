@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs every *_test.sh and *_test.vbs of this folder and passes their result lines on:
+# Runs every *_test.sh and *_test.vbs of this folder, with a Wine for 32-bit programs the
+# *_test_with_32.sh as well, and passes their result lines on:
 #   ok NAME    FAIL NAME reason    skip NAME reason
 # The environment of a test:
 #   WINE   runs a Windows program:  "$WINE" cscript //nologo file.vbs
@@ -43,6 +44,8 @@ keeper=$!
 trap 'kill "$keeper" 2>/dev/null; rm -rf "$folder"' EXIT
 
 shopt -s nullglob
-for file in *_test.sh *_test.vbs; do
+files=(*_test.sh *_test.vbs)
+[ "$BITS" != 32 ] || files+=(*_test_with_32.sh)
+for file in "${files[@]}"; do
   run_one "$file"
 done

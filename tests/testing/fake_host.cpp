@@ -167,7 +167,7 @@ class FakeCursor final : public Cursor<T>, Counted {
   FakeCursor(FakeHost& host, const std::vector<T>& items) : Counted(host), items_(items) {}
   void moveFirst() override { at_ = 0; }
   bool atEnd() override { return at_ >= items_.size(); }
-  Text get(Text T::*property) override { return items_.at(at_).*property; }
+  void read(Text T::*property, Text& text) override { text = items_.at(at_).*property; }
   void moveNext() override { ++at_; }
 
  private:

@@ -47,12 +47,13 @@ int Metrics::textWidth(TextView text) const {
 }
 
 int Metrics::pixelWidth(TextView text) const {
-  const auto isKnown = [&](char16_t c) { return c < widths_.size(); };
-  if (std::ranges::all_of(text, isKnown)) {
-    int width = 0;
-    for (const char16_t c : text) width += widths_[c];
-    return width;
-  }
+  int width = 0;
+  const auto isKnown = [&](char16_t c) {
+    if (c >= widths_.size()) return false;
+    width += widths_[c];
+    return true;
+  };
+  if (std::ranges::all_of(text, isKnown)) return width;
   const Selection selected(dc_.get(), font_.get());
   SIZE size{};
   GetTextExtentPoint32W(dc_.get(), reinterpret_cast<const wchar_t*>(text.data()),

@@ -103,7 +103,7 @@ void ReportView::showChoice() {
 void ReportView::give(LVITEMW& item) const {
   if (item.iItem < 0 || item.iItem >= control().count()) return;
   if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
-    const Text& text = control().text(item.iItem, item.iSubItem);
+    const Text text = control().text(item.iItem, item.iSubItem);
     const auto length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
     std::copy_n(text.begin(), length, item.pszText);
     item.pszText[length] = L'\0';
@@ -119,9 +119,10 @@ int ReportView::find(const NMLVFINDITEMW& wanted) const {
   const int count = control().count();
   for (int i = 0; i < count; ++i) {
     const int row = (std::max(wanted.iStart, 0) + i) % count;
-    const std::wstring text = wide(control().text(row, 0));
+    const TextView text = control().rows()[static_cast<std::size_t>(row)].texts[0];
     if (text.size() >= typed.size() &&
-        CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, text.data(),
+        CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE,
+                       reinterpret_cast<const wchar_t*>(text.data()),
                        static_cast<int>(typed.size()), typed.data(),
                        static_cast<int>(typed.size())) == CSTR_EQUAL) {
       return row;

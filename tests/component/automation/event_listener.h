@@ -4,11 +4,15 @@
 
 #include <oleauto.h>
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "TilloraOptions.h"
+#include "support/win32/bstr.h"
 #include "support/win32/com_ptr.h"
+#include "ui/error.h"
 
 namespace tillora::testing {
 
@@ -22,6 +26,8 @@ class EventListener final : public IDispatch {
     return win32::ComPtr<EventListener>::adopt(new EventListener(std::move(handler)));
   }
 
+  /// What the listener says where its handler fails, as exception information.
+  std::optional<Error> raises;
   int heard = 0;
   ULONG references() const { return references_; }
 
@@ -47,12 +53,17 @@ class EventListener final : public IDispatch {
     return E_NOTIMPL;
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters,
-                                   VARIANT*, EXCEPINFO*, UINT*) override {
+                                   VARIANT*, EXCEPINFO* exception, UINT*) override {
     if (event != 1 || parameters->cArgs != 1 || parameters->rgvarg[0].vt != (VT_I4 | VT_BYREF)) {
       return DISP_E_MEMBERNOTFOUND;
     }
     ++heard;
-    return handler_(*parameters->rgvarg[0].plVal);
+    const HRESULT result = handler_(*parameters->rgvarg[0].plVal);
+    if (SUCCEEDED(result) || !raises) return result;
+    exception->bstrSource = win32::Bstr(raises->source()).detach();
+    exception->bstrDescription = win32::Bstr(raises->description()).detach();
+    exception->scode = raises->number();
+    return DISP_E_EXCEPTION;
   }
 
  private:
@@ -60,7 +71,7 @@ class EventListener final : public IDispatch {
   virtual ~EventListener() = default;
 
   Handler handler_;
-  ULONG references_ = 1;
+  std::atomic<ULONG> references_ = 1;
 };
 
 /// The connection point of the component's events.

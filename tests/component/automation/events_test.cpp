@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "component/option_changes.h"
+#include "identity/ledvane_link.h"
 #include "tests/component/automation/options_fixture.h"
 
 namespace tillora::automation {
@@ -123,6 +123,171 @@ TEST_F(EventsTest, TheHostMayReleaseTheComponentInsideTheEvent) {
   EXPECT_EQ(bare->ShowOptions(&shown), S_OK);
   EXPECT_EQ(shown, VARIANT_TRUE);
   EXPECT_EQ(listener->heard, 1);
+  EXPECT_EQ(listener->references(), 1U);
+  EXPECT_EQ(ModuleLock::count(), locksBefore);
+}
+
+TEST_F(EventsTest, AListenerThatRaisesConcernsNobodyElse) {
+  const auto raising = EventListener::make([](LONG& changes) {
+    changes = 64;
+    return E_FAIL;
+  });
+  raising->raises = Error(basicError(1001), u"Host.Listener", u"The list cannot be refreshed.");
+  const auto other = EventListener::make(ignore);
+  advise(raising);
+  advise(other);
+  apply(2);  // ShowOptions raises nothing
+  EXPECT_EQ(raising->heard, 2);
+  EXPECT_EQ(other->heard, 2);
+  EXPECT_EQ(host.value(options::CompanyName), u"Other");
+  EXPECT_EQ(host.sent.size(), 2U);
+}
+
+TEST_F(EventsTest, AnAlteredMaskIsForgottenByTheNextApply) {
+  std::vector<LONG> heard;
+  const auto listener = EventListener::make([&](LONG& changes) {
+    heard.push_back(changes);
+    changes = -1;
+    return S_OK;
+  });
+  advise(listener);
+  apply(1);
+  apply(2);
+  ASSERT_EQ(heard.size(), 3U);
+  EXPECT_NE(heard[0], 0) << "the first save of a shop stores the defaults";
+  EXPECT_EQ(heard[1], 0);
+  EXPECT_EQ(heard[2], 0);
+}
+
+TEST_F(EventsTest, ShowOptionsInsideTheEventIsAnErrorOfEveryOptionsObject) {
+  const auto another = win32::ComPtr<OptionsObject>::adopt(new OptionsObject(makeServices()));
+  DispatchObject other(win32::ComPtr<IDispatch>(another.get()), u"Options");
+  const auto listener = EventListener::make([&](LONG&) {
+    for (DispatchObject* const again : {&*client, &other}) {
+      const Error error = failureOf([&] { again->call(u"ShowOptions"); });
+      EXPECT_EQ(error.number(), error::alreadyShown);
+      EXPECT_EQ(error.source(), u"TilloraOptions.Options");
+      EXPECT_EQ(error.description(), u"An options dialog is already open.");
+    }
+    return S_OK;
+  });
+  advise(listener);
+  apply(2);
+  EXPECT_EQ(listener->heard, 2);
+  EXPECT_EQ(host.value(options::CompanyName), u"Other");
+  apply(1);
+  EXPECT_EQ(listener->heard, 3) << "once it has closed the dialog can be shown again";
+}
+
+TEST_F(EventsTest, InsideTheEventTheDataFilesChangeIsThatOfTheShowOptionsBefore) {
+  host.dataFile = u"C:\\Books\\books.lvd";
+  machine.files.matches[u"C:\\Books\\LVPst*.pos"] = 0;
+  client->put(u"LVFileExtension", u"lvd");
+  std::vector<bool> read;
+  const auto listener = EventListener::make([&](LONG&) {
+    read.push_back(client->getBoolean(u"ChangedDataFile"));
+    return S_OK;
+  });
+  advise(listener);
+  whileOpen([&](frmOptions& dialog) {
+    machine.fileDialogs.answers.emplace_back(u"C:\\Books\\other.lvd");
+    desk.user().click(dialog.tab<LedvaneLink>().cmdLedvane);
+    desk.user().accessKey(u'a');
+    desk.user().closeWindow(dialog);
+  });
+  client->call(u"ShowOptions");
+  EXPECT_EQ(host.dataFile, u"C:\\Books\\other.lvd");
+  EXPECT_TRUE(client->getBoolean(u"ChangedDataFile"));
+  apply(1);
+  EXPECT_EQ(read, (std::vector<bool>{false, true}));
+  EXPECT_FALSE(client->getBoolean(u"ChangedDataFile"));
+}
+
+TEST_F(EventsTest, ObjectsAndValuesSetInsideTheEventAreForTheNextShowOptions) {
+  testing::FakeHost otherShop;
+  testing::AutomationHost other{otherShop};
+  const auto listener = EventListener::make([&](LONG&) {
+    client->putReference(u"DBJetObject", other.database.get());
+    client->put(u"SelectedTab", std::int16_t{3});
+    return S_OK;
+  });
+  const DWORD cookie = advise(listener);
+  apply(2);
+  EXPECT_EQ(host.value(options::CompanyName), u"Other");
+  EXPECT_TRUE(otherShop.stored.empty());
+  EXPECT_EQ(point->Unadvise(cookie), S_OK);
+
+  int tab = 0;
+  whileOpen([&](frmOptions& dialog) {
+    tab = dialog.tabOptions.selected();
+    desk.user().closeWindow(dialog);
+  });
+  client->call(u"ShowOptions");
+  EXPECT_EQ(tab, 3);
+  EXPECT_FALSE(otherShop.calls.empty());
+  client->putReference(u"DBJetObject", nullptr);  // before the shop goes
+}
+
+TEST_F(EventsTest, TheDialogMayBeClosedInsideTheEvent) {
+  // As when the host lets messages be dealt with, and the user presses the close box meanwhile.
+  frmOptions* open = nullptr;
+  const auto listener = EventListener::make([&](LONG&) {
+    desk.user().closeWindow(*open);
+    return S_OK;
+  });
+  advise(listener);
+  whileOpen([&](frmOptions& dialog) {
+    open = &dialog;
+    rename(dialog, u"One");
+    desk.user().accessKey(u'a');
+  });
+  EXPECT_EQ(client->call(u"ShowOptions").get().boolVal, VARIANT_TRUE);
+  EXPECT_EQ(listener->heard, 1);
+  EXPECT_EQ(host.value(options::CompanyName), u"One");
+}
+
+TEST_F(EventsTest, AnApplyInsideTheEventOfAnotherIsASaveOfItsOwn) {
+  frmOptions* open = nullptr;
+  std::vector<Text> names;
+  const auto listener = EventListener::make([&](LONG&) {
+    names.push_back(host.value(options::CompanyName));
+    if (names.size() == 1) {
+      rename(*open, u"Two");
+      desk.user().accessKey(u'a');
+    }
+    return S_OK;
+  });
+  advise(listener);
+  whileOpen([&](frmOptions& dialog) {
+    open = &dialog;
+    rename(dialog, u"One");
+    desk.user().accessKey(u'a');
+    desk.user().closeWindow(dialog);
+  });
+  client->call(u"ShowOptions");
+  EXPECT_EQ(names, (std::vector<Text>{u"One", u"Two"}));
+  EXPECT_EQ(host.sent.size(), 2U);
+}
+
+TEST_F(EventsTest, AListenerMayBeAdvisedTwiceAndHearsTwice) {
+  const auto listener = EventListener::make(ignore);
+  const DWORD first = advise(listener);
+  const DWORD second = advise(listener);
+  EXPECT_NE(first, second);
+  apply(1);
+  EXPECT_EQ(listener->heard, 2);
+  EXPECT_EQ(point->Unadvise(first), S_OK);
+  apply(1);
+  EXPECT_EQ(listener->heard, 3);
+}
+
+TEST_F(EventsTest, ListenersAreReleasedWithTheObject) {
+  const auto listener = EventListener::make(ignore);
+  advise(listener);
+  EXPECT_EQ(listener->references(), 2U);
+  point.reset();
+  client.reset();
+  object.reset();
   EXPECT_EQ(listener->references(), 1U);
   EXPECT_EQ(ModuleLock::count(), locksBefore);
 }

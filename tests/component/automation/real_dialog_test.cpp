@@ -117,6 +117,43 @@ TEST_F(RealDialogTest, TwoAppliesRaiseTwoEventsAndStore) {
   connectionPoint(*options.get())->Unadvise(cookie);
 }
 
+TEST_F(RealDialogTest, TheHostMayCallBackAndLetMessagesPassInsideTheEvent) {
+  auto options = create();
+  HWND dialog = nullptr;
+  VARIANT_BOOL changed = VARIANT_TRUE;
+  std::vector<HRESULT> again;
+  const auto listener = EventListener::make([&](LONG&) {
+    VARIANT_BOOL shown = VARIANT_TRUE;
+    again.push_back(options->ShowOptions(&shown));
+    EXPECT_EQ(shown, VARIANT_FALSE);
+    EXPECT_EQ(options->get_ChangedDataFile(&changed), S_OK);
+    // A host that shows something itself, while the user closes the dialog.
+    PostMessageW(dialog, WM_CLOSE, 0, 0);
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+    return S_OK;
+  });
+  DWORD cookie = 0;
+  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  DialogPerson person([&](HWND shown) {
+    dialog = shown;
+    DialogPerson::press('A', false, true);
+    DialogPerson::type(L"Corner Shop");
+    DialogPerson::press('A', true);
+  });
+  EXPECT_EQ(show(*options.get()), S_OK);
+  EXPECT_EQ(person.finish(), 1);
+  EXPECT_EQ(again, std::vector<HRESULT>{error::alreadyShown});
+  EXPECT_EQ(changed, VARIANT_FALSE);
+  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+  EXPECT_FALSE(IsWindow(dialog));
+  EXPECT_TRUE(IsWindowEnabled(owner));
+  connectionPoint(*options.get())->Unadvise(cookie);
+}
+
 TEST_F(RealDialogTest, TheHostsWindowIsDisabledMeanwhileAndThenInFrontAgain) {
   auto options = create();
   bool enabledMeanwhile = true;

@@ -1,77 +1,41 @@
 #include <gtest/gtest.h>
 
-#include <set>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "support/win32/wide_text.h"
+#include "tests/component/automation/registry_snapshot.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/win32/type_library_text.h"
+#include "ui/error.h"
 
 namespace tillora::automation {
 namespace {
 
 using testing::Apartment;
+using testing::RegistrySnapshot;
 using testing::ServerLibrary;
+using win32::ComPtr;
 
-/// The keys of a part of the registry, with their values, as lines of text.
-void collect(HKEY root, const std::wstring& path, std::set<std::wstring>& lines) {
-  HKEY key = nullptr;
-  if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
-  wchar_t name[256];
-  wchar_t data[1024];
-  for (DWORD index = 0;; ++index) {
-    DWORD length = 256;
-    DWORD size = sizeof data - sizeof(wchar_t);
-    DWORD type = 0;
-    std::fill(std::begin(data), std::end(data), L'\0');
-    const LSTATUS found = RegEnumValueW(key, index, name, &length, nullptr, &type,
-                                        reinterpret_cast<BYTE*>(data), &size);
-    if (found != ERROR_SUCCESS) break;
-    lines.insert(path + L" [" + name + L"] " + data);
-  }
-  for (DWORD index = 0;; ++index) {
-    DWORD length = 256;
-    if (RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-        ERROR_SUCCESS) {
-      break;
-    }
-    lines.insert(path + L"\\" + name);
-    collect(root, path + L"\\" + name, lines);
-  }
-  RegCloseKey(key);
-}
+constexpr const wchar_t* kClassId = L"{5F50E429-7515-451F-ADAE-C840796D2C99}";
 
-const wchar_t* const kFolders[] = {L"CLSID", L"Interface", L"TypeLib", L"TilloraOptions.Options",
-                                   L"TilloraOptions.Options.1"};
+struct Registry {
+  RegistrySnapshot machine{HKEY_LOCAL_MACHINE};
+  RegistrySnapshot user{HKEY_CURRENT_USER};
 
-std::set<std::wstring> classes(HKEY root) {
-  std::set<std::wstring> lines;
-  for (const wchar_t* folder : kFolders) {
-    collect(root, std::wstring(L"Software\\Classes\\") + folder, lines);
+  std::string changesTo(const Registry& later) const {
+    return text(machine, later.machine) + text(user, later.user);
   }
-  return lines;
-}
-
-/// What was added and removed; empty where nothing was.
-std::wstring difference(const std::set<std::wstring>& before, const std::set<std::wstring>& after) {
-  std::wstring text;
-  for (const std::wstring& line : before) {
-    if (!after.contains(line)) text += L"- " + line + L"\n";
+  static std::string text(const RegistrySnapshot& before, const RegistrySnapshot& after) {
+    return toUtf8(win32::fromWide(before.changesTo(after).c_str()));
   }
-  for (const std::wstring& line : after) {
-    if (!before.contains(line)) text += L"+ " + line + L"\n";
-  }
-  return text;
-}
-
-bool contains(const std::set<std::wstring>& lines, const std::wstring& part) {
-  return std::any_of(lines.begin(), lines.end(), [&](const std::wstring& line) {
-    return line.find(part) != std::wstring::npos;
-  });
-}
+};
 
 /// Leaves the server as it was found: other tests need it registered.
 class OptionsRegistrationTest : public ::testing::Test {
  protected:
-  OptionsRegistrationTest() : wasRegistered(contains(classes(HKEY_LOCAL_MACHINE), kClassId)) {
+  OptionsRegistrationTest() : wasRegistered(Registry().machine.mentions(kClassId)) {
     server.unregisterServer();
     server.install(false, L"user");
   }
@@ -79,52 +43,154 @@ class OptionsRegistrationTest : public ::testing::Test {
     if (wasRegistered) server.registerServer();
   }
 
-  static constexpr const wchar_t* kClassId = L"{5F50E429-7515-451F-ADAE-C840796D2C99}";
   Apartment apartment;
   ServerLibrary server;
   bool wasRegistered;
 };
 
 TEST_F(OptionsRegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
-  const auto before = classes(HKEY_LOCAL_MACHINE);
-  EXPECT_FALSE(contains(before, kClassId));
+  const Registry before;
+  EXPECT_FALSE(before.machine.mentions(kClassId));
   ASSERT_EQ(server.registerServer(), S_OK);
-  const auto registered = classes(HKEY_LOCAL_MACHINE);
+  const Registry registered;
   const std::wstring classKey = std::wstring(L"Software\\Classes\\CLSID\\") + kClassId;
-  EXPECT_TRUE(registered.count(classKey + L"\\InprocServer32 [] " + ServerLibrary::path()));
-  EXPECT_TRUE(registered.count(classKey + L"\\InprocServer32 [ThreadingModel] Apartment"));
-  EXPECT_TRUE(registered.count(classKey + L"\\ProgID [] TilloraOptions.Options.1"));
-  EXPECT_TRUE(contains(registered, L"TypeLib\\{92ABADCE-DDA1-4620-9C8F-7306584041D2}\\1.0"));
+  EXPECT_TRUE(registered.machine.has(classKey + L"\\InprocServer32 [] " + ServerLibrary::path()));
+  EXPECT_TRUE(registered.machine.has(classKey + L"\\InprocServer32 [ThreadingModel] Apartment"));
+  EXPECT_TRUE(registered.machine.has(classKey + L"\\ProgID [] TilloraOptions.Options.1"));
+  EXPECT_TRUE(registered.machine.mentions(L"\\{92ABADCE-DDA1-4620-9C8F-7306584041D2}\\1.0\\0"));
+  EXPECT_EQ(Registry::text(before.user, registered.user), "");
 
   EXPECT_EQ(server.registerServer(), S_OK) << "registering again is no failure";
-  EXPECT_EQ(difference(registered, classes(HKEY_LOCAL_MACHINE)), L"");
+  EXPECT_EQ(registered.changesTo(Registry()), "");
 
   ASSERT_EQ(server.unregisterServer(), S_OK);
-  EXPECT_EQ(difference(before, classes(HKEY_LOCAL_MACHINE)), L"");
+  EXPECT_EQ(before.changesTo(Registry()), "");
   EXPECT_EQ(server.unregisterServer(), S_OK) << "nothing to remove is no failure";
 }
 
 TEST_F(OptionsRegistrationTest, PerUserRegistrationTouchesTheUsersKeysOnly) {
-  const auto machine = classes(HKEY_LOCAL_MACHINE);
-  const auto before = classes(HKEY_CURRENT_USER);
+  const Registry before;
   ASSERT_EQ(server.install(true, L"user"), S_OK);
-  const auto registered = classes(HKEY_CURRENT_USER);
-  EXPECT_TRUE(contains(registered,
-                       std::wstring(kClassId) + L"\\InprocServer32 [] " + ServerLibrary::path()));
-  EXPECT_TRUE(contains(registered, L"TilloraOptions.Options\\CLSID"));
-  EXPECT_EQ(difference(machine, classes(HKEY_LOCAL_MACHINE)), L"");
+  const Registry registered;
+  EXPECT_TRUE(registered.user.mentions(std::wstring(kClassId) + L"\\InprocServer32 [] " +
+                                       ServerLibrary::path()));
+  EXPECT_TRUE(registered.user.mentions(L"TilloraOptions.Options\\CLSID"));
+  EXPECT_EQ(Registry::text(before.machine, registered.machine), "");
   ASSERT_EQ(server.install(false, L"user"), S_OK);
-  EXPECT_EQ(difference(before, classes(HKEY_CURRENT_USER)), L"");
+  EXPECT_EQ(before.changesTo(Registry()), "");
+}
+
+TEST_F(OptionsRegistrationTest, OneScopeIsUnregisteredWithoutTheOther) {
+  const Registry before;
+  ASSERT_EQ(server.registerServer(), S_OK);
+  const Registry machineOnly;
+  ASSERT_EQ(server.install(true, L"user"), S_OK);
+  ASSERT_EQ(server.install(false, L"user"), S_OK);
+  EXPECT_EQ(machineOnly.changesTo(Registry()), "");
+  ASSERT_EQ(server.unregisterServer(), S_OK);
+  EXPECT_EQ(before.changesTo(Registry()), "");
 }
 
 TEST_F(OptionsRegistrationTest, OtherInstallCommandsAreRefused) {
-  const auto before = classes(HKEY_LOCAL_MACHINE);
+  const Registry before;
   EXPECT_EQ(server.install(true, L"everyone"), E_INVALIDARG);
-  EXPECT_EQ(difference(before, classes(HKEY_LOCAL_MACHINE)), L"");
+  EXPECT_EQ(before.changesTo(Registry()), "");
   EXPECT_EQ(server.install(true, nullptr), S_OK);
-  EXPECT_TRUE(contains(classes(HKEY_LOCAL_MACHINE), kClassId));
+  EXPECT_TRUE(Registry().machine.mentions(kClassId));
   EXPECT_EQ(server.install(false, nullptr), S_OK);
-  EXPECT_EQ(difference(before, classes(HKEY_LOCAL_MACHINE)), L"");
+  EXPECT_EQ(before.changesTo(Registry()), "");
+}
+
+/// The context of a program whose manifest names the component: resource 5 of the test program,
+/// with the component's own manifest beside it.
+class ProgramWithManifest {
+ public:
+  ProgramWithManifest() {
+    const std::wstring server = ServerLibrary::path();
+    const std::wstring folder = server.substr(0, server.rfind(L'\\'));
+    wchar_t program[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    ACTCTXW wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
+    wanted.lpSource = program;
+    wanted.lpResourceName = MAKEINTRESOURCEW(5);
+    wanted.lpAssemblyDirectory = folder.c_str();
+    context_ = CreateActCtxW(&wanted);
+    isActive_ = context_ != INVALID_HANDLE_VALUE && ActivateActCtx(context_, &cookie_) != FALSE;
+  }
+  ~ProgramWithManifest() {
+    if (isActive_) DeactivateActCtx(0, cookie_);
+    if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
+  }
+  ProgramWithManifest(const ProgramWithManifest&) = delete;
+  ProgramWithManifest& operator=(const ProgramWithManifest&) = delete;
+
+  bool isActive() const { return isActive_; }
+
+ private:
+  HANDLE context_ = INVALID_HANDLE_VALUE;
+  ULONG_PTR cookie_ = 0;
+  bool isActive_ = false;
+};
+
+HRESULT createOptions(ComPtr<_Options>& options) {
+  return CoCreateInstance(CLSID_Options, nullptr, CLSCTX_INPROC_SERVER, IID__Options,
+                          options.outVoid());
+}
+
+TEST_F(OptionsRegistrationTest, AProgramsManifestMakesTheClassKnownWithoutRegistration) {
+  const Registry before;
+  ComPtr<_Options> options;
+  ASSERT_EQ(createOptions(options), REGDB_E_CLASSNOTREG);
+  {
+    const ProgramWithManifest context;
+    ASSERT_TRUE(context.isActive()) << "error " << GetLastError();
+    for (const wchar_t* name : {L"TilloraOptions.Options", L"TilloraOptions.Options.1"}) {
+      // In a context, a name may lead to an id of its own that stands for the class.
+      CLSID id{};
+      EXPECT_EQ(CLSIDFromProgID(name, &id), S_OK);
+      EXPECT_EQ(
+          CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID__Options, options.outVoid()),
+          S_OK);
+    }
+    ASSERT_EQ(createOptions(options), S_OK);
+    ComPtr<ITypeLib> library;
+    EXPECT_EQ(LoadRegTypeLib(LIBID_TilloraOptions, 1, 0, LOCALE_NEUTRAL, library.out()), S_OK);
+  }
+  VARIANT_BOOL value = VARIANT_TRUE;
+  EXPECT_EQ(options->get_ChangedDataFile(&value), S_OK);
+  EXPECT_EQ(options->ShowOptions(&value), error::objectNotSet);
+  options.reset();
+  EXPECT_EQ(createOptions(options), REGDB_E_CLASSNOTREG) << "outside the context";
+  EXPECT_EQ(before.changesTo(Registry()), "");
+}
+
+TEST_F(OptionsRegistrationTest, TheManifestHasEveryInterfaceOfTheTypeLibrary) {
+  const auto folder = std::filesystem::path(ServerLibrary::path()).parent_path();
+  std::ifstream file(folder / "TilloraOptions.Component.manifest");
+  const std::string manifest{std::istreambuf_iterator<char>(file), {}};
+  ASSERT_NE(manifest, "") << "the manifest is not beside the test program";
+  ComPtr<ITypeLib> library;
+  ASSERT_EQ(LoadTypeLibEx(ServerLibrary::path().c_str(), REGKIND_NONE, library.out()), S_OK);
+  int interfaces = 0;
+  std::istringstream lines(testing::typeLibraryText(*library.get()));
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string kind;
+    std::string name;
+    std::string id;
+    words >> kind >> name >> id;
+    if (kind != "interface" && kind != "dispinterface") continue;
+    ++interfaces;
+    const auto entry = manifest.find("name=\"" + name + "\" iid=\"" + id + "\"");
+    ASSERT_NE(entry, std::string::npos) << line;
+    // A dual interface is marshalled by its vtable, the others by their Invoke.
+    EXPECT_EQ(manifest.substr(manifest.find("proxyStubClsid32", entry) + 19, 8),
+              kind == "interface" ? "00020424" : "00020420")
+        << line;
+  }
+  EXPECT_GT(interfaces, 0);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <dispex.h>
 #include <oleauto.h>
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <optional>
@@ -191,7 +192,7 @@ class ScriptedObject final : public IDispatchEx {
     return failing.result;
   }
 
-  ULONG references_ = 1;
+  std::atomic<ULONG> references_ = 1;
   std::map<Text, DISPID> ids_;
   std::vector<std::pair<Text, Member>> members_;
 };

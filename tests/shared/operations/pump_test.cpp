@@ -31,7 +31,10 @@ class PumpTest : public OptionsTest {
   }
   static Rows shown(frmOptions& dialog) {
     Rows rows;
-    for (const auto& row : tab(dialog).ltvPump.rows()) rows.push_back(row.texts);
+    for (const auto& row : tab(dialog).ltvPump.rows()) {
+      rows.emplace_back();
+      for (std::size_t i = 0; i < row.texts.size(); ++i) rows.back().emplace_back(row.texts[i]);
+    }
     return rows;
   }
   std::vector<std::int32_t> storedNumbers() const {
