@@ -61,8 +61,10 @@ function(tillora_automation_server name)
     LINK_DEPENDS "${exports}"
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/unstripped
     ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/unstripped)
+  # Without a date given, the tool would write the time of day into the file.
   add_custom_command(TARGET ${name} POST_BUILD
-    COMMAND ${CMAKE_STRIP} -o ${PROJECT_BINARY_DIR}/${name}.dll $<TARGET_FILE:${name}>
+    COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=946684800
+      ${CMAKE_STRIP} -o ${PROJECT_BINARY_DIR}/${name}.dll $<TARGET_FILE:${name}>
     BYPRODUCTS ${PROJECT_BINARY_DIR}/${name}.dll
     VERBATIM)
 endfunction()
@@ -95,3 +97,4 @@ tillora_windows_program(TilloraAdministrator GUI
   LINK tillora_shop tillora_win32 tillora_core)
 tillora_windows_program(TilloraTerminal GUI FOLDER host/terminal LINK tillora_core)
 tillora_windows_program(cpp_client FOLDER clients/cpp)
+tillora_windows_program(cpp_late_client FOLDER clients/cpp_late_bound)

@@ -65,3 +65,15 @@ drive wait Options 60 -- key ALT+M CTRL+A -- type 'One' -- key ALT+A \
 finish cpp
 printed cpp_hears_every_apply 'OptionsChanged 0' 2
 printed cpp_reads_result 'data file changed: no'
+
+client "$BUILD/cpp_late_client.exe" "$database" 4
+drive wait Options 60 -- press Options 'Rounding &Item' -- wait 'Rounding Item' 10 -- key ESC \
+  -- gone 'Rounding Item' 10 -- close Options -- gone Options 10
+finish cpp_late
+printed cpp_late_returns 'returned: True'
+printed cpp_late_reads_result 'data file changed: no'
+
+client "$BUILD/cpp_late_client.exe" "$database" 99
+finish_failing cpp_late_failure 2
+printed cpp_late_hears_of_failures \
+  'failed: 0x800A8B10 TilloraOptions.Options: Index out of bounds'
