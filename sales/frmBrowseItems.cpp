@@ -230,7 +230,7 @@ void frmBrowseItems::accept() {
 
 Text frmBrowseItems::valueOf(int row) const {
   const Columns& shown = columns();
-  const Text name = ltvItems.text(row, shown.name);
+  Text name = ltvItems.text(row, shown.name);
   if (!shown.group || ltvItems.text(row, *shown.group).empty()) return name;
   return ltvItems.text(row, *shown.group) + u":" + name;
 }

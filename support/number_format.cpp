@@ -1,8 +1,6 @@
 #include "support/number_format.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -82,17 +80,7 @@ struct Digits {
   std::string fraction;  // exactly as many as asked for
 
   Digits(double magnitude, int decimals) {
-    std::array<char, 32> buffer{};
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                      std::chars_format::scientific, static_cast<int>(kSignificantDigits) - 1)
-            .ptr;
-    const std::string text(buffer.data(), end);
-    const std::size_t exponentAt = text.find('e');
-    std::string digits = text.substr(0, 1) + text.substr(2, exponentAt - 2);
-    int exponent = 0;
-    const char* sign = text.data() + exponentAt + 1;
-    std::from_chars(*sign == '+' ? sign + 1 : sign, text.data() + text.size(), exponent);
+    auto [digits, exponent] = toScientific(magnitude, static_cast<int>(kSignificantDigits));
 
     // Digits before the separator may be none (0.05) or more than the number holds (1e20).
     const int point = exponent + 1;

@@ -4,7 +4,11 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "ui/keys.h"
@@ -147,12 +151,33 @@ double roundHalfEven(double value) {
   return up ? below + 1 : below;
 }
 
+Scientific toScientific(double magnitude, int significant) {
+  // The host may have set a decimal separator for the C library: only digits are taken.
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%.*e", significant - 1, magnitude);
+  const std::string_view written = text.data();
+  const std::size_t exponentAt = written.find('e');
+  Scientific number{{}, std::atoi(text.data() + exponentAt + 1)};
+  for (const char c : written.substr(0, exponentAt)) {
+    if (c >= '0' && c <= '9') number.digits += c;
+  }
+  return number;
+}
+
 double asWritten(float value) {
-  std::array<char, 32> text{};
-  char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-  double written = value;
-  std::from_chars(text.data(), end, written);
-  return written;
+  if (!std::isfinite(value)) return value;
+  constexpr int kMostDigits = std::numeric_limits<float>::max_digits10;
+  double written = 0;
+  for (int digits = 1; digits <= kMostDigits; ++digits) {
+    const Scientific shorter = toScientific(std::fabs(value), digits);
+    const std::string text = shorter.digits + 'e' + std::to_string(shorter.exponent - (digits - 1));
+    const char* const end = text.data() + text.size();
+    float single = 0;
+    std::from_chars(text.data(), end, single);
+    std::from_chars(text.data(), end, written);
+    if (single == std::fabs(value)) break;
+  }
+  return std::copysign(written, value);
 }
 
 }  // namespace tillora

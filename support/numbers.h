@@ -47,6 +47,16 @@ inline bool isNumeric(TextView text, const NumberLocale& locale) {
 /// A whole number in decimal digits, with a minus sign below zero.
 Text decimalText(std::int64_t number);
 
+/// A magnitude rounded to a number of significant digits, d.ddd times ten to the exponent. The C++
+/// library's own conversion would be a seventh of the component.
+struct Scientific {
+  std::string digits;  ///< without the separator
+  int exponent;
+};
+/// @param magnitude not negative, finite
+/// @param significant 1 to 17
+Scientific toScientific(double magnitude, int significant);
+
 /// The nearest whole number; halfway between two, the even one.
 double roundHalfEven(double value);
 

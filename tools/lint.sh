@@ -17,16 +17,19 @@ passed=build/lint
 mkdir -p "$passed"
 
 # fingerprints BUILD: lines "source<TAB>hash"; the hash covers what the compiler read of this
-# repository, as ninja recorded it.
+# repository, as ninja recorded it: paths from the root, or with ccache's base directory set, from
+# the build folder.
 fingerprints() {
   local source files
   while IFS=$'\t' read -r source files; do
     # shellcheck disable=SC2086
     printf '%s\t%s\n' "$source" "$(cat .clang-tidy tools/lint.sh $files | sha256sum | cut -c1-32)"
-  done < <(ninja -C "$1" -t deps 2>/dev/null | awk -v repo="$REPO/" '
+  done < <(ninja -C "$1" -t deps 2>/dev/null |
+    awk -v repo="$REPO/" -v up="$(realpath --relative-to="$1" .)/" '
     /^[^ ].*: #deps/ { if (source) print source "\t" files; source = ""; files = ""; next }
     /^ / {
       file = $1
+      if (index(file, up) == 1) file = repo substr(file, length(up) + 1)
       if (index(file, repo) != 1 || index(file, repo "build/") == 1) next
       file = substr(file, length(repo) + 1)
       if (!source) source = file

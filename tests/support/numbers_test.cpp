@@ -63,6 +63,20 @@ TEST(ToNumber, ANumberTooSmallToTellFromZeroIsZero) {
   EXPECT_EQ(toNumber(u"0e999", kAustralia), 0);
 }
 
+TEST(ToScientific, RoundsToSignificantDigits) {
+  const auto expect = [](double magnitude, int significant, const char* digits, int exponent) {
+    const Scientific number = toScientific(magnitude, significant);
+    EXPECT_EQ(number.digits, digits) << magnitude;
+    EXPECT_EQ(number.exponent, exponent) << magnitude;
+  };
+  expect(0, 3, "000", 0);
+  expect(1234.5, 5, "12345", 3);
+  expect(0.00125, 15, "125000000000000", -3);
+  expect(9.996, 3, "100", 1);
+  expect(5e-324, 1, "5", -324);
+  expect(1.7976931348623157e308, 17, "17976931348623157", 308);
+}
+
 TEST(ToDecimal, KeepsTheNumberAsItWasWritten) {
   const auto number = toDecimal(u"-0012.50e3", kAustralia);
   ASSERT_TRUE(number);
@@ -86,6 +100,13 @@ TEST(AsWritten, ReadsAsTheSingleDoes) {
   EXPECT_EQ(asWritten(-99.99F), -99.99);
   EXPECT_EQ(asWritten(0.0F), 0);
   EXPECT_EQ(asWritten(1e30F), 1e30);
+  EXPECT_EQ(asWritten(-0.1F), -0.1);
+  EXPECT_EQ(asWritten(16777217.0F), 16777216);
+  EXPECT_EQ(asWritten(1.1754944e-38F), 1.1754944e-38);
+  EXPECT_EQ(asWritten(std::numeric_limits<float>::max()), 3.4028235e38);
+  EXPECT_EQ(asWritten(std::numeric_limits<float>::denorm_min()), 1e-45);
+  EXPECT_EQ(asWritten(std::numeric_limits<float>::infinity()),
+            std::numeric_limits<double>::infinity());
 }
 
 TEST(IsDigit, IsOneOfTheTenDigits) {

@@ -238,7 +238,8 @@ TEST_F(CurrencyConversionTest, AnEmptyBoxCountsAsZero) {
 
 TEST_F(CurrencyConversionTest, ATextThatIsNoNumberKeepsTheMargin) {
   openWith(5, [&](frmOptions& dialog) {
-    for (const Text garbage : {u"abc", u"%", u"1e999", u"1..2", u"-", u".", u"5%%", u"&H10"}) {
+    for (const Text garbage : {u"abc", u"%", u"1e999", u"1..2", u"-", u".", u"5%%", u"&H10", u"NaN",
+                               u"1.#IND", u"inf", u"-1e400", u"0x5"}) {
       repaste(dialog, garbage);
       EXPECT_EQ(box(dialog).text(), garbage);
       user.press(Key::tab);

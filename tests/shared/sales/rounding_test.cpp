@@ -1,6 +1,7 @@
 #include "sales/rounding.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "sales/frmBrowseItems.h"
 #include "tests/testing/options_test.h"
@@ -175,7 +176,9 @@ TEST_F(RoundingTest, SelectsTheStoredStep) {
 }
 
 TEST_F(RoundingTest, AStepThatIsNotInTheListShowsTheThird) {
-  for (const std::int64_t amount : {3000, 0, -500, 501, 20000}) {
+  constexpr auto kLargest = std::numeric_limits<std::int64_t>::max();
+  for (const std::int64_t amount : {std::int64_t{3000}, std::int64_t{0}, std::int64_t{-500},
+                                    std::int64_t{501}, std::int64_t{20000}, kLargest, -kLargest}) {
     host.store(options::RoundingStep, Money{amount});
     EXPECT_EQ(stepShown(), u"$0.05") << amount;
   }
@@ -333,6 +336,18 @@ TEST_F(RoundingTest, ChoicesOutOfRangeShowNothingAndAreKeptUntilOneIsMade) {
   EXPECT_EQ(host.value(options::TaxRoundingMode), 0);
 }
 
+TEST_F(RoundingTest, ChoicesFarOutOfRangeAreKeptToo) {
+  host.store(options::RoundingDirection, 7);
+  host.store(options::TaxRoundingMode, 200);
+  editTab([&](frmOptions& dialog) {
+    EXPECT_EQ(combo(dialog, Rounding::direction).listIndex(), -1);
+    EXPECT_TRUE(selectedModes(dialog).empty());
+    touch(dialog);
+  });
+  EXPECT_EQ(host.value(options::RoundingDirection), 7);
+  EXPECT_EQ(host.value(options::TaxRoundingMode), 200);
+}
+
 TEST_F(RoundingTest, ModesAreStoredByIndexThoughShownInReverse) {
   const std::vector<Text> captions = {
       u"Round &tax per line item before any quantity multiplications",
@@ -385,6 +400,32 @@ TEST_F(RoundingTest, TheItemIsFilledByTheBrowserOnly) {
     EXPECT_EQ(item.text(), u"Freight");
     EXPECT_TRUE(applyEnabled(dialog));
   });
+}
+
+TEST_F(RoundingTest, AnItemThatVanishedMeanwhileStaysUntilAnotherIsChosen) {
+  host.store(options::RoundingItem, u"Charges:Rounding");
+  addRoundingItem(u"Charges", u"Rounding");
+  addRoundingItem(u"", u"Freight");
+  editTab([&](frmOptions& dialog) {
+    host.items.erase(host.items.begin());
+    desk->whenShown([&](ui::Form& form) {
+      auto& browser = dynamic_cast<frmBrowseItems&>(form);
+      EXPECT_EQ(browser.ltvItems.count(), 1);
+      EXPECT_EQ(browser.ltvItems.selectedRow(), -1);
+      user.press(Key::enter);
+    });
+    user.click(tab(dialog).cmdBrowse);
+    EXPECT_EQ(caption(dialog, Rounding::item).text(), u"Charges:Rounding");
+    host.accounts.clear();
+    desk->whenShown([&](ui::Form& form) {
+      EXPECT_EQ(dynamic_cast<frmBrowseItems&>(form).ltvItems.count(), 0);
+      user.press(Key::enter);
+    });
+    user.click(tab(dialog).cmdBrowse);
+    EXPECT_EQ(caption(dialog, Rounding::item).text(), u"Charges:Rounding");
+    touch(dialog);
+  });
+  EXPECT_EQ(host.value(options::RoundingItem), u"Charges:Rounding");
 }
 
 TEST_F(RoundingTest, AFailureOfTheBrowserEndsTheDialogAndIsRaised) {
