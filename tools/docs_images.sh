@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # docs_images.sh [PICTURES]: makes the screenshots of the documents anew: docs/images/tab-*.png, one
-# for each tab. They are those of `./run --tour`, which is run unless PICTURES
+# for each tab, and dialog-*.png. They are those of `./run --tour`, which is run unless PICTURES
 # is the folder that a tour has left behind.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -21,4 +21,7 @@ keep() {
 for ((i = 0; i < ${#TABS[@]}; i++)); do
   keep "$(printf 'tab-%02d' $((i + 1)))" "tab-${TABS[i]}"
 done
-say "docs/images/tab-*.png: ${#TABS[@]} pictures"
+for dialog in "$pictures"/dialog-*.png; do
+  keep "$(basename "$dialog" .png)" "$(basename "$dialog" .png)"
+done
+say "$(find docs/images -name '*.png' | wc -l) pictures in docs/images"
