@@ -37,5 +37,5 @@ if(WIN32)
   # Nothing but Windows is needed where the programs run, and the undecorated names of the .def
   # files find the decorated functions of 32-bit code.
   target_link_options(tillora_options INTERFACE
-    -static -static-libgcc -static-libstdc++ -Wl,--enable-stdcall-fixup)
+    -static -static-libgcc -static-libstdc++ -Wl,--enable-stdcall-fixup -Wl,--no-insert-timestamp)
 endif()

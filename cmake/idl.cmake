@@ -9,7 +9,7 @@ find_path(TILLORA_STDOLE_DIR stdole2.tlb
 # tillora_idl(<name> <folder>): target <name>_idl, an include path for <name>.h together with the
 # constants it declares; <name>.tlb lies beside the header.
 function(tillora_idl name folder)
-  set(idl ${PROJECT_SOURCE_DIR}/${folder}/${name}.idl)
+  set(idl ${folder}/${name}.idl)
   tillora_sources(present FOLDERS ${folder} PATTERN "${name}.idl")
   if(NOT present)
     return()
@@ -36,9 +36,13 @@ function(tillora_idl name folder)
     OUTPUT ${tlb} ${header} ${ids}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${TILLORA_IDL_DIR}
     COMMAND ${widl} -t -o ${tlb} ${idl}
+    COMMAND perl ${PROJECT_SOURCE_DIR}/cmake/idl/without_time.pl ${tlb}
     COMMAND ${widl} -h -o ${header} ${idl}
     COMMAND ${widl} -u -o ${ids} ${idl}
-    DEPENDS ${idl} ${tables} ${PROJECT_SOURCE_DIR}/cmake/idl/oaidl.idl
+    # The header names its source: not by a path of the machine that built it.
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+    DEPENDS ${PROJECT_SOURCE_DIR}/${idl} ${tables} ${PROJECT_SOURCE_DIR}/cmake/idl/oaidl.idl
+      ${PROJECT_SOURCE_DIR}/cmake/idl/without_time.pl
     COMMENT "Compiling ${name}.idl"
     VERBATIM)
 

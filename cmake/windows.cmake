@@ -11,14 +11,20 @@ tillora_static_library(tillora_win32
   FOLDERS ui/win32 support/win32
   LINK tillora_core tillora_windows_libraries)
 
+# The version stands in the top CMakeLists.txt; the resources take it from here.
+configure_file(${PROJECT_SOURCE_DIR}/cmake/tillora_version.h.in
+  ${PROJECT_BINARY_DIR}/version/tillora_version.h)
+
 # tillora_resources(<out> <folder>): the .rc files of a folder, rebuilt when what they embed changes.
 function(tillora_resources out folder)
   tillora_sources(resources FOLDERS ${folder} PATTERN "*.rc")
   tillora_sources(embedded FOLDERS ${folder} PATTERN "*.manifest")
   tillora_sources(icons FOLDERS ${folder} PATTERN "*.ico")
   set_source_files_properties(${resources} PROPERTIES
-    OBJECT_DEPENDS "${embedded};${icons};${ARGN}"
-    INCLUDE_DIRECTORIES "${TILLORA_IDL_DIR};${PROJECT_SOURCE_DIR}/${folder};${PROJECT_SOURCE_DIR}")
+    OBJECT_DEPENDS
+      "${embedded};${icons};${PROJECT_BINARY_DIR}/version/tillora_version.h;${ARGN}"
+    INCLUDE_DIRECTORIES
+      "${TILLORA_IDL_DIR};${PROJECT_BINARY_DIR}/version;${PROJECT_SOURCE_DIR}/${folder};${PROJECT_SOURCE_DIR}")
   set(${out} ${resources} PARENT_SCOPE)
 endfunction()
 
@@ -55,8 +61,10 @@ function(tillora_automation_server name)
     LINK_DEPENDS "${exports}"
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/unstripped
     ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/unstripped)
+  # Without a date given, the tool would write the time of day into the file.
   add_custom_command(TARGET ${name} POST_BUILD
-    COMMAND ${CMAKE_STRIP} -o ${PROJECT_BINARY_DIR}/${name}.dll $<TARGET_FILE:${name}>
+    COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=946684800
+      ${CMAKE_STRIP} -o ${PROJECT_BINARY_DIR}/${name}.dll $<TARGET_FILE:${name}>
     BYPRODUCTS ${PROJECT_BINARY_DIR}/${name}.dll
     VERBATIM)
 endfunction()
@@ -89,3 +97,4 @@ tillora_windows_program(TilloraAdministrator GUI
   LINK tillora_shop tillora_win32 tillora_core)
 tillora_windows_program(TilloraTerminal GUI FOLDER host/terminal LINK tillora_core)
 tillora_windows_program(cpp_client FOLDER clients/cpp)
+tillora_windows_program(cpp_late_client FOLDER clients/cpp_late_bound)

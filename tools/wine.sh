@@ -75,7 +75,7 @@ wine_open() {
   local name=$1 bits=$2 dpi=${3:-96}
   export WINEPREFIX=$WINE_HOME/$name WINEDEBUG=${WINEDEBUG:--all}
   export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LC_ALL=C.UTF-8
-  export WINE_RUNNER=
+  export WINE_RUNNER= WINE_TMPDIR=${TMPDIR:-/tmp}
   unset WINEARCH
   if [ "$bits" != 64 ]; then
     [ "$bits" = both ] || export WINEARCH=win32

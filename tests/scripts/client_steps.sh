@@ -50,12 +50,17 @@ drive() {
 }
 
 # finish NAME: waits for the client; FAIL unless it ended well.
-finish() {
-  if wait "$client_process"; then
+finish() { finish_failing "$1" 0; }
+
+# finish_failing NAME STATUS: FAIL unless it ended with this status.
+finish_failing() {
+  local status=0
+  wait "$client_process" || status=$?
+  if [ "$status" = "$2" ]; then
     tr -d '\r' <"$client_output" >"$client_output.unix"
     mv "$client_output.unix" "$client_output"
   else
-    echo "FAIL $1 the client ended with status $?"
+    echo "FAIL $1 the client ended with status $status"
     cat "$client_output"
     exit 0
   fi
