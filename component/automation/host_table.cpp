@@ -90,7 +90,7 @@ class AutomationCursor final : public Cursor<T> {
 
  private:
   DispatchObject& item() {
-    if (isCurrent_) return *item_;
+    if (isCurrent_ && item_) return *item_;
     DispatchObject given = object_.getObject(u"Current", ItemInterface<T>::name);
     // Names are looked up anew for every object, but for one that is handed out again and for those
     // that offer the interface: they share its ids.

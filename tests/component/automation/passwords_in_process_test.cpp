@@ -125,18 +125,17 @@ class PasswordsInProcessTest : public ::testing::Test {
 
   // What the person does, on a thread of its own.
 
+  static BOOL CALLBACK findPasswordButton(HWND window, LPARAM found) {
+    wchar_t caption[32]{};
+    GetWindowTextW(window, caption, 32);
+    if (std::wcscmp(caption, L"Passwor&d...") != 0 || !IsWindowEnabled(window)) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+  }
   void openPasswordDialog() {
     HWND button = nullptr;
-    EnumChildWindows(
-        dialog_,
-        [](HWND window, LPARAM found) -> BOOL {
-          wchar_t caption[32]{};
-          GetWindowTextW(window, caption, 32);
-          if (std::wcscmp(caption, L"Passwor&d...") != 0 || !IsWindowEnabled(window)) return TRUE;
-          *reinterpret_cast<HWND*>(found) = window;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&button));
+    EnumChildWindows(dialog_, &PasswordsInProcessTest::findPasswordButton,
+                     reinterpret_cast<LPARAM>(&button));
     ASSERT_NE(button, nullptr);
     PostMessageW(button, BM_CLICK, 0, 0);
     waitFor(kDialog);
@@ -180,13 +179,12 @@ class PasswordsInProcessTest : public ::testing::Test {
     EXPECT_EQ(partsIn(seen_.data(), seen_.size()), 0U) << "in the windows";
     EXPECT_NE(seen_.find("Button\tPasswor&d..."), std::string::npos);
     toolTips_ = 0;
-    EnumWindows(
-        [](HWND window, LPARAM test) -> BOOL {
-          reinterpret_cast<PasswordsInProcessTest*>(test)->lookAtToolTips(window);
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(this));
+    EnumWindows(&PasswordsInProcessTest::lookAtWindow, reinterpret_cast<LPARAM>(this));
     EXPECT_GE(toolTips_, 11);
+  }
+  static BOOL CALLBACK lookAtWindow(HWND window, LPARAM test) {
+    reinterpret_cast<PasswordsInProcessTest*>(test)->lookAtToolTips(window);
+    return TRUE;
   }
   void lookAtToolTips(HWND window) {
     wchar_t name[32]{};

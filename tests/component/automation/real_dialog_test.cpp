@@ -80,6 +80,12 @@ DWORD gdiObjects() {
   return count;
 }
 
+BOOL CALLBACK countLongLists(HWND window, LPARAM found) {
+  const auto rows = SendMessageW(window, LVM_GETITEMCOUNT, 0, 0);
+  if (rows == 1000) ++*reinterpret_cast<int*>(found);
+  return TRUE;
+}
+
 /// Shows every tab, one after the other; `paint`: painted whole, which takes twice the time.
 void walkThroughTabs(HWND dialog, bool paint) {
   const HWND strip = FindWindowExW(dialog, nullptr, WC_TABCONTROLW, nullptr);
@@ -93,14 +99,7 @@ void walkThroughTabs(HWND dialog, bool paint) {
   }
   EXPECT_EQ(SendMessageW(strip, TCM_GETCURSEL, 0, 0), 11);
   int lists = 0;
-  EnumChildWindows(
-      dialog,
-      [](HWND window, LPARAM found) -> BOOL {
-        const auto rows = SendMessageW(window, LVM_GETITEMCOUNT, 0, 0);
-        if (rows == 1000) ++*reinterpret_cast<int*>(found);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&lists));
+  EnumChildWindows(dialog, &countLongLists, reinterpret_cast<LPARAM>(&lists));
   EXPECT_EQ(lists, 1) << "the list of web sites was not made";
 }
 
