@@ -23,7 +23,8 @@ std::optional<Text> SystemFileDialogs::open(TextView title, TextView filter, Tex
   dialog.Flags =
       OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
   if (!GetOpenFileNameW(&dialog)) return std::nullopt;
-  return Text(path.c_str());
+  path.resize(path.find(u'\0'));
+  return path;
 }
 
 }  // namespace tillora::win32
