@@ -14,6 +14,11 @@ using win32::Variant;
 DispatchObject::DispatchObject(ComPtr<IDispatch> object, const char16_t* name)
     : object_(std::move(object)), name_(name) {}
 
+void DispatchObject::exchange(ComPtr<IDispatch> object) {
+  object_ = std::move(object);
+  if (namesEx_) namesEx_ = object_.query<IDispatchEx>();
+}
+
 bool DispatchObject::knows(const char16_t* member) { return SUCCEEDED(find(member).lookUp); }
 
 const DispatchObject::Member& DispatchObject::find(const char16_t* member) {

@@ -32,7 +32,7 @@ class DispatchObject {
   IDispatch* object() const { return object_.get(); }
   const char16_t* name() const { return name_; }
   /// Goes on with another object of the same interface: the names keep their ids.
-  void exchange(win32::ComPtr<IDispatch> object) { object_ = std::move(object); }
+  void exchange(win32::ComPtr<IDispatch> object);
 
   /// Member names are literals.
   bool knows(const char16_t* member);
