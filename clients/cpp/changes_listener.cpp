@@ -2,7 +2,24 @@
 
 #include <ocidl.h>
 
+#include <array>
 #include <cstdio>
+#include <utility>
+
+namespace {
+
+constexpr std::array<std::pair<LONG, const char*>, 8> kChanges = {{
+    {LaybyCustomerColumns, "LaybyCustomerColumns"},
+    {ProductColumns, "ProductColumns"},
+    {CustomerColumns, "CustomerColumns"},
+    {SalesPersonColumns, "SalesPersonColumns"},
+    {Dispensing, "Dispensing"},
+    {Rounding, "Rounding"},
+    {CurrencyColumns, "CurrencyColumns"},
+    {CurrencyMargin, "CurrencyMargin"},
+}};
+
+}  // namespace
 
 ChangesListener::ChangesListener(IUnknown* options) {
   IConnectionPointContainer* container = nullptr;
@@ -34,10 +51,11 @@ HRESULT ChangesListener::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* pa
   constexpr DISPID kOptionsChanged = 1;
   if (event != kOptionsChanged || parameters->cArgs != 1) return DISP_E_MEMBERNOTFOUND;
   const LONG changes = *parameters->rgvarg[0].plVal;
-  std::printf("OptionsChanged %ld%s%s%s\n", static_cast<long>(changes),
-              (changes & ProductColumns) != 0 ? " product columns" : "",
-              (changes & Rounding) != 0 ? " rounding" : "",
-              (changes & CurrencyMargin) != 0 ? " currency margin" : "");
+  std::printf("OptionsChanged %ld", static_cast<long>(changes));
+  for (const auto& [bit, name] : kChanges) {
+    if ((changes & bit) != 0) std::printf(" %s", name);
+  }
+  std::printf("\n");
   std::fflush(stdout);
   return S_OK;
 }

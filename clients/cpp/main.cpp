@@ -26,20 +26,6 @@ struct StringFreer {
 };
 using String = std::unique_ptr<wchar_t, StringFreer>;
 
-/// COM for this thread, which must be a single-threaded apartment: the component shows windows.
-class Apartment {
- public:
-  Apartment() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-  ~Apartment() {
-    if (SUCCEEDED(result_)) CoUninitialize();
-  }
-  Apartment(const Apartment&) = delete;
-  Apartment& operator=(const Apartment&) = delete;
-
- private:
-  HRESULT result_;
-};
-
 Owned<IDispatch> create(const wchar_t* programId) {
   CLSID id;
   IDispatch* object = nullptr;
@@ -131,7 +117,10 @@ int wmain(int count, wchar_t** arguments) {
     std::printf("usage: cpp_client DATABASE [TAB]\n");
     return 1;
   }
-  const Apartment apartment;
+  // A single-threaded apartment, for the component shows windows.
+  if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
   const long tab = count > 2 ? std::wcstol(arguments[2], nullptr, 10) : 0;
-  return showOptions(arguments[1], static_cast<short>(tab));
+  const int status = showOptions(arguments[1], static_cast<short>(tab));
+  CoUninitialize();
+  return status;
 }

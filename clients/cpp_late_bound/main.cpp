@@ -12,20 +12,6 @@
 
 namespace {
 
-/// COM for this thread, which must be a single-threaded apartment: the component shows windows.
-class Apartment {
- public:
-  Apartment() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-  ~Apartment() {
-    if (SUCCEEDED(result_)) CoUninitialize();
-  }
-  Apartment(const Apartment&) = delete;
-  Apartment& operator=(const Apartment&) = delete;
-
- private:
-  HRESULT result_;
-};
-
 void showOptions(const wchar_t* database, short tab) {
   Late shop = Late::create(L"TilloraHost.Shop");
   shop.call(L"Open", Value(database));
@@ -44,6 +30,18 @@ void showOptions(const wchar_t* database, short tab) {
   std::printf("data file changed: %s\n", options.get(L"ChangedDataFile").isTrue() ? "yes" : "no");
 }
 
+/// Returns the program's exit status.
+int run(const wchar_t* database, short tab) {
+  try {
+    showOptions(database, tab);
+    return 0;
+  } catch (const CallFailed& failure) {
+    std::printf("failed: 0x%08lX %ls: %ls\n", static_cast<unsigned long>(failure.number),
+                failure.source.c_str(), failure.description.c_str());
+    return 2;
+  }
+}
+
 }  // namespace
 
 // NOLINTNEXTLINE(misc-use-internal-linkage): the system calls it.
@@ -52,14 +50,10 @@ int wmain(int count, wchar_t** arguments) {
     std::printf("usage: cpp_late_client DATABASE [TAB]\n");
     return 1;
   }
-  const Apartment apartment;
+  // A single-threaded apartment, for the component shows windows.
+  if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
   const long tab = count > 2 ? std::wcstol(arguments[2], nullptr, 10) : 0;
-  try {
-    showOptions(arguments[1], static_cast<short>(tab));
-    return 0;
-  } catch (const CallFailed& failure) {
-    std::printf("failed: 0x%08lX %ls: %ls\n", static_cast<unsigned long>(failure.number),
-                failure.source.c_str(), failure.description.c_str());
-    return 2;
-  }
+  const int status = run(arguments[1], static_cast<short>(tab));
+  CoUninitialize();
+  return status;
 }

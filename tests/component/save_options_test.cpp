@@ -153,16 +153,7 @@ TEST_F(SaveOptionsTest, AFailureAtAnyCallOfALoadOrSaveIsRaisedAsItCame) {
     host.stored = stored;
     host.randomPrices.clear();
     host.failingNumber = number;
-    try {
-      run();
-      ADD_FAILURE() << "call " << number << " failed silently";
-    } catch (const Error& failure) {
-      EXPECT_EQ(failure.number(), FakeHost::failure().number());
-      EXPECT_EQ(failure.source(), FakeHost::failure().source());
-      EXPECT_EQ(failure.description(), FakeHost::failure().description());
-      EXPECT_EQ(failure.helpFile(), FakeHost::failure().helpFile());
-      EXPECT_EQ(failure.helpContext(), FakeHost::failure().helpContext());
-    }
+    FakeHost::expectFailure(run);
     EXPECT_EQ(static_cast<int>(host.calls.size()), number + 1) << "the host was called on";
     if (host.calls.back() != "send") {
       EXPECT_EQ(host.stored, stored) << number;

@@ -66,6 +66,11 @@ finish cpp
 printed cpp_hears_every_apply 'OptionsChanged 0' 2
 printed cpp_reads_result 'data file changed: no'
 
+client "$BUILD/cpp_client.exe" "$database" 4
+drive wait Options 60 -- key DOWN ALT+O -- gone Options 10
+finish cpp_rounding
+printed cpp_hears_what_changed 'OptionsChanged 512 Rounding'
+
 client "$BUILD/cpp_late_client.exe" "$database" 4
 drive wait Options 60 -- press Options 'Rounding &Item' -- wait 'Rounding Item' 10 -- key ESC \
   -- gone 'Rounding Item' 10 -- close Options -- gone Options 10

@@ -1,5 +1,7 @@
 #include "tests/testing/fake_host.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -321,6 +323,20 @@ FakeHost::FakeHost() : strings{{20000, u"Local"}, {20001, u"Foreign"}} {}
 Error FakeHost::failure() {
   return {basicError(3051), u"Shop.Database", u"The shop database cannot be opened.", u"shop.chm",
           77};
+}
+
+void FakeHost::expectFailure(const std::function<void()>& act) {
+  try {
+    act();
+    ADD_FAILURE() << "the failure was swallowed";
+  } catch (const Error& raised) {
+    const Error expected = failure();
+    EXPECT_EQ(raised.number(), expected.number());
+    EXPECT_EQ(raised.source(), expected.source());
+    EXPECT_EQ(raised.description(), expected.description());
+    EXPECT_EQ(raised.helpFile(), expected.helpFile());
+    EXPECT_EQ(raised.helpContext(), expected.helpContext());
+  }
 }
 
 void FakeHost::called(const std::string& call) {

@@ -69,6 +69,8 @@ class FakeHost {
 
   /// What fails says so with this error.
   static Error failure();
+  /// Runs `act`, out of which that error must come as it was raised.
+  static void expectFailure(const std::function<void()>& act);
 
   HostObjects objects();
   template <OptionType type>

@@ -41,6 +41,10 @@ class OptionsTest : public ::testing::Test {
   void expectFailureAt(const std::string& call, TabPage page,
                        const std::function<void(frmOptions&)>& act);
 
+  /// Each control has the focus in its turn when Tab is pressed over and over.
+  void expectTabOrder(const std::vector<ui::Control*>& order);
+  void untickAll(ui::CheckListBox& list);
+
   bool applyEnabled(frmOptions& dialog) const;
 
   std::unique_ptr<Desk> desk = makeDesk();

@@ -215,10 +215,7 @@ TEST_F(FredLinkTest, ThePageOpensInTheCheckBoxAndTabWalksThroughTheRest) {
     const std::vector<ui::Control*> order = {&active(dialog), &path(dialog),
                                              &tab(dialog).cmdDispense, &seconds(dialog),
                                              &dialog.cmdCommand[frmOptions::ok]};
-    for (const ui::Control* control : order) {
-      EXPECT_TRUE(control->hasFocus());
-      user.press(Key::tab);
-    }
+    expectTabOrder(order);
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
@@ -475,13 +472,7 @@ TEST_F(FredLinkTest, AHostThatFailsEndsTheSaveWithNothingWritten) {
       user.accessKey(u'o');
     });
     options_.SelectedTab = static_cast<std::int16_t>(TabPage::fred);
-    try {
-      options_.ShowOptions();
-      ADD_FAILURE() << call;
-    } catch (const Error& failure) {
-      EXPECT_EQ(failure.number(), FakeHost::failure().number());
-      EXPECT_EQ(failure.description(), FakeHost::failure().description());
-    }
+    FakeHost::expectFailure([&] { options_.ShowOptions(); });
     EXPECT_EQ(host.calls.back(), call);
     host.failingCall.clear();
   }
@@ -495,9 +486,7 @@ TEST_F(FredLinkTest, ARefusedSaveKeepsWhatWasTyped) {
     typeSeconds(dialog, u"30");
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
     auto& list = dialog.tab<ListColumns>().lstListShow[ListColumns::currency];
-    for (int row = 0; row < list.count(); ++row) {
-      if (list.checked(row)) user.clickCheck(list, row);
-    }
+    untickAll(list);
     apply(dialog);
     EXPECT_EQ(boxes.shown.size(), 1U);
     EXPECT_EQ(host.value(options::FREDPollSeconds), 15);

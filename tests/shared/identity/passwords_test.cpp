@@ -505,13 +505,7 @@ TEST_F(PasswordsTest, AFailingHostIsRaisedAsItCameAndNothingIsStored) {
       host.failingCall = call;
       user.accessKey(u'o');
     });
-    try {
-      options_.ShowOptions();
-      ADD_FAILURE() << call;
-    } catch (const Error& failure) {
-      EXPECT_EQ(failure.number(), FakeHost::failure().number());
-      EXPECT_EQ(failure.description(), FakeHost::failure().description());
-    }
+    FakeHost::expectFailure([&] { options_.ShowOptions(); });
     EXPECT_EQ(host.calls.back(), call);
     EXPECT_EQ(host.stored, stored);
   }

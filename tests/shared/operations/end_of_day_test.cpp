@@ -723,12 +723,7 @@ TEST_F(EndOfDayTest, AFailureInADialogOverThisOneIsRaised) {
     });
     user.click(button(dialog, Part::defaultReports));
   });
-  try {
-    options_.ShowOptions();
-    ADD_FAILURE();
-  } catch (const Error& failure) {
-    EXPECT_EQ(failure.description(), FakeHost::failure().description());
-  }
+  FakeHost::expectFailure([&] { options_.ShowOptions(); });
   EXPECT_TRUE(host.stored.empty());
 }
 

@@ -389,10 +389,7 @@ TEST_F(FrmRandomPriceTest, TabWalksInOrderPastDisabledCaptions) {
                                              &editor.cmdCommand[Part::ok],
                                              &editor.cmdCommand[Part::cancel],
                                              &box(Part::prefix)};
-    for (const ui::Control* control : order) {
-      EXPECT_TRUE(control->hasFocus());
-      user.press(Key::tab);
-    }
+    expectTabOrder(order);
     user.click(check(Part::calculateUnitOfMeasure));
     user.press(Key::tab);
     EXPECT_TRUE(check(Part::inactive).hasFocus());

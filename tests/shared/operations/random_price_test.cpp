@@ -441,10 +441,7 @@ TEST_F(RandomPriceTest, TabWalksThroughThePageInOrder) {
     const std::vector<ui::Control*> order = {&active(dialog), &list(dialog),
                                              &tab(dialog).cmdRandomPrice,
                                              &dialog.cmdCommand[frmOptions::ok]};
-    for (const ui::Control* control : order) {
-      EXPECT_TRUE(control->hasFocus());
-      user.press(Key::tab);
-    }
+    expectTabOrder(order);
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
@@ -603,13 +600,7 @@ TEST_F(RandomPriceTest, FailuresOfALoadReachTheCallerAndNothingFollows) {
     host.randomPrices.clear();
     host.calls.clear();
     host.failingCall = call;
-    try {
-      options_.ShowOptions();
-      ADD_FAILURE() << call;
-    } catch (const Error& failure) {
-      EXPECT_EQ(failure.number(), FakeHost::failure().number());
-      EXPECT_EQ(failure.description(), FakeHost::failure().description());
-    }
+    FakeHost::expectFailure([&] { options_.ShowOptions(); });
     EXPECT_EQ(host.calls.back(), call);
   }
 }
@@ -627,7 +618,7 @@ TEST_F(RandomPriceTest, FailuresOfASaveReachTheCallerAndNothingFollows) {
       user.accessKey(u'o');
     });
     host.failingCall.clear();
-    EXPECT_THROW(options_.ShowOptions(), Error) << call;
+    FakeHost::expectFailure([&] { options_.ShowOptions(); });
     EXPECT_EQ(host.calls.back(), call);
     EXPECT_TRUE(host.stored.empty()) << call;
     EXPECT_EQ(host.randomPrices, freshTable()) << call;

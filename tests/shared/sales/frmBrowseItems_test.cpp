@@ -377,12 +377,7 @@ TEST_F(BrowseItemsTest, FailuresOfTheHostReachTheCaller) {
     frmBrowseItems browser(desk->screen());
     browser.DBJetObject = options_.DBJetObject;
     browser.BrowseType = static_cast<std::int16_t>(type);
-    try {
-      browser.showModal();
-      ADD_FAILURE() << call;
-    } catch (const Error& failure) {
-      EXPECT_EQ(failure.description(), FakeHost::failure().description());
-    }
+    FakeHost::expectFailure([&] { browser.showModal(); });
     EXPECT_FALSE(browser.isShown());
     EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
   }

@@ -479,10 +479,7 @@ TEST_F(RoundingTest, TabWalksThroughThePageInOrder) {
                                              &part.cboRounding[Rounding::taxDirection],
                                              &part.optRounding[0],
                                              &part.chkRounding[0]};
-    for (const ui::Control* control : order) {
-      EXPECT_TRUE(control->hasFocus());
-      user.press(Key::tab);
-    }
+    expectTabOrder(order);
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
