@@ -67,7 +67,7 @@ printed cpp_hears_every_apply 'OptionsChanged 0' 2
 printed cpp_reads_result 'data file changed: no'
 
 client "$BUILD/cpp_client.exe" "$database" 4
-drive wait Options 60 -- key DOWN ALT+O -- gone Options 10
+drive wait Options 60 -- key ALT+N DOWN ALT+O -- gone Options 10
 finish cpp_rounding
 printed cpp_hears_what_changed 'OptionsChanged 512 Rounding'
 
