@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <map>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "support/modJetSQLFixup.h"
@@ -13,12 +14,17 @@
 #include "ui/layout.h"
 
 namespace tillora {
+namespace {
+
+constexpr std::size_t kColumns = 4;
+
+}  // namespace
 
 /// What the list shows for a purpose, and which of its columns make a value.
 struct frmBrowseItems::Columns {
   const char16_t* caption;
   const char16_t* instruction;
-  std::array<const char16_t*, 4> headers;
+  std::array<const char16_t*, kColumns> headers;
   std::optional<int> group;
   int name;
   int sorted;
@@ -62,21 +68,23 @@ void forEach(Cursor<T>& list, Visitor visit) {
   for (list.moveFirst(); !list.atEnd(); list.moveNext()) visit(list);
 }
 
-/// Makes rows of properties of the current item.
+/// Makes rows of properties of the current item. The memory of the texts is used again for each.
 template <class T>
 class RowReader {
  public:
   ListItem row(Cursor<T>& list, std::initializer_list<Text T::*> properties) {
-    ListItem item;
+    std::array<TextView, kColumns> cells;
+    std::size_t cell = 0;
     for (const auto property : properties) {
-      list.read(property, text_);
-      item.texts.add(text_);
+      list.read(property, texts_.at(cell));
+      cells.at(cell) = texts_.at(cell);
+      ++cell;
     }
-    return item;
+    return {ui::CellTexts(std::span(cells).first(cell))};
   }
 
  private:
-  Text text_;
+  std::array<Text, kColumns> texts_;
 };
 
 }  // namespace
@@ -89,7 +97,7 @@ frmBrowseItems::frmBrowseItems(ui::Screen& screen)
   auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
   cancelButton.setToolTip(u"Close this window");
   cancelButton.setCancel();
-  for (int i = 0; i < 4; ++i) ltvItems.addColumn(Text());
+  for (std::size_t i = 0; i < kColumns; ++i) ltvItems.addColumn(Text());
   toggleHeaderButtons(ltvItems);
   layOut();
 
@@ -171,8 +179,9 @@ std::vector<ListItem> frmBrowseItems::rows() const {
 std::vector<ListItem> frmBrowseItems::productRows() const {
   std::vector<ListItem> rows;
   RowReader<Item> reader;
+  Text itemType;
   forEach(*requireObject(DBJetObject, u"DBJetObject").itemList(), [&](Cursor<Item>& items) {
-    const Text itemType = items.get(&Item::itemType);
+    items.read(&Item::itemType, itemType);
     if (std::ranges::find(kProductTypes, itemType) == kProductTypes.end()) return;
     rows.push_back(
         reader.row(items, {&Item::productNumber, &Item::group, &Item::name, &Item::description}));
@@ -185,8 +194,10 @@ std::vector<ListItem> frmBrowseItems::roundingRows() const {
   JetDatabase& database = requireObject(DBJetObject, u"DBJetObject");
   IncomeAccounts incomeAccounts(database);
   RowReader<Item> reader;
+  Text itemType;
   forEach(*database.itemList(), [&](Cursor<Item>& items) {
-    if (items.get(&Item::itemType) != kOtherCharge) return;
+    items.read(&Item::itemType, itemType);
+    if (itemType != kOtherCharge) return;
     ListItem row =
         reader.row(items, {&Item::group, &Item::name, &Item::description, &Item::account});
     if (incomeAccounts.contains(row.texts[3])) rows.push_back(std::move(row));

@@ -72,20 +72,29 @@ void CheckListBox::setListIndex(int row) {
   notify(Property::value);
 }
 
-CellTexts::CellTexts(std::initializer_list<TextView> texts) {
-  for (const TextView text : texts) add(text);
+CellTexts::CellTexts(std::span<const TextView> texts) {
+  std::size_t end = 1 + 2 * texts.size();
+  for (const TextView text : texts) end += text.size();
+  block_.reserve(end);
+
+  block_.push_back(static_cast<char16_t>(texts.size()));
+  end = 1 + 2 * texts.size();
+  for (const TextView text : texts) {
+    end += text.size();
+    block_.push_back(static_cast<char16_t>(end & 0xFFFF));
+    block_.push_back(static_cast<char16_t>(end >> 16));
+  }
+  for (const TextView text : texts) block_.insert(block_.end(), text.begin(), text.end());
 }
 
-void CellTexts::add(TextView text) {
-  requirePosition(count_, 0, kMost);
-  joined_ += text;
-  ends_[count_++] = static_cast<std::uint32_t>(joined_.size());
+std::size_t CellTexts::end(std::size_t cell) const {
+  return block_[1 + 2 * cell] | std::size_t{block_[2 + 2 * cell]} << 16;
 }
 
 TextView CellTexts::operator[](std::size_t cell) const {
-  if (cell >= count_) return {};
-  const std::size_t begin = cell == 0 ? 0 : ends_[cell - 1];
-  return TextView(joined_).substr(begin, ends_[cell] - begin);
+  if (cell >= size()) return {};
+  const std::size_t begin = cell == 0 ? 1 + 2 * size() : end(cell - 1);
+  return TextView(block_.data(), block_.size()).substr(begin, end(cell) - begin);
 }
 
 ListView::ListView(Container* parent) : Control(parent) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <vector>
 
 #include "ui/container.h"
@@ -75,20 +76,19 @@ class CheckListBox final : public Control {
 /// The texts of a row's cells, in one block of memory: a list may have a hundred thousand rows.
 class CellTexts {
  public:
-  static constexpr std::size_t kMost = 8;
-
   CellTexts() = default;
-  CellTexts(std::initializer_list<TextView> texts);
-  /// Adds the next cell. Error `invalid index` (380) beyond kMost.
-  void add(TextView text);
-  std::size_t size() const { return count_; }
+  CellTexts(std::initializer_list<TextView> texts) : CellTexts(std::span(texts)) {}
+  explicit CellTexts(std::span<const TextView> texts);
+  std::size_t size() const { return block_.empty() ? 0 : block_.front(); }
   /// Empty beyond the cells that there are.
   TextView operator[](std::size_t cell) const;
 
  private:
-  Text joined_;
-  std::array<std::uint32_t, kMost> ends_{};
-  std::uint8_t count_ = 0;
+  std::size_t end(std::size_t cell) const;
+
+  // The number of cells; for each cell the end of its text as two units, the lower one first; the
+  // texts one after the other.
+  std::vector<char16_t> block_;
 };
 
 /// One row of a list view: the text of each column and a small icon.

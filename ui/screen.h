@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
+#include <vector>
+
 #include "ui/control.h"
 #include "ui/geometry.h"
 #include "ui/text.h"
@@ -49,9 +53,9 @@ class Screen {
   /// The area below the tabs of a strip, relative to the strip's parent, twips.
   virtual Rect tabClientArea(const TabStrip& tabs) const = 0;
 
-  /// Appends the bytes by which a text is sorted in lists: of two texts the one with the lesser key
-  /// comes first, equal keys share a place. The platform's order, without regard to case.
-  virtual void appendSortKey(TextView text, std::string& keys) const = 0;
+  /// The positions of texts in the platform's order for lists, without regard to case; texts that
+  /// share a place keep their order.
+  virtual std::vector<std::size_t> listOrder(std::span<const TextView> texts) const = 0;
   /// A signal that a key was not accepted.
   virtual void beep() = 0;
 };

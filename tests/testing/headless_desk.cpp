@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numeric>
 
 #include "support/letter_case.h"
 #include "tests/testing/edit_text.h"
@@ -64,12 +65,11 @@ ui::Rect HeadlessScreen::tabClientArea(const ui::TabStrip& tabs) const {
           all.height - kTabHeight - kBorder};
 }
 
-void HeadlessScreen::appendSortKey(TextView text, std::string& keys) const {
-  for (const char16_t c : text) {
-    const char16_t lower = lowerCase(c);
-    keys += static_cast<char>(lower >> 8);
-    keys += static_cast<char>(lower & 0xFF);
-  }
+std::vector<std::size_t> HeadlessScreen::listOrder(std::span<const TextView> texts) const {
+  std::vector<std::size_t> order(texts.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::ranges::stable_sort(order, {}, [&](std::size_t i) { return lowerCase(texts[i]); });
+  return order;
 }
 
 ui::Form* HeadlessUser::form() const {

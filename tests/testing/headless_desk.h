@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <span>
 #include <vector>
 
 #include "tests/testing/desk.h"
@@ -17,7 +18,7 @@ class HeadlessScreen final : public ui::Screen {
   int textWidth(TextView text) const override { return static_cast<int>(text.size()) * 90; }
   int lineHeight() const override { return 195; }
   ui::Rect tabClientArea(const ui::TabStrip& tabs) const override;
-  void appendSortKey(TextView text, std::string& keys) const override;
+  std::vector<std::size_t> listOrder(std::span<const TextView> texts) const override;
   void beep() override { ++beeps; }
 
   std::deque<std::function<void(ui::Form&)>> steps;

@@ -4,8 +4,8 @@
 
 #include "ui/form.h"
 #include "ui/win32/dialog_window.h"
+#include "ui/win32/list_order.h"
 #include "ui/win32/modal_run.h"
-#include "ui/win32/wide.h"
 
 namespace tillora::ui::win32 {
 
@@ -24,25 +24,8 @@ void Screen::setPointer(Pointer pointer) {
   SetCursor(LoadCursorW(nullptr, pointer == Pointer::hourglass ? IDC_WAIT : IDC_ARROW));
 }
 
-void Screen::appendSortKey(TextView text, std::string& keys) const {
-  constexpr DWORD kSortKey = LCMAP_SORTKEY | NORM_IGNORECASE;
-  if (text.empty()) return;
-  const auto* const source = reinterpret_cast<const wchar_t*>(text.data());
-  const auto length = static_cast<int>(text.size());
-  const std::size_t begin = keys.size();
-  // Long enough for most texts; what is needed is asked for where it is not.
-  keys.resize(begin + 4 * text.size() + 16);
-  const auto map = [&](int room) {
-    return LCMapStringW(LOCALE_USER_DEFAULT, kSortKey, source, length,
-                        reinterpret_cast<wchar_t*>(keys.data() + begin), room);
-  };
-  int size = map(static_cast<int>(keys.size() - begin));
-  if (size == 0) {
-    size = LCMapStringW(LOCALE_USER_DEFAULT, kSortKey, source, length, nullptr, 0);
-    keys.resize(begin + static_cast<std::size_t>(size));
-    size = map(size);
-  }
-  keys.resize(begin + static_cast<std::size_t>(size));
+std::vector<std::size_t> Screen::listOrder(std::span<const TextView> texts) const {
+  return win32::listOrder(texts, LOCALE_NAME_USER_DEFAULT);
 }
 
 void Screen::beep() { MessageBeep(MB_OK); }

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "ui/screen.h"
@@ -26,7 +27,7 @@ class Screen final : public ui::Screen {
   int textWidth(TextView text) const override { return metrics_.textWidth(text); }
   int lineHeight() const override { return metrics_.lineHeight(); }
   Rect tabClientArea(const TabStrip& tabs) const override { return metrics_.tabClientArea(tabs); }
-  void appendSortKey(TextView text, std::string& keys) const override;
+  std::vector<std::size_t> listOrder(std::span<const TextView> texts) const override;
   void beep() override;
 
   const Metrics& metrics() const { return metrics_; }

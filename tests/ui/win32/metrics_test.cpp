@@ -63,21 +63,5 @@ TEST(MetricsTest, TheTabClientAreaIsInsideTheStripAndKnownBeforeItsWindow) {
   form.showModal();
 }
 
-TEST(ScreenTest, ListsAreOrderedWithoutRegardToCase) {
-  WindowsDesk desk;
-  const auto key = [&](TextView text) {
-    std::string keys;
-    desk.screen().appendSortKey(text, keys);
-    return keys;
-  };
-  EXPECT_LT(key(u"apple"), key(u"Banana"));
-  EXPECT_EQ(key(u"APPLE"), key(u"apple"));
-  EXPECT_GT(key(u"b"), key(u""));
-  EXPECT_LT(key(u"\u00E4pfel"), key(u"Birnen"));
-  const Text longest(20000, u'\uFDFA');  // a ligature that sorts as eighteen letters
-  EXPECT_GT(key(longest), key(longest.substr(1)));
-  EXPECT_EQ(key(longest), key(longest));
-}
-
 }  // namespace
 }  // namespace tillora::testing
