@@ -2,13 +2,18 @@
 
 namespace tillora::bench {
 
+class Catalogue;
+
 // Each prints its ratios and tells whether its budgets are kept. Floor and product take turns;
 // medians count.
 
 /// Opening the options dialog, against making its windows with nothing behind them.
 bool measureOpening();
-/// Opening the item browser over 100,000 items of the reference host, against a bare walk of the
-/// same cursor that reads the same properties.
-bool measureBrowsing();
+/// Opening the item browser over the catalogue, against a bare walk of the same cursor that reads
+/// the same properties.
+bool measureBrowsing(const Catalogue& catalogue);
+/// Scrolling the item browser's list and typing ahead in it, against a list of the platform's that
+/// holds the same texts itself.
+bool measureList(const Catalogue& catalogue);
 
 }  // namespace tillora::bench

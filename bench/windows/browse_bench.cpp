@@ -2,17 +2,16 @@
 
 #include <psapi.h>
 
-#include <array>
-#include <filesystem>
+#include <algorithm>
 #include <functional>
+#include <vector>
 
 #include "bench/windows/benchmarks.h"
+#include "bench/windows/catalogue.h"
 #include "bench/windows/measure.h"
 #include "component/automation/host_adapters.h"
-#include "host/automation/class_factory.h"
 #include "sales/frmBrowseItems.h"
 #include "support/win32/variant.h"
-#include "ui/win32/module.h"
 #include "ui/win32/screen.h"
 
 namespace tillora::bench {
@@ -23,7 +22,6 @@ using win32::ComPtr;
 using win32::Variant;
 
 constexpr int kRounds = 7;
-constexpr std::int32_t kItems = 100'000;
 constexpr double kBudget = 1.2;
 
 /// The calls of a walk and nothing else: ids looked up once, texts released as they come.
@@ -98,19 +96,7 @@ std::size_t privateBytes() {
 
 class Browsing {
  public:
-  Browsing() {
-    std::filesystem::create_directories(folder_);
-    shop_.call(u"OpenSeeded", (folder_ / "shop.db").u16string(), kItems);
-    database_ = ComPtr<IDispatch>(shop_.getObject(u"Database", u"Database").object());
-  }
-  ~Browsing() {
-    database_ = {};
-    shop_.call(u"Close");
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  Browsing(const Browsing&) = delete;
-  Browsing& operator=(const Browsing&) = delete;
+  explicit Browsing(const Catalogue& catalogue) : catalogue_(catalogue) {}
 
   bool run() {
     const auto sold = [](TextView type) {
@@ -132,6 +118,7 @@ class Browsing {
 
  private:
   bool measure(const Purpose& purpose) {
+    bytes_ = 0;
     std::vector<double> product;
     std::vector<double> floor;
     for (int round = 0; round < kRounds; ++round) {
@@ -148,13 +135,15 @@ class Browsing {
   double browse(frmBrowseItems::Purpose type) {
     frmBrowseItems dialog(screen_);
     dialog.BrowseType = type;
-    dialog.DBJetObject = automation::makeJetDatabase(database_.get());
+    dialog.DBJetObject = automation::makeJetDatabase(catalogue_.database());
     auto end = Clock::now();
     const std::size_t before = privateBytes();
     screen_.modalShown = [&](ui::Form& form) {
       end = Clock::now();
       rows_ = dialog.ltvItems.count();
-      bytes_ = privateBytes() - before;
+      // Later rounds find memory that earlier ones have used.
+      const std::size_t now = privateBytes();
+      bytes_ = std::max(bytes_, now > before ? now - before : 0);
       form.unload();
     };
     const auto start = Clock::now();
@@ -164,26 +153,20 @@ class Browsing {
 
   double walk(const Purpose& purpose) {
     const auto start = Clock::now();
-    DispatchObject list =
-        DispatchObject(database_, u"JetDatabase").getObject(u"ItemList", u"ItemList");
+    DispatchObject list = DispatchObject(ComPtr<IDispatch>(catalogue_.database()), u"JetDatabase")
+                              .getObject(u"ItemList", u"ItemList");
     BareWalk(list.object()).run(purpose.wanted, purpose.properties);
     return milliseconds(start, Clock::now());
   }
 
-  std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
-                                  ("tillora-bench-" + std::to_string(GetCurrentProcessId()));
-  DispatchObject shop_{ComPtr<IDispatch>::adopt(host::automation::kShopClass.create()), u"Shop"};
-  ComPtr<IDispatch> database_;
+  const Catalogue& catalogue_;
   ui::win32::Screen screen_;
-  ui::win32::Window owner_{CreateWindowExW(0, L"STATIC", L"Benchmark",
-                                           WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 700,
-                                           nullptr, nullptr, ui::win32::thisModule(), nullptr)};
   int rows_ = 0;
   std::size_t bytes_ = 0;
 };
 
 }  // namespace
 
-bool measureBrowsing() { return Browsing().run(); }
+bool measureBrowsing(const Catalogue& catalogue) { return Browsing(catalogue).run(); }
 
 }  // namespace tillora::bench

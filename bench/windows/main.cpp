@@ -1,7 +1,10 @@
 #include "bench/windows/benchmarks.h"
+#include "bench/windows/catalogue.h"
 
 int main() {
   const bool opening = tillora::bench::measureOpening();
-  const bool browsing = tillora::bench::measureBrowsing();
-  return opening && browsing ? 0 : 1;
+  const tillora::bench::Catalogue catalogue;
+  const bool browsing = tillora::bench::measureBrowsing(catalogue);
+  const bool list = tillora::bench::measureList(catalogue);
+  return opening && browsing && list ? 0 : 1;
 }
