@@ -4,13 +4,6 @@
 
 namespace tillora {
 
-std::optional<std::int32_t> wholeNumber(const Value& value) {
-  if (const auto* held = std::get_if<std::int32_t>(&value)) return *held;
-  if (const auto* held = std::get_if<std::int16_t>(&value)) return *held;
-  if (const auto* held = std::get_if<std::uint8_t>(&value)) return *held;
-  return std::nullopt;
-}
-
 namespace {
 
 /// A value on its way; its text is overwritten when it has arrived.
@@ -44,12 +37,16 @@ Text Table::text(Field field) {
   return held != nullptr ? std::move(*held) : Text();
 }
 
-std::int32_t Table::integer(Field field) { return wholeNumber(get(field)).value_or(0); }
+std::int32_t Table::integer(Field field) {
+  const Value value = get(field);
+  const auto* held = std::get_if<std::int32_t>(&value);
+  return held != nullptr ? *held : 0;
+}
 
 bool Table::boolean(Field field) {
   const Value value = get(field);
   const auto* held = std::get_if<bool>(&value);
-  return held != nullptr ? *held : wholeNumber(value).value_or(0) != 0;
+  return held != nullptr && *held;
 }
 
 }  // namespace tillora

@@ -61,13 +61,13 @@ class OptionsRecord {
   }
 };
 
-/// The name of a table's column, as criteria and hosts use it.
+enum class FieldType : std::uint8_t { Text, Long, Boolean };
+
+/// A table's column: its name, as criteria and hosts use it, and what it holds.
 struct Field {
   const char16_t* name;
+  FieldType type = FieldType::Text;
 };
-
-/// A whole number of any size; none for any other value.
-std::optional<std::int32_t> wholeNumber(const Value& value);
 
 /// A table of the shop database with one current row.
 class Table {
@@ -94,12 +94,12 @@ class Table {
   /// Deletes the current row. moveNext() leads on.
   virtual void remove() = 0;
 
-  /// A field of the current row; none where it holds no value.
+  /// A field of the current row: a Text, std::int32_t or bool, as its type says. None where it
+  /// holds no value, or one that cannot be converted.
   virtual Value get(Field field) = 0;
   virtual void set(Field field, const Value& value) = 0;
 
-  // A field that holds no value, or one of another kind, is empty, 0 or False. Whole numbers are
-  // taken in any size and as Booleans too, since hosts in scripts hold them in the smallest type.
+  /// The same; empty, 0 or False where there is none.
   Text text(Field field);
   std::int32_t integer(Field field);
   bool boolean(Field field);
@@ -107,38 +107,39 @@ class Table {
 
 /// The fields of the tables that the component uses.
 namespace fields {
-namespace class_ {                         ///< accounting classes
-inline constexpr Field Name{u"Name"};      ///< Text
-inline constexpr Field Hidden{u"Hidden"};  ///< Boolean
+namespace class_ {  ///< accounting classes
+inline constexpr Field Name{u"Name"};
+inline constexpr Field Hidden{u"Hidden", FieldType::Boolean};
 }  // namespace class_
-namespace account {                                  ///< ledger accounts
-inline constexpr Field Name{u"Name"};                ///< Text
-inline constexpr Field Inactive{u"Inactive"};        ///< Boolean
-inline constexpr Field AccountType{u"AccountType"};  ///< Text; "INC" is an income account
+namespace account {  ///< ledger accounts
+inline constexpr Field Name{u"Name"};
+inline constexpr Field Inactive{u"Inactive", FieldType::Boolean};
+inline constexpr Field AccountType{u"AccountType"};  ///< "INC" is an income account
 }  // namespace account
-namespace randomPrice {                            ///< random-price barcode formats, one per prefix
-inline constexpr Field Prefix{u"Prefix"};          ///< Long, the key
-inline constexpr Field FormatID{u"FormatID"};      ///< Long
-inline constexpr Field OptionBits{u"OptionBits"};  ///< Long
-inline constexpr Field UOMUnitCaption{u"UOMUnitCaption"};            ///< Text
-inline constexpr Field UOMPriceUnitCaption{u"UOMPriceUnitCaption"};  ///< Text
-inline constexpr Field Inactive{u"Inactive"};                        ///< Boolean
+namespace randomPrice {  ///< random-price barcode formats, one per prefix
+inline constexpr Field Prefix{u"Prefix", FieldType::Long};  ///< the key
+inline constexpr Field FormatID{u"FormatID", FieldType::Long};
+inline constexpr Field OptionBits{u"OptionBits", FieldType::Long};
+inline constexpr Field UOMUnitCaption{u"UOMUnitCaption"};
+inline constexpr Field UOMPriceUnitCaption{u"UOMPriceUnitCaption"};
+inline constexpr Field Inactive{u"Inactive", FieldType::Boolean};
 }  // namespace randomPrice
-namespace grade {                                    ///< fuel pump grades
-inline constexpr Field GradeNumber{u"GradeNumber"};  ///< Long, the key
-inline constexpr Field Product{u"Product"};          ///< Text: group, colon, item name
-inline constexpr Field Caption{u"Caption"};          ///< Text
+namespace grade {                                                     ///< fuel pump grades
+inline constexpr Field GradeNumber{u"GradeNumber", FieldType::Long};  ///< the key
+inline constexpr Field Product{u"Product"};                           ///< group, colon, item name
+inline constexpr Field Caption{u"Caption"};
 }  // namespace grade
-namespace webSite {                                  ///< web-site links
-inline constexpr Field Description{u"Description"};  ///< Text
-inline constexpr Field URL{u"URL"};                  ///< Text, the key
-inline constexpr Field Inactive{u"Inactive"};        ///< Boolean
+namespace webSite {  ///< web-site links
+inline constexpr Field Description{u"Description"};
+inline constexpr Field URL{u"URL"};  ///< the key
+inline constexpr Field Inactive{u"Inactive", FieldType::Boolean};
 }  // namespace webSite
 namespace currency {                   ///< currencies
-inline constexpr Field Name{u"Name"};  ///< Text, the key
+inline constexpr Field Name{u"Name"};  ///< the key
 }  // namespace currency
-namespace terminal {                                     ///< shop terminals
-inline constexpr Field ReportingBits{u"ReportingBits"};  ///< Long; 0 is un-processed transactions
+namespace terminal {  ///< shop terminals
+/// 0 is un-processed transactions
+inline constexpr Field ReportingBits{u"ReportingBits", FieldType::Long};
 }  // namespace terminal
 }  // namespace fields
 

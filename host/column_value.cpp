@@ -31,11 +31,11 @@ Value columnValue(const Value& value, const Column& column, TextView object) {
         if constexpr (std::is_same_v<Held, std::monostate>) {
           return {};
         } else if constexpr (std::is_same_v<Held, Text>) {
-          if (column.type != ColumnType::Text) mismatch(column, object);
+          if (column.field.type != FieldType::Text) mismatch(column, object);
           return held;
         } else if constexpr (std::is_integral_v<Held>) {
-          if (column.type == ColumnType::Text) mismatch(column, object);
-          if (column.type == ColumnType::Boolean) return held != Held{};
+          if (column.field.type == FieldType::Text) mismatch(column, object);
+          if (column.field.type == FieldType::Boolean) return held != Held{};
           if constexpr (std::is_same_v<Held, bool>) return std::int32_t{held ? -1 : 0};
           return std::int32_t{held};
         } else {
@@ -47,12 +47,12 @@ Value columnValue(const Value& value, const Column& column, TextView object) {
 
 Value readColumn(const Statement& statement, int index, const Column& column, TextView object) {
   if (statement.isNull(index)) return {};
-  switch (column.type) {
-    case ColumnType::Text:
+  switch (column.field.type) {
+    case FieldType::Text:
       return statement.text(index);
-    case ColumnType::Boolean:
+    case FieldType::Boolean:
       return statement.integer(index) != 0;
-    case ColumnType::Long:
+    case FieldType::Long:
       break;
   }
   return checkedLong(statement.integer(index), column, object);

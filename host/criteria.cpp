@@ -70,14 +70,14 @@ class Parser {
 
   Value converted(Value value, const Column& column) const {
     const bool isText = std::holds_alternative<Text>(value);
-    if (isText != (column.type == ColumnType::Text)) {
+    if (isText != (column.field.type == FieldType::Text)) {
       fail(shop_error::criteriaType, kObject,
            Text(u"The field '") + column.field.name + u"' cannot equal such a value (criteria: " +
                scanner_.all() + u").");
     }
     if (isText) return value;
     // True is -1 as a number, and as a truth value every number but 0 is True.
-    if (column.type == ColumnType::Boolean) {
+    if (column.field.type == FieldType::Boolean) {
       if (const auto* number = std::get_if<std::int32_t>(&value)) return *number != 0;
       return value;
     }

@@ -13,37 +13,34 @@ constexpr TextView kObject = u"JetDatabase";
 
 constexpr std::array kClassColumns = {
     Column{fields::class_::Name},
-    Column{fields::class_::Hidden, ColumnType::Boolean},
+    Column{fields::class_::Hidden},
 };
 constexpr std::array kAccountColumns = {
-    Column{fields::account::Name, ColumnType::Text, true},
-    Column{fields::account::Inactive, ColumnType::Boolean},
+    Column{fields::account::Name, true},
+    Column{fields::account::Inactive},
     Column{fields::account::AccountType},
 };
 constexpr std::array kRandomPriceColumns = {
-    Column{fields::randomPrice::Prefix, ColumnType::Long, true},
-    Column{fields::randomPrice::FormatID, ColumnType::Long},
-    Column{fields::randomPrice::OptionBits, ColumnType::Long},
-    Column{fields::randomPrice::UOMUnitCaption},
-    Column{fields::randomPrice::UOMPriceUnitCaption},
-    Column{fields::randomPrice::Inactive, ColumnType::Boolean},
+    Column{fields::randomPrice::Prefix, true},        Column{fields::randomPrice::FormatID},
+    Column{fields::randomPrice::OptionBits},          Column{fields::randomPrice::UOMUnitCaption},
+    Column{fields::randomPrice::UOMPriceUnitCaption}, Column{fields::randomPrice::Inactive},
 };
 constexpr std::array kGradeColumns = {
-    Column{fields::grade::GradeNumber, ColumnType::Long, true},
+    Column{fields::grade::GradeNumber, true},
     Column{fields::grade::Product},
     Column{fields::grade::Caption},
 };
 constexpr std::array kWebSiteColumns = {
     Column{fields::webSite::Description},
-    Column{fields::webSite::URL, ColumnType::Text, true},
-    Column{fields::webSite::Inactive, ColumnType::Boolean},
+    Column{fields::webSite::URL, true},
+    Column{fields::webSite::Inactive},
 };
 constexpr std::array kCurrencyColumns = {
-    Column{fields::currency::Name, ColumnType::Text, true},
+    Column{fields::currency::Name, true},
 };
 constexpr std::array kTerminalColumns = {
     Column{{u"Name"}},
-    Column{fields::terminal::ReportingBits, ColumnType::Long},
+    Column{fields::terminal::ReportingBits},
 };
 constexpr std::array kItemColumns = {
     Column{{u"ItemType"}}, Column{{u"ProductNumber"}}, Column{{u"Group"}},
@@ -61,7 +58,7 @@ void createTable(ShopFile& file, const TableSchema& table) {
   for (const Column& column : table.columns) {
     if (!columns.empty()) columns += ", ";
     columns += quotedName(column.field.name);
-    columns += column.type == ColumnType::Text ? " TEXT" : " INTEGER";
+    columns += column.field.type == FieldType::Text ? " TEXT" : " INTEGER";
   }
   const std::string create = "CREATE TABLE " + tableName + " (" + columns + ")";
   file.execute(create.c_str(), kObject);

@@ -14,11 +14,8 @@ class ShopFile;
 inline constexpr std::int64_t kApplicationId = 0x54696C6C;
 inline constexpr std::int64_t kSchemaVersion = 1;
 
-enum class ColumnType : std::uint8_t { Text, Long, Boolean };
-
 struct Column {
   Field field;
-  ColumnType type = ColumnType::Text;
   bool indexed = false;
 };
 

@@ -161,10 +161,6 @@ std::size_t ShopTable::columnIndex(Field field) const {
   return static_cast<std::size_t>(column - schema_.columns.data());
 }
 
-ColumnType ShopTable::columnType(Field field) const {
-  return schema_.columns[columnIndex(field)].type;
-}
-
 Value ShopTable::get(Field field) {
   const std::size_t index = columnIndex(field);
   if (editing_ != Editing::none) return edited_[index];

@@ -34,9 +34,6 @@ class ShopTable final : public Table {
   Value get(Field field) override;
   void set(Field field, const Value& value) override;
 
-  /// What a field holds; an Error for a field that the table does not have.
-  ColumnType columnType(Field field) const;
-
  private:
   enum class Position : std::uint8_t { onRow, onDeletedRow, atEnd };
   enum class Editing : std::uint8_t { none, added, current };

@@ -90,12 +90,12 @@ void PumpGrades::load(OptionsRecord& record) {
 void PumpGrades::loadGrades() {
   const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
   std::vector<ui::ListItem> rows;
-  std::set<std::int32_t> listed;
+  std::set<Text> listed;
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
-    const auto number = wholeNumber(table->get(fields::grade::GradeNumber));
+    const auto number = keyOf(*table, fields::grade::GradeNumber);
     if (!number || !listed.insert(*number).second) continue;
-    rows.push_back({{decimalText(*number), table->text(fields::grade::Product),
-                     table->text(fields::grade::Caption)}});
+    rows.push_back(
+        {{*number, table->text(fields::grade::Product), table->text(fields::grade::Caption)}});
   }
   ltvPump.setRows(std::move(rows));
   if (ltvPump.count() > 0) selectRow(ltvPump, 0);

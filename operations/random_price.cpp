@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "operations/frmRandomPrice.h"
@@ -58,9 +59,13 @@ clsRandomPrice newFormat(std::int32_t prefix, std::int32_t formatId) {
           .msUOMPriceUnitCaption = u"/kg"};
 }
 
-clsRandomPrice read(Table& table) {
+/// The format of the current row; none where the row has no prefix.
+std::optional<clsRandomPrice> read(Table& table) {
+  const Value prefix = table.get(field::Prefix);
+  const auto* key = std::get_if<std::int32_t>(&prefix);
+  if (key == nullptr) return std::nullopt;
   clsRandomPrice format;
-  format.mlPrefix = table.integer(field::Prefix);
+  format.mlPrefix = *key;
   format.mlFormatID = table.integer(field::FormatID);
   format.mlOptionBits = table.integer(field::OptionBits);
   format.msUOMUnitCaption = table.text(field::UOMUnitCaption);
@@ -149,10 +154,12 @@ void RandomPrice::loadFormats() {
 
   formats_.clear();
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
-    const clsRandomPrice format = read(*table);
+    const std::optional<clsRandomPrice> format = read(*table);
+    if (!format) continue;
     // Of rows with the same prefix only the first is looked at, as by the search of a save.
-    if (std::ranges::find(formats_, format.mlPrefix, &clsRandomPrice::mlPrefix) == formats_.end()) {
-      formats_.push_back(format);
+    if (std::ranges::find(formats_, format->mlPrefix, &clsRandomPrice::mlPrefix) ==
+        formats_.end()) {
+      formats_.push_back(*format);
     }
   }
 }

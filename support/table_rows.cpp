@@ -6,9 +6,12 @@ namespace tillora {
 
 std::optional<Text> keyOf(Table& table, Field key) {
   const Value value = table.get(key);
-  if (const auto* text = std::get_if<Text>(&value)) return *text;
-  if (const auto number = wholeNumber(value)) return decimalText(*number);
-  return std::nullopt;
+  if (key.type == FieldType::Long) {
+    const auto* number = std::get_if<std::int32_t>(&value);
+    return number != nullptr ? std::optional(decimalText(*number)) : std::nullopt;
+  }
+  const auto* text = std::get_if<Text>(&value);
+  return text != nullptr ? std::optional(*text) : std::nullopt;
 }
 
 void editOrAdd(Table& table, TextView criteria) {

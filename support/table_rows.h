@@ -9,8 +9,8 @@
 /// Tables that a list on a tab stands for, row by row, told apart by a key.
 namespace tillora {
 
-/// The key of the current row: a text as it is, a whole number in decimal; none where the row holds
-/// neither.
+/// The key of the current row: a text as it is, or a whole number in decimal, as the field's type
+/// says; none where the row holds no such value.
 std::optional<Text> keyOf(Table& table, Field key);
 
 /// Starts editing of the first row that satisfies the criteria, or a new row where there is none.

@@ -29,7 +29,7 @@ class AutomationTable final : public Table {
   void remove() override { object_.call(u"Delete"); }
 
   Value get(Field field) override {
-    return toFieldValue(object_, object_.get(u"Field", field.name), u"Field");
+    return toFieldValue(object_, object_.get(u"Field", field.name), field.type, u"Field");
   }
   void set(Field field, const Value& value) override { object_.put(u"Field", field.name, value); }
 

@@ -50,6 +50,14 @@ Value sameType(const VARIANT& value) {
   }
 }
 
+/// A text that does not say a value of this type.
+bool isTextWithout(VARTYPE type, const Variant& value) {
+  if (value.type() != VT_BSTR) return false;
+  Variant said;
+  return VariantChangeTypeEx(said.out(), const_cast<VARIANT*>(&value.get()), LOCALE_USER_DEFAULT, 0,
+                             type) == DISP_E_TYPEMISMATCH;
+}
+
 }  // namespace
 
 Value toOptionValue(const DispatchObject& object, const Variant& value, OptionType type,
@@ -60,37 +68,28 @@ Value toOptionValue(const DispatchObject& object, const Variant& value, OptionTy
   return sameType(object.converted(value, wanted, member).get());
 }
 
-Value toFieldValue(const DispatchObject& object, const Variant& value, const char16_t* member) {
+Value toFieldValue(const DispatchObject& object, const Variant& value, FieldType type,
+                   const char16_t* member) {
   if (value.isEmptyOrNull()) return {};
-  switch (value.type()) {
-    case VT_BOOL:
-    case VT_UI1:
-    case VT_I2:
-    case VT_I4:
-    case VT_R4:
-    case VT_CY:
-    case VT_BSTR:
-      return sameType(value.get());
-    case VT_R8:
-    case VT_DECIMAL: {
-      const Variant number = object.converted(value, VT_R8, member);
-      const double amount = number.get().dblVal;
-      if (std::trunc(amount) != amount) {
-        return sameType(object.converted(number, VT_R4, member).get());
-      }
-      return sameType(object.converted(number, VT_I4, member).get());
-    }
-    case VT_I1:
-    case VT_UI2:
-    case VT_UI4:
-    case VT_I8:
-    case VT_UI8:
-    case VT_INT:
-    case VT_UINT:
-      return sameType(object.converted(value, VT_I4, member).get());
-    default:  // dates, objects with a default value; what has no text is a type mismatch
-      return sameType(object.converted(value, VT_BSTR, member).get());
+  if (value.type() == VT_DISPATCH) {  // it has a default value, or is a type mismatch
+    return toFieldValue(object, object.converted(value, VT_BSTR, member), type, member);
   }
+  switch (type) {
+    case FieldType::Text:
+      return sameType(object.converted(value, VT_BSTR, member).get());
+    case FieldType::Boolean:
+      return isTextWithout(VT_BOOL, value)
+                 ? Value()
+                 : sameType(object.converted(value, VT_BOOL, member).get());
+    case FieldType::Long:
+      break;
+  }
+  if (value.type() == VT_I4) return sameType(value.get());
+  if (isTextWithout(VT_R8, value)) return {};
+  const Variant number = object.converted(value, VT_R8, member);
+  const double amount = number.get().dblVal;
+  if (std::trunc(amount) != amount) return {};
+  return sameType(object.converted(number, VT_I4, member).get());
 }
 
 }  // namespace tillora::automation

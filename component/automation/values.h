@@ -1,7 +1,7 @@
 #pragma once
 
 #include "component/automation/dispatch_object.h"
-#include "component/option_table.h"
+#include "component/host_objects.h"
 
 namespace tillora::automation {
 
@@ -10,9 +10,10 @@ namespace tillora::automation {
 Value toOptionValue(const DispatchObject& object, const win32::Variant& value, OptionType type,
                     const char16_t* member);
 
-/// A table's field in the nearest type that the core knows: whole numbers of other widths are Long
-/// where they fit, other numbers Single, dates text. Empty and Null are none.
-Value toFieldValue(const DispatchObject& object, const win32::Variant& value,
+/// A table's field in the field's own type. None are Empty, Null, and where a whole number or a
+/// Boolean is wanted, a text that says none and a number with a fraction. Errors as those of
+/// DispatchObject::converted().
+Value toFieldValue(const DispatchObject& object, const win32::Variant& value, FieldType type,
                    const char16_t* member);
 
 }  // namespace tillora::automation

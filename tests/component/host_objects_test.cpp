@@ -10,38 +10,29 @@ namespace {
 class TableFieldTest : public ::testing::Test {
  protected:
   /// A table of one row, whose field holds this.
-  std::unique_ptr<Table> holding(Value value) {
-    host_.grades = {{{field.name, std::move(value)}}};
-    return host_.objects().database->gradeTable();
+  std::unique_ptr<Table> holding(Field field, Value value) {
+    host_.randomPrices = {{{field.name, std::move(value)}}};
+    return host_.objects().database->randomPriceTable();
   }
-  const Field field = fields::grade::GradeNumber;
+  const Field number = fields::randomPrice::Prefix;
+  const Field flag = fields::randomPrice::Inactive;
+  const Field caption = fields::randomPrice::UOMUnitCaption;
 
  private:
   FakeHost host_;
 };
 
-TEST_F(TableFieldTest, AWholeNumberIsReadInAnySize) {
-  EXPECT_EQ(holding(std::int32_t{-70000})->integer(field), -70000);
-  EXPECT_EQ(holding(std::int16_t{-20})->integer(field), -20);
-  EXPECT_EQ(holding(std::uint8_t{255})->integer(field), 255);
+TEST_F(TableFieldTest, AFieldIsReadAsItsType) {
+  EXPECT_EQ(holding(number, std::int32_t{-70000})->integer(number), -70000);
+  EXPECT_TRUE(holding(flag, true)->boolean(flag));
+  EXPECT_FALSE(holding(flag, false)->boolean(flag));
+  EXPECT_EQ(holding(caption, Text(u"20"))->text(caption), u"20");
 }
 
-TEST_F(TableFieldTest, ABooleanMayBeANumber) {
-  EXPECT_TRUE(holding(true)->boolean(field));
-  EXPECT_FALSE(holding(false)->boolean(field));
-  EXPECT_TRUE(holding(std::int16_t{-1})->boolean(field));
-  EXPECT_TRUE(holding(std::int32_t{1})->boolean(field));
-  EXPECT_FALSE(holding(std::int16_t{0})->boolean(field));
-}
-
-TEST_F(TableFieldTest, NoValueAndOneOfAnotherKindAreTheTypesZero) {
-  for (const Value& value : {Value(), Value(1.5F), Value(Money{10000})}) {
-    EXPECT_EQ(holding(value)->text(field), u"");
-    EXPECT_EQ(holding(value)->integer(field), 0);
-    EXPECT_FALSE(holding(value)->boolean(field));
-  }
-  EXPECT_EQ(holding(Text(u"20"))->integer(field), 0);
-  EXPECT_EQ(holding(Text(u"20"))->text(field), u"20");
+TEST_F(TableFieldTest, NoValueIsTheTypesZero) {
+  EXPECT_EQ(holding(number, Value())->integer(number), 0);
+  EXPECT_FALSE(holding(flag, Value())->boolean(flag));
+  EXPECT_EQ(holding(caption, Value())->text(caption), u"");
 }
 
 }  // namespace

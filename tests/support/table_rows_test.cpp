@@ -27,16 +27,20 @@ class TableRows : public ::testing::Test {
   HostObjects objects = host.objects();
 };
 
-TEST_F(TableRows, AKeyIsATextOrAWholeNumberInDecimal) {
-  const std::vector<std::pair<Value, std::optional<Text>>> keys = {
-      {Text(u" x "), u" x "},    {Text(), u""},
-      {std::int32_t{-1}, u"-1"}, {std::int16_t{300}, u"300"},
-      {std::uint8_t{7}, u"7"},   {std::numeric_limits<std::int32_t>::min(), u"-2147483648"},
-      {1.5F, std::nullopt},      {Value(), std::nullopt}};
-  for (const auto& [stored, key] : keys) {
-    host.webSites = {site(stored)};
-    EXPECT_EQ(keyOf(*open(), fields::webSite::URL), key);
-  }
+TEST_F(TableRows, AKeyIsATextOrAWholeNumberInDecimalAsItsFieldSays) {
+  const auto keyIn = [this](Field field, const Value& stored) {
+    host.webSites = {{{field.name, stored}}};
+    return keyOf(*open(), field);
+  };
+  constexpr Field kText = fields::webSite::URL;
+  EXPECT_EQ(keyIn(kText, Text(u" x ")), u" x ");
+  EXPECT_EQ(keyIn(kText, Text()), u"");
+  EXPECT_EQ(keyIn(kText, Value()), std::nullopt);
+  constexpr Field kNumber = fields::grade::GradeNumber;
+  EXPECT_EQ(keyIn(kNumber, std::int32_t{-1}), u"-1");
+  EXPECT_EQ(keyIn(kNumber, std::numeric_limits<std::int32_t>::min()), u"-2147483648");
+  EXPECT_EQ(keyIn(kNumber, Text(u"3")), std::nullopt);
+  EXPECT_EQ(keyIn(kNumber, Value()), std::nullopt);
 }
 
 TEST_F(TableRows, TheFirstRowThatSatisfiesTheCriteriaIsEdited) {

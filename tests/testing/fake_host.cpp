@@ -57,8 +57,8 @@ class FakeRecord final : public OptionsRecord, Counted {
 Text literalOf(const Value& value) {
   if (const auto* text = std::get_if<Text>(&value)) return QuoteJetLiteral(*text);
   if (const auto* flag = std::get_if<bool>(&value)) return Text(jetBoolean(*flag));
-  const auto number = wholeNumber(value);
-  return number ? decimalText(*number) : Text(u"Null");  // which no criteria ask for
+  const auto* number = std::get_if<std::int32_t>(&value);
+  return number != nullptr ? decimalText(*number) : Text(u"Null");  // which no criteria ask for
 }
 
 // The condition is [Field] = literal or Field=literal.

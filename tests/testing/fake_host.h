@@ -11,7 +11,8 @@
 
 namespace tillora::testing {
 
-/// A row of a table in memory, by field name.
+/// A row of a table in memory, by field name. The component gets what it holds: Text, std::int32_t
+/// or bool, as the field's type says, unless it is converted by AutomationHost on its way.
 using FakeRow = std::map<Text, Value>;
 
 /// A message box that was shown.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <map>
 #include <memory>
 
 #include "component/option_table.h"
@@ -31,6 +34,8 @@ class AutomationHost {
   win32::ComPtr<ScriptedObject> settings;
   /// The records handed out, the latest last. Each holds a reference.
   std::vector<win32::ComPtr<ScriptedObject>> records;
+  /// Fields of tables that the host gives as values of this type, whatever it holds.
+  std::map<Text, VARTYPE> fieldTypes;
   /// The host answers a missing option with Empty and never says NoValue.
   bool missingIsEmpty = false;
 
@@ -106,7 +111,7 @@ class AutomationHost {
     return object;
   }
 
-  static Object makeTable(const std::shared_ptr<Table>& table) {
+  Object makeTable(const std::shared_ptr<Table>& table) {
     const Object object = ScriptedObject::make();
     const auto action = [&](const Text& name, void (Table::*run)()) {
       object->add(name, [table, run](const Call&) {
@@ -130,14 +135,24 @@ class AutomationHost {
       table->findNext(call.text(0));
       return Variant();
     });
-    object->add(u"Field", [table](const Call& call) {
+    object->add(u"Field", [this, table](const Call& call) {
       const Text name = call.text(0);
       const Field field{name.c_str()};
-      if (!call.isPut()) return win32::toVariant(table->get(field));
+      if (!call.isPut()) return asHeld(name, win32::toVariant(table->get(field)));
       table->set(field, valueOf(*call.arguments.at(1)));
       return Variant();
     });
     return object;
+  }
+
+  Variant asHeld(const Text& field, Variant value) const {
+    const auto type = fieldTypes.find(field);
+    if (type == fieldTypes.end() || value.isEmptyOrNull()) return value;
+    Variant held;
+    EXPECT_EQ(VariantChangeTypeEx(held.out(), value.address(), LOCALE_INVARIANT, VARIANT_ALPHABOOL,
+                                  type->second),
+              S_OK);
+    return held;
   }
 
   static void addTexts(const Object& object,
@@ -188,8 +203,8 @@ class AutomationHost {
       return reference(records.back());
     });
     const auto table = [&](const Text& name, std::unique_ptr<Table> (JetDatabase::*open)()) {
-      object->add(name,
-                  [shop, open](const Call&) { return reference(makeTable((*shop.*open)())); });
+      object->add(
+          name, [this, shop, open](const Call&) { return reference(makeTable((*shop.*open)())); });
     };
     table(u"ClassTable", &JetDatabase::classTable);
     table(u"AccountTable", &JetDatabase::accountTable);

@@ -129,34 +129,92 @@ INSTANTIATE_TEST_SUITE_P(
                {},
                DISP_E_TYPEMISMATCH}));
 
-TEST_F(HostAdaptersTest, FieldsOfOtherTypesComeAsTheNearestOne) {
-  std::function<Variant()> answer;
-  const auto table = ScriptedObject::make();
-  table->add(u"Field", [&](const Call&) { return answer(); });
-  const auto adapted = makeTable({ComPtr<IDispatch>(table.get()), u"GradeTable"});
-  const auto field = [&](std::function<Variant()> given) {
-    answer = std::move(given);
-    return adapted->get(fields::grade::GradeNumber);
-  };
-  EXPECT_EQ(field([] { return Variant(); }), Value());
-  EXPECT_EQ(field(nullVariant), Value());
-  EXPECT_EQ(field([] { return Variant(7.0); }), Value(std::int32_t{7}));
-  EXPECT_EQ(field([] { return Variant(7.5); }), Value(7.5F));
-  EXPECT_EQ(field([] { return Variant(std::int16_t{7}); }), Value(std::int16_t{7}));
-  EXPECT_EQ(field([] { return Variant(u"seven"); }), Value(Text(u"seven")));
-  EXPECT_EQ(field([] { return Variant(true); }), Value(true));
-  const auto wide = [](LONGLONG number) {
-    return [number] {
-      Variant value;
-      value.address()->vt = VT_I8;
-      value.address()->llVal = number;
+class HostFieldsTest : public HostAdaptersTest {
+ protected:
+  HostFieldsTest() {
+    table_->add(u"Field", [this](const Call&) { return given_(); });
+  }
+  /// The field as it is read where the host answers this.
+  Value read(Field field, std::function<Variant()> given) {
+    given_ = std::move(given);
+    return adapted_->get(field);
+  }
+  template <class Held>
+  Value readHeld(Field field, Held held) {
+    return read(field, [held] { return Variant(held); });
+  }
+  /// What the host answers, as a value of this type.
+  static std::function<Variant()> as(VARTYPE type, double number) {
+    return [=] {
+      Variant value(number);
+      EXPECT_EQ(VariantChangeType(value.address(), value.address(), 0, type), S_OK);
       return value;
     };
-  };
-  EXPECT_EQ(field(wide(5)), Value(std::int32_t{5}));
-  EXPECT_EQ(errorOf([&] { field(wide(1LL << 40)); }), error::overflow);
-  EXPECT_EQ(errorOf([&] { field([] { return Variant(1e12); }); }), error::overflow);
-  EXPECT_EQ(errorOf([&] { field(arrayVariant); }), error::typeMismatch);
+  }
+  const Field number = fields::grade::GradeNumber;
+  const Field flag = fields::webSite::Inactive;
+  const Field caption = fields::grade::Caption;
+
+ private:
+  std::function<Variant()> given_;
+  ComPtr<ScriptedObject> table_ = ScriptedObject::make();
+  std::unique_ptr<Table> adapted_ = makeTable({ComPtr<IDispatch>(table_.get()), u"GradeTable"});
+};
+
+TEST_F(HostFieldsTest, NumbersOfEveryTypeAreWholeOnes) {
+  for (const VARTYPE type : {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_I8, VT_UI8, VT_INT,
+                             VT_UINT, VT_R4, VT_R8, VT_CY, VT_DECIMAL, VT_BSTR, VT_DATE}) {
+    EXPECT_EQ(read(number, as(type, 7)), Value(std::int32_t{7})) << type;
+  }
+  EXPECT_EQ(readHeld(number, u" 20 "), Value(std::int32_t{20}));
+  EXPECT_EQ(readHeld(number, true), Value(std::int32_t{-1}));
+  EXPECT_EQ(readHeld(number, -2147483648.0), Value(std::int32_t{-2147483647 - 1}));
+}
+
+TEST_F(HostFieldsTest, WhatSaysNoWholeNumberIsNone) {
+  EXPECT_EQ(read(number, [] { return Variant(); }), Value());
+  EXPECT_EQ(read(number, nullVariant), Value());
+  for (const char16_t* text : {u"", u" ", u"seven", u"7 litres", u"7.5"}) {
+    EXPECT_EQ(readHeld(number, text), Value()) << toUtf8(text);
+  }
+  for (const VARTYPE type : {VT_R4, VT_R8, VT_CY, VT_DECIMAL}) {
+    EXPECT_EQ(read(number, as(type, 7.5)), Value()) << type;
+  }
+}
+
+TEST_F(HostFieldsTest, BooleansAreTakenAsNumbersAndWords) {
+  for (const VARTYPE type :
+       {VT_BOOL, VT_UI1, VT_I2, VT_I4, VT_I8, VT_R4, VT_R8, VT_CY, VT_DECIMAL, VT_BSTR}) {
+    EXPECT_EQ(read(flag, as(type, 1)), Value(true)) << type;
+    EXPECT_EQ(read(flag, as(type, 0)), Value(false)) << type;
+  }
+  EXPECT_EQ(readHeld(flag, u"True"), Value(true));
+  EXPECT_EQ(readHeld(flag, u"False"), Value(false));
+  EXPECT_EQ(readHeld(flag, u"maybe"), Value());
+  EXPECT_EQ(readHeld(flag, u""), Value());
+  EXPECT_EQ(read(flag, nullVariant), Value());
+}
+
+TEST_F(HostFieldsTest, ATextFieldTakesTheTextOfANumber) {
+  EXPECT_EQ(readHeld(caption, u"ULP"), Value(Text(u"ULP")));
+  EXPECT_EQ(readHeld(caption, u""), Value(Text()));
+  EXPECT_EQ(readHeld(caption, 7.5), Value(Text(u"7.5")));
+  for (const VARTYPE type : {VT_UI1, VT_I2, VT_I4, VT_I8, VT_R4, VT_R8, VT_CY, VT_DECIMAL}) {
+    EXPECT_EQ(read(caption, as(type, 95)), Value(Text(u"95"))) << type;
+  }
+  EXPECT_EQ(read(caption, nullVariant), Value());
+}
+
+TEST_F(HostFieldsTest, WhatIsTooLargeOrHasNoTextIsAnError) {
+  EXPECT_EQ(errorOf([&] { read(number, as(VT_I8, 1e12)); }), error::overflow);
+  EXPECT_EQ(errorOf([&] { readHeld(number, 1e12); }), error::overflow);
+  EXPECT_EQ(errorOf([&] { readHeld(number, u"99999999999"); }), error::overflow);
+  for (const Field field : {number, flag, caption}) {
+    EXPECT_EQ(errorOf([&] { read(field, arrayVariant); }), error::typeMismatch);
+    EXPECT_EQ(errorOf([&] { read(field, errorVariant); }), error::typeMismatch);
+    EXPECT_EQ(errorOf([&] { readHeld(field, static_cast<IDispatch*>(nullptr)); }),
+              error::typeMismatch);
+  }
 }
 
 TEST_F(HostAdaptersTest, TablesAreFoundReadAndWritten) {

@@ -444,9 +444,8 @@ TEST_F(WebSitesTest, AHostsTextsStayTextInQuestionsAndCriteria) {
   }
 }
 
-TEST_F(WebSitesTest, EntriesKeepTheirStateWhateverTypeTheHostHoldsItIn) {
-  host.webSites = {site(u"A", u"a"), site(u"B", u"b")};
-  host.webSites[0][u"Inactive"] = std::int16_t{-1};
+TEST_F(WebSitesTest, AnEntryWithoutAStateIsActive) {
+  host.webSites = {site(u"A", u"a", true), site(u"B", u"b")};
   host.webSites[1].erase(u"Inactive");
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(shown(dialog), (Sites{site(u"A", u"a", true), site(u"B", u"b", false)}));

@@ -540,6 +540,20 @@ TEST_F(RandomPriceTest, OfRowsWithOnePrefixTheFirstIsListedAndTheOthersAreLeftAl
                                                      second, fresh(2), third}));
 }
 
+TEST_F(RandomPriceTest, ARowWithoutAPrefixIsNotListedAndStays) {
+  FakeRow nameless = row(0, 2, 3, u"no", u"prefix", false);
+  nameless.erase(u"Prefix");
+  FakeRow worded = nameless;
+  worded[u"Prefix"] = Text(u"twenty");
+  const std::vector<FakeRow> before = {nameless, fresh(2), fresh(0), worded};
+  host.randomPrices = before;
+  editTab([&](frmOptions& dialog) {
+    EXPECT_EQ(prefixes(dialog), (std::vector<Text>{u"02", u"00"}));
+    touch(dialog);
+  });
+  EXPECT_EQ(host.randomPrices, before);
+}
+
 TEST_F(RandomPriceTest, OptionBitsWithoutABoxAreKeptUntilTheFormatIsAccepted) {
   const std::int32_t bits = 0x40000006;
   host.randomPrices = {row(2, 1, bits, u"kg", u"/kg", false)};
