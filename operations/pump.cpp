@@ -185,8 +185,9 @@ void PumpGrades::saveGrades() {
   for (const ui::ListItem& row : ltvPump.rows()) {
     const Text number(row.texts[grade]);
     listed.insert(number);
-    editOrAdd(*table, u"[GradeNumber] = " + number);
-    table->set(fields::grade::GradeNumber, numberOf(number));
+    if (editOrAdd(*table, u"[GradeNumber] = " + number)) {
+      table->set(fields::grade::GradeNumber, numberOf(number));
+    }
     table->set(fields::grade::Product, Text(row.texts[product]));
     table->set(fields::grade::Caption, Text(row.texts[caption]));
     table->update();

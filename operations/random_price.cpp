@@ -145,6 +145,7 @@ void RandomPrice::load(OptionsRecord& record) {
 
 void RandomPrice::loadFormats() {
   const auto table = requireObject(dialog_.host().database, u"DBJetObject").randomPriceTable();
+  table->moveFirst();
   if (table->atEnd()) {
     for (std::int32_t prefix = kFirstPrefix; prefix <= kLastPrefix; ++prefix) {
       add(*table, newFormat(prefix, kUsualFormat));

@@ -14,13 +14,15 @@ std::optional<Text> keyOf(Table& table, Field key) {
   return text != nullptr ? std::optional(*text) : std::nullopt;
 }
 
-void editOrAdd(Table& table, TextView criteria) {
+bool editOrAdd(Table& table, TextView criteria) {
   table.findFirst(criteria);
-  if (table.noMatch()) {
+  const bool isNew = table.noMatch();
+  if (isNew) {
     table.addNew();
   } else {
     table.edit();
   }
+  return isNew;
 }
 
 void removeUnlisted(Table& table, Field key, const std::set<Text>& listed,

@@ -14,7 +14,8 @@ namespace tillora {
 std::optional<Text> keyOf(Table& table, Field key);
 
 /// Starts editing of the first row that satisfies the criteria, or a new row where there is none.
-void editOrAdd(Table& table, TextView criteria);
+/// True for a new row, whose key is still to be set.
+bool editOrAdd(Table& table, TextView criteria);
 
 /// Deletes the rows that a list, written to the table before, does not hold: those with a key that
 /// is not listed and that `isOurs` confirms, and all but the first of those with one listed key.

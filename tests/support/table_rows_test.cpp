@@ -46,7 +46,7 @@ TEST_F(TableRows, AKeyIsATextOrAWholeNumberInDecimalAsItsFieldSays) {
 TEST_F(TableRows, TheFirstRowThatSatisfiesTheCriteriaIsEdited) {
   host.webSites = {site(u"a", u"1"), site(u"b", u"2"), site(u"b", u"3")};
   const auto table = open();
-  editOrAdd(*table, u"[URL] = 'b'");
+  EXPECT_FALSE(editOrAdd(*table, u"[URL] = 'b'"));
   table->set(fields::webSite::Description, Text(u"new"));
   table->update();
   EXPECT_EQ(descriptions(), (std::vector<Text>{u"1", u"new", u"3"}));
@@ -55,7 +55,7 @@ TEST_F(TableRows, TheFirstRowThatSatisfiesTheCriteriaIsEdited) {
 TEST_F(TableRows, ARowIsAddedWhereNoneDoes) {
   host.webSites = {site(u"a", u"1")};
   const auto table = open();
-  editOrAdd(*table, u"[URL] = 'b'");
+  EXPECT_TRUE(editOrAdd(*table, u"[URL] = 'b'"));
   table->set(fields::webSite::Description, Text(u"new"));
   table->update();
   EXPECT_EQ(descriptions(), (std::vector<Text>{u"1", u"new"}));

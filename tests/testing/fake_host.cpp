@@ -89,14 +89,21 @@ bool satisfies(const FakeRow& row, TextView criteria) {
 class FakeTable final : public Table, Counted {
  public:
   FakeTable(FakeHost& host, std::string name, std::vector<FakeRow>& rows)
-      : Counted(host), name_(std::move(name)), rows_(rows) {}
+      : Counted(host), name_(std::move(name)), rows_(rows) {
+    if (host.keepsTables) row_ = host.tablePositions[name_];
+  }
+  FakeTable(const FakeTable&) = delete;
+  FakeTable& operator=(const FakeTable&) = delete;
+  ~FakeTable() override { host_.tablePositions[name_] = row_; }
 
   void moveFirst() override {
     step();
+    editing_ = Editing::none;
     row_ = 0;
   }
   void moveNext() override {
     step();
+    editing_ = Editing::none;
     if (!std::exchange(removed_, false)) ++row_;
   }
   bool atEnd() override {
@@ -111,24 +118,35 @@ class FakeTable final : public Table, Counted {
   }
   void addNew() override {
     step();
+    written("add");
     edited_.clear();
-    adding_ = true;
+    editing_ = Editing::added;
   }
   void edit() override {
     step();
+    written("edit");
     edited_ = rows_.at(row_);
-    adding_ = false;
+    editing_ = Editing::current;
   }
   void update() override {
     host_.called("update " + name_);
-    if (adding_) {
-      rows_.push_back(edited_);
-    } else {
-      rows_.at(row_) = edited_;
+    written("update");
+    switch (std::exchange(editing_, Editing::none)) {
+      case Editing::none:
+        ADD_FAILURE() << name_ << " is updated without AddNew or Edit";
+        break;
+      case Editing::added:
+        rows_.push_back(edited_);
+        break;
+      case Editing::current:
+        rows_.at(row_) = edited_;
+        break;
     }
   }
   void remove() override {
     host_.called("delete " + name_);
+    written("delete");
+    editing_ = Editing::none;
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row_));
     removed_ = true;
   }
@@ -140,13 +158,23 @@ class FakeTable final : public Table, Counted {
   }
   void set(Field field, const Value& value) override {
     step();
+    written("set", " " + toUtf8(field.name));
+    if (editing_ == Editing::none) {
+      ADD_FAILURE() << toUtf8(field.name) << " of " << name_ << " is set without AddNew or Edit";
+    }
     edited_[field.name] = value;
   }
 
  private:
+  enum class Editing : std::uint8_t { none, added, current };
+
   void step() { ++host_.tableSteps; }
+  void written(const std::string& what, const std::string& field = {}) {
+    host_.writes.push_back(what + " " + name_ + field);
+  }
   void find(TextView criteria, std::size_t from) {
     host_.called("find " + name_ + " " + toUtf8(criteria));
+    editing_ = Editing::none;
     const auto found =
         std::find_if(rows_.begin() + static_cast<std::ptrdiff_t>(std::min(from, rows_.size())),
                      rows_.end(), [&](const FakeRow& row) { return satisfies(row, criteria); });
@@ -158,7 +186,7 @@ class FakeTable final : public Table, Counted {
   std::vector<FakeRow>& rows_;
   FakeRow edited_;
   std::size_t row_ = 0;
-  bool adding_ = false;
+  Editing editing_ = Editing::none;
   bool noMatch_ = false;
   bool removed_ = false;
 };
@@ -350,6 +378,14 @@ std::vector<std::string> FakeHost::callsStarting(const std::string& prefix) cons
   std::vector<std::string> found;
   std::ranges::copy_if(calls, std::back_inserter(found),
                        [&](const std::string& call) { return call.starts_with(prefix); });
+  return found;
+}
+
+std::vector<std::string> FakeHost::writesOf(const std::string& table) const {
+  std::vector<std::string> found;
+  std::ranges::copy_if(writes, std::back_inserter(found), [&](const std::string& write) {
+    return write.find(" " + table) != std::string::npos;
+  });
   return found;
 }
 

@@ -59,6 +59,15 @@ class FakeHost {
   std::vector<std::string> calls;
   /// Moves, tests, edits and fields of tables, which `calls` does not list.
   int tableSteps = 0;
+  /// What is done to the rows of tables, in order: "add GradeTable", "edit GradeTable",
+  /// "set GradeTable Caption", "update GradeTable", "delete GradeTable". A field that is set, or an
+  /// update, without a row being added or edited fails the test.
+  std::vector<std::string> writes;
+  /// Those of one table.
+  std::vector<std::string> writesOf(const std::string& table) const;
+  /// A table that is handed out again stands where it was left, as one object for all times does.
+  bool keepsTables = false;
+  std::map<std::string, std::size_t> tablePositions;  ///< by name of the table
   /// Told of every call after it was written down.
   std::function<void(const std::string&)> onCall;
   /// The call with this text fails from its nth time on; none if empty.

@@ -330,6 +330,26 @@ TEST_F(WebSitesTest, ASaveLeavesWhatIsListed) {
                                 "find WebSiteTable [URL] = 'd'"}));
 }
 
+TEST_F(WebSitesTest, EveryFieldOfAFoundAndOfANewRowIsWritten) {
+  host.webSites = {site(u"A", u"a")};
+  editTab([&](frmOptions& dialog) {
+    editRow(dialog, 0, u"Bee", u"b");
+    host.webSites.push_back(site(u"Other", u"b"));
+    host.writes.clear();
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    editRow(dialog, 0, u"Cee", u"c");
+  });
+  const auto row = [](const std::string& begin) {
+    return std::vector<std::string>{begin + " WebSiteTable", "set WebSiteTable Description",
+                                    "set WebSiteTable URL",  "set WebSiteTable Inactive",
+                                    "update WebSiteTable",   "delete WebSiteTable"};
+  };
+  std::vector<std::string> expected = row("edit");
+  std::ranges::copy(row("add"), std::back_inserter(expected));
+  EXPECT_EQ(host.writesOf("WebSiteTable"), expected);
+  EXPECT_EQ(host.webSites, Sites{site(u"Cee", u"c")});
+}
+
 TEST_F(WebSitesTest, SitesOfOtherProgramsStayAndOursGo) {
   host.webSites = {site(u"A", u"a"), site(u"B", u"b")};
   openTab([&](frmOptions& dialog) {

@@ -566,6 +566,22 @@ TEST_F(PumpTest, ASaveLeavesExactlyTheListedGrades) {
   });
 }
 
+TEST_F(PumpTest, TheNumberIsWrittenIntoNewRowsAlone) {
+  addGrades({1, 3});
+  editTab([&](frmOptions& dialog) {
+    EXPECT_EQ(addByNew(dialog), 2);
+    deleteRow(dialog, 1);
+    host.writes.clear();
+  });
+  EXPECT_EQ(host.writesOf("GradeTable"),
+            (std::vector<std::string>{"edit GradeTable", "set GradeTable Product",
+                                      "set GradeTable Caption", "update GradeTable",
+                                      "add GradeTable", "set GradeTable GradeNumber",
+                                      "set GradeTable Product", "set GradeTable Caption",
+                                      "update GradeTable", "delete GradeTable"}));
+  EXPECT_EQ(storedNumbers(), (std::vector<std::int32_t>{1, 2}));
+}
+
 TEST_F(PumpTest, CancelLeavesTheTableAsItWas) {
   addGrades({1, 2});
   const auto before = host.grades;

@@ -136,6 +136,18 @@ TEST_F(RandomPriceTest, TheFormatsThatTheLoadAddsStayAfterCancel) {
   EXPECT_TRUE(host.callsStarting("update RandomPriceTable").empty());
 }
 
+TEST_F(RandomPriceTest, ATableThatIsLeftAtItsEndIsNotTakenForAnEmptyOne) {
+  host.keepsTables = true;
+  host.randomPrices = {fresh(2), fresh(45)};
+  const std::vector<FakeRow> before = host.randomPrices;
+  for (int i = 0; i < 2; ++i) {
+    openTab([&](frmOptions& dialog) {
+      EXPECT_EQ(prefixes(dialog), (std::vector<Text>{u"02", u"45"}));
+    });
+    EXPECT_EQ(host.randomPrices, before);
+  }
+}
+
 TEST_F(RandomPriceTest, ATableWithoutPrefix2GetsThatAlone) {
   const FakeRow other = row(45, 4, 2, u"each", u"/each", false);
   host.randomPrices = {other};
@@ -452,8 +464,21 @@ TEST_F(RandomPriceTest, EachFormatIsSoughtByItsPrefixAndWritten) {
   openTab([&](frmOptions& dialog) {
     touch(dialog);
     host.calls.clear();
+    host.writes.clear();
     user.accessKey(u'o');
   });
+  const std::vector<std::string> oneRow = {
+      "edit RandomPriceTable",
+      "set RandomPriceTable FormatID",
+      "set RandomPriceTable OptionBits",
+      "set RandomPriceTable UOMUnitCaption",
+      "set RandomPriceTable UOMPriceUnitCaption",
+      "set RandomPriceTable Inactive",
+      "update RandomPriceTable",
+  };
+  std::vector<std::string> threeRows = oneRow;
+  for (int i = 0; i < 2; ++i) threeRows.insert(threeRows.end(), oneRow.begin(), oneRow.end());
+  EXPECT_EQ(host.writesOf("RandomPriceTable"), threeRows);
   const auto first = std::ranges::find(host.calls, "RandomPriceTable");
   ASSERT_GE(host.calls.end() - first, 7);
   EXPECT_EQ(std::vector<std::string>(first, first + 7),
@@ -469,6 +494,7 @@ TEST_F(RandomPriceTest, AFormatWhoseRowIsGoneIsAddedAgainAndNewRowsAreLeftAlone)
   const FakeRow strange = row(55, 2, 3, u"a", u"b", false);
   editTab([&](frmOptions& dialog) {
     host.randomPrices = {strange, fresh(20)};
+    host.writes.clear();
     editRow(dialog, 10, [&](Editor& editor) { user.choose(editor.cboRandomPrice, 0); });
   });
   ASSERT_EQ(host.randomPrices.size(), 12U);
@@ -476,6 +502,15 @@ TEST_F(RandomPriceTest, AFormatWhoseRowIsGoneIsAddedAgainAndNewRowsAreLeftAlone)
   EXPECT_EQ(host.randomPrices[1], fresh(20));
   EXPECT_EQ(host.randomPrices[2], fresh(21));
   EXPECT_EQ(host.randomPrices[11], row(2, 1, 1, u"kg", u"/kg", true));
+  const auto added = std::ranges::find(host.writes, "add RandomPriceTable");
+  ASSERT_GE(host.writes.end() - added, 8);
+  EXPECT_EQ(added - host.writes.begin(), 7);  // after the one row that is edited
+  EXPECT_EQ(std::vector<std::string>(added, added + 8),
+            (std::vector<std::string>{
+                "add RandomPriceTable", "set RandomPriceTable Prefix",
+                "set RandomPriceTable FormatID", "set RandomPriceTable OptionBits",
+                "set RandomPriceTable UOMUnitCaption", "set RandomPriceTable UOMPriceUnitCaption",
+                "set RandomPriceTable Inactive", "update RandomPriceTable"}));
 }
 
 TEST_F(RandomPriceTest, AFormatIdOutOfRangeShowsAnEmptyCellAndIsKeptUntilOneIsChosen) {
