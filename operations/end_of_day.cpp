@@ -21,7 +21,7 @@ constexpr std::array kPeriods = {u"Every 15 Minutes", u"Every 30 Minutes", u"Hou
                                  u"Every 2 Hours",    u"Every 3 Hours",    u"Every 4 Hours",
                                  u"Every 6 Hours",    u"Every 8 Hours",    u"Every 12 Hours"};
 
-constexpr std::int16_t kMostDays = 730;
+constexpr std::int32_t kMostDays = 730;
 
 constexpr int kDayWidth = 5100;
 constexpr int kDaysWidth = 600;
@@ -29,12 +29,12 @@ constexpr int kPeriodWidth = 1950;
 constexpr int kIndent = 300;
 
 // The days that are kept where this many are asked for.
-std::int16_t keptDays(std::int64_t days) {
-  return days >= 1 && days <= kMostDays ? static_cast<std::int16_t>(days) : kMostDays;
+std::int32_t keptDays(std::int64_t days) {
+  return days >= 1 && days <= kMostDays ? static_cast<std::int32_t>(days) : kMostDays;
 }
 
-bool isPeriod(std::int16_t position) {
-  return position >= 0 && position < static_cast<std::int16_t>(kPeriods.size());
+bool isPeriod(std::int32_t position) {
+  return position >= 0 && position < static_cast<std::int32_t>(kPeriods.size());
 }
 
 }  // namespace
@@ -133,7 +133,7 @@ void EndOfDay::load(OptionsRecord& record) {
   showBits(chkEODReconcile, record.getOrZero(options::EODReconcileTotalFlags));
   enableReconciliation();
   showDays(keptDays(record.getOrDefault(options::EODHistoryDays)));
-  const std::int16_t period = record.getOrDefault(options::TimeReportPeriod);
+  const std::int32_t period = record.getOrDefault(options::TimeReportPeriod);
   cboTimeReportPeriod.setListIndex(isPeriod(period) ? period
                                                     : options::TimeReportPeriod.defaultValue);
   chkReports[0].setValue(record.getOrDefault(options::PrintNRGT));
@@ -151,11 +151,11 @@ void EndOfDay::enableReconciliation() {
   for (const auto& [index, box] : chkEODReconcile) box->setEnabled(reconciles);
 }
 
-std::int16_t EndOfDay::daysEntered() const {
+std::int32_t EndOfDay::daysEntered() const {
   return keptDays(toWholeNumber(txtEOD.text(), dialog_.platform().numbers).value_or(kMostDays));
 }
 
-void EndOfDay::showDays(std::int16_t days) { txtEOD.setText(decimalText(days)); }
+void EndOfDay::showDays(std::int32_t days) { txtEOD.setText(decimalText(days)); }
 
 void EndOfDay::chooseDefaultReports() {
   frmEODDefaultReports reports(dialog_.platform().screen, dialog_.messages());
@@ -198,7 +198,7 @@ void EndOfDay::save(OptionsRecord& record, OptionChanges& /*changes*/) {
   saveBits(record, options::EODOptionFlags, tickedBits(chkEOD));
   saveBits(record, options::EODReconcileTotalFlags, tickedBits(chkEODReconcile));
   record.set(options::EODHistoryDays, daysEntered());
-  record.set(options::TimeReportPeriod, static_cast<std::int16_t>(cboTimeReportPeriod.listIndex()));
+  record.set(options::TimeReportPeriod, cboTimeReportPeriod.listIndex());
   record.set(options::PrintNRGT, chkReports[0].value());
   record.set(options::EODDefaultReportBits, defaultReportBits_);
 

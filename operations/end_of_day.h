@@ -60,8 +60,8 @@ class EndOfDay final : public OptionsTab {
   void layOutReconciliation(ui::Rows& column);
 
   void enableReconciliation();
-  std::int16_t daysEntered() const;
-  void showDays(std::int16_t days);
+  std::int32_t daysEntered() const;
+  void showDays(std::int32_t days);
   void chooseDefaultReports();
   void changeCaptions();
 

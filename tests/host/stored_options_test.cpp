@@ -39,8 +39,9 @@ TEST_F(StoredOptionsTest, KeepsEveryTypeOverReopening) {
       {OptionId::CompanyFax, Text()},
       {OptionId::EODOptionFlags, Int32::min()},
       {OptionId::LaybyStartNumber, Int32::max()},
-      {OptionId::EODHistoryDays, Int16::min()},
-      {OptionId::LaybyTermDays, Int16::max()},
+      {OptionId::FREDPollSeconds, Int16::min()},
+      {OptionId::EODHistoryDays, std::int32_t{40000}},
+      {OptionId::LaybyTermDays, Int32::max()},
       {OptionId::TaxRoundingMode, std::uint8_t{255}},
       {OptionId::DefaultCurrencyMargin, 0.1F},
       {OptionId::RoundingStep, Money{Int64::min()}},
@@ -73,13 +74,16 @@ TEST_F(StoredOptionsTest, RefusesValuesOfAnotherType) {
   EXPECT_EQ(error.number(), error::typeMismatch);
   EXPECT_EQ(error.source(), u"TilloraHost.OptionsRecord");
   EXPECT_NE(error.description().find(u"CompanyName"), Text::npos);
-  EXPECT_THROW(options->write(OptionId::EODHistoryDays, std::int32_t{1}), Error);
+  EXPECT_THROW(options->write(OptionId::FREDPollSeconds, std::int32_t{1}), Error);
   EXPECT_THROW(options->write(OptionId::RoundingStep, 1.0F), Error);
 }
 
 TEST_F(StoredOptionsTest, ReportsStoredValuesThatDoNotFit) {
-  shop_.file().execute("INSERT INTO options VALUES ('EODHistoryDays', 40000), ('CompanyName', 7)",
-                       u"Test");
+  shop_.file().execute(
+      "INSERT INTO options VALUES ('FREDPollSeconds', 40000), "
+      "('EODHistoryDays', 3000000000), ('CompanyName', 7)",
+      u"Test");
+  EXPECT_EQ(errorOf([&] { record()->read(OptionId::FREDPollSeconds); }).number(), error::overflow);
   EXPECT_EQ(errorOf([&] { record()->read(OptionId::EODHistoryDays); }).number(), error::overflow);
   EXPECT_EQ(errorOf([&] { record()->read(OptionId::CompanyName); }).number(), error::typeMismatch);
 }

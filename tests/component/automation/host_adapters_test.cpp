@@ -41,7 +41,7 @@ TEST_F(HostAdaptersTest, OptionsOfEveryTypeComeBackAsWritten) {
     const auto record = database->optionsRecord();
     record->set(options::CompanyName, text);
     record->set(options::ProductListColumns, std::int32_t{-2147483647});
-    record->set(options::EODHistoryDays, std::int16_t{-32768});
+    record->set(options::FREDPollSeconds, std::int16_t{-32768});
     record->set(options::TaxRoundingMode, std::uint8_t{255});
     record->set(options::DefaultCurrencyMargin, 2.25F);
     record->set(options::RoundingStep, Money{-922337203685477});
@@ -52,7 +52,7 @@ TEST_F(HostAdaptersTest, OptionsOfEveryTypeComeBackAsWritten) {
   const auto record = database->optionsRecord();
   EXPECT_EQ(record->get(options::CompanyName), text);
   EXPECT_EQ(record->get(options::ProductListColumns), -2147483647);
-  EXPECT_EQ(record->get(options::EODHistoryDays), -32768);
+  EXPECT_EQ(record->get(options::FREDPollSeconds), -32768);
   EXPECT_EQ(record->get(options::TaxRoundingMode), 255);
   EXPECT_EQ(record->get(options::DefaultCurrencyMargin), 2.25F);
   EXPECT_EQ(record->get(options::RoundingStep), Money{-922337203685477});
@@ -67,7 +67,7 @@ TEST_F(HostAdaptersTest, NoValueIsAskedAfterEachGetAndMeansNone) {
   EXPECT_EQ(automationHost.records.back()->calls, (std::vector<Text>{u"PrintNRGT", u"NoValue"}));
 }
 
-// What a host answers for EODHistoryDays, a 16-bit whole number, and what is read.
+// What a host answers for FREDPollSeconds, a 16-bit whole number, and what is read.
 struct Answer {
   const char* name;
   std::function<Variant()> given;
@@ -80,13 +80,13 @@ class HostAnswers : public HostAdaptersTest, public ::testing::WithParamInterfac
 
 TEST_P(HostAnswers, AreConvertedToTheOptionsType) {
   const auto answer = ScriptedObject::make();
-  answer->add(u"EODHistoryDays", [](const Call&) { return GetParam().given(); });
+  answer->add(u"FREDPollSeconds", [](const Call&) { return GetParam().given(); });
   answer->add(u"NoValue", [](const Call&) { return Variant(false); });
   const auto record = makeOptionsRecord({ComPtr<IDispatch>(answer.get()), u"OptionsRecord"});
   if (GetParam().error != 0) {
-    EXPECT_EQ(errorOf([&] { record->get(options::EODHistoryDays); }), GetParam().error);
+    EXPECT_EQ(errorOf([&] { record->get(options::FREDPollSeconds); }), GetParam().error);
   } else {
-    EXPECT_EQ(record->get(options::EODHistoryDays), GetParam().read);
+    EXPECT_EQ(record->get(options::FREDPollSeconds), GetParam().read);
   }
 }
 

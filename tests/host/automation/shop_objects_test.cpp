@@ -88,7 +88,7 @@ TEST_F(ShopObjectsTest, TheRecordTellsNoValueFromZero) {
   EXPECT_EQ(missing.value.type(), VT_BSTR);
   EXPECT_EQ(missing.text(), u"");
   EXPECT_EQ(record.call(L"NoValue").value.get().boolVal, VARIANT_TRUE);
-  EXPECT_EQ(record.call(L"EODHistoryDays").value.type(), VT_I2);
+  EXPECT_EQ(record.call(L"FREDPollSeconds").value.type(), VT_I2);
   EXPECT_EQ(record.call(L"TaxRoundingMode").value.type(), VT_UI1);
   EXPECT_EQ(record.call(L"PrintNRGT").value.type(), VT_BOOL);
   EXPECT_EQ(record.call(L"EODOptionFlags").value.type(), VT_I4);
@@ -100,16 +100,18 @@ TEST_F(ShopObjectsTest, TheRecordTellsNoValueFromZero) {
 
 TEST_F(ShopObjectsTest, TheRecordConvertsWhatItIsGiven) {
   const LateBound record = database_.object(L"OptionsRecord");
-  EXPECT_EQ(record.put(L"EODHistoryDays", std::int32_t{30}).result, S_OK);
+  EXPECT_EQ(record.put(L"FREDPollSeconds", std::int32_t{30}).result, S_OK);
+  EXPECT_EQ(record.put(L"EODHistoryDays", u"40000").result, S_OK);
   EXPECT_EQ(record.put(L"CompanyFax", std::int32_t{12}).result, S_OK);
   EXPECT_EQ(record.put(L"RoundingStep", 0.25).result, S_OK);
   EXPECT_EQ(record.put(L"CompanyName", Text(u"a\0b", 3)).result, S_OK);
-  EXPECT_EQ(record.put(L"EODHistoryDays", std::int32_t{40000}).result, DISP_E_OVERFLOW);
-  EXPECT_EQ(record.put(L"EODHistoryDays", u"many").result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(record.put(L"FREDPollSeconds", std::int32_t{40000}).result, DISP_E_OVERFLOW);
+  EXPECT_EQ(record.put(L"FREDPollSeconds", u"many").result, DISP_E_TYPEMISMATCH);
   EXPECT_EQ(record.call(L"Commit").result, S_OK);
 
   const LateBound again = database_.object(L"OptionsRecord");
-  EXPECT_EQ(again.call(L"EODHistoryDays").value.get().iVal, 30);
+  EXPECT_EQ(again.call(L"FREDPollSeconds").value.get().iVal, 30);
+  EXPECT_EQ(again.call(L"EODHistoryDays").value.get().lVal, 40000);
   EXPECT_EQ(again.call(L"CompanyFax").text(), u"12");
   EXPECT_EQ(again.call(L"RoundingStep").value.get().cyVal.int64, 2500);
   EXPECT_EQ(again.call(L"CompanyName").text(), Text(u"a\0b", 3));

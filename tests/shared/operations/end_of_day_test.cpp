@@ -298,7 +298,7 @@ TEST_F(EndOfDayTest, TheDisabledLabelIsEngraved) {
 }
 
 TEST_F(EndOfDayTest, EachPeriodIsLoadedAndSavedByItsPosition) {
-  for (std::int16_t i = 0; i < 9; ++i) {
+  for (std::int32_t i = 0; i < 9; ++i) {
     host.store(options::TimeReportPeriod, i);
     openPage([&](frmOptions& dialog) {
       EXPECT_EQ(period(dialog).listIndex(), i);
@@ -312,7 +312,8 @@ TEST_F(EndOfDayTest, EachPeriodIsLoadedAndSavedByItsPosition) {
 }
 
 TEST_F(EndOfDayTest, APeriodOutsideTheListShowsHourlyAndIsSavedAsIt) {
-  for (const auto stored : std::initializer_list<std::int16_t>{-1, 9, 32767, -32768}) {
+  for (const auto stored :
+       std::initializer_list<std::int32_t>{-1, 9, 32767, 99999, 2147483647, -32769}) {
     host.store(options::TimeReportPeriod, stored);
     editPage([&](frmOptions& dialog) {
       EXPECT_EQ(period(dialog).text(), u"Hourly");
@@ -390,7 +391,8 @@ TEST_F(EndOfDayTest, TabbingOverTheDaysIsNoEdit) {
 }
 
 TEST_F(EndOfDayTest, StoredDaysOutOfRangeShowTheMostAndAreSavedAsIt) {
-  for (const auto stored : std::initializer_list<std::int16_t>{0, -1, 731, 32767, -32768}) {
+  for (const auto stored :
+       std::initializer_list<std::int32_t>{0, -1, 731, 32767, 36500, 40000, 2147483647, -32769}) {
     host.store(options::EODHistoryDays, stored);
     editPage([&](frmOptions& dialog) {
       EXPECT_EQ(days(dialog).text(), u"730") << stored;
@@ -399,7 +401,7 @@ TEST_F(EndOfDayTest, StoredDaysOutOfRangeShowTheMostAndAreSavedAsIt) {
     });
     EXPECT_EQ(host.value(options::EODHistoryDays), 730);
   }
-  for (const auto stored : std::initializer_list<std::int16_t>{1, 729, 730}) {
+  for (const auto stored : std::initializer_list<std::int32_t>{1, 729, 730}) {
     host.store(options::EODHistoryDays, stored);
     editPage([&](frmOptions& dialog) { touch(dialog); });
     EXPECT_EQ(host.value(options::EODHistoryDays), stored);

@@ -89,14 +89,14 @@ TEST_F(LaybyTest, TheDefaultTermsAreWordForWord) {
 
 TEST_F(LaybyTest, ShowsTheStoredValues) {
   host.store(options::LaybyStartNumber, 100001);
-  host.store(options::LaybyTermDays, std::int16_t{30});
+  host.store(options::LaybyTermDays, 40000);
   host.store(options::LaybyTermsText, u"Pay\nus\r\nsoon.");
-  host.store(options::LaybyHistoryDays, std::int16_t{365});
+  host.store(options::LaybyHistoryDays, 100000);
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog, LaybyOptions::startNumber).text(), u"100001");
-    EXPECT_EQ(box(dialog, LaybyOptions::term).text(), u"30");
+    EXPECT_EQ(box(dialog, LaybyOptions::term).text(), u"40000");
     EXPECT_EQ(box(dialog, LaybyOptions::terms).text(), u"Pay\nus\r\nsoon.");
-    EXPECT_EQ(box(dialog, LaybyOptions::history).text(), u"365");
+    EXPECT_EQ(box(dialog, LaybyOptions::history).text(), u"100000");
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
@@ -283,22 +283,35 @@ TEST_F(LaybyTest, WhatIsSavedIsTheWholeNumber) {
 
 TEST_F(LaybyTest, NumbersEndAtWhatTheirOptionHolds) {
   openTab([&](frmOptions& dialog) {
-    const int start = LaybyOptions::startNumber;
-    EXPECT_EQ(afterPasting(dialog, start, u"2147483647"), u"2147483647");
-    EXPECT_EQ(afterPasting(dialog, start, u"2147483648"), u"2147483647");
-    EXPECT_EQ(afterPasting(dialog, start, u"-2147483649"), u"-2147483648");
-    EXPECT_EQ(afterPasting(dialog, start, Text(300, u'9')), u"2147483647");
-    EXPECT_EQ(afterPasting(dialog, start, Text(10000, u'9')), u"1");
-    for (const int index : {LaybyOptions::term, LaybyOptions::history}) {
-      EXPECT_EQ(afterPasting(dialog, index, u"32768"), u"32767");
-      EXPECT_EQ(afterPasting(dialog, index, u"32767.5"), u"32767");
-      EXPECT_EQ(afterPasting(dialog, index, u"-32768"), u"-32768");
-      EXPECT_EQ(afterPasting(dialog, index, u"-99999"), u"-32768");
+    for (std::size_t i = 0; i < kNumbers.size(); ++i) {
+      const int index = kNumbers[i];
+      EXPECT_EQ(afterPasting(dialog, index, u"2147483647"), u"2147483647");
+      EXPECT_EQ(afterPasting(dialog, index, u"2147483648"), u"2147483647");
+      EXPECT_EQ(afterPasting(dialog, index, u"2147483647.6"), u"2147483647");
+      EXPECT_EQ(afterPasting(dialog, index, Text(300, u'9')), u"2147483647");
+      EXPECT_EQ(afterPasting(dialog, index, Text(10000, u'9')), kDefaults[i]);
+      EXPECT_EQ(afterPasting(dialog, index, u"-2147483648"), u"-2147483648");
+      EXPECT_EQ(afterPasting(dialog, index, u"-2147483649"), u"-2147483648");
     }
     apply(dialog);
   });
-  EXPECT_EQ(host.value(options::LaybyStartNumber), 1);
-  EXPECT_EQ(host.value(options::LaybyTermDays), -32768);
+  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  EXPECT_EQ(host.value(options::LaybyStartNumber), kLeast);
+  EXPECT_EQ(host.value(options::LaybyTermDays), kLeast);
+  EXPECT_EQ(host.value(options::LaybyHistoryDays), kLeast);
+}
+
+TEST_F(LaybyTest, DaysHaveNoUpperLimitOfTheirOwn) {
+  editTab([&](frmOptions& dialog) {
+    for (const int index : {LaybyOptions::term, LaybyOptions::history}) {
+      select(dialog, index);
+      user.type(u"40000");
+      user.press(Key::tab);
+      EXPECT_EQ(box(dialog, index).text(), u"40000");
+    }
+  });
+  EXPECT_EQ(host.value(options::LaybyTermDays), 40000);
+  EXPECT_EQ(host.value(options::LaybyHistoryDays), 40000);
 }
 
 TEST_F(LaybyTest, TypedDigitsBeyondTheOptionAreLimited) {
@@ -339,8 +352,8 @@ TEST_F(LaybyTest, CancelSavesAndCorrectsNothing) {
 
 TEST_F(LaybyTest, StoredNumbersThatNobodyTouchesAreKept) {
   host.store(options::LaybyStartNumber, 0);
-  host.store(options::LaybyTermDays, std::int16_t{-7});
-  host.store(options::LaybyHistoryDays, std::int16_t{0});
+  host.store(options::LaybyTermDays, -7);
+  host.store(options::LaybyHistoryDays, 0);
   edit([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog, LaybyOptions::startNumber).text(), u"0");
     EXPECT_EQ(box(dialog, LaybyOptions::term).text(), u"-7");
