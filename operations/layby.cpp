@@ -14,23 +14,27 @@ using ui::Cell;
 
 constexpr int kNumberWidth = 1200;
 
-// What a box of a number says, as the option holds it; its default where it says none.
-template <OptionType type>
-typename Option<type>::Type valueIn(const ui::TextBox& box, const Option<type>& option,
-                                    const NumberLocale& locale) {
-  const std::int64_t number = toWholeNumber(box.text(), locale).value_or(option.defaultValue);
-  return limitedTo<typename Option<type>::Type>(number);
+using NumberOption = Option<OptionType::Long>;
+
+// What a box says, as the option holds it. A fraction that would come to 0 becomes the default in
+// the box, too; a stored 0 that nobody touched stays.
+std::int32_t takeNumber(ui::TextBox& box, const NumberOption& option, const NumberLocale& locale) {
+  const double number = toNumber(box.text(), locale).value_or(0);
+  const std::int64_t whole = toWholeNumber(box.text(), locale).value_or(option.defaultValue);
+  if (number == 0 || whole != 0) return limitedTo<std::int32_t>(whole);
+  box.setText(decimalText(option.defaultValue));
+  return option.defaultValue;
 }
 
-// The default replaces what is no number and what comes to 0; the nearest number that the option
-// holds replaces one beyond. Any other text stays as it was typed.
-template <OptionType type>
-void correct(ui::TextBox& box, const Option<type>& option, const NumberLocale& locale) {
-  const std::int64_t number = toWholeNumber(box.text(), locale).value_or(0);
-  const auto held = limitedTo<typename Option<type>::Type>(number);
+// The default replaces what is no number and 0; the nearest number that the option holds replaces
+// one beyond. Any other text stays as it was typed.
+void correct(ui::TextBox& box, const NumberOption& option, const NumberLocale& locale) {
+  const double number = toNumber(box.text(), locale).value_or(0);
+  const std::int64_t whole = toWholeNumber(box.text(), locale).value_or(0);
+  const auto held = limitedTo<std::int32_t>(whole);
   if (number == 0) {
     box.setText(decimalText(option.defaultValue));
-  } else if (held != number) {
+  } else if (held != whole) {
     box.setText(decimalText(held));
   }
 }
@@ -106,10 +110,11 @@ void LaybyOptions::save(OptionsRecord& record, OptionChanges& /*changes*/) {
   const NumberLocale& locale = dialog_.platform().numbers;
   const auto& box = txtLayby;
   record.set(options::LaybyStartNumber,
-             valueIn(box[startNumber], options::LaybyStartNumber, locale));
-  record.set(options::LaybyTermDays, valueIn(box[term], options::LaybyTermDays, locale));
+             takeNumber(box[startNumber], options::LaybyStartNumber, locale));
+  record.set(options::LaybyTermDays, takeNumber(box[term], options::LaybyTermDays, locale));
   record.set(options::LaybyTermsText, box[terms].text());
-  record.set(options::LaybyHistoryDays, valueIn(box[history], options::LaybyHistoryDays, locale));
+  record.set(options::LaybyHistoryDays,
+             takeNumber(box[history], options::LaybyHistoryDays, locale));
 }
 
 }  // namespace tillora

@@ -241,7 +241,7 @@ TEST_F(LaybyTest, ANumberThatIsClearedBecomesItsDefault) {
 TEST_F(LaybyTest, ANumberOfZeroBecomesItsDefault) {
   openTab([&](frmOptions& dialog) {
     for (std::size_t i = 0; i < kNumbers.size(); ++i) {
-      for (const Text zero : {u"0", u"000", u"-0", u"0.0", u"0.5", u"$0", u"0e9"}) {
+      for (const Text zero : {u"0", u"000", u"-0", u"0.0", u"$0", u"0e9"}) {
         EXPECT_EQ(afterPasting(dialog, kNumbers[i], zero), kDefaults[i]) << toUtf8(zero);
       }
     }
@@ -263,7 +263,8 @@ TEST_F(LaybyTest, PastedGarbageBecomesTheDefault) {
 TEST_F(LaybyTest, PastedNumbersKeepTheirText) {
   openTab([&](frmOptions& dialog) {
     for (const int index : kNumbers) {
-      for (const Text number : {u"1", u"007", u" 12 ", u"12.5", u"1e3", u"$7", u"-5", u"32767"}) {
+      for (const Text number : {u"1", u"007", u" 12 ", u"12.5", u"1e3", u"$7", u"-5", u"32768",
+                                u"0.5", u"-0.5", u".4", u"1e-9"}) {
         EXPECT_EQ(afterPasting(dialog, index, number), number);
       }
     }
@@ -279,6 +280,33 @@ TEST_F(LaybyTest, WhatIsSavedIsTheWholeNumber) {
   EXPECT_EQ(host.value(options::LaybyStartNumber), 1000);
   EXPECT_EQ(host.value(options::LaybyTermDays), 12);
   EXPECT_EQ(host.value(options::LaybyHistoryDays), 365);
+}
+
+TEST_F(LaybyTest, AFractionThatWouldBeSavedAsZeroIsSavedAndThenShownAsTheDefault) {
+  for (const Text fraction : {u"0.5", u"-0.5", u"0.4", u"1e-9"}) {
+    openTab([&](frmOptions& dialog) {
+      for (const int index : kNumbers) {
+        EXPECT_EQ(afterPasting(dialog, index, fraction), fraction);
+      }
+      apply(dialog);
+      for (std::size_t i = 0; i < kNumbers.size(); ++i) {
+        EXPECT_EQ(box(dialog, kNumbers[i]).text(), kDefaults[i]) << toUtf8(fraction);
+      }
+      EXPECT_FALSE(applyEnabled(dialog));
+    });
+    EXPECT_EQ(host.value(options::LaybyStartNumber), 1);
+    EXPECT_EQ(host.value(options::LaybyTermDays), 90);
+    EXPECT_EQ(host.value(options::LaybyHistoryDays), 180);
+  }
+}
+
+TEST_F(LaybyTest, AFractionThatRoundsToAWholeNumberStaysInItsBox) {
+  openTab([&](frmOptions& dialog) {
+    EXPECT_EQ(afterPasting(dialog, LaybyOptions::startNumber, u"0.6"), u"0.6");
+    apply(dialog);
+    EXPECT_EQ(box(dialog, LaybyOptions::startNumber).text(), u"0.6");
+  });
+  EXPECT_EQ(host.value(options::LaybyStartNumber), 1);
 }
 
 TEST_F(LaybyTest, NumbersEndAtWhatTheirOptionHolds) {
