@@ -129,6 +129,24 @@ INSTANTIATE_TEST_SUITE_P(
                {},
                DISP_E_TYPEMISMATCH}));
 
+TEST_F(HostAdaptersTest, DaysAndPositionsHaveRoomFor32Bits) {
+  double given = 0;
+  const auto answer = ScriptedObject::make();
+  for (const char16_t* name :
+       {u"LaybyTermDays", u"LaybyHistoryDays", u"EODHistoryDays", u"TimeReportPeriod"}) {
+    answer->add(name, [&](const Call&) { return Variant(given); });
+  }
+  answer->add(u"NoValue", [](const Call&) { return Variant(false); });
+  const auto record = makeOptionsRecord({ComPtr<IDispatch>(answer.get()), u"OptionsRecord"});
+  for (const auto& option : {options::LaybyTermDays, options::LaybyHistoryDays,
+                             options::EODHistoryDays, options::TimeReportPeriod}) {
+    given = 2147483647;
+    EXPECT_EQ(record->get(option), 2147483647);
+    given = 2147483648;
+    EXPECT_EQ(errorOf([&] { record->get(option); }), error::overflow);
+  }
+}
+
 class HostFieldsTest : public HostAdaptersTest {
  protected:
   HostFieldsTest() {
