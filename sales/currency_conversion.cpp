@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 #include "support/modSelectAllText.h"
@@ -58,6 +59,7 @@ CurrencyConversion::CurrencyConversion(OptionsDialog& dialog)
   box().gotFocus = [this] { showMargin(); };
   box().lostFocus = [this] { lostFocus(); };
   box().keyPress = [this](char16_t& key) { keyPress(key); };
+  box().change = [this] { edited_ = true; };
   box().validate = [this](bool&) { validate(); };
   udCurrencyConversion.change = [this] { spun(); };
 }
@@ -87,7 +89,7 @@ void CurrencyConversion::load(OptionsRecord& record) {
   const float stored = record.getOrDefault(options::DefaultCurrencyMargin);
   margin_ = std::isfinite(stored) ? stored : 0;
   showMargin();
-  setUpDown(asWritten(margin_) * 100);
+  setUpDown(asWritten(margin_));
 }
 
 void CurrencyConversion::keyPress(char16_t& key) {
@@ -104,22 +106,22 @@ void CurrencyConversion::keyPress(char16_t& key) {
 }
 
 void CurrencyConversion::validate() {
-  // The margin may have more decimals than are shown: only another text replaces it.
-  if (!showsMargin()) {
-    if (const std::optional<double> number = typed()) {
-      const double lowest = udCurrencyConversion.minimum() / 100.0;
-      const double highest = udCurrencyConversion.maximum() / 100.0;
-      const double limited = std::clamp(*number, lowest, highest);
-      if (!spinning_) setUpDown(limited * 100);
-      margin_ = static_cast<float>(limited);
-    }
+  // The margin may have more decimals than are shown: a text that nobody edited does not replace
+  // it.
+  const std::optional<Decimal> number = edited_ ? typed() : std::nullopt;
+  const std::optional<double> percent = number ? toDouble(*number) : std::nullopt;
+  if (percent) {
+    const double lowest = udCurrencyConversion.minimum() / 100.0;
+    const double highest = udCurrencyConversion.maximum() / 100.0;
+    if (!spinning_) setUpDown(*number);
+    margin_ = static_cast<float>(std::clamp(*percent, lowest, highest));
   }
   showMargin();
 }
 
 void CurrencyConversion::lostFocus() {
   // Cancel validates nothing: what is still to be validated stays.
-  if (showsMargin()) showMargin();
+  if (!edited_) showMargin();
 }
 
 void CurrencyConversion::spun() {
@@ -138,29 +140,26 @@ void CurrencyConversion::showMargin() {
   const bool focused = box().hasFocus();
   box().reformat(marginText(focused ? kPlain : kPercent));
   if (focused) selectAllText(box());
-}
-
-bool CurrencyConversion::showsMargin() const {
-  const Text& text = box().text();
-  return text == marginText(kPlain) || text == marginText(kPercent);
+  edited_ = false;
 }
 
 Text CurrencyConversion::marginText(TextView format) const {
-  return formatNumber(asWritten(margin_), format, locale_);
+  return formatNumber(toDouble(asWritten(margin_)).value_or(0), format, locale_);
 }
 
-std::optional<double> CurrencyConversion::typed() const {
+std::optional<Decimal> CurrencyConversion::typed() const {
   const Text text = trimBlanks(box().text());
-  if (text.empty()) return 0;
+  if (text.empty()) return Decimal{.digits = "0"};
   TextView number = text;
   if (number.ends_with(u'%')) number.remove_suffix(1);
-  return toNumber(number, locale_);
+  return toDecimal(number, locale_);
 }
 
-void CurrencyConversion::setUpDown(double hundredths) {
+void CurrencyConversion::setUpDown(const Decimal& percent) {
   const Flag guard(settingUpDown_);
-  const double limited = std::clamp<double>(hundredths, -kLargest, kLargest);
-  lastSet_ = static_cast<int>(roundHalfEven(limited));
+  const std::int64_t beyond = percent.negative ? -kLargest : kLargest;
+  const std::int64_t hundredths = toFixedPoint(percent, 2).value_or(beyond);
+  lastSet_ = static_cast<int>(std::clamp<std::int64_t>(hundredths, -kLargest, kLargest));
   udCurrencyConversion.setValue(lastSet_);
 }
 

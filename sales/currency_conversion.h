@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "component/options_tab.h"
+#include "support/numbers.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
 #include "ui/text_box.h"
@@ -34,16 +35,16 @@ class CurrencyConversion final : public OptionsTab {
 
   /// The margin as text: without the percent sign while the box has the focus, selected then.
   void showMargin();
-  bool showsMargin() const;
   Text marginText(TextView format) const;
   /// The number in the box; none where it is not one.
-  std::optional<double> typed() const;
-  void setUpDown(double hundredths);
+  std::optional<Decimal> typed() const;
+  void setUpDown(const Decimal& percent);
 
   /// The user's regional settings with the host's decimal separator.
   NumberLocale locale_;
   float margin_ = 0;            ///< percent
   int lastSet_ = 0;             ///< the up-down's value as it was last set, hundredths of a percent
+  bool edited_ = false;         ///< the text was edited since the margin was shown
   bool settingUpDown_ = false;  ///< the up-down follows the text
   bool spinning_ = false;       ///< the text follows the up-down
 };

@@ -112,6 +112,16 @@ class NumberReader {
   bool closing_ = false;
 };
 
+// Whether digits that are cut off round the number before them up.
+bool roundsUp(std::string_view cutOff, bool odd) {
+  if (cutOff.empty() || cutOff.front() != '5') return !cutOff.empty() && cutOff.front() > '5';
+  return odd || cutOff.find_first_not_of('0', 1) != std::string_view::npos;
+}
+
+std::string plainText(const Decimal& number) {
+  return number.digits + 'e' + std::to_string(number.exponent);
+}
+
 // Of the numbers that no double holds, those too small to tell from zero.
 bool isBelowOne(const Decimal& number) {
   const std::size_t leading = std::min(number.digits.find_first_not_of('0'), number.digits.size());
@@ -129,14 +139,40 @@ std::optional<Decimal> toDecimal(TextView text, const NumberLocale& locale) {
   return NumberReader(text, locale).read();
 }
 
-std::optional<double> toNumber(TextView text, const NumberLocale& locale) {
-  const std::optional<Decimal> number = toDecimal(text, locale);
-  if (!number) return std::nullopt;
-  const std::string plain = number->digits + 'e' + std::to_string(number->exponent);
+std::optional<double> toDouble(const Decimal& number) {
+  const std::string plain = plainText(number);
   double value = 0;
   const auto failure = std::from_chars(plain.data(), plain.data() + plain.size(), value).ec;
-  if (failure != std::errc{}) return isBelowOne(*number) ? std::optional(0.0) : std::nullopt;
-  return number->negative ? -value : value;
+  if (failure != std::errc{}) return isBelowOne(number) ? std::optional(0.0) : std::nullopt;
+  return number.negative ? -value : value;
+}
+
+std::optional<std::int64_t> toFixedPoint(const Decimal& number, int decimals) {
+  if (number.isZero()) return 0;
+  std::string_view digits = number.digits;
+  digits.remove_prefix(digits.find_first_not_of('0'));
+  const std::int64_t kept = static_cast<std::int64_t>(digits.size()) + number.exponent + decimals;
+  if (kept < 0) return 0;
+  constexpr std::uint64_t kLargest = std::numeric_limits<std::int64_t>::max();
+  std::uint64_t count = 0;
+  for (std::int64_t i = 0; i < kept; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    const auto digit = static_cast<std::uint64_t>(at < digits.size() ? digits[at] - '0' : 0);
+    if (count > (kLargest - digit) / 10) return std::nullopt;
+    count = count * 10 + digit;
+  }
+  if (kept < static_cast<std::int64_t>(digits.size()) &&
+      roundsUp(digits.substr(static_cast<std::size_t>(kept)), count % 2 != 0)) {
+    if (count == kLargest) return std::nullopt;
+    ++count;
+  }
+  const auto value = static_cast<std::int64_t>(count);
+  return number.negative ? -value : value;
+}
+
+std::optional<double> toNumber(TextView text, const NumberLocale& locale) {
+  const std::optional<Decimal> number = toDecimal(text, locale);
+  return number ? toDouble(*number) : std::nullopt;
 }
 
 Text decimalText(std::int64_t number) {
@@ -164,20 +200,20 @@ Scientific toScientific(double magnitude, int significant) {
   return number;
 }
 
-double asWritten(float value) {
-  if (!std::isfinite(value)) return value;
+Decimal asWritten(float value) {
   constexpr int kMostDigits = std::numeric_limits<float>::max_digits10;
-  double written = 0;
+  Decimal written;
   for (int digits = 1; digits <= kMostDigits; ++digits) {
     const Scientific shorter = toScientific(std::fabs(value), digits);
-    const std::string text = shorter.digits + 'e' + std::to_string(shorter.exponent - (digits - 1));
-    const char* const end = text.data() + text.size();
+    written.digits = shorter.digits;
+    written.exponent = shorter.exponent - (digits - 1);
+    const std::string text = plainText(written);
     float single = 0;
-    std::from_chars(text.data(), end, single);
-    std::from_chars(text.data(), end, written);
+    std::from_chars(text.data(), text.data() + text.size(), single);
     if (single == std::fabs(value)) break;
   }
-  return std::copysign(written, value);
+  written.negative = std::signbit(value);
+  return written;
 }
 
 }  // namespace tillora

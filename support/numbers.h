@@ -37,7 +37,14 @@ struct Decimal {
 /// and octal forms, and for texts with two signs or two currency symbols.
 std::optional<Decimal> toDecimal(TextView text, const NumberLocale& locale);
 
-/// The same as a double; none beyond its range, 0 below it.
+/// The number as a double; none beyond its range, 0 below it.
+std::optional<double> toDouble(const Decimal& number);
+
+/// The number as a count of its decimal place with this number: 1.015 to two decimals is 102.
+/// Exact; halfway between two counts it is the even one. None beyond 64 bits.
+std::optional<std::int64_t> toFixedPoint(const Decimal& number, int decimals);
+
+/// What a text says, as toDecimal() reads it, as a double.
 std::optional<double> toNumber(TextView text, const NumberLocale& locale);
 
 inline bool isNumeric(TextView text, const NumberLocale& locale) {
@@ -60,7 +67,9 @@ Scientific toScientific(double magnitude, int significant);
 /// The nearest whole number; halfway between two, the even one.
 double roundHalfEven(double value);
 
-/// The double that reads as the single does: 2.55 for 2.55F, which is 2.5499999523 as it stands.
-double asWritten(float value);
+/// The shortest number that reads as the single does: 2.55 for 2.55F, which is 2.5499999523 as it
+/// stands.
+/// @param value finite
+Decimal asWritten(float value);
 
 }  // namespace tillora

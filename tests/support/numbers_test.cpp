@@ -95,18 +95,50 @@ TEST(RoundHalfEven, GoesToTheEvenNeighbour) {
   for (const auto& [value, rounded] : values) EXPECT_EQ(roundHalfEven(value), rounded) << value;
 }
 
+TEST(ToDouble, IsTheNumberAsItWasWritten) {
+  EXPECT_EQ(toDouble({false, "0255", -2}), 2.55);
+  EXPECT_EQ(toDouble({true, "5", 3}), -5000);
+  EXPECT_EQ(toDouble({false, "1", 400}), std::nullopt);
+  EXPECT_EQ(toDouble({false, "1", -400}), 0);
+}
+
+TEST(ToFixedPoint, CountsADecimalPlaceExactly) {
+  EXPECT_EQ(toFixedPoint({false, "1015", -3}, 3), 1015);
+  EXPECT_EQ(toFixedPoint({false, "1015", -3}, 5), 101500);
+  EXPECT_EQ(toFixedPoint({true, "0250", -1}, 0), -25);
+  EXPECT_EQ(toFixedPoint({false, "12", 2}, 2), 120000);
+  EXPECT_EQ(toFixedPoint({false, "000", 999}, 2), 0);
+  EXPECT_EQ(toFixedPoint({false, "9", -400}, 2), 0);
+}
+
+TEST(ToFixedPoint, RoundsHalfwayToTheEvenCount) {
+  EXPECT_EQ(toFixedPoint({false, "1005", -3}, 2), 100);
+  EXPECT_EQ(toFixedPoint({false, "1015", -3}, 2), 102);
+  EXPECT_EQ(toFixedPoint({true, "1015", -3}, 2), -102);
+  EXPECT_EQ(toFixedPoint({false, "2195", -3}, 2), 220);
+  EXPECT_EQ(toFixedPoint({false, "5", -3}, 2), 0);
+  EXPECT_EQ(toFixedPoint({false, "10149999999999999999999", -22}, 2), 101);
+  EXPECT_EQ(toFixedPoint({false, "10250000000000000000001", -22}, 2), 103);
+}
+
+TEST(ToFixedPoint, HoldsTheRangeOf64Bits) {
+  EXPECT_EQ(toFixedPoint({true, "9223372036854775807", 0}, 0), -9223372036854775807);
+  EXPECT_EQ(toFixedPoint({false, "9223372036854775808", 0}, 0), std::nullopt);
+  EXPECT_EQ(toFixedPoint({false, "92233720368547758075", -1}, 0), std::nullopt);
+  EXPECT_EQ(toFixedPoint({true, "1", 999}, 2), std::nullopt);
+}
+
 TEST(AsWritten, ReadsAsTheSingleDoes) {
-  EXPECT_EQ(asWritten(2.55F), 2.55);
-  EXPECT_EQ(asWritten(-99.99F), -99.99);
-  EXPECT_EQ(asWritten(0.0F), 0);
-  EXPECT_EQ(asWritten(1e30F), 1e30);
-  EXPECT_EQ(asWritten(-0.1F), -0.1);
-  EXPECT_EQ(asWritten(16777217.0F), 16777216);
-  EXPECT_EQ(asWritten(1.1754944e-38F), 1.1754944e-38);
-  EXPECT_EQ(asWritten(std::numeric_limits<float>::max()), 3.4028235e38);
-  EXPECT_EQ(asWritten(std::numeric_limits<float>::denorm_min()), 1e-45);
-  EXPECT_EQ(asWritten(std::numeric_limits<float>::infinity()),
-            std::numeric_limits<double>::infinity());
+  const auto written = [](float value) { return toDouble(asWritten(value)); };
+  EXPECT_EQ(written(2.55F), 2.55);
+  EXPECT_EQ(written(-99.99F), -99.99);
+  EXPECT_EQ(written(0.0F), 0);
+  EXPECT_EQ(written(1e30F), 1e30);
+  EXPECT_EQ(written(-0.1F), -0.1);
+  EXPECT_EQ(written(16777217.0F), 16777216);
+  EXPECT_EQ(written(1.1754944e-38F), 1.1754944e-38);
+  EXPECT_EQ(written(std::numeric_limits<float>::max()), 3.4028235e38);
+  EXPECT_EQ(written(std::numeric_limits<float>::denorm_min()), 1e-45);
 }
 
 TEST(IsDigit, IsOneOfTheTenDigits) {

@@ -68,14 +68,17 @@ class FakeRegistry final : public Registry {
 
 /// What the component needs of the machine, in memory.
 struct FakeMachine {
+  explicit FakeMachine(NumberLocale regionalSettings = {}) : numbers(std::move(regionalSettings)) {}
+
   FixedClock clock;
   RecordedHelp help;
   ScriptedFileDialogs fileDialogs;
   FakeFiles files;
   FakeRegistry registry;
+  NumberLocale numbers;
 
   Platform platform(ui::Screen& screen, MessageBoxes& boxes) {
-    return {screen, boxes, clock, help, fileDialogs, files, registry, {}};
+    return {screen, boxes, clock, help, fileDialogs, files, registry, numbers};
   }
 };
 

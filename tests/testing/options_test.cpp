@@ -2,7 +2,7 @@
 
 namespace tillora::testing {
 
-OptionsTest::OptionsTest() {
+OptionsTest::OptionsTest(NumberLocale numbers) : machine(std::move(numbers)) {
   HostObjects objects = host.objects();
   options_.DBJetObject = std::move(objects.database);
   options_.AppObject = std::move(objects.app);

@@ -21,7 +21,8 @@ namespace tillora::testing {
 ///     EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
 class OptionsTest : public ::testing::Test {
  protected:
-  OptionsTest();
+  /// @param numbers the user's regional settings
+  explicit OptionsTest(NumberLocale numbers = {});
   /// No form was shown that the test did not expect, and nothing of the host is held on to.
   void TearDown() override;
 
@@ -51,7 +52,7 @@ class OptionsTest : public ::testing::Test {
   User& user = desk->user();
   FakeHost host;
   ScriptedMessageBoxes boxes{desk->screen()};
-  FakeMachine machine;
+  FakeMachine machine;  // with the regional settings, before the component asks for them
   Options options_{machine.platform(desk->screen(), boxes)};
   /// The masks of OptionsChanged, one for each save.
   std::vector<std::int32_t> changes;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "tests/testing/options_test.h"
 
@@ -12,6 +13,8 @@ using ui::Key;
 
 class CurrencyConversionTest : public OptionsTest {
  protected:
+  explicit CurrencyConversionTest(NumberLocale numbers = {}) : OptionsTest(std::move(numbers)) {}
+
   static CurrencyConversion& tab(frmOptions& dialog) { return dialog.tab<CurrencyConversion>(); }
   static ui::TextBox& box(frmOptions& dialog) { return tab(dialog).txtCurrencyConversion[0]; }
   static ui::UpDown& upDown(frmOptions& dialog) { return tab(dialog).udCurrencyConversion; }
@@ -43,6 +46,12 @@ class CurrencyConversionTest : public OptionsTest {
   }
 };
 
+/// The same where a comma stands before the decimals.
+class CurrencyConversionWithCommas : public CurrencyConversionTest {
+ protected:
+  CurrencyConversionWithCommas() : CurrencyConversionTest({u",", u".", u"\u20ac"}) {}
+};
+
 TEST_F(CurrencyConversionTest, ShowsTheStoredMarginWithAPercentSign) {
   host.store(options::DefaultCurrencyMargin, 2.5F);
   open([&](frmOptions& dialog) {
@@ -71,8 +80,9 @@ TEST_F(CurrencyConversionTest, ShowsAMarginBelowZero) {
 }
 
 TEST_F(CurrencyConversionTest, TheUpDownIsRoundedToTheEvenHundredth) {
-  const std::vector<std::pair<float, int>> margins = {{0.125F, 12},  {0.375F, 38}, {-0.125F, -12},
-                                                      {2.675F, 268}, {2.55F, 255}, {0.29F, 29}};
+  const std::vector<std::pair<float, int>> margins = {
+      {0.125F, 12},  {0.375F, 38},  {-0.125F, -12},  {2.675F, 268},  {2.55F, 255}, {0.29F, 29},
+      {1.015F, 102}, {2.195F, 220}, {-1.015F, -102}, {1.0125F, 101}, {3e38F, 9999}};
   for (const auto& [margin, hundredths] : margins) {
     openWith(margin, [&](frmOptions& dialog) { EXPECT_EQ(upDown(dialog).value(), hundredths); });
   }
@@ -101,6 +111,10 @@ TEST_F(CurrencyConversionTest, ClicksMoveByATenthOfAPercent) {
   EXPECT_EQ(after(0, {-1}), u"-0.10");
   EXPECT_EQ(after(0.05F, {-1}), u"0.00");
   EXPECT_EQ(after(-0.05F, {+1}), u"0.00");
+  EXPECT_EQ(after(1.015F, {+1}), u"1.10");
+  EXPECT_EQ(after(1.015F, {-1}), u"1.00");
+  EXPECT_EQ(after(2.195F, {+1}), u"2.30");
+  EXPECT_EQ(after(2.195F, {-1}), u"2.10");
 }
 
 TEST_F(CurrencyConversionTest, ClicksRoundDownBelowZeroToo) {
@@ -215,8 +229,17 @@ TEST_F(CurrencyConversionTest, TypedMarginsAreLimitedWhenTheBoxIsLeft) {
 }
 
 TEST_F(CurrencyConversionTest, TypedMarginsSetTheUpDownToTheEvenHundredth) {
-  const std::vector<std::pair<Text, int>> margins = {{u"0.125", 12}, {u"0.375", 38}, {u"5", 500},
-                                                     {u"-0.5", -50}, {u"250", 9999}, {u".5", 50}};
+  const std::vector<std::pair<Text, int>> margins = {{u"0.125", 12},
+                                                     {u"0.375", 38},
+                                                     {u"5", 500},
+                                                     {u"-0.5", -50},
+                                                     {u"250", 9999},
+                                                     {u".5", 50},
+                                                     {u"1.015", 102},
+                                                     {u"2.195", 220},
+                                                     {u"-2.195", -220},
+                                                     {u"1.0149999999999999999999", 101},
+                                                     {u"1.0250000000000000000001", 103}};
   openWith(1, [&](frmOptions& dialog) {
     for (const auto& [typed, hundredths] : margins) {
       retype(dialog, typed);
@@ -328,14 +351,37 @@ TEST_F(CurrencyConversionTest, TheHostsSeparatorIsUsedForEverything) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 7.25F);
 }
 
-TEST_F(CurrencyConversionTest, TheUsersSeparatorIsUsedWhereTheHostGivesNone) {
+TEST_F(CurrencyConversionWithCommas, TheUsersSeparatorIsUsedWhereTheHostGivesNone) {
   host.decimalSeparator = u"";
   openWith(2.5F, [&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).text(), u"2,50");
+    user.type(u"7.,2,5");
+    EXPECT_EQ(box(dialog).text(), u"7,25");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"7,25%");
+    repaste(dialog, u"0.015,5");  // thousands are grouped by points
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"15,50%");
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 15.5F);
+}
+
+TEST_F(CurrencyConversionWithCommas, TheHostsSeparatorGroupsNoThousandsAnyMore) {
+  host.decimalSeparator = u".";
+  openWith(2.5F, [&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"2.50");
-    user.type(u"7.25");
+    user.type(u"7,.25");
+    EXPECT_EQ(box(dialog).text(), u"7.25");
     user.press(Key::tab);
     EXPECT_EQ(box(dialog).text(), u"7.25%");
+    EXPECT_EQ(upDown(dialog).value(), 725);
+    repaste(dialog, u"1,5");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"7.25%");
+    save(dialog);
   });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 7.25F);
 }
 
 TEST_F(CurrencyConversionTest, OnlyAMarginThatDiffersRaisesItsBit) {
@@ -377,12 +423,73 @@ TEST_F(CurrencyConversionTest, AMarginWithMoreDecimalsThanAreShownIsKeptWhenItIs
   EXPECT_EQ(changes, std::vector<std::int32_t>{0});
 }
 
+TEST_F(CurrencyConversionTest, AMarginTypedAsItIsShownIsStored) {
+  saveDefaults();
+  const std::vector<std::pair<float, float>> margins = {
+      {2.555F, 2.56F}, {-12.345F, -12.35F}, {250.0F, 99.99F}, {-250.0F, -99.99F}};
+  for (const auto& [margin, stored] : margins) {
+    changes.clear();
+    openWith(margin, [&](frmOptions& dialog) {
+      const Text shown = box(dialog).text();
+      user.selectAll();
+      user.type(shown);
+      EXPECT_EQ(box(dialog).text(), shown);
+      save(dialog);
+    });
+    EXPECT_EQ(host.value(options::DefaultCurrencyMargin), stored);
+    EXPECT_EQ(changes, std::vector<std::int32_t>{2048});
+  }
+}
+
+TEST_F(CurrencyConversionTest, ADigitTypedAnewStoresTheMarginAsItIsShown) {
+  openWith(2.555F, [&](frmOptions& dialog) {
+    user.press(Key::end);
+    user.press(Key::backspace);
+    user.type(u"6");
+    EXPECT_EQ(box(dialog).text(), u"2.56");
+    user.press(Key::tab);
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 2.56F);
+}
+
+TEST_F(CurrencyConversionTest, AKeyThatIsRefusedAndATextThatIsUndoneEditNoMargin) {
+  openWith(2.555F, [&](frmOptions& dialog) {
+    user.type(u"x");
+    user.press(Key::tab);
+    user.press(Key::tab, {.shift = true});
+    repaste(dialog, u"abc");
+    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"2.56%");
+    user.click(box(dialog));
+    user.press(Key::tab);
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 2.555F);
+}
+
+TEST_F(CurrencyConversionTest, AMarginIsKeptAsTypedWhenTheBoxIsVisitedAgain) {
+  openWith(0, [&](frmOptions& dialog) {
+    user.type(u"3.333");
+    user.press(Key::tab);
+    user.press(Key::tab, {.shift = true});
+    EXPECT_EQ(box(dialog).text(), u"3.33");
+    user.press(Key::tab);
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 3.333F);
+}
+
 TEST_F(CurrencyConversionTest, AStoredMarginOutOfRangeIsKeptUntilItIsEdited) {
   host.store(options::DefaultCurrencyMargin, 250.0F);
   edit([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"250.00%");
     EXPECT_EQ(upDown(dialog).value(), 9999);
     user.type(u"x");
+    user.clickTab(dialog.tabOptions, 5);
+    user.click(box(dialog));
+    EXPECT_EQ(box(dialog).text(), u"250.00");
+    user.press(Key::tab);
   });
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 250.0F);
   openOn(TabPage::currency, [&](frmOptions& dialog) {
