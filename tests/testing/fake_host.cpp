@@ -194,15 +194,30 @@ class FakeTable final : public Table, Counted {
 template <class T>
 class FakeCursor final : public Cursor<T>, Counted {
  public:
-  FakeCursor(FakeHost& host, const std::vector<T>& items) : Counted(host), items_(items) {}
-  void moveFirst() override { at_ = 0; }
-  bool atEnd() override { return at_ >= items_.size(); }
-  void read(Text T::*property, Text& text) override { text = items_.at(at_).*property; }
-  void moveNext() override { ++at_; }
+  /// @param at where the host's list stands
+  FakeCursor(FakeHost& host, std::string name, const std::vector<T>& items, std::size_t& at)
+      : Counted(host), name_(std::move(name)), items_(items), at_(at) {}
+  void moveFirst() override {
+    host_.called("MoveFirst " + name_);
+    at_ = 0;
+  }
+  bool atEnd() override {
+    host_.called("EOF " + name_);
+    return at_ >= items_.size();
+  }
+  void read(Text T::*property, Text& text) override {
+    host_.called("Current " + name_);
+    text = items_.at(at_).*property;
+  }
+  void moveNext() override {
+    host_.called("MoveNext " + name_);
+    ++at_;
+  }
 
  private:
+  std::string name_;
   const std::vector<T>& items_;
-  std::size_t at_ = 0;
+  std::size_t& at_;
 };
 
 class FakeDatabase final : public JetDatabase, Counted {
@@ -225,11 +240,12 @@ class FakeDatabase final : public JetDatabase, Counted {
   }
   std::unique_ptr<Cursor<Item>> itemList() override {
     host_.called("ItemList");
-    return std::make_unique<FakeCursor<Item>>(host_, host_.items);
+    return std::make_unique<FakeCursor<Item>>(host_, "ItemList", host_.items, host_.itemAt);
   }
   std::unique_ptr<Cursor<PaymentItem>> paymentItemList() override {
     host_.called("PaymentItemList");
-    return std::make_unique<FakeCursor<PaymentItem>>(host_, host_.paymentItems);
+    return std::make_unique<FakeCursor<PaymentItem>>(host_, "PaymentItemList", host_.paymentItems,
+                                                     host_.paymentItemAt);
   }
   std::int32_t terminalCount(TextView criteria) override {
     host_.called("TerminalCount " + toUtf8(criteria));

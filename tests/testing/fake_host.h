@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <limits>
 #include <map>
 #include <optional>
 #include <string>
@@ -42,6 +43,9 @@ class FakeHost {
   std::vector<FakeRow> terminals;
   std::vector<Item> items;
   std::vector<PaymentItem> paymentItems;
+  /// Where the lists of items stand: at their end until a walk moves them, and again after it.
+  std::size_t itemAt = std::numeric_limits<std::size_t>::max();
+  std::size_t paymentItemAt = std::numeric_limits<std::size_t>::max();
   Text dataFile;
   std::map<Text, Text> settings;
   std::map<std::int32_t, Text> strings;

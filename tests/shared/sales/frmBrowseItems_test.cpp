@@ -1,6 +1,7 @@
 #include "sales/frmBrowseItems.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "tests/testing/options_test.h"
 #include "ui/buttons.h"
@@ -121,6 +122,30 @@ TEST_F(BrowseItemsTest, ListsPaymentItemsByAccount) {
   EXPECT_TRUE(host.callsStarting("ItemList").empty());
 }
 
+TEST_F(BrowseItemsTest, RoundingItemsAreSortedByName) {
+  host.items = {{u"OTHC", u"1", u"A", u"Zebra", u"a", u"Income"},
+                {u"OTHC", u"2", u"B", u"Apple", u"z", u"Sales"}};
+  browse(frmBrowseItems::roundingItem, u"", [&](frmBrowseItems& browser) {
+    EXPECT_EQ(column(browser, 1), (std::vector<Text>{u"Apple", u"Zebra"}));
+    EXPECT_EQ(browser.ltvItems.selectedRow(), 0);
+  });
+}
+
+TEST_F(BrowseItemsTest, AListThatStandsAtItsEndIsWalkedFromItsFirstItemToItsLast) {
+  for (const auto& [type, list, items] :
+       {std::tuple{1, "ItemList", host.items.size()}, std::tuple{2, "ItemList", host.items.size()},
+        std::tuple{3, "PaymentItemList", host.paymentItems.size()}}) {
+    std::vector<Text> first;
+    browse(type, u"", [&](frmBrowseItems& browser) { first = column(browser, 0); });
+    host.calls.clear();
+    browse(type, u"", [&](frmBrowseItems& browser) { EXPECT_EQ(column(browser, 0), first); });
+    EXPECT_FALSE(first.empty());
+    const std::string name = list;
+    EXPECT_EQ(host.callsStarting("MoveFirst"), std::vector<std::string>{"MoveFirst " + name});
+    EXPECT_EQ(host.callsStarting("MoveNext"), std::vector<std::string>(items, "MoveNext " + name));
+  }
+}
+
 TEST_F(BrowseItemsTest, SortsWithoutRegardToCaseAndKeepsTheOrderOfEquals) {
   host.items.clear();
   for (const TextView name : {u"b", u"A", u"B", u"a", u"c", u"C"}) {
@@ -196,7 +221,16 @@ TEST_F(BrowseItemsTest, APaymentItemIsSelectedByItsWholeValue) {
 }
 
 TEST_F(BrowseItemsTest, AnEmptyValueSelectsTheFirstRowInSortedOrder) {
-  for (const int type : {1, 2, 3}) EXPECT_EQ(preselected(type, u""), 0);
+  host.items = {{u"STOCK", u"1", u"A", u"Zebra", u"", u""},
+                {u"OTHC", u"2", u"A", u"Yarn", u"", u"Income"},
+                {u"STOCK", u"3", u"B", u"Apple", u"", u""},
+                {u"OTHC", u"4", u"B", u"Bread", u"", u"Income"}};
+  const std::vector<Text> values = {u"B:Apple", u"B:Bread", u"Visa"};
+  for (const int type : {1, 2, 3}) {
+    EXPECT_EQ(preselected(type, u""), 0);
+    EXPECT_EQ(browse(type, u"", [&](frmBrowseItems&) { user.press(Key::enter); }),
+              values[static_cast<std::size_t>(type - 1)]);
+  }
 }
 
 TEST_F(BrowseItemsTest, OfEqualRowsTheFirstIsSelected) {
@@ -383,10 +417,41 @@ TEST_F(BrowseItemsTest, FailuresOfTheHostReachTheCaller) {
   }
 }
 
+TEST_F(BrowseItemsTest, AFailureAnywhereInTheWalkReachesTheCallerAndEndsIt) {
+  for (const int type : {1, 2, 3}) {
+    host.calls.clear();
+    browse(type, u"", [](frmBrowseItems&) {});
+    const int calls = static_cast<int>(host.calls.size());
+    EXPECT_GT(calls, 3 * static_cast<int>(host.paymentItems.size()));
+    for (int number = 0; number < calls; ++number) {
+      host.calls.clear();
+      host.failingNumber = number;
+      frmBrowseItems browser(desk->screen());
+      browser.DBJetObject = options_.DBJetObject;
+      browser.BrowseType = static_cast<std::int16_t>(type);
+      browser.SelectedValue = u"Fuel:Unleaded";
+      FakeHost::expectFailure([&] { browser.showModal(); });
+      EXPECT_EQ(static_cast<int>(host.calls.size()), number + 1) << "the host was called on";
+      EXPECT_FALSE(browser.isShown());
+      EXPECT_EQ(browser.SelectedValue, u"Fuel:Unleaded");
+      EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+    }
+    host.failingNumber = -1;
+  }
+}
+
 TEST_F(BrowseItemsTest, WithoutADatabaseItFails) {
-  frmBrowseItems browser(desk->screen());
-  browser.BrowseType = frmBrowseItems::gradeProduct;
-  EXPECT_THROW(browser.showModal(), Error);
+  for (const int type : {1, 2, 3}) {
+    frmBrowseItems browser(desk->screen());
+    browser.BrowseType = static_cast<std::int16_t>(type);
+    try {
+      browser.showModal();
+      ADD_FAILURE() << type;
+    } catch (const Error& failure) {
+      EXPECT_EQ(failure.description(), u"DBJetObject was not set.");
+    }
+    EXPECT_FALSE(browser.isShown());
+  }
 }
 
 }  // namespace
