@@ -22,7 +22,10 @@
 #include "operations/layby.h"
 #include "operations/pump.h"
 #include "operations/random_price.h"
+#include "sales/currency_conversion.h"
+#include "sales/frmBrowseItems.h"
 #include "sales/list_columns.h"
+#include "sales/rounding.h"
 #include "sales/transactions.h"
 #include "support/modJetSQLFixup.h"
 #include "tests/testing/options_test.h"
@@ -107,6 +110,97 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
   EXPECT_EQ(record->get(options::TerminalIDCaption), caption);
   EXPECT_EQ(record->getOrZero(options::TransactionOptionBits) & 1, 1);
   EXPECT_EQ(record->get(options::ProductListColumns), -0x8000);
+}
+
+TEST_F(ShopRoundTrip, RoundingSurvivesTheProgram) {
+  const Text caption = u" O'Neil's; a|b \u4e2d ";
+  openOn(TabPage::rounding, [&](frmOptions& dialog) {
+    const auto& part = dialog.tab<Rounding>();
+    EXPECT_EQ(part.txtRoundingCaption[Rounding::item].text(), u"Charges:Cash Rounding");
+    EXPECT_EQ(part.cboRounding[Rounding::step].text(), u"$0.05");
+    user.choose(part.cboRounding[Rounding::direction], Rounding::upTo);
+    user.choose(part.cboRounding[Rounding::step], 5);
+    user.choose(part.cboRounding[Rounding::taxDirection], Rounding::downTo);
+    user.click(part.optRounding[2]);
+    user.click(part.chkRounding[0]);
+    user.click(part.txtRoundingCaption[Rounding::roundedCaption]);
+    user.paste(caption);
+    user.click(part.txtRoundingCaption[Rounding::varianceCaption]);
+    user.press(ui::Key::backspace);
+    user.accessKey(u'o');
+  });
+  reopen();
+  const auto record = shop->database()->optionsRecord();
+  EXPECT_EQ(record->get(options::RoundingStep), Money{2500});
+  EXPECT_EQ(record->get(options::RoundingDirection), 0);
+  EXPECT_EQ(record->get(options::TaxRoundingDirection), 1);
+  EXPECT_EQ(record->get(options::TaxRoundingMode), 2);
+  EXPECT_EQ(record->get(options::RoundingFlags), 1);
+  EXPECT_EQ(record->get(options::RoundedCaption), caption);
+  EXPECT_EQ(record->get(options::RoundingVarianceCaption), u"");
+  EXPECT_EQ(record->get(options::RoundingItem), u"Charges:Cash Rounding");
+  openOn(TabPage::rounding, [&](frmOptions& dialog) {
+    const auto& part = dialog.tab<Rounding>();
+    EXPECT_EQ(part.cboRounding[Rounding::direction].text(), u"up to");
+    EXPECT_EQ(part.cboRounding[Rounding::step].text(), u"$0.25");
+    EXPECT_EQ(part.cboRounding[Rounding::taxDirection].text(), u"down to");
+    EXPECT_TRUE(part.optRounding[2].value());
+    EXPECT_TRUE(part.chkRounding[0].value());
+    EXPECT_EQ(part.txtRoundingCaption[Rounding::roundedCaption].text(), caption);
+  });
+}
+
+TEST_F(ShopRoundTrip, ARoundingItemOfTheSeededCatalogueSurvivesTheProgram) {
+  std::vector<Text> names;
+  openOn(TabPage::rounding, [&](frmOptions& dialog) {
+    desk->whenShown([&](ui::Form& form) {
+      auto& items = dynamic_cast<frmBrowseItems&>(form).ltvItems;
+      for (int row = 0; row < items.count(); ++row) names.push_back(items.text(row, 1));
+      ASSERT_EQ(items.selectedRow(), 2);
+      user.clickRow(items, 4);
+      user.press(ui::Key::enter);
+    });
+    user.click(dialog.tab<Rounding>().cmdBrowse);
+    user.accessKey(u'o');
+  });
+  EXPECT_EQ(names, (std::vector<Text>{u"After Hours Fee", u"Card Surcharge", u"Cash Rounding",
+                                      u"Delivery", u"Doctor's Bag", u"Photo Handling"}));
+  reopen();
+  EXPECT_EQ(stored(options::RoundingItem), u"Charges:Doctor's Bag");
+  openOn(TabPage::rounding, [&](frmOptions& dialog) {
+    desk->whenShown([&](ui::Form& form) {
+      auto& items = dynamic_cast<frmBrowseItems&>(form).ltvItems;
+      ASSERT_EQ(items.selectedRow(), 4);
+      user.doubleClickRow(items, 3);
+    });
+    user.click(dialog.tab<Rounding>().cmdBrowse);
+    user.accessKey(u'o');
+  });
+  reopen();
+  EXPECT_EQ(stored(options::RoundingItem), u"Delivery");
+}
+
+TEST_F(ShopRoundTrip, AMarginSurvivesTheProgram) {
+  const auto margin = [&] {
+    return shop->database()->optionsRecord()->get(options::DefaultCurrencyMargin);
+  };
+  EXPECT_EQ(margin(), 2.5F);
+  openOn(TabPage::currency, [&](frmOptions& dialog) {
+    EXPECT_EQ(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0].text(), u"2.50");
+    user.type(u"-1.015");
+    user.accessKey(u'o');
+  });
+  reopen();
+  EXPECT_EQ(margin(), -1.015F);
+  openOn(TabPage::currency, [&](frmOptions& dialog) {
+    const auto& part = dialog.tab<CurrencyConversion>();
+    EXPECT_EQ(part.txtCurrencyConversion[0].text(), u"-1.02");
+    EXPECT_EQ(part.udCurrencyConversion.value(), -102);
+    user.spin(part.udCurrencyConversion, +1);
+    user.accessKey(u'o');
+  });
+  reopen();
+  EXPECT_EQ(margin(), -1.0F);
 }
 
 TEST_F(ShopRoundTrip, GradesAreInTheTableAsTheyWereListed) {

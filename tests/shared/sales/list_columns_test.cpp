@@ -185,6 +185,8 @@ TEST_F(ListColumnsTest, EveryListStandsBelowItsLabelWithinThePage) {
                 desk->screen().textWidth(ui::withoutAccessKey(label.caption())));
       EXPECT_LE(label.bounds().right(), place.right());
       EXPECT_LE(place.bottom(), page.height);
+      EXPECT_GE(place.left, 0);
+      EXPECT_LE(place.right(), page.width);
       for (int other = 0; other < i; ++other) {
         const ui::Rect& there = list(dialog, other).bounds();
         EXPECT_TRUE(place.left >= there.right() || place.top >= there.bottom() ||

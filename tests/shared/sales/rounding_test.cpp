@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "sales/frmBrowseItems.h"
 #include "tests/testing/options_test.h"
@@ -13,6 +14,8 @@ using ui::Key;
 
 class RoundingTest : public OptionsTest {
  protected:
+  explicit RoundingTest(NumberLocale numbers = {}) : OptionsTest(std::move(numbers)) {}
+
   static Rounding& tab(frmOptions& dialog) { return dialog.tab<Rounding>(); }
   static ui::ComboBox& combo(frmOptions& dialog, int index) {
     return tab(dialog).cboRounding[index];
@@ -60,6 +63,12 @@ class RoundingTest : public OptionsTest {
     host.accounts = {
         {{u"Name", Text(u"Income")}, {u"Inactive", false}, {u"AccountType", Text(u"INC")}}};
   }
+};
+
+/// The same where a comma stands before the decimals.
+class RoundingWithCommas : public RoundingTest {
+ protected:
+  RoundingWithCommas() : RoundingTest({u",", u".", u"\u20ac"}) {}
 };
 
 TEST_F(RoundingTest, ShowsTheDefaultsWhereNothingIsStored) {
@@ -193,6 +202,61 @@ TEST_F(RoundingTest, AStepThatItsTextDoesNotTellIsFoundByItsAmount) {
   openTab([&](frmOptions& dialog) { EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 5); });
 }
 
+TEST_F(RoundingTest, AStepIsFoundByItsTextFirstAndByTheFirstOfEqualTexts) {
+  host.decimalPlaces = 3;
+  host.currencyFormat = u"0.00";
+  host.store(options::RoundingStep, Money{100});
+  openTab([&](frmOptions& dialog) {
+    const ui::ComboBox& steps = combo(dialog, Rounding::step);
+    EXPECT_EQ(steps.items()[2], u"0.01");
+    EXPECT_EQ(steps.items()[3], u"0.01");
+    EXPECT_EQ(steps.listIndex(), 2);
+  });
+  host.store(options::RoundingStep, Money{300});
+  openTab([&](frmOptions& dialog) {
+    EXPECT_EQ(combo(dialog, Rounding::step).items()[5], u"0.03");
+    EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 5);
+  });
+}
+
+TEST_F(RoundingTest, AStepFoundByItsTextIsSavedAsTheAmountOfItsEntry) {
+  host.decimalPlaces = 3;
+  host.currencyFormat = u"0.00";
+  host.store(options::RoundingStep, Money{100});
+  editTab([&](frmOptions& dialog) { touch(dialog); });
+  EXPECT_EQ(host.value(options::RoundingStep), Money{50});
+  host.store(options::RoundingStep, Money{500});
+  editTab([&](frmOptions& dialog) { touch(dialog); });
+  EXPECT_EQ(host.value(options::RoundingStep), Money{500});
+}
+
+TEST_F(RoundingWithCommas, StepsAreShownAndFoundByTheUsersSeparators) {
+  host.decimalPlaces = 3;
+  host.currencyFormat = u"#,##0.00 \u20ac";
+  host.store(options::RoundingStep, Money{500});
+  openTab([&](frmOptions& dialog) {
+    const ui::ComboBox& steps = combo(dialog, Rounding::step);
+    EXPECT_EQ(steps.items().front(), u"0,00 \u20ac");
+    EXPECT_EQ(steps.items().back(), u"1,00 \u20ac");
+    EXPECT_EQ(steps.text(), u"0,05 \u20ac");
+    EXPECT_EQ(tab(dialog).lblRounding[Rounding::taxStep].caption(), u"0,00 \u20ac");
+  });
+  // By its own amount it would be the fourth.
+  host.store(options::RoundingStep, Money{100});
+  openTab([&](frmOptions& dialog) {
+    EXPECT_EQ(combo(dialog, Rounding::step).text(), u"0,01 \u20ac");
+    EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 2);
+  });
+}
+
+TEST_F(RoundingWithCommas, LargeStepsAreGroupedAndFoundByTheUsersSeparators) {
+  host.decimalPlaces = 0;
+  host.currencyFormat = u"#,##0.0";
+  EXPECT_EQ(stepsShown().back(), u"10.000,0");
+  host.store(options::RoundingStep, Money{20000000});
+  EXPECT_EQ(stepShown(), u"2.000,0");
+}
+
 TEST_F(RoundingTest, AStepIsSavedAsItsOwnAmount) {
   host.decimalPlaces = 4;
   host.currencyFormat = u"0.00";
@@ -241,7 +305,11 @@ TEST_F(RoundingTest, EveryEditEnablesApply) {
       [&](frmOptions& d) { user.choose(combo(d, Rounding::taxDirection), 1); },
       [&](frmOptions& d) { user.click(mode(d, 1)); },
       [&](frmOptions& d) { user.click(tab(d).chkRounding[0]); },
-      [&](frmOptions& d) { touch(d); }};
+      [&](frmOptions& d) { touch(d); },
+      [&](frmOptions& d) {
+        user.click(caption(d, Rounding::varianceCaption));
+        user.type(u"x");
+      }};
   for (const auto& act : edits) {
     openTab([&](frmOptions& dialog) {
       EXPECT_FALSE(applyEnabled(dialog));
@@ -429,22 +497,26 @@ TEST_F(RoundingTest, AnItemThatVanishedMeanwhileStaysUntilAnotherIsChosen) {
 }
 
 TEST_F(RoundingTest, AFailureOfTheBrowserEndsTheDialogAndIsRaised) {
-  host.failingCall = "ItemList";
-  desk->whenShown([&](ui::Form& form) {
-    auto& dialog = dynamic_cast<frmOptions&>(form);
-    user.clickTab(dialog.tabOptions, 4);
-    user.click(tab(dialog).cmdBrowse);
-  });
-  EXPECT_THROW(options_.ShowOptions(), Error);
-  EXPECT_TRUE(host.stored.empty());
+  saveDefaults();
+  addRoundingItem(u"", u"Freight");
+  for (const char* call : {"ItemList", "MoveNext ItemList"}) {
+    expectFailureAt(call, TabPage::rounding, [&](frmOptions& dialog) {
+      user.choose(combo(dialog, Rounding::step), 7);
+      user.click(tab(dialog).cmdBrowse);
+    });
+  }
+  EXPECT_TRUE(changes.empty());
 }
 
 TEST_F(RoundingTest, CaptionsHaveNoLimit) {
   editTab([&](frmOptions& dialog) {
     user.click(caption(dialog, Rounding::roundedCaption));
     user.paste(Text(600, u'x'));
+    user.click(caption(dialog, Rounding::varianceCaption));
+    user.paste(Text(700, u'y'));
   });
   EXPECT_EQ(host.value(options::RoundedCaption), Text(600, u'x'));
+  EXPECT_EQ(host.value(options::RoundingVarianceCaption), Text(700, u'y'));
 }
 
 TEST_F(RoundingTest, TheTextsOfThePage) {

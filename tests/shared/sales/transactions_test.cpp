@@ -144,6 +144,9 @@ TEST_F(TransactionsTest, EachControlIsInItsFrame) {
     for (const int i : {0, 1, 2, 11, 12, 13, 14}) EXPECT_EQ(frameOf(box(dialog, i)), 0) << i;
     for (const int i : {7, 8, 9}) EXPECT_EQ(frameOf(box(dialog, i)), 1) << i;
     for (const int i : {3, 4, 5, 6, 10, 15}) EXPECT_EQ(frameOf(box(dialog, i)), 2) << i;
+    for (int i = 0; i <= 6; ++i) EXPECT_EQ(frameOf(label(dialog, i)), 0) << i;
+    for (const int i : {10, 11, 12}) EXPECT_EQ(frameOf(label(dialog, i)), 1) << i;
+    for (const int i : {7, 8, 9}) EXPECT_EQ(frameOf(label(dialog, i)), 2) << i;
   });
 }
 
@@ -460,10 +463,51 @@ TEST_F(TransactionsTest, SharedAccessKeysWalkAndTickNothing) {
       user.accessKey(u'm');
       EXPECT_TRUE(check(dialog, Part::enteredAmountsWithTax).hasFocus());
     }
+    // With the button of the help.
+    user.accessKey(u'h');
+    EXPECT_TRUE(dialog.cmdCommand[frmOptions::help_].hasFocus());
+    user.accessKey(u'h');
+    EXPECT_TRUE(check(dialog, Part::printItemTax).hasFocus());
     user.accessKey(u'i');
     EXPECT_TRUE(box(dialog, Part::change).hasFocus());
     user.accessKey(u'i');
     EXPECT_TRUE(box(dialog, Part::balanceDue).hasFocus());
+    EXPECT_EQ(tickedBoxes(dialog), std::set<int>{});
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+  EXPECT_TRUE(machine.help.topics.empty());
+}
+
+TEST_F(TransactionsTest, TheKeyOfTheTaxStatusLabelsWalksToTheirBoxesWhileTheyAreEnabled) {
+  host.store(options::TransactionOptionBits, bit(Part::printTaxStatus));
+  openPage([&](frmOptions& dialog) {
+    const std::vector<ui::Control*> walk = {
+        &check(dialog, Part::salesPersonCanChange), &check(dialog, Part::printTaxStatus),
+        &box(dialog, Part::taxedSellPrice), &box(dialog, Part::taxedWholesale),
+        &box(dialog, Part::taxExempt)};
+    for (int round = 0; round < 2; ++round) {
+      for (const ui::Control* control : walk) {
+        user.accessKey(u'e');
+        EXPECT_TRUE(control->hasFocus());
+      }
+    }
+    EXPECT_EQ(tickedBoxes(dialog), std::set<int>{Part::printTaxStatus});
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(TransactionsTest, TheKeyOfTheTaxStatusLabelsPassesOverTheirBoxesWhileTheyAreDisabled) {
+  openPage([&](frmOptions& dialog) {
+    const std::vector<ui::Control*> walk = {&check(dialog, Part::salesPersonCanChange),
+                                            &check(dialog, Part::printTaxStatus),
+                                            &check(dialog, Part::enteredAmountsWithTax)};
+    for (int round = 0; round < 2; ++round) {
+      for (const ui::Control* control : walk) {
+        user.accessKey(u'e');
+        EXPECT_TRUE(control->hasFocus());
+      }
+    }
+    EXPECT_EQ(tickedBoxes(dialog), std::set<int>{});
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
