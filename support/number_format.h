@@ -13,8 +13,8 @@ namespace tillora {
 ///     "text"   the text itself                                 ;   sections:
 ///     positive;negative;zero
 ///
-/// and any other character as it is. Rounds half away from zero, on the 15 digits that a double
-/// holds exactly. "#0.00\%" of 5 is 5.00%.
+/// and any other character as it is; the name of a format (Currency, Fixed) is none. Rounds half
+/// away from zero, on the 15 digits that a double holds exactly. "#0.00\%" of 5 is 5.00%.
 Text formatNumber(double value, TextView format, const NumberLocale& locale);
 
 }  // namespace tillora

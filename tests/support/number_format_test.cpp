@@ -52,6 +52,7 @@ TEST(FormatNumber, ShowsLiteralsAsTheyAre) {
   EXPECT_EQ(format(5, u"#0.00\\%"), u"5.00%");
   EXPECT_EQ(format(5, u"0\" kg; net\""), u"5 kg; net");
   EXPECT_EQ(format(5, u"$0"), u"$5");
+  EXPECT_EQ(format(5, u"Fixed"), u"Fixed");
 }
 
 TEST(FormatNumber, APercentSignMultiplies) { EXPECT_EQ(format(0.125, u"0.0%"), u"12.5%"); }
