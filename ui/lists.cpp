@@ -37,7 +37,15 @@ void ComboBox::clear() {
 
 void ComboBox::setListIndex(int index) {
   requirePosition(index, -1, items_.size());
-  if (listIndex_ == index) return;
+  if (listIndex_ != index) select(index);
+}
+
+void ComboBox::userChose(int index) {
+  requirePosition(index, 0, items_.size());
+  select(index);
+}
+
+void ComboBox::select(int index) {
   listIndex_ = index;
   notify(Property::value);
   edited();

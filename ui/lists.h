@@ -27,6 +27,9 @@ class ComboBox final : public Control {
   int listIndex() const { return listIndex_; }
   /// Raises click when the position differs. Error `invalid index` (380) outside -1 to count() - 1.
   void setListIndex(int index);
+  /// The user chose this item: raises click also where it is the one that was selected. Error
+  /// `invalid index` (380) outside 0 to count() - 1.
+  void userChose(int index);
   /// Text of the selected item; empty for none.
   const Text& text() const;
 
@@ -36,6 +39,8 @@ class ComboBox final : public Control {
   bool focusable() const override { return true; }
 
  private:
+  void select(int index);
+
   std::vector<Text> items_;
   int listIndex_ = -1;
 };

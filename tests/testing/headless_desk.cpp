@@ -244,7 +244,7 @@ void HeadlessUser::clickCheck(ui::CheckListBox& list, int row) {
 }
 
 void HeadlessUser::choose(ui::ComboBox& combo, int item) {
-  if (reach(combo)) combo.setListIndex(item);
+  if (reach(combo)) combo.userChose(item);
 }
 
 void HeadlessUser::spin(ui::UpDown& upDown, int direction) {

@@ -91,6 +91,20 @@ TEST_F(ControlsTest, AComboBoxRefusesPositionsItDoesNotHave) {
   EXPECT_EQ(events, 1);
 }
 
+TEST_F(ControlsTest, AUsersChoiceOfTheSelectedItemRaisesClickAgain) {
+  auto& combo = form.add<ui::ComboBox>();
+  combo.addItem(u"a");
+  combo.addItem(u"b");
+  combo.click = count;
+  combo.userChose(1);
+  combo.userChose(1);
+  EXPECT_EQ(combo.text(), u"b");
+  EXPECT_EQ(events, 2);
+  EXPECT_THROW(combo.userChose(2), Error);
+  EXPECT_THROW(combo.userChose(-1), Error);
+  EXPECT_EQ(events, 2);
+}
+
 TEST_F(ControlsTest, ACheckListTellsWhichRowWasTicked) {
   auto& list = form.add<ui::CheckListBox>();
   list.addRow(u"a", 1);

@@ -71,10 +71,15 @@ void ComboView::showChoice() {
 void ComboView::command(WORD code) {
   switch (code) {
     case CBN_SELCHANGE:
-      if (isDropped()) return;
-      [[fallthrough]];
+      if (!isDropped()) control().setListIndex(chosen());
+      break;
     case CBN_SELENDOK:
-      control().setListIndex(static_cast<int>(send(CB_GETCURSEL)));
+      // Some platforms send it for keys in the closed box too, which may have changed nothing.
+      if (isDropped() && chosen() >= 0) {
+        control().userChose(chosen());
+      } else {
+        control().setListIndex(chosen());
+      }
       break;
     case CBN_SELENDCANCEL:
     case CBN_CLOSEUP:

@@ -7,7 +7,8 @@
 
 namespace tillora::ui::win32 {
 
-/// A drop-down list. A choice counts when the list closes with it, or at once while it is closed.
+/// A drop-down list. A choice counts when the list closes with it, the item shown before included,
+/// or at once while it is closed, where only another item is one.
 class ComboView final : public ViewOf<ComboBox> {
  public:
   using ViewOf::ViewOf;
@@ -24,6 +25,7 @@ class ComboView final : public ViewOf<ComboBox> {
   void addItems(std::size_t first);
   void showItems();
   void showChoice();
+  int chosen() const { return static_cast<int>(send(CB_GETCURSEL)); }
   bool isDropped() const { return send(CB_GETDROPPEDSTATE) != 0; }
 };
 

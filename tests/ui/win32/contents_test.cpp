@@ -268,6 +268,30 @@ TEST_F(ContentsTest, ADropDownListIsChosenFromByMouseAndKeys) {
   });
 }
 
+TEST_F(ContentsTest, ChoosingTheItemThatIsShownCountsButAKeyThatCannotMoveDoesNot) {
+  int clicks = 0;
+  gallery.combo.click = [&] { ++clicks; };
+  const int last = gallery.combo.count() - 1;
+  show([&] {
+    user.choose(gallery.combo, last);
+    EXPECT_EQ(clicks, 1);
+    user.choose(gallery.combo, last);
+    EXPECT_EQ(gallery.combo.listIndex(), last);
+    EXPECT_EQ(clicks, 2);
+    user.press(Key::down, {});
+    EXPECT_EQ(gallery.combo.listIndex(), last);
+    EXPECT_EQ(clicks, 2);
+    user.press(Key::f4, {});
+    ASSERT_TRUE(SendMessageW(windowOf(gallery.combo), CB_GETDROPPEDSTATE, 0, 0));
+    user.press(Key::enter, {});
+    EXPECT_EQ(clicks, 3);
+    user.press(Key::f4, {});
+    user.press(Key::escape, {});
+    EXPECT_EQ(clicks, 3);
+    EXPECT_EQ(gallery.combo.listIndex(), last);
+  });
+}
+
 TEST_F(ContentsTest, EscClosesAnOpenDropDownListOnly) {
   show([&] {
     user.choose(gallery.combo, 1);
