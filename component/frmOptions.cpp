@@ -7,7 +7,6 @@
 
 #include "component/first_use.h"
 #include "component/save_options.h"
-#include "support/text_rules.h"
 #include "ui/layout.h"
 
 namespace tillora {
@@ -101,7 +100,9 @@ std::int16_t frmOptions::GetNumberOfFiles(TextView pattern) const {
 void frmOptions::onLoad() {
   loading_ = true;
   setHelpContext(kTabs.front().helpContext);
-  shortProductName_ = beforeLastBlank(requireObject(host_.app, u"AppObject").title());
+  // Asked for first, though nothing shows it: a host program that cannot even tell its title fails
+  // before anything of its shop is read.
+  requireObject(host_.app, u"AppObject").title();
   if (requireObject(host_.settings, u"SettingsObject").dispensingAvailable()) {
     tabOptions.addTab(kTabs.back().caption);
   }
@@ -123,6 +124,16 @@ void frmOptions::onResize() {
 }
 
 void frmOptions::onQueryUnload(bool& /*cancel*/, ui::UnloadMode /*mode*/) {
+  if (hostUses_ == 0) releaseHost();
+}
+
+frmOptions::HostInUse::HostInUse(frmOptions& dialog) : dialog_(dialog) { ++dialog_.hostUses_; }
+
+frmOptions::HostInUse::~HostInUse() {
+  if (--dialog_.hostUses_ == 0 && !dialog_.isLoaded()) dialog_.releaseHost();
+}
+
+void frmOptions::releaseHost() {
   host_.database.reset();
   host_.settings.reset();
   host_.app.reset();
@@ -150,7 +161,8 @@ void frmOptions::setOkDefault(bool isDefault) { cmdCommand[ok].setDefault(isDefa
 void frmOptions::tabBeforeClick(bool& refuse) {
   ui::Frame& shown = fraFrame[tabOptions.selected() - 1];
   const ui::Control* active = activeControl();
-  const bool onPage = active != nullptr && shown.contains(*active);
+  // Until the dialog is shown a focus is only noted; on a page that is hidden it lapses.
+  const bool onPage = isShown() && active != nullptr && shown.contains(*active);
   // Nothing on a hidden page is validated any more: what is pending (from Cancel) is due now.
   if (onPage ? !tabOptions.setFocus() : !validatePending()) {
     refuse = true;
@@ -168,17 +180,23 @@ void frmOptions::tabClick() {
 void frmOptions::commandClick(int index) {
   switch (index) {
     case ok:
-      if (!cmdCommand[apply].enabled() || SaveOptions(*this)) unload();
+      if (!cmdCommand[apply].enabled() || SaveOptions(*this)) close();
       break;
     case apply:
       SaveOptions(*this);
       break;
     case cancel:
-      unload();
+      close();
       break;
     default:  // Help is reached by F1; pressing the button does nothing.
       break;
   }
+}
+
+// The dialog is gone from the screen before the host hears that its objects are released.
+void frmOptions::close() {
+  hide();
+  unload();
 }
 
 void frmOptions::showHelp() {

@@ -46,6 +46,18 @@ class frmOptions final : public Dialog, private OptionsDialog {
   const Tabs& tabs() const { return *tabs_; }
   const Platform& platform() const override { return platform_; }
   const HostObjects& host() const override { return host_; }
+  /// Lets a save that runs go on with the host's objects where the dialog is closed meanwhile: they
+  /// are released at its end then.
+  class HostInUse {
+   public:
+    explicit HostInUse(frmOptions& dialog);
+    HostInUse(const HostInUse&) = delete;
+    HostInUse& operator=(const HostInUse&) = delete;
+    ~HostInUse();
+
+   private:
+    frmOptions& dialog_;
+  };
   std::int16_t GetNumberOfFiles(TextView pattern) const override;
 
  private:
@@ -58,7 +70,6 @@ class frmOptions final : public Dialog, private OptionsDialog {
   ui::Frame& page(TabPage page) override;
   Messages& messages() override { return messages_; }
   bool firstUse() const override { return FirstUse; }
-  const Text& shortProductName() const override { return shortProductName_; }
   const Text& dataFileExtension() const override { return LVFileExtension; }
   void markChanged() override;
   bool hasTab(TabPage page) const override;
@@ -69,13 +80,15 @@ class frmOptions final : public Dialog, private OptionsDialog {
   void tabBeforeClick(bool& refuse);
   void tabClick();
   void commandClick(int index);
+  void close();
+  void releaseHost();
   void showHelp();
 
   Platform platform_;
   HostObjects host_;
   Messages messages_;
   std::unique_ptr<Tabs> tabs_;
-  Text shortProductName_;
+  int hostUses_ = 0;
   bool loading_ = false;
 };
 

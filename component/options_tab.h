@@ -37,8 +37,6 @@ class OptionsDialog {
   virtual Messages& messages() = 0;
   /// The shop is being set up: the load makes the records that it starts with.
   virtual bool firstUse() const = 0;
-  /// The host program's title up to its last blank ("Tillora"), as it was at load.
-  virtual const Text& shortProductName() const = 0;
   virtual const Platform& platform() const = 0;
   /// Extension of the accounting package's data files, with or without its dot.
   virtual const Text& dataFileExtension() const = 0;

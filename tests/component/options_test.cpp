@@ -4,6 +4,8 @@
 
 #include "identity/company_details.h"
 #include "operations/report_captions.h"
+#include "sales/currency_conversion.h"
+#include "sales/rounding.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -179,15 +181,18 @@ TEST_F(OptionsObjectTest, AFailureInsideTheDialogEndsItAndIsRaised) {
   EXPECT_TRUE(host.sent.empty());
 }
 
-TEST_F(OptionsObjectTest, TwoAppliesRaiseTwoEvents) {
+TEST_F(OptionsObjectTest, TwoAppliesRaiseTwoEventsEachWithItsOwnChanges) {
+  saveDefaults();
   open([&](frmOptions& dialog) {
-    for (const char16_t letter : {u'a', u'b'}) {
-      user.click(dialog.tab<CompanyDetails>().txtCompanyDetails[0]);
-      user.type(Text(1, letter));
-      user.click(dialog.cmdCommand[frmOptions::apply]);
-    }
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::rounding));
+    user.click(dialog.tab<Rounding>().chkRounding[0]);
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::currency));
+    user.click(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0]);
+    user.type(u"5");
+    user.click(dialog.cmdCommand[frmOptions::apply]);
   });
-  EXPECT_EQ(changes.size(), 2U);
+  EXPECT_EQ(changes, (std::vector<std::int32_t>{512, 2048}));
 }
 
 TEST_F(OptionsObjectTest, FirstUseSavesTheDefaultsWhileLoading) {
@@ -221,12 +226,89 @@ TEST_F(OptionsObjectTest, FirstUseGoesOnWhenItsCurrenciesFail) {
   }
 }
 
-TEST_F(OptionsObjectTest, TheDialogReleasesTheHostsObjectsWhenItCloses) {
-  const long database = options_.DBJetObject.use_count();
-  const long sender = options_.MsgSndObject.use_count();
-  open([&](frmOptions&) { EXPECT_GT(options_.DBJetObject.use_count(), database); });
-  EXPECT_EQ(options_.DBJetObject.use_count(), database);
-  EXPECT_EQ(options_.MsgSndObject.use_count(), sender);
+TEST_F(OptionsObjectTest, AsItClosesTheDialogReleasesAllButSenderAndStrings) {
+  const std::vector<std::function<void(frmOptions&)>> ways = {
+      [&](frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::ok]); },
+      [&](frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::cancel]); },
+      [&](frmOptions& dialog) { user.closeWindow(dialog); },
+  };
+  for (const auto& leave : ways) {
+    open([&](frmOptions& dialog) {
+      EXPECT_GT(options_.DBJetObject.use_count(), 1);
+      EXPECT_GT(options_.AppObject.use_count(), 1);
+      EXPECT_GT(options_.SettingsObject.use_count(), 1);
+      leave(dialog);
+      EXPECT_EQ(options_.DBJetObject.use_count(), 1);
+      EXPECT_EQ(options_.AppObject.use_count(), 1);
+      EXPECT_EQ(options_.SettingsObject.use_count(), 1);
+      EXPECT_EQ(options_.MsgSndObject.use_count(), 2);
+      EXPECT_EQ(options_.ResourceObject.use_count(), 2);
+    });
+    EXPECT_EQ(options_.MsgSndObject.use_count(), 1);
+    EXPECT_EQ(options_.ResourceObject.use_count(), 1);
+  }
+}
+
+TEST_F(OptionsObjectTest, ADialogClosedByItsButtonsIsHiddenBeforeTheHostsObjectsAreReleased) {
+  const std::shared_ptr<App> app = options_.AppObject;
+  for (const int button : {frmOptions::ok, frmOptions::cancel}) {
+    frmOptions* shownDialog = nullptr;
+    std::vector<bool> shownAtRelease;
+    options_.AppObject = std::shared_ptr<App>(
+        app.get(), [&](App*) { shownAtRelease.push_back(shownDialog->isShown()); });
+    open([&](frmOptions& dialog) {
+      shownDialog = &dialog;
+      options_.AppObject.reset();
+      EXPECT_TRUE(shownAtRelease.empty());
+      user.click(dialog.cmdCommand[button]);
+      EXPECT_EQ(shownAtRelease, std::vector<bool>{false});
+    });
+  }
+}
+
+TEST_F(OptionsObjectTest, AFirstUseMakesItsRecordsBetweenTheLoadAndTheSave) {
+  options_.FirstUse = true;
+  open([](frmOptions&) {});
+  const std::vector<std::string> expected = {
+      "get PasswordGlobalOverride",  // the last of the load
+      "CurrencyTable",
+      "string 20000",
+      "find CurrencyTable [Name] = 'Local'",
+      "update CurrencyTable",
+      "string 20001",
+      "find CurrencyTable [Name] = 'Foreign'",
+      "update CurrencyTable",
+      "Title",
+      "Path",
+      "OptionsRecord",
+      "put CompanyName",
+  };
+  EXPECT_EQ(std::ranges::search(host.calls, expected).size(), expected.size());
+  EXPECT_EQ(host.callsStarting("OptionsRecord").size(), 2U);
+  EXPECT_EQ(host.callsStarting("CurrencyTable").size(), 1U);
+  ASSERT_GE(host.calls.size(), 2U);
+  EXPECT_EQ(*(host.calls.end() - 2), "commit");
+  EXPECT_EQ(host.calls.back(), "send");
+}
+
+TEST_F(OptionsObjectTest, EachRecordIsReleasedBeforeTheNextStep) {
+  std::vector<std::string> seen;
+  host.onCall = [&](const std::string& call) {
+    if (call != "CurrencyTable" && call != "string 20000" && call != "send") return;
+    seen.push_back(call);
+    EXPECT_EQ(host.liveRecords, 0) << call;
+  };
+  options_.OptionsChanged = [&](std::int32_t&) {
+    seen.emplace_back("event");
+    EXPECT_EQ(host.liveRecords, 0);
+  };
+  options_.FirstUse = true;
+  edit([&](frmOptions&) {
+    EXPECT_EQ(host.liveRecords, 0);
+    user.type(u"x");
+  });
+  EXPECT_EQ(seen, (std::vector<std::string>{"CurrencyTable", "string 20000", "send", "event",
+                                            "send", "event"}));
 }
 
 }  // namespace

@@ -3,7 +3,14 @@
 #include <algorithm>
 
 #include "identity/company_details.h"
+#include "identity/fred_link.h"
+#include "identity/passwords.h"
+#include "operations/end_of_day.h"
 #include "operations/report_captions.h"
+#include "sales/currency_conversion.h"
+#include "sales/list_columns.h"
+#include "sales/rounding.h"
+#include "sales/transactions.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -96,13 +103,19 @@ TEST_F(SaveOptionsTest, SendsThePresentTime) {
 }
 
 TEST_F(SaveOptionsTest, TheEventComesLastWithThePointerAndApplyBackToNormal) {
-  options_.OptionsChanged = [&](std::int32_t& mask) {
-    changes.push_back(mask);
-    EXPECT_EQ(host.calls.back(), "send");
-    EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
-  };
-  applyNothing();
-  EXPECT_FALSE(changes.empty());
+  saveDefaults();
+  open([&](frmOptions& dialog) {
+    options_.OptionsChanged = [&](std::int32_t& mask) {
+      changes.push_back(mask);
+      EXPECT_EQ(host.calls.back(), "send");
+      EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+      EXPECT_FALSE(applyEnabled(dialog));
+    };
+    user.type(u"x");
+    EXPECT_TRUE(applyEnabled(dialog));
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+  });
+  EXPECT_EQ(changes.size(), 1U);
 }
 
 TEST_F(SaveOptionsTest, AHostThatAltersTheMaskChangesNothing) {
@@ -121,46 +134,209 @@ TEST_F(SaveOptionsTest, AHostThatAltersTheMaskChangesNothing) {
   EXPECT_EQ(changes, (std::vector<std::int32_t>{0, 0}));
 }
 
-TEST_F(SaveOptionsTest, ThePointerIsTheHourglassWhileTheHostWrites) {
-  std::vector<ui::Pointer> seen;
-  options_.MsgSndObject = [&] {
-    struct Sender final : MessageSender {
-      Sender(ui::Screen& s, std::vector<ui::Pointer>& p) : screen(s), seen(p) {}
-      void send(DateTime) override { seen.push_back(screen.pointer()); }
-      ui::Screen& screen;
-      std::vector<ui::Pointer>& seen;
+TEST_F(SaveOptionsTest, ThePointerIsTheHourglassFromTheFirstCallOfTheHostToTheLast) {
+  std::vector<std::string> seen;
+  open([&](frmOptions& dialog) {
+    user.type(u"x");
+    EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+    host.onCall = [&](const std::string& call) {
+      seen.push_back(call);
+      EXPECT_EQ(desk->screen().pointer(), ui::Pointer::hourglass) << call;
     };
-    return std::make_shared<Sender>(desk->screen(), seen);
-  }();
-  edit([&](frmOptions&) { user.type(u"x"); });
-  EXPECT_EQ(seen, std::vector<ui::Pointer>{ui::Pointer::hourglass});
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    host.onCall = nullptr;
+    EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+  });
+  ASSERT_FALSE(seen.empty());
+  EXPECT_EQ(seen.front(), "Title");
+  EXPECT_EQ(seen.back(), "send");
 }
 
-TEST_F(SaveOptionsTest, AFailureAtAnyCallOfALoadOrSaveIsRaisedAsItCame) {
-  const auto run = [&] {
-    desk->whenShown([&](ui::Form&) {
-      user.type(u"x");
-      user.accessKey(u'o');
+TEST_F(SaveOptionsTest, AFirstUseRaisesTheGroupsWhoseDefaultsAreNotZero) {
+  options_.FirstUse = true;
+  open([](frmOptions&) {});
+  EXPECT_EQ(changes, std::vector<std::int32_t>{0x60F});
+  host.stored.clear();
+  host.dispensingAvailable = true;
+  open([](frmOptions&) {});
+  EXPECT_EQ(changes, (std::vector<std::int32_t>{0x60F, 0x70F}));
+}
+
+TEST_F(SaveOptionsTest, ASaveThatChangesEveryGroupRaisesTheirBitsAndNoOther) {
+  host.dispensingAvailable = true;
+  saveDefaults();
+  edit([&](frmOptions& dialog) {
+    user.type(u"Corner Shop");
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
+    for (int i = 0; i < ListColumns::count; ++i) {
+      auto& list = dialog.tab<ListColumns>().lstListShow[i];
+      user.clickCheck(list, list.count() - 1);
+    }
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::transactions));
+    user.click(dialog.tab<TransactionOptions>().chkTransaction[0]);
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::rounding));
+    user.click(dialog.tab<Rounding>().chkRounding[0]);
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::currency));
+    user.click(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0]);
+    user.type(u"5");
+    for (const TabPage page : {TabPage::layby, TabPage::pump}) {
+      user.clickTab(dialog.tabOptions, static_cast<int>(page));
+      user.click(*openBoxes(dialog.fraFrame[static_cast<int>(page) - 1]).at(0));
+      user.type(u"7");
+    }
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::fred));
+    user.click(dialog.tab<FredLink>().chkDispense[0]);
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::eod));
+    user.click(dialog.tab<EndOfDay>().chkEOD[2]);
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::security));
+    user.click(dialog.tab<Passwords>().chkSecurity[1]);
+  });
+  EXPECT_EQ(changes, std::vector<std::int32_t>{0xF0F});
+}
+
+TEST_F(SaveOptionsTest, ADialogThatIsClosedInTheMiddleOfASaveLetsItComeToItsEnd) {
+  for (const std::string middle : {"Title", "OptionsRecord", "put CompanyPhone", "RandomPriceTable",
+                                   "put PasswordGlobalOverride", "commit", "send"}) {
+    changes.clear();
+    host.sent.clear();
+    open([&](frmOptions& dialog) {
+      user.type(u"Closed at " + Text(middle.begin(), middle.end()));
+      host.onCall = [&](const std::string& call) {
+        if (call != middle || !dialog.isShown()) return;
+        user.closeWindow(dialog);
+        EXPECT_FALSE(dialog.isShown()) << call;
+      };
+      user.click(dialog.cmdCommand[frmOptions::ok]);
+      host.onCall = nullptr;
+      EXPECT_FALSE(dialog.isShown());
+      EXPECT_EQ(options_.DBJetObject.use_count(), 1);
+      EXPECT_EQ(options_.AppObject.use_count(), 1);
+      EXPECT_EQ(options_.SettingsObject.use_count(), 1);
+    });
+    EXPECT_EQ(host.value(options::CompanyName), u"Closed at " + Text(middle.begin(), middle.end()));
+    EXPECT_EQ(host.sent.size(), 1U) << middle;
+    EXPECT_EQ(changes.size(), 1U) << middle;
+  }
+}
+
+/// What a host holds; a save that fails leaves none of its options changed.
+class FailingSaveTest : public SaveOptionsTest {
+ protected:
+  void SetUp() override {
+    host.dispensingAvailable = true;
+    host.grades = {{{u"GradeNumber", std::int32_t{1}},
+                    {u"Product", Text(u"Fuel:ULP")},
+                    {u"Caption", Text(u"Unleaded")}}};
+    host.classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
+  }
+
+  bool run() {
+    desk->whenShown([&](ui::Form& form) {
+      if (!options_.FirstUse) {
+        user.type(u"x");
+        user.accessKey(u'o');
+      }
+      EXPECT_EQ(form.isShown(), options_.FirstUse);
     });
     return options_.ShowOptions();
+  }
+  /// The stretch of calls and of table steps in which a first use makes its currencies; their
+  /// failures are caught.
+  struct Quiet {
+    int firstCall = -1;
+    int endOfCalls = -1;
+    int firstStep = -1;
+    int endOfSteps = -1;
   };
-  EXPECT_TRUE(run());
-  const int calls = static_cast<int>(host.calls.size());
-  ASSERT_GT(calls, 20);
-  const auto stored = host.stored;
-  for (int number = 0; number < calls; ++number) {
+  /// A whole run without a failure.
+  Quiet measure() {
+    Quiet quiet;
+    host.onCall = [&](const std::string& call) {
+      const int number = static_cast<int>(host.calls.size()) - 1;
+      if (call == "CurrencyTable") {
+        quiet.firstCall = number;
+        quiet.firstStep = host.tableSteps;
+      } else if (call == "Title" && quiet.firstCall >= 0 && quiet.endOfCalls < 0) {
+        quiet.endOfCalls = number;
+        quiet.endOfSteps = host.tableSteps;
+      }
+    };
+    EXPECT_TRUE(run());
+    host.onCall = nullptr;
+    calls = static_cast<int>(host.calls.size());
+    steps = host.tableSteps;
+    return quiet;
+  }
+  /// Everything back to where the walk starts.
+  void restart(const FakeHost& before) {
+    host.stored = before.stored;
+    host.randomPrices = before.randomPrices;
+    host.grades = before.grades;
+    host.webSites = before.webSites;
+    host.currencies = before.currencies;
+    host.settings = before.settings;
     host.calls.clear();
-    host.stored = stored;
-    host.randomPrices.clear();
-    host.failingNumber = number;
-    FakeHost::expectFailure(run);
-    EXPECT_EQ(static_cast<int>(host.calls.size()), number + 1) << "the host was called on";
+    host.tableSteps = 0;
+  }
+  void expectRaised(const std::map<OptionId, Value>& stored) {
+    FakeHost::expectFailure([&] { run(); });
     if (host.calls.back() != "send") {
-      EXPECT_EQ(host.stored, stored) << number;
+      EXPECT_EQ(host.stored, stored);
     }
     EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
     desk->dropSteps();  // where the load failed no dialog was shown
   }
+  void expectCaught() {
+    host.sent.clear();
+    EXPECT_TRUE(run());
+    EXPECT_EQ(host.sent.size(), 1U);
+  }
+
+  /// Each call and each table step of a run fails in its turn.
+  void walk() {
+    const FakeHost before = host;
+    const Quiet quiet = measure();
+    ASSERT_EQ(quiet.firstCall >= 0, options_.FirstUse);
+    for (int number = 0; number < calls && !HasFailure(); ++number) {
+      SCOPED_TRACE("call " + std::to_string(number));
+      restart(before);
+      host.failingNumber = number;
+      if (number >= quiet.firstCall && number < quiet.endOfCalls) {
+        expectCaught();
+        continue;
+      }
+      expectRaised(before.stored);
+      EXPECT_EQ(static_cast<int>(host.calls.size()), number + 1) << "the host was called on";
+    }
+    host.failingNumber = -1;
+    for (int number = 0; number < steps && !HasFailure(); ++number) {
+      SCOPED_TRACE("step " + std::to_string(number));
+      restart(before);
+      host.failingStep = number;
+      if (number >= quiet.firstStep && number < quiet.endOfSteps) {
+        expectCaught();
+        continue;
+      }
+      expectRaised(before.stored);
+      EXPECT_EQ(host.tableSteps, number + 1) << "the table was used on";
+    }
+  }
+
+  int calls = 0;
+  int steps = 0;
+};
+
+TEST_F(FailingSaveTest, AFailureAtAnyCallOfALoadOrSaveIsRaisedAsItCame) {
+  walk();
+  EXPECT_GT(calls, 300);
+  EXPECT_GT(steps, 50);
+}
+
+TEST_F(FailingSaveTest, AFailureAtAnyCallOfAFirstUseIsRaisedButForThoseOfItsCurrencies) {
+  options_.FirstUse = true;
+  walk();
+  EXPECT_GT(calls, 300);
+  EXPECT_GT(steps, 50);
 }
 
 }  // namespace

@@ -25,7 +25,12 @@ class Counted {
 
 class FakeRecord final : public OptionsRecord, Counted {
  public:
-  explicit FakeRecord(FakeHost& host) : Counted(host), written_(host.stored) {}
+  explicit FakeRecord(FakeHost& host) : Counted(host), written_(host.stored) {
+    ++host_.liveRecords;
+  }
+  ~FakeRecord() override { --host_.liveRecords; }
+  FakeRecord(const FakeRecord&) = delete;
+  FakeRecord& operator=(const FakeRecord&) = delete;
 
   Value read(OptionId option) override {
     host_.called("get " + toUtf8(optionInfo(option).name));
@@ -168,7 +173,9 @@ class FakeTable final : public Table, Counted {
  private:
   enum class Editing : std::uint8_t { none, added, current };
 
-  void step() { ++host_.tableSteps; }
+  void step() {
+    if (host_.tableSteps++ == host_.failingStep) throw FakeHost::failure();
+  }
   void written(const std::string& what, const std::string& field = {}) {
     host_.writes.push_back(what + " " + name_ + field);
   }

@@ -63,6 +63,8 @@ class FakeHost {
   std::vector<std::string> calls;
   /// Moves, tests, edits and fields of tables, which `calls` does not list.
   int tableSteps = 0;
+  /// The step with this number (from 0) fails; -1 for none.
+  int failingStep = -1;
   /// What is done to the rows of tables, in order: "add GradeTable", "edit GradeTable",
   /// "set GradeTable Caption", "update GradeTable", "delete GradeTable". A field that is set, or an
   /// update, without a row being added or edited fails the test.
@@ -101,6 +103,8 @@ class FakeHost {
   void called(const std::string& call);
   /// The objects that the component still holds, records and tables included.
   int live = 0;
+  /// The options records among them.
+  int liveRecords = 0;
 };
 
 /// Message boxes with answers given beforehand; OK where none is left.

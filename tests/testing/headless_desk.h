@@ -14,7 +14,7 @@ class HeadlessScreen final : public ui::Screen {
   void runModal(ui::Form& form) override;
   ui::Pointer pointer() const override { return pointer_; }
   void setPointer(ui::Pointer pointer) override { pointer_ = pointer; }
-  ui::Size twipsPerPixel() const override { return {15, 15}; }
+  ui::Size twipsPerPixel() const override { return pixel; }
   int textWidth(TextView text) const override { return static_cast<int>(text.size()) * 90; }
   int lineHeight() const override { return 195; }
   ui::Rect tabClientArea(const ui::TabStrip& tabs) const override;
@@ -26,6 +26,7 @@ class HeadlessScreen final : public ui::Screen {
   std::vector<ui::Form*> shown;
   int unexpected = 0;
   int beeps = 0;
+  ui::Size pixel{15, 15};
 
  private:
   ui::Pointer pointer_ = ui::Pointer::standard;

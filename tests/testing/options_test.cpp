@@ -78,6 +78,20 @@ void OptionsTest::untickAll(ui::CheckListBox& list) {
   }
 }
 
+std::vector<ui::TextBox*> OptionsTest::openBoxes(const ui::Container& page) {
+  std::vector<ui::TextBox*> found;
+  for (const auto& control : page.children()) {
+    if (control->kind() == ui::Kind::frame) {
+      const auto inner = openBoxes(static_cast<const ui::Frame&>(*control));
+      found.insert(found.end(), inner.begin(), inner.end());
+    } else if (control->kind() == ui::Kind::textBox && control->effectivelyEnabled()) {
+      auto& box = static_cast<ui::TextBox&>(*control);
+      if (!box.locked()) found.push_back(&box);
+    }
+  }
+  return found;
+}
+
 bool OptionsTest::applyEnabled(frmOptions& dialog) const {
   return dialog.cmdCommand[frmOptions::apply].enabled();
 }

@@ -1,8 +1,11 @@
 #include "component/frmOptions.h"
 
+#include "component/option_table.h"
 #include "identity/company_details.h"
+#include "identity/ledvane_link.h"
 #include "identity/start_up_entry.h"
 #include "operations/layby.h"
+#include "sales/rounding.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -175,6 +178,38 @@ TEST_F(FrmOptionsTest, ASelectedTabBeyondTheLastIsAnErrorAndShowsNothing) {
   open([&](frmOptions& dialog) { expectOnlyPageShown(dialog, 11); });
 }
 
+TEST_F(FrmOptionsTest, AFirstUseThatEndsAtATabBeyondTheLastHasSavedAllTheSame) {
+  options_.FirstUse = true;
+  options_.SelectedTab = 99;
+  try {
+    options_.ShowOptions();
+    ADD_FAILURE();
+  } catch (const Error& failure) {
+    EXPECT_EQ(failure.number(), error::indexOutOfBounds);
+  }
+  EXPECT_EQ(host.callsStarting("commit").size(), 1U);
+  EXPECT_EQ(host.sent.size(), 1U);
+  EXPECT_EQ(changes.size(), 1U);
+  EXPECT_EQ(host.value(options::CompanyName), u"");
+  options_.FirstUse = false;
+  options_.SelectedTab = 0;
+  open([&](frmOptions& dialog) { expectOnlyPageShown(dialog, 1); });
+}
+
+TEST_F(FrmOptionsTest, AnOpeningThatFailsKeepsWhetherTheDataFileWasChanged) {
+  machine.fileDialogs.answers = {u"C:\\Ledvane\\Other.ldv"};
+  edit([&](frmOptions& dialog) { user.click(dialog.tab<LedvaneLink>().cmdLedvane); });
+  ASSERT_TRUE(options_.ChangedDataFile());
+  options_.FirstUse = true;
+  options_.SelectedTab = 99;
+  EXPECT_THROW(options_.ShowOptions(), Error);
+  EXPECT_TRUE(options_.ChangedDataFile());
+  options_.FirstUse = false;
+  options_.SelectedTab = 0;
+  open([](frmOptions&) {});
+  EXPECT_FALSE(options_.ChangedDataFile());
+}
+
 TEST_F(FrmOptionsTest, OkWithoutAnEditClosesWithoutSaving) {
   open([&](frmOptions& dialog) {
     user.click(dialog.cmdCommand[frmOptions::ok]);
@@ -216,6 +251,74 @@ TEST_F(FrmOptionsTest, EveryEditEnablesApply) {
     user.choose(dialog.tab<CompanyDetails>().cboClass, 1);
     EXPECT_TRUE(applyEnabled(dialog));
   });
+}
+
+TEST_F(FrmOptionsTest, ChoosingTheItemThatIsShownIsAnEdit) {
+  openOn(TabPage::rounding, [&](frmOptions& dialog) {
+    ui::ComboBox& step = dialog.tab<Rounding>().cboRounding[Rounding::step];
+    user.choose(step, step.listIndex());
+    EXPECT_TRUE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(FrmOptionsTest, AnArrowKeyThatCannotMoveIsNoChoice) {
+  host.store(options::RoundingDirection, std::uint8_t{Rounding::downTo});
+  openOn(TabPage::rounding, [&](frmOptions& dialog) {
+    ui::ComboBox& direction = dialog.tab<Rounding>().cboRounding[Rounding::direction];
+    EXPECT_TRUE(direction.setFocus());
+    user.press(Key::down);
+    EXPECT_FALSE(applyEnabled(dialog));
+    user.press(Key::up);
+    EXPECT_TRUE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(FrmOptionsTest, TypingIntoAnyTextBoxEnablesApply) {
+  host.dispensingAvailable = true;
+  host.store(options::FREDLinkActive, true);
+  host.store(options::TransactionOptionBits, 0x1FFF);
+  saveDefaults();
+  std::size_t typedInto = 0;
+  open([&](frmOptions& dialog) {
+    for (int tab = 1; tab <= dialog.tabOptions.count(); ++tab) {
+      user.clickTab(dialog.tabOptions, tab);
+      const auto found = openBoxes(dialog.fraFrame[tab - 1]);
+      for (std::size_t i = 0; i < found.size(); ++i) {
+        user.click(*found[i]);
+        ASSERT_FALSE(applyEnabled(dialog)) << "box " << i << " of tab " << tab;
+        user.type(u"7");
+        EXPECT_TRUE(applyEnabled(dialog)) << "box " << i << " of tab " << tab;
+        user.click(dialog.cmdCommand[frmOptions::apply]);
+        ++typedInto;
+      }
+    }
+  });
+  EXPECT_EQ(changes.size(), typedInto);
+  // Company, captions of receipts, rounding, margin, layby, days, pump, FRED.
+  EXPECT_EQ(typedInto, 12U + 16U + 2U + 1U + 4U + 1U + 2U + 1U);
+}
+
+TEST_F(FrmOptionsTest, NeitherLoadingEveryOptionNorWalkingThroughEveryPageIsAnEdit) {
+  host.dispensingAvailable = true;
+  host.store(options::FREDLinkActive, true);
+  host.store(options::DefaultCurrencyMargin, 2.5F);
+  host.store(options::CompanyABN, u"51824753556");
+  saveDefaults();
+  ASSERT_EQ(host.stored.size(), std::size(kOptionTable));
+  open([&](frmOptions& dialog) {
+    EXPECT_FALSE(applyEnabled(dialog));
+    for (int tab = 1; tab <= dialog.tabOptions.count(); ++tab) {
+      user.clickTab(dialog.tabOptions, tab);
+      int stops = 0;
+      do {
+        user.press(Key::tab);
+        ++stops;
+      } while (!dialog.tabOptions.hasFocus() && stops < 60);
+      EXPECT_TRUE(dialog.tabOptions.hasFocus());
+      EXPECT_FALSE(applyEnabled(dialog)) << "tab " << tab;
+    }
+  });
+  EXPECT_TRUE(changes.empty());
 }
 
 TEST_F(FrmOptionsTest, TypingTheSameLetterOverItselfIsAnEdit) {
@@ -344,6 +447,17 @@ TEST_F(FrmOptionsTest, PagesFillTheTabStripsClientArea) {
     for (const auto& [index, frame] : dialog.fraFrame) EXPECT_EQ(frame->bounds(), client);
     EXPECT_GT(client.width, 9000);
     EXPECT_GT(client.height, 6000);
+
+    ui::Rect strip = dialog.tabOptions.bounds();
+    strip.width += 1500;
+    strip.height += 900;
+    dialog.tabOptions.setBounds(strip);
+    const ui::Size size = dialog.clientSize();
+    dialog.setClientSize({size.width + 1500, size.height + 900});
+    const ui::Rect larger = dialog.tabOptions.clientArea();
+    EXPECT_EQ(larger.width, client.width + 1500);
+    EXPECT_EQ(larger.height, client.height + 900);
+    for (const auto& [index, frame] : dialog.fraFrame) EXPECT_EQ(frame->bounds(), larger);
   });
 }
 

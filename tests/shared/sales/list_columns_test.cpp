@@ -534,6 +534,8 @@ TEST_F(ListColumnsTest, ARefusedFirstUseOpensOnTheTabThatTheCallerChose) {
   openOn(TabPage::transactions, [&](frmOptions& dialog) {
     EXPECT_EQ(dialog.tabOptions.selected(), 3);
     EXPECT_TRUE(applyEnabled(dialog));
+    EXPECT_EQ(dialog.activeControl(), dialog.nextInTabOrder(&dialog.tabOptions));
+    EXPECT_TRUE(dialog.fraFrame[2].contains(*dialog.activeControl()));
   });
   EXPECT_EQ(boxes.shown.size(), 1U);
 }
