@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 #include "component/host_objects.h"
 #include "component/platform.h"
@@ -30,6 +31,9 @@ class Options {
   /// Number of the tab to open, from 1; 0 or less keeps the dialog's own choice. A number beyond
   /// the tabs is an error of ShowOptions.
   std::int16_t SelectedTab = 0;
+
+  /// The user's regional settings, for the dialogs to come.
+  void setNumbers(NumberLocale numbers) { platform_.numbers = std::move(numbers); }
 
   /// The last ShowOptions that returned changed the accounting package's data file.
   bool ChangedDataFile() const { return changedDataFile_; }

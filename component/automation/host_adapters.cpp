@@ -1,5 +1,7 @@
 #include "component/automation/host_adapters.h"
 
+#include <limits>
+
 #include "component/automation/host_table.h"
 #include "component/automation/offered_interface.h"
 #include "component/automation/values.h"
@@ -51,13 +53,20 @@ class AutomationSettingsStore final : public SettingsStore {
   std::optional<std::int16_t> decimalPlaces() override {
     const auto places = object_.get(u"DecimalPlaces");
     if (places.isEmptyOrNull()) return std::nullopt;
+    using Limits = std::numeric_limits<std::int16_t>;
+    const double number = object_.converted(places, VT_R8, u"DecimalPlaces").get().dblVal;
+    if (number > Limits::max()) return Limits::max();
+    if (number < Limits::min()) return Limits::min();
     return object_.converted(places, VT_I2, u"DecimalPlaces").get().iVal;
   }
   Text currencyFormat() override { return object_.getText(u"CurrencyFormat"); }
   Text decimalSeparator() override { return object_.getText(u"DecimalSeparator"); }
   bool dispensingAvailable() override {
     constexpr const char16_t* kMember = u"DispensingAvailable";
-    return object_.knows(kMember) && object_.getBoolean(kMember);
+    if (!object_.knows(kMember)) return false;
+    const auto available = object_.get(kMember);
+    return !available.isEmptyOrNull() &&
+           object_.converted(available, VT_BOOL, kMember).get().boolVal != VARIANT_FALSE;
   }
   std::optional<Text> setting(TextView name) override {
     const auto value = object_.get(u"Setting", name);

@@ -83,8 +83,10 @@ HRESULT OptionsObject::ShowOptions(VARIANT_BOOL* shown) {
   if (shown == nullptr) return E_POINTER;
   *shown = VARIANT_FALSE;
   const ComPtr<IUnknown> alive(static_cast<_Options*>(this));
-  return guarded(kInterfaceId,
-                 [&] { *shown = options_.ShowOptions() ? VARIANT_TRUE : VARIANT_FALSE; });
+  return guarded(kInterfaceId, [&] {
+    options_.setNumbers(services_->platform().numbers);
+    *shown = options_.ShowOptions() ? VARIANT_TRUE : VARIANT_FALSE;
+  });
 }
 
 HRESULT OptionsObject::EnumConnectionPoints(IEnumConnectionPoints** points) {

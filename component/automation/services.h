@@ -10,6 +10,7 @@ namespace tillora::automation {
 class Services {
  public:
   virtual ~Services() = default;
+  /// With the user's regional settings of this moment.
   virtual Platform platform() = 0;
 };
 

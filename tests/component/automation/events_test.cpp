@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "identity/ledvane_link.h"
+#include "sales/currency_conversion.h"
+#include "sales/rounding.h"
 #include "tests/component/automation/options_fixture.h"
 
 namespace tillora::automation {
@@ -41,6 +43,30 @@ TEST_F(EventsTest, OneEventPerApply) {
   advise(listener);
   apply(2);
   EXPECT_EQ(listener->heard, 2);
+}
+
+TEST_F(EventsTest, EachApplyRaisesItsOwnChangesOnly) {
+  client->put(u"FirstUse", true);
+  whileOpen([](frmOptions&) {});
+  client->call(u"ShowOptions");
+  client->put(u"FirstUse", false);
+
+  std::vector<LONG> heard;
+  advise(EventListener::make([&](LONG& changes) {
+    heard.push_back(changes);
+    return S_OK;
+  }));
+  whileOpen([&](frmOptions& dialog) {
+    desk.user().clickTab(dialog.tabOptions, static_cast<int>(TabPage::rounding));
+    desk.user().click(dialog.tab<Rounding>().chkRounding[0]);
+    desk.user().accessKey(u'a');
+    desk.user().clickTab(dialog.tabOptions, static_cast<int>(TabPage::currency));
+    desk.user().click(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0]);
+    desk.user().type(u"5");
+    desk.user().accessKey(u'a');
+  });
+  client->call(u"ShowOptions");
+  EXPECT_EQ(heard, (std::vector<LONG>{512, 2048}));
 }
 
 TEST_F(EventsTest, EveryListenerHearsInTheOrderAdvisedAndGetsWhatTheOneBeforeLeft) {

@@ -322,6 +322,43 @@ TEST_F(HostAdaptersTest, AHostThatDoesNotSayIsNoFailure) {
   EXPECT_FALSE(store->dispensingAvailable());
 }
 
+TEST_F(HostAdaptersTest, DecimalPlacesOfAnySizeAreNoFailure) {
+  std::function<Variant()> answer;
+  const auto places = [&](std::function<Variant()> given) {
+    answer = std::move(given);
+    const auto said = ScriptedObject::make();
+    for (const char16_t* name : {u"DecimalPlaces", u"CurrencyFormat", u"DecimalSeparator"}) {
+      said->add(name, [&](const Call&) { return answer(); });
+    }
+    said->add(u"Setting", [](const Call&) { return Variant(); });
+    return makeSettingsStore(said.get())->decimalPlaces();
+  };
+  EXPECT_EQ(places([] { return Variant(std::int32_t{3}); }), 3);
+  EXPECT_EQ(places([] { return Variant(2.5); }), 2);
+  EXPECT_EQ(places([] { return Variant(u"4"); }), 4);
+  EXPECT_EQ(places([] { return Variant(std::int32_t{70000}); }), 32767);
+  EXPECT_EQ(places([] { return Variant(std::int32_t{-70000}); }), -32768);
+  EXPECT_EQ(places([] { return Variant(1e300); }), 32767);
+  EXPECT_EQ(places([] { return Variant(32767.6); }), 32767);
+  EXPECT_EQ(places([] { return Variant(-32768.6); }), -32768);
+  EXPECT_EQ(places([] { return Variant(u"70000"); }), 32767);
+  EXPECT_EQ(errorOf([&] { places([] { return Variant(u"two"); }); }), error::typeMismatch);
+}
+
+TEST_F(HostAdaptersTest, DispensingThatIsNullOrEmptyIsOff) {
+  std::function<Variant()> answer;
+  automationHost.settings->add(u"DispensingAvailable", [&](const Call&) { return answer(); });
+  const auto available = [&](std::function<Variant()> given) {
+    answer = std::move(given);
+    return settings->dispensingAvailable();
+  };
+  EXPECT_FALSE(available(nullVariant));
+  EXPECT_FALSE(available([] { return Variant(); }));
+  EXPECT_FALSE(available([] { return Variant(std::int16_t{0}); }));
+  EXPECT_TRUE(available([] { return Variant(std::int16_t{1}); }));
+  EXPECT_EQ(errorOf([&] { available([] { return Variant(u"perhaps"); }); }), error::typeMismatch);
+}
+
 TEST_F(HostAdaptersTest, MessagesStringsAndApp) {
   makeMessageSender(automationHost.sender.get())->send({45000.25});
   EXPECT_EQ(host.sent, (std::vector<double>{45000.25}));

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "component/option_changes.h"
+#include "sales/currency_conversion.h"
 #include "tests/component/automation/options_fixture.h"
 
 namespace tillora::automation {
@@ -263,6 +266,45 @@ TEST_F(OptionsObjectTest, HoldsNoReferenceOfTheHostAfterwards) {
   EXPECT_EQ(automationHost.strings->references(), 1U);
   EXPECT_EQ(automationHost.settings->references(), 1U);
   EXPECT_EQ(ModuleLock::count(), locksBefore);
+}
+
+TEST_F(OptionsObjectTest, AsItEndsItReleasesDatabaseAppAndSettingsBeforeTheOthers) {
+  giveHost();
+  std::vector<Text> order;
+  const std::vector<std::pair<const ComPtr<ScriptedObject>*, Text>> objects = {
+      {&automationHost.database, u"database"},
+      {&automationHost.app, u"app"},
+      {&automationHost.sender, u"sender"},
+      {&automationHost.strings, u"strings"},
+      {&automationHost.settings, u"settings"}};
+  for (const auto& [held, name] : objects) {
+    (*held)->released = [&order, name = name](ULONG left) {
+      if (left == 1) order.push_back(name);
+    };
+  }
+  client.reset();
+  object.reset();
+  for (const auto& [held, name] : objects) (*held)->released = nullptr;
+  ASSERT_EQ(order.size(), 5U);
+  std::ranges::sort(order.begin(), order.begin() + 3);
+  std::ranges::sort(order.begin() + 3, order.end());
+  EXPECT_EQ(order, (std::vector<Text>{u"app", u"database", u"settings", u"sender", u"strings"}));
+}
+
+TEST_F(OptionsObjectTest, EachDialogFollowsTheRegionalSettingsOfItsOwnTime) {
+  giveHost();
+  host.decimalSeparator.clear();
+  host.store(options::DefaultCurrencyMargin, 2.5F);
+  std::vector<Text> shown;
+  for (const Text separator : {u".", u","}) {
+    machine.numbers.decimalSeparator = separator;
+    machine.numbers.thousandsSeparator = u" ";
+    whileOpen([&](frmOptions& dialog) {
+      shown.push_back(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0].text());
+    });
+    client->call(u"ShowOptions");
+  }
+  EXPECT_EQ(shown, (std::vector<Text>{u"2.50%", u"2,50%"}));
 }
 
 TEST_F(OptionsObjectTest, AHostsFailureArrivesAsItWasRaised) {

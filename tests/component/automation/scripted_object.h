@@ -60,6 +60,8 @@ class ScriptedObject final : public IDispatchEx {
   std::map<Text, int> lookUps;
   /// Names of the members called, in order.
   std::vector<Text> calls;
+  /// Told of every reference that is given back, with the number that is left.
+  std::function<void(ULONG)> released;
   ULONG references() const { return references_; }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -73,6 +75,7 @@ class ScriptedObject final : public IDispatchEx {
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override {
     const ULONG left = --references_;
+    if (released) released(left);
     if (left == 0) delete this;
     return left;
   }
