@@ -157,7 +157,10 @@ void DialogWindow::changed(const Control& control, Property what) {
     if (what == Property::text) SetWindowTextW(window_, wide(form_.caption()).c_str());
     if (what == Property::bounds) resize();
     if (what == Property::enabled) changedWithin(form_, what);
-    if (what == Property::visible) PostMessageW(window_, WM_NULL, 0, 0);  // ends the wait
+    if (what == Property::visible) {
+      screen_.hidden(form_);
+      PostMessageW(window_, WM_NULL, 0, 0);  // ends the wait
+    }
     return;
   }
   if (what == Property::defaultness) {

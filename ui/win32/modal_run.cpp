@@ -42,15 +42,20 @@ ModalRun::ModalRun(Screen& screen, Form& form)
 ModalRun::~ModalRun() {
   form_.attach(nullptr);
   if (failure_ || std::uncaught_exceptions() > 0) screen_.setPointer(Pointer::standard);
+  leaveScreen();
   screen_.runs_.pop_back();
-  for (const HWND window : disabled_) EnableWindow(window, TRUE);
-  // The owner comes first: were the dialog destroyed while it is active, another program could be
+}
+
+void ModalRun::leaveScreen() {
+  for (const HWND window : std::exchange(disabled_, {})) EnableWindow(window, TRUE);
+  if (!window() || !IsWindowVisible(window())) return;
+  // The owner comes first: were the dialog hidden while it is active, another program could be
   // brought to the front.
-  const bool wasActive = dialog_ && GetActiveWindow() == dialog_->window();
+  const bool wasActive = GetActiveWindow() == window();
   if (wasActive && owner_) SetActiveWindow(owner_);
-  dialog_.reset();
+  ShowWindow(window(), SW_HIDE);
   const bool ownersOwn = formerFocus_ && owner_ && IsChild(owner_, formerFocus_);
-  if (wasActive && ownersOwn && !screen_.topWindow()) SetFocus(formerFocus_);
+  if (wasActive && ownersOwn && screen_.runs_.front() == this) SetFocus(formerFocus_);
 }
 
 void ModalRun::run() {
@@ -99,7 +104,9 @@ void ModalRun::wait() {
 void ModalRun::fail(std::exception_ptr failure) noexcept {
   if (failure_) return;
   failure_ = std::move(failure);
-  if (const HWND dialog = window()) PostMessageW(dialog, WM_NULL, 0, 0);
+  // A host may go on letting messages pass in the call that it is in: nothing more can be done in
+  // the dialog.
+  form_.hide();
 }
 
 void ModalRun::throwFailure() const {

@@ -30,7 +30,10 @@ class ModalRun {
   /// Shown, and nothing has failed.
   bool isRunning() const { return form_.isShown() && !failure_; }
   void dispatch(MSG& message) const;
+  /// Hides the form; run() throws the first failure.
   void fail(std::exception_ptr failure) noexcept;
+  /// The form is not shown any more: its window goes, and the others of the thread are enabled.
+  void leaveScreen();
 
  private:
   void wait();

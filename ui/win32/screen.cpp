@@ -1,5 +1,6 @@
 #include "ui/win32/screen.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "ui/form.h"
@@ -54,6 +55,12 @@ void Screen::pumpUntilIdle() {
       DispatchMessageW(&message);
     }
   }
+}
+
+void Screen::hidden(const Form& form) {
+  const auto run =
+      std::ranges::find_if(runs_, [&](const ModalRun* shown) { return &shown->form() == &form; });
+  if (run != runs_.end()) (*run)->leaveScreen();
 }
 
 void Screen::fail(std::exception_ptr failure) noexcept {

@@ -48,6 +48,8 @@ class Screen final : public ui::Screen {
   friend class ModalRun;
   /// Keeps a failure inside a window procedure for the modal run on top, which ends by throwing it.
   void fail(std::exception_ptr failure) noexcept;
+  /// This form was hidden.
+  void hidden(const Form& form);
 
   Metrics metrics_;
   Pointer pointer_ = Pointer::standard;

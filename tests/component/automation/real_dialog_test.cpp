@@ -193,6 +193,79 @@ TEST_F(RealDialogTest, TheHostMayCallBackAndLetMessagesPassInsideTheEvent) {
   connectionPoint(*options.get())->Unadvise(cookie);
 }
 
+TEST_F(RealDialogTest, AfterAFailureInAHostsOwnPumpNothingMoreCanBeDoneInTheDialog) {
+  auto options = create();
+  HWND dialog = nullptr;
+  HWND box = nullptr;
+  bool visibleAfterwards = true;
+  std::size_t commits = 0;
+  const auto listener = EventListener::make([&](LONG&) {
+    const HWND apply = FindWindowExW(dialog, nullptr, L"Button", L"&Apply");
+    const auto editAndApply = [&] {
+      SendMessageW(box, WM_CHAR, L'x', 1);
+      SendMessageW(apply, BM_CLICK, 0, 0);
+    };
+    host.failingCall = "commit";
+    editAndApply();
+    host.failingCall.clear();
+    visibleAfterwards = IsWindowVisible(dialog) != FALSE;
+    commits = host.callsStarting("commit").size();
+    editAndApply();
+    return S_OK;
+  });
+  DWORD cookie = 0;
+  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  DialogPerson person([&](HWND shown) {
+    dialog = shown;
+    DialogPerson::press('A', false, true);
+    DialogPerson::type(L"Corner Shop");
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    GetGUIThreadInfo(GetWindowThreadProcessId(shown, nullptr), &thread);
+    box = thread.hwndFocus;
+    DialogPerson::press('A', true);
+  });
+  EXPECT_EQ(show(*options.get()), FakeHost::failure().number());
+  EXPECT_EQ(person.finish(), 1);
+  EXPECT_FALSE(visibleAfterwards);
+  EXPECT_EQ(commits, 2U);
+  EXPECT_EQ(host.callsStarting("commit").size(), 2U);
+  EXPECT_EQ(listener->heard, 1);
+  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+  EXPECT_TRUE(IsWindowEnabled(owner));
+  connectionPoint(*options.get())->Unadvise(cookie);
+}
+
+TEST_F(RealDialogTest, ADialogClosedByOkIsOffTheScreenBeforeTheHostsObjectsAreReleased) {
+  auto options = create();
+  HWND dialog = nullptr;
+  std::vector<bool> visibleAtRelease;
+  // The host lets go inside the event: from then on the dialog alone holds its objects.
+  const auto listener = EventListener::make([&](LONG&) {
+    automationHost.app->released = [&](ULONG left) {
+      if (left == 1) visibleAtRelease.push_back(IsWindowVisible(dialog) != FALSE);
+    };
+    options->putref_AppObject(nullptr);
+    EXPECT_TRUE(visibleAtRelease.empty());
+    EXPECT_TRUE(IsWindowVisible(dialog));
+    return S_OK;
+  });
+  DWORD cookie = 0;
+  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  DialogPerson person([&](HWND shown) {
+    dialog = shown;
+    DialogPerson::press('A', false, true);
+    DialogPerson::type(L"Corner Shop");
+    DialogPerson::press('O', true);
+  });
+  EXPECT_EQ(show(*options.get()), S_OK);
+  EXPECT_EQ(person.finish(), 1);
+  automationHost.app->released = nullptr;
+  EXPECT_EQ(visibleAtRelease, std::vector<bool>{false});
+  EXPECT_EQ(GetActiveWindow(), owner);
+  connectionPoint(*options.get())->Unadvise(cookie);
+}
+
 TEST_F(RealDialogTest, TheHostsWindowIsDisabledMeanwhileAndThenInFrontAgain) {
   auto options = create();
   bool enabledMeanwhile = true;

@@ -132,6 +132,20 @@ TEST_F(ModalityTest, RunsNestToAnyDepth) {
   expectHostIsBack();
 }
 
+TEST_F(ModalityTest, AFormThatIsHiddenInsideAHandlerIsOffTheScreenAtOnce) {
+  gallery.apply.click = [&] {
+    const HWND dialog = desk.windows().topWindow();
+    EXPECT_TRUE(IsWindowVisible(dialog));
+    gallery.hide();
+    EXPECT_FALSE(IsWindowVisible(dialog));
+    EXPECT_TRUE(IsWindowEnabled(desk.host()));
+    EXPECT_EQ(GetActiveWindow(), desk.host());
+  };
+  desk.whenShown([&](ui::Form&) { user.click(gallery.apply); });
+  gallery.showModal();
+  expectHostIsBack();
+}
+
 TEST_F(ModalityTest, AFormThatWillNotCloseStays) {
   desk.whenShown([&](ui::Form& form) {
     gallery.stays = true;
