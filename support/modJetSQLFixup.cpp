@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "support/letter_case.h"
+#include "ui/letter_case.h"
 
 namespace tillora {
 

@@ -163,6 +163,25 @@ TEST_F(FrmPasswordSetTest, ANewPasswordBecomesLowerCase) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
+TEST_F(FrmPasswordSetTest, LetterCaseDoesNotMatterInAnyAlphabet) {
+  const std::vector<std::pair<Text, Text>> passwords = {
+      {u"\u01AF\u01A0NG", u"\u01B0\u01A1ng"},                       // Vietnamese
+      {u"\u018FLIF", u"\u0259lif"},                                 // Azerbaijani
+      {u"\u0540\u0531\u0545\u0550", u"\u0570\u0561\u0575\u0580"},   // Armenian
+      {u"\uFF21\uFF22\uFF23\uFF24", u"\uFF41\uFF42\uFF43\uFF44"}};  // full-width
+  for (const auto& [capitals, small] : passwords) {
+    frmPasswordSet another(desk->screen(), messages);
+    another.Password = SecretText(capitals);
+    desk->whenShown([&](ui::Form&) {
+      fill({small, capitals, small});
+      user.press(Key::enter);
+    });
+    another.showModal();
+    EXPECT_EQ(another.Password.text(), small);
+    EXPECT_TRUE(boxes.shown.empty()) << toUtf8(small);
+  }
+}
+
 TEST_F(FrmPasswordSetTest, LetterCaseDoesNotMatterInTheOldPassword) {
   for (const TextView stored : {u"secret", u"SECRET", u"Secret"}) {
     frmPasswordSet another(desk->screen(), messages);
