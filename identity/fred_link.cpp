@@ -61,7 +61,12 @@ FredLink::FredLink(OptionsDialog& dialog)
   cmdDispense.click = [this] { browse(); };
   txtDispense[seconds].keyPress = keepDigitKey;
   txtDispense[seconds].validate = [this](bool&) { validateSeconds(); };
-  udFRED.change = [this] { spun(); };
+  udFRED.change = [this] {
+    // It also changes when it follows the box.
+    if (udFRED.value() != inRange(secondsTyped())) spun();
+  };
+  // The box may still hold a stored interval beyond the end.
+  udFRED.pressedAtEnd = [this] { spun(); };
 }
 
 ui::Picture& FredLink::makeExplanation() {
@@ -152,10 +157,8 @@ void FredLink::validateSeconds() {
 }
 
 void FredLink::spun() {
-  // It also changes when it follows the box.
-  if (udFRED.value() == inRange(secondsTyped())) return;
   ui::TextBox& box = txtDispense[seconds];
-  box.setText(decimalText(udFRED.value()));
+  if (udFRED.value() != secondsTyped()) box.setText(decimalText(udFRED.value()));
   box.setFocus();
   selectAllText(box);
 }

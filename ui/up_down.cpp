@@ -22,6 +22,13 @@ UpDown& UpDown::setRange(int minimum, int maximum, int increment) {
   return *this;
 }
 
-void UpDown::spin(int direction) { setValue(value_ + direction * increment_); }
+void UpDown::spin(int direction) {
+  const int wanted = value_ + direction * increment_;
+  if (std::clamp(wanted, minimum_, maximum_) == value_) {
+    pressedAtEnd.raise();
+  } else {
+    setValue(wanted);
+  }
+}
 
 }  // namespace tillora::ui

@@ -22,6 +22,8 @@ class UpDown final : public Control {
   void spin(int direction);
 
   Event<> change;
+  /// An arrow was pressed that leads beyond the end at which the value is.
+  Event<> pressedAtEnd;
 
  private:
   int value_ = 0;

@@ -1,6 +1,7 @@
 #include "identity/fred_link.h"
 
 #include <array>
+#include <tuple>
 
 #include "identity/company_details.h"
 #include "tests/testing/options_test.h"
@@ -381,6 +382,45 @@ TEST_F(FredLinkTest, AStoredIntervalOutOfRangeIsShownAndKeptUntilTheBoxIsLeft) {
   openWith(300, [&](frmOptions& dialog) {
     user.spin(upDown(dialog), -1);
     EXPECT_EQ(seconds(dialog).text(), u"59");
+  });
+}
+
+TEST_F(FredLinkTest, AnArrowThatLeadsOutPutsAStoredIntervalOutOfRangeRight) {
+  const std::vector<std::tuple<std::int16_t, int, Text>> presses = {{std::int16_t{300}, +1, u"60"},
+                                                                    {std::int16_t{61}, +1, u"60"},
+                                                                    {std::int16_t{3}, -1, u"5"},
+                                                                    {std::int16_t{-5}, -1, u"5"}};
+  for (const auto& [stored, direction, shown] : presses) {
+    openWith(stored, [&](frmOptions& dialog) {
+      user.spin(upDown(dialog), direction);
+      EXPECT_EQ(seconds(dialog).text(), shown) << stored;
+      EXPECT_TRUE(seconds(dialog).hasFocus());
+      EXPECT_EQ(seconds(dialog).selText(), shown);
+      EXPECT_TRUE(applyEnabled(dialog));
+      apply(dialog);
+    });
+    EXPECT_EQ(host.value(options::FREDPollSeconds), shown == u"5" ? 5 : 60);
+  }
+}
+
+TEST_F(FredLinkTest, AnArrowAtTheEndGoesToTheBoxAndChangesNothing) {
+  for (const auto& [stored, direction] : {std::pair{60, +1}, std::pair{5, -1}}) {
+    openWith(static_cast<std::int16_t>(stored), [&](frmOptions& dialog) {
+      user.spin(upDown(dialog), direction);
+      EXPECT_EQ(seconds(dialog).selText(), stored == 5 ? u"5" : u"60");
+      EXPECT_TRUE(seconds(dialog).hasFocus());
+      EXPECT_FALSE(applyEnabled(dialog));
+    });
+  }
+}
+
+TEST_F(FredLinkTest, ApplyByItsAccessKeyPutsTheIntervalRightFirst) {
+  openWith(15, [&](frmOptions& dialog) {
+    typeSeconds(dialog, u"99");
+    user.accessKey(u'a');
+    EXPECT_EQ(seconds(dialog).text(), u"60");
+    EXPECT_TRUE(dialog.isShown());
+    EXPECT_EQ(host.value(options::FREDPollSeconds), 60);
   });
 }
 
