@@ -32,12 +32,22 @@ class Help {
   virtual void show(TextView file, int context) = 0;
 };
 
+/// What a file dialog asks for.
+struct FileRequest {
+  TextView title;
+  /// What the files are called, and their names' pattern ("*.url").
+  TextView filter;
+  TextView pattern;
+  /// A shortcut is what is wanted, not the file that it leads to.
+  bool keepsShortcuts = false;
+};
+
 /// Lets the user choose files.
 class FileDialogs {
  public:
   virtual ~FileDialogs() = default;
-  /// The existing file that was chosen; none where the user cancelled. `pattern` as in "*.url".
-  virtual std::optional<Text> open(TextView title, TextView filter, TextView pattern) = 0;
+  /// The existing file that was chosen; none where the user cancelled.
+  virtual std::optional<Text> open(const FileRequest& request) = 0;
 };
 
 /// A listing of files, one by one.

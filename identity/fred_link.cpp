@@ -141,8 +141,10 @@ void FredLink::enableLink() {
 }
 
 void FredLink::browse() {
-  const std::optional<Text> file = dialog_.platform().fileDialogs.open(
-      u"FRED's point-of-sale data file", u"All Files (*.*)", u"*.*");
+  const std::optional<Text> file =
+      dialog_.platform().fileDialogs.open({.title = u"FRED's point-of-sale data file",
+                                           .filter = u"All Files (*.*)",
+                                           .pattern = u"*.*"});
   if (file) txtDispense[dataFile].setText(*file);
 }
 

@@ -78,8 +78,11 @@ void frmWebSite::accept() {
 }
 
 void frmWebSite::browseShortcut() {
-  const auto file = platform_.fileDialogs.open(u"Select the Internet Explorer shortcut file.",
-                                               u"Internet Explorer shortcut (*.URL)", u"*.URL");
+  const auto file =
+      platform_.fileDialogs.open({.title = u"Select the Internet Explorer shortcut file.",
+                                  .filter = u"Internet Explorer shortcut (*.URL)",
+                                  .pattern = u"*.URL",
+                                  .keepsShortcuts = true});
   if (!file) return;
   const Text found = platform_.files.profileValue(*file, u"InternetShortcut", u"URL");
   if (found.empty()) {

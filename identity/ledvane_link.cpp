@@ -102,8 +102,9 @@ void LedvaneLink::change() {
     return;
   }
 
+  const Text pattern = patternOf(dialog_.dataFileExtension());
   const std::optional<Text> chosen = dialog_.platform().fileDialogs.open(
-      u"Change Ledvane Data File", u"Ledvane Data Files", patternOf(dialog_.dataFileExtension()));
+      {.title = u"Change Ledvane Data File", .filter = u"Ledvane Data Files", .pattern = pattern});
   if (!chosen) return;
   choice_ = chosen;
   txtLedvane.setText(*chosen);

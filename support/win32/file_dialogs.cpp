@@ -1,16 +1,14 @@
 #include "support/win32/file_dialogs.h"
 
-#include <commdlg.h>
-
 #include "support/win32/wide_text.h"
 
 namespace tillora::win32 {
 
-std::optional<Text> SystemFileDialogs::open(TextView title, TextView filter, TextView pattern) {
+std::optional<Text> SystemFileDialogs::open(const FileRequest& request) {
   constexpr std::size_t kLongestPath = 32768;
-  const Text caption(title);
-  Text filters(filter);
-  filters.append(1, u'\0').append(pattern).append(1, u'\0');
+  const Text caption(request.title);
+  Text filters(request.filter);
+  filters.append(1, u'\0').append(request.pattern).append(1, u'\0');
   Text path(kLongestPath, u'\0');
 
   OPENFILENAMEW dialog{};
@@ -22,7 +20,8 @@ std::optional<Text> SystemFileDialogs::open(TextView title, TextView filter, Tex
   dialog.lpstrTitle = caption.empty() ? nullptr : wide(caption);
   dialog.Flags =
       OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  if (!GetOpenFileNameW(&dialog)) return std::nullopt;
+  if (request.keepsShortcuts) dialog.Flags |= OFN_NODEREFERENCELINKS;
+  if (!show_(&dialog)) return std::nullopt;
   path.resize(path.find(u'\0'));
   return path;
 }

@@ -57,8 +57,9 @@ class FakeRegistryKey final : public RegistryKey {
 
 }  // namespace
 
-std::optional<Text> ScriptedFileDialogs::open(TextView title, TextView filter, TextView pattern) {
-  shown.push_back({Text(title), Text(filter), Text(pattern)});
+std::optional<Text> ScriptedFileDialogs::open(const FileRequest& request) {
+  shown.push_back(
+      {Text(request.title), Text(request.filter), Text(request.pattern), request.keepsShortcuts});
   if (answers.empty()) return std::nullopt;
   const auto answer = answers.front();
   answers.erase(answers.begin());

@@ -31,8 +31,9 @@ class ScriptedFileDialogs final : public FileDialogs {
     Text title;
     Text filter;
     Text pattern;
+    bool keepsShortcuts = false;
   };
-  std::optional<Text> open(TextView title, TextView filter, TextView pattern) override;
+  std::optional<Text> open(const FileRequest& request) override;
 
   std::vector<Shown> shown;
   std::vector<std::optional<Text>> answers;

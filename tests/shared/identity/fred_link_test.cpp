@@ -245,6 +245,7 @@ TEST_F(FredLinkTest, BrowseOffersAnyFileAndShowsTheChoice) {
   ASSERT_EQ(machine.fileDialogs.shown.size(), 1U);
   EXPECT_EQ(machine.fileDialogs.shown[0].title, u"FRED's point-of-sale data file");
   EXPECT_EQ(machine.fileDialogs.shown[0].pattern, u"*.*");
+  EXPECT_FALSE(machine.fileDialogs.shown[0].keepsShortcuts);
   EXPECT_EQ(host.value(options::FREDDataFile), u"D:\\data\\\u4e2d.txt");
 }
 

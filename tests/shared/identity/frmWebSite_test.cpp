@@ -187,6 +187,7 @@ TEST_F(WebSiteDialogTest, BrowseTakesTheUrlOfAShortcutFile) {
     EXPECT_EQ(machine.fileDialogs.shown[0].title, u"Select the Internet Explorer shortcut file.");
     EXPECT_EQ(machine.fileDialogs.shown[0].filter, u"Internet Explorer shortcut (*.URL)");
     EXPECT_EQ(machine.fileDialogs.shown[0].pattern, u"*.URL");
+    EXPECT_TRUE(machine.fileDialogs.shown[0].keepsShortcuts);
     EXPECT_EQ(url().text(), u"http://books.example/?a=1&b='2'");
     EXPECT_EQ(description().text(), u"News");
     EXPECT_TRUE(form.Changed);

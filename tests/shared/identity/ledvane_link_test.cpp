@@ -313,6 +313,7 @@ TEST_F(LedvaneLinkTest, TheFileDialogOffersFilesOfTheExtension) {
     open([&](frmOptions& dialog) { user.click(tab(dialog).cmdLedvane); });
     ASSERT_EQ(machine.fileDialogs.shown.size(), 1U);
     EXPECT_EQ(machine.fileDialogs.shown[0].pattern, pattern);
+    EXPECT_FALSE(machine.fileDialogs.shown[0].keepsShortcuts);
   }
 }
 

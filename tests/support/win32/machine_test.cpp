@@ -3,8 +3,10 @@
 #include <windows.h>
 
 #include <dlgs.h>
+#include <sddl.h>
 
 #include <algorithm>
+#include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -174,13 +176,52 @@ class Answer {
   std::thread thread_;
 };
 
+TEST_F(MachineTest, AFileDialogAsksForExistingFilesAndFollowsShortcutsUnlessTheyAreWanted) {
+  OPENFILENAMEW asked{};
+  std::wstring filters;
+  std::wstring title;
+  SystemFileDialogs dialogs(nullptr, [&](OPENFILENAMEW* dialog) -> BOOL {
+    asked = *dialog;
+    const wchar_t* end = dialog->lpstrFilter;
+    while (*end != L'\0' || end[1] != L'\0') ++end;
+    filters.assign(dialog->lpstrFilter, end + 2);
+    title = dialog->lpstrTitle;
+    std::wcscpy(dialog->lpstrFile, L"C:\\Links\\News.url");
+    return TRUE;
+  });
+  constexpr DWORD kAlways =
+      OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  FileRequest request{.title = u"Select", .filter = u"Shortcut (*.URL)", .pattern = u"*.URL"};
+  EXPECT_EQ(dialogs.open(request), u"C:\\Links\\News.url");
+  EXPECT_EQ(asked.Flags, kAlways);
+  EXPECT_EQ(filters, std::wstring(L"Shortcut (*.URL)\0*.URL\0\0", 24));
+  EXPECT_EQ(title, L"Select");
+  request.keepsShortcuts = true;
+  dialogs.open(request);
+  EXPECT_EQ(asked.Flags, kAlways | OFN_NODEREFERENCELINKS);
+}
+
+TEST_F(MachineTest, AShortcutThatWasChosenIsGivenItself) {
+  write("news.url", "[InternetShortcut]\r\nURL=https://news.example/?a=1\r\n");
+  SystemFileDialogs dialogs(nullptr);
+  const Answer answer(L"Choose a shortcut.", folder / "news.url");
+  const std::optional<Text> chosen = dialogs.open({.title = u"Choose a shortcut.",
+                                                   .filter = u"Shortcut (*.URL)",
+                                                   .pattern = u"*.URL",
+                                                   .keepsShortcuts = true});
+  ASSERT_EQ(chosen, path("news.url"));
+  EXPECT_EQ(files.profileValue(*chosen, u"InternetShortcut", u"URL"), u"https://news.example/?a=1");
+}
+
 TEST_F(MachineTest, TheFileThatWasChosenIsGivenWithItsPath) {
   write("chosen.url");
   SystemFileDialogs dialogs(nullptr);
   wchar_t before[MAX_PATH];
   GetCurrentDirectoryW(MAX_PATH, before);
   const Answer answer(L"Choose the file.", folder / "chosen.url");
-  EXPECT_EQ(dialogs.open(u"Choose the file.", u"Shortcut (*.URL)", u"*.URL"), path("chosen.url"));
+  EXPECT_EQ(dialogs.open(
+                {.title = u"Choose the file.", .filter = u"Shortcut (*.URL)", .pattern = u"*.URL"}),
+            path("chosen.url"));
   wchar_t after[MAX_PATH];
   GetCurrentDirectoryW(MAX_PATH, after);
   EXPECT_STREQ(before, after);
@@ -189,7 +230,8 @@ TEST_F(MachineTest, TheFileThatWasChosenIsGivenWithItsPath) {
 TEST_F(MachineTest, ACancelledFileDialogGivesNone) {
   SystemFileDialogs dialogs(nullptr);
   const Answer answer(L"Choose nothing.", {});
-  EXPECT_EQ(dialogs.open(u"Choose nothing.", u"All files", u"*.*"), std::nullopt);
+  EXPECT_EQ(dialogs.open({.title = u"Choose nothing.", .filter = u"All files", .pattern = u"*.*"}),
+            std::nullopt);
 }
 
 }  // namespace
