@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -82,8 +83,10 @@ class RegistryKey {
 class Registry {
  public:
   virtual ~Registry() = default;
-  /// Fails with an Error where the key does not exist or may not be opened.
-  virtual std::unique_ptr<RegistryKey> open(TextView key) = 0;
+  enum class Access : std::uint8_t { read, write };
+  /// Fails with an Error where the key does not exist or may not be opened for this. One opened for
+  /// writing can be read, too.
+  virtual std::unique_ptr<RegistryKey> open(TextView key, Access access) = 0;
 };
 
 /// What the component needs of the machine. Chosen once, by whoever makes the Options object: the

@@ -26,7 +26,7 @@ void writeValue(RegistryKey& key, const std::vector<Text>& names, const Text& ti
 
 bool IsRunAtStartup(Registry& registry, const Text& title) {
   try {
-    return contains(registry.open(kRunKey)->valueNames(), title);
+    return contains(registry.open(kRunKey, Registry::Access::read)->valueNames(), title);
   } catch (const Error&) {
     return false;
   }
@@ -34,7 +34,7 @@ bool IsRunAtStartup(Registry& registry, const Text& title) {
 
 void SetRunAtStartup(Registry& registry, const Text& title, const Text& exePath, bool remove) {
   try {
-    const auto key = registry.open(kRunKey);
+    const auto key = registry.open(kRunKey, Registry::Access::write);
     const std::vector<Text> names = key->valueNames();
     if (!remove) {
       writeValue(*key, names, title, exePath);

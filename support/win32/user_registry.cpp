@@ -56,11 +56,10 @@ class OpenKey final : public RegistryKey {
 
 }  // namespace
 
-std::unique_ptr<RegistryKey> UserRegistry::open(TextView key) {
+std::unique_ptr<RegistryKey> UserRegistry::open(TextView key, Access access) {
+  const REGSAM rights = access == Access::read ? KEY_QUERY_VALUE : KEY_QUERY_VALUE | KEY_SET_VALUE;
   HKEY opened = nullptr;
-  require(RegOpenKeyExW(HKEY_CURRENT_USER, wide(Text(key)), 0, KEY_QUERY_VALUE | KEY_SET_VALUE,
-                        &opened),
-          u"opened");
+  require(RegOpenKeyExW(HKEY_CURRENT_USER, wide(Text(key)), 0, rights, &opened), u"opened");
   return std::make_unique<OpenKey>(opened);
 }
 

@@ -7,7 +7,7 @@ namespace tillora::win32 {
 /// HKEY_CURRENT_USER.
 class UserRegistry final : public Registry {
  public:
-  std::unique_ptr<RegistryKey> open(TextView key) override;
+  std::unique_ptr<RegistryKey> open(TextView key, Access access) override;
 };
 
 }  // namespace tillora::win32

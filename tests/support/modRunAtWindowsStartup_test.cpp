@@ -33,6 +33,34 @@ TEST(RunAtWindowsStartup, TellsNamesApartByTheirLetterCase) {
   EXPECT_EQ(registry.values, (Values{{u"Shop", u"\"C:\\Shop.exe\""}}));
 }
 
+TEST(RunAtWindowsStartup, AKeyThatMayOnlyBeReadTellsWhatIsThere) {
+  FakeRegistry registry;
+  registry.values = {{u"Shop", u"x"}};
+  registry.readOnly = true;
+  EXPECT_TRUE(IsRunAtStartup(registry, u"Shop"));
+  EXPECT_FALSE(IsRunAtStartup(registry, u"Other"));
+  for (const bool remove : {false, true}) {
+    EXPECT_NO_THROW(SetRunAtStartup(registry, u"Shop", u"C:\\Shop.exe", remove));
+  }
+  EXPECT_EQ(registry.values, (Values{{u"Shop", u"x"}}));
+}
+
+TEST(RunAtWindowsStartup, ReplacesANameThatDiffersInTheCaseOfAnyLetter) {
+  FakeRegistry registry;
+  registry.values = {{u"\u01AF\u01A0NG", u"x"}};
+  EXPECT_FALSE(IsRunAtStartup(registry, u"\u01B0\u01A1ng"));
+  SetRunAtStartup(registry, u"\u01B0\u01A1ng", u"C:\\a.exe", false);
+  EXPECT_EQ(registry.values, (Values{{u"\u01B0\u01A1ng", u"\"C:\\a.exe\""}}));
+}
+
+TEST(RunAtWindowsStartup, AWriteThatFailsIsQuietThoughTheOtherNameIsGone) {
+  FakeRegistry registry;
+  registry.values = {{u"SHOP", u"x"}};
+  registry.textsCannotBeWritten = true;
+  EXPECT_NO_THROW(SetRunAtStartup(registry, u"Shop", u"C:\\Shop.exe", false));
+  EXPECT_TRUE(registry.values.empty());
+}
+
 TEST(RunAtWindowsStartup, IsQuietWhereTheRegistryFails) {
   FakeRegistry registry;
   registry.values = {{u"Shop", u"x"}};

@@ -29,6 +29,7 @@ class FakeRegistryKey final : public RegistryKey {
   }
   void writeText(TextView name, TextView data) override {
     refuseWrites();
+    if (registry_.textsCannotBeWritten) throw Error(8, u"Registry", u"There is no room.");
     const auto found = find(name);
     if (found == registry_.values.end()) {
       registry_.values.emplace_back(name, data);
@@ -79,8 +80,9 @@ Text FakeFiles::profileValue(TextView file, TextView section, TextView key) {
   return found == profile.end() ? Text() : found->second;
 }
 
-std::unique_ptr<RegistryKey> FakeRegistry::open(TextView path) {
+std::unique_ptr<RegistryKey> FakeRegistry::open(TextView path, Access access) {
   if (key.empty() || key != path) throw Error(2, u"Registry", u"There is no such key.");
+  if (readOnly && access == Access::write) throw Error(5, u"Registry", u"Access is denied.");
   return std::make_unique<FakeRegistryKey>(*this);
 }
 

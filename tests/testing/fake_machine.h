@@ -63,8 +63,12 @@ class FakeRegistry final : public Registry {
   /// Writing and removing, or listing the values, fail though the key is open.
   bool writesFail = false;
   bool readsFail = false;
+  /// Values can be removed, but none can be written.
+  bool textsCannotBeWritten = false;
+  /// The user may open the key for reading only.
+  bool readOnly = false;
 
-  std::unique_ptr<RegistryKey> open(TextView path) override;
+  std::unique_ptr<RegistryKey> open(TextView path, Access access) override;
 };
 
 /// What the component needs of the machine, in memory.

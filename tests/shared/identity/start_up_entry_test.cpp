@@ -112,6 +112,19 @@ TEST_F(StartUpEntryTest, AKeyThatCannotBeOpenedLoadsUntickedAndSavesNothing) {
   EXPECT_EQ(host.sent.size(), 1U);
 }
 
+TEST_F(StartUpEntryTest, AKeyThatMayOnlyBeReadShowsItsEntryAndStopsNoSave) {
+  values = {{kName, u"x"}};
+  machine.registry.readOnly = true;
+  EXPECT_TRUE(tickedAtLoad());
+  edit([&](frmOptions& dialog) {
+    user.type(u"Corner Shop");
+    user.click(box(dialog));
+  });
+  EXPECT_EQ(values, (Values{{kName, u"x"}}));
+  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+  EXPECT_TRUE(tickedAtLoad());
+}
+
 TEST_F(StartUpEntryTest, ARegistryThatFailsStopsNoSave) {
   machine.registry.writesFail = true;
   const Values before = {{kName, u"x"}};

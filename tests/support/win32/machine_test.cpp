@@ -126,7 +126,7 @@ class UserRegistryTest : public ::testing::Test {
 };
 
 TEST_F(UserRegistryTest, WritesReplacesAndRemovesTextValues) {
-  const auto key = registry.open(kKey);
+  const auto key = registry.open(kKey, Registry::Access::write);
   EXPECT_TRUE(key->valueNames().empty());
   key->writeText(u"Tillora Administrator", u"\"C:\\Old.exe\"");
   key->writeText(u"Tillora Administrator", u"\"C:\\Tillora \u0394\\Tillora Administrator.exe\"");
@@ -139,12 +139,32 @@ TEST_F(UserRegistryTest, WritesReplacesAndRemovesTextValues) {
   std::ranges::sort(names);
   EXPECT_EQ(names, (std::vector<Text>{u"Other", u"Tillora Administrator"}));
   key->removeValue(u"Tillora Administrator");
-  EXPECT_EQ(registry.open(kKey)->valueNames(), std::vector<Text>{u"Other"});
+  EXPECT_EQ(registry.open(kKey, Registry::Access::read)->valueNames(), std::vector<Text>{u"Other"});
+}
+
+TEST_F(UserRegistryTest, AKeyThatIsOpenedForReadingIsOnlyRead) {
+  registry.open(kKey, Registry::Access::write)->writeText(u"Tillora", u"x");
+  const auto key = registry.open(kKey, Registry::Access::read);
+  EXPECT_EQ(key->valueNames(), std::vector<Text>{u"Tillora"});
+  EXPECT_THROW(key->writeText(u"Tillora", u"y"), Error);
+  EXPECT_THROW(key->removeValue(u"Tillora"), Error);
+  DWORD type = 0;
+  EXPECT_EQ(stored(L"Tillora", type), L"x");
+}
+
+TEST_F(UserRegistryTest, AKeyThatTheUserMayOnlyReadIsRead) {
+  registry.open(kKey, Registry::Access::write)->writeText(u"Tillora", u"x");
+  allow(L"D:P(A;;KRSD;;;WD)");
+  EXPECT_EQ(registry.open(kKey, Registry::Access::read)->valueNames(),
+            std::vector<Text>{u"Tillora"});
+  EXPECT_THROW(registry.open(kKey, Registry::Access::write), Error);
+  allow(L"D:P(A;;KA;;;WD)");
 }
 
 TEST_F(UserRegistryTest, WhatCannotBeDoneIsAnError) {
-  EXPECT_THROW(registry.open(u"Software\\TilloraOptionsTest\\Missing"), Error);
-  const auto key = registry.open(kKey);
+  EXPECT_THROW(registry.open(u"Software\\TilloraOptionsTest\\Missing", Registry::Access::write),
+               Error);
+  const auto key = registry.open(kKey, Registry::Access::write);
   EXPECT_THROW(key->removeValue(u"Missing"), Error);
 }
 
