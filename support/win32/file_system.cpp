@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "support/win32/code_page.h"
 #include "support/win32/wide_text.h"
 
 namespace tillora::win32 {
@@ -47,30 +48,11 @@ class FoundFiles final : public FileListing {
   bool more_ = true;
 };
 
-std::string ansi(const Text& text, bool& lossless) {
-  BOOL replaced = FALSE;
-  const auto convert = [&](char* buffer, int size) {
-    return WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide(text),
-                               static_cast<int>(text.size()), buffer, size, nullptr, &replaced);
-  };
-  std::string converted(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
-  convert(converted.data(), static_cast<int>(converted.size()));
-  lossless = replaced == FALSE;
-  return converted;
-}
+std::string ansi(const Text& text, bool& lossless) { return toCodePage(GetACP(), text, lossless); }
 
 std::string ansi(const Text& text) {
   bool lossless = true;
   return ansi(text, lossless);
-}
-
-Text fromAnsi(const std::string& text) {
-  const auto convert = [&](wchar_t* buffer, int size) {
-    return MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), buffer, size);
-  };
-  Text converted(static_cast<std::size_t>(convert(nullptr, 0)), u'\0');
-  convert(reinterpret_cast<wchar_t*>(converted.data()), static_cast<int>(converted.size()));
-  return converted;
 }
 
 /// A path that the ANSI functions can open: the path itself, else its short form.
@@ -109,7 +91,7 @@ Text FileSystem::profileValue(TextView file, TextView section, TextView key) {
                                  static_cast<DWORD>(value.size()), path.c_str());
     if (length + 1 < value.size()) {
       value.resize(length);
-      return fromAnsi(value);
+      return fromCodePage(GetACP(), value);
     }
     value.resize(value.size() * 2);
   }

@@ -12,6 +12,7 @@
 #include <string>
 #include <thread>
 
+#include "support/win32/code_page.h"
 #include "support/win32/file_dialogs.h"
 #include "support/win32/file_system.h"
 #include "support/win32/user_registry.h"
@@ -101,6 +102,27 @@ TEST_F(MachineTest, LongValuesAreReadWhole) {
   }
 }
 
+TEST(CodePage, HoldsWhatItCanAndSaysWhatItCannot) {
+  const Text text = u"Caf\u00E9 \u20AC";
+  bool lossless = false;
+  EXPECT_EQ(toCodePage(1252, text, lossless), "Caf\xE9 \x80");
+  EXPECT_TRUE(lossless);
+  EXPECT_EQ(fromCodePage(1252, "Caf\xE9 \x80"), text);
+  EXPECT_EQ(toCodePage(1252, u"a\u6771", lossless), "a?");
+  EXPECT_FALSE(lossless);
+  EXPECT_EQ(toCodePage(1252, u"", lossless), "");
+  EXPECT_TRUE(lossless);
+}
+
+TEST(CodePage, ThatOfUtf8HoldsEverything) {
+  const Text text = u"Caf\u00E9 \u6771 \U0001F600";
+  bool lossless = false;
+  const std::string converted = toCodePage(CP_UTF8, text, lossless);
+  EXPECT_EQ(converted, "Caf\xC3\xA9 \xE6\x9D\xB1 \xF0\x9F\x98\x80");
+  EXPECT_TRUE(lossless);
+  EXPECT_EQ(fromCodePage(CP_UTF8, converted), text);
+}
+
 class UserRegistryTest : public ::testing::Test {
  protected:
   static constexpr const char16_t* kKey = u"Software\\TilloraOptionsTest\\Run";
@@ -121,6 +143,17 @@ class UserRegistryTest : public ::testing::Test {
     const LSTATUS status =
         RegGetValueW(HKEY_CURRENT_USER, wide(kKey), name, RRF_RT_ANY, &type, data, &size);
     return status == ERROR_SUCCESS ? data : L"<none>";
+  }
+  /// Gives the key these rights, as a security descriptor's text.
+  static void allow(const wchar_t* rights) {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1,
+                                                                     &descriptor, nullptr));
+    HKEY key = nullptr;
+    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, wide(kKey), 0, WRITE_DAC, &key), ERROR_SUCCESS);
+    EXPECT_EQ(RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, descriptor), ERROR_SUCCESS);
+    RegCloseKey(key);
+    LocalFree(descriptor);
   }
   UserRegistry registry;
 };
