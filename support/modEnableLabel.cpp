@@ -12,6 +12,7 @@ void enableLabel(ui::Label& label, ui::Label& shadow, bool enabled) {
     shadow.setBounds(
         {place.left + pixel.width, place.top + pixel.height, place.width, place.height});
     shadow.setCaption(label.caption());
+    shadow.setDecorative(true);
     shadow.setAlignment(label.alignment());
     shadow.setForeColour(ui::kButtonHighlight);
   }

@@ -4,8 +4,16 @@
 
 #include "ui/container.h"
 #include "ui/form.h"
+#include "ui/letter_case.h"
 
 namespace tillora::ui {
+namespace {
+
+bool isBlank(TextView text, std::size_t place) {
+  return place < text.size() && text[place] == u' ';
+}
+
+}  // namespace
 
 Control::Control(Container* parent) : parent_(parent) {
   if (parent != nullptr) form_ = &parent->form();
@@ -88,8 +96,7 @@ std::optional<char16_t> accessKeyOf(TextView caption) {
   for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
     if (caption[i] != u'&') continue;
     const char16_t next = caption[++i];
-    if (next == u'&') continue;
-    return next >= u'A' && next <= u'Z' ? static_cast<char16_t>(next + (u'a' - u'A')) : next;
+    if (next != u'&' && next != u' ') return lowerCase(next);
   }
   return std::nullopt;
 }
@@ -97,10 +104,20 @@ std::optional<char16_t> accessKeyOf(TextView caption) {
 Text withoutAccessKey(TextView caption) {
   Text shown;
   for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == u'&' && ++i == caption.size()) break;
+    if (caption[i] == u'&' && !isBlank(caption, i + 1) && ++i == caption.size()) break;
     shown += caption[i];
   }
   return shown;
+}
+
+Text withPlainAmpersandsDoubled(TextView caption) {
+  Text doubled;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    doubled += caption[i];
+    if (caption[i] != u'&' || i + 1 == caption.size()) continue;
+    doubled += isBlank(caption, i + 1) ? u'&' : caption[++i];
+  }
+  return doubled;
 }
 
 }  // namespace tillora::ui

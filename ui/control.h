@@ -116,9 +116,8 @@ class Control {
   /// Moves the focus here as Form::setFocus does.
   bool setFocus();
 
-  /// The access key of the caption: the character after a single ampersand, in lower case; none
-  /// where there is no caption or no such character.
-  std::optional<char16_t> accessKey() const;
+  /// The access key of the caption, if it names one that the control answers to.
+  virtual std::optional<char16_t> accessKey() const;
   /// Caption with its ampersands; empty for kinds without one.
   virtual const Text& caption() const;
 
@@ -158,9 +157,12 @@ class Control {
   bool causesValidation_ = true;
 };
 
-/// The access key that a caption names ("Na&me" gives 'm'); a doubled ampersand names none.
+/// The access key that a caption names: the character after an ampersand, in lower case ("Na&me"
+/// gives 'm'). An ampersand that is doubled or before a blank ("Profit & Loss") names none.
 std::optional<char16_t> accessKeyOf(TextView caption);
 /// The caption as it is shown: access-key ampersands dropped, doubled ones single.
 Text withoutAccessKey(TextView caption);
+/// The caption for a platform that takes every single ampersand for the mark of an access key.
+Text withPlainAmpersandsDoubled(TextView caption);
 
 }  // namespace tillora::ui

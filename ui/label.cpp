@@ -21,6 +21,10 @@ Label& Label::setBold(bool bold) {
   return *this;
 }
 
+std::optional<char16_t> Label::accessKey() const {
+  return decorative_ ? std::nullopt : Control::accessKey();
+}
+
 Picture::Picture(Container* parent, PictureId picture) : Control(parent), picture_(picture) {}
 
 }  // namespace tillora::ui

@@ -17,11 +17,16 @@ class Label final : public Control {
   /// Fixed once the label is shown: bold text.
   bool bold() const { return bold_; }
   Label& setBold(bool bold);
+  /// A mere picture of a text: drawn as any other label, but its access key leads nowhere.
+  bool decorative() const { return decorative_; }
+  void setDecorative(bool decorative) { decorative_ = decorative; }
+  std::optional<char16_t> accessKey() const override;
 
  private:
   Text caption_;
   Alignment alignment_ = Alignment::left;
   bool bold_ = false;
+  bool decorative_ = false;
 };
 
 /// The pictures that the component owns; the view draws them.

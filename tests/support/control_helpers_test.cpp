@@ -43,6 +43,41 @@ TEST_F(EnableLabel, ADisabledLabelHasALightShadowOnePixelOff) {
   EXPECT_EQ(shadow.foreColour(), 0x80000014);
 }
 
+TEST_F(EnableLabel, TheLabelIsDrawnAboveItsShadow) {
+  auto& later = form.add<ui::Label>();
+  enableLabel(label, later, false);
+  EXPECT_GT(label.stacking(), later.stacking());
+  enableLabel(label, shadow, false);
+  EXPECT_GT(label.stacking(), shadow.stacking());
+}
+
+TEST_F(EnableLabel, TheShadowFollowsWhatChangedMeanwhile) {
+  enableLabel(label, shadow, false);
+  enableLabel(label, shadow, true);
+  label.setCaption(u"&Other");
+  label.setAlignment(ui::Alignment::centre);
+  label.setBounds({0, 0, 300, 195});
+  enableLabel(label, shadow, false);
+  EXPECT_EQ(shadow.caption(), u"&Other");
+  EXPECT_EQ(shadow.alignment(), ui::Alignment::centre);
+  EXPECT_EQ(shadow.bounds(), (ui::Rect{15, 15, 300, 195}));
+}
+
+TEST_F(EnableLabel, NeitherOfTheTwoHasAnAccessKeyWhileTheLabelIsDisabled) {
+  auto& box = form.add<ui::TextBox>();
+  auto& elsewhere = form.add<ui::TextBox>();
+  desk.whenShown([&](ui::Form&) {
+    elsewhere.setFocus();
+    enableLabel(label, shadow, false);
+    EXPECT_FALSE(form.userAccessKey(u'l'));
+    EXPECT_TRUE(elsewhere.hasFocus());
+    enableLabel(label, shadow, true);
+    EXPECT_TRUE(form.userAccessKey(u'l'));
+    EXPECT_TRUE(box.hasFocus());
+  });
+  form.showModal();
+}
+
 TEST_F(EnableLabel, AnEnabledLabelHasNone) {
   enableLabel(label, shadow, false);
   enableLabel(label, shadow, true);
@@ -89,6 +124,34 @@ TEST_F(ListViewSupport, AColumnBelowTheMinimumBecomesWide) {
   autoSizeColumns(list, 0, ColumnFit::contents, 1000);
   EXPECT_EQ(width(0), 1830);
   EXPECT_EQ(width(1), 12 * 90 + 180);
+}
+
+TEST_F(ListViewSupport, AColumnAsWideAsTheMinimumStays) {
+  const int fitting = 90 + 180;
+  autoSizeColumns(list, 0, ColumnFit::contents, fitting);
+  EXPECT_EQ(width(0), fitting);
+  autoSizeColumns(list, 0, ColumnFit::contents, fitting + 1);
+  EXPECT_EQ(width(0), 1830);
+  EXPECT_EQ(width(1), 12 * 90 + 180);
+}
+
+TEST_F(ListViewSupport, EveryColumnBelowTheMinimumBecomesWide) {
+  autoSizeColumns(list, 0, ColumnFit::contents, 12 * 90 + 181);
+  EXPECT_EQ(width(0), 1830);
+  EXPECT_EQ(width(1), 1830);
+}
+
+TEST_F(ListViewSupport, WithoutAMinimumANarrowColumnStaysNarrow) {
+  list.setRow(0, {{u"", u""}});
+  autoSizeColumns(list, 0, ColumnFit::contents, 0);
+  EXPECT_EQ(width(0), 180);
+  EXPECT_EQ(width(1), 180);
+}
+
+TEST_F(ListViewSupport, AColumnThatIsNotThereIsNotSized) {
+  autoSizeColumns(list, 3, ColumnFit::contents);
+  EXPECT_EQ(width(0), 0);
+  EXPECT_EQ(width(1), 0);
 }
 
 TEST_F(ListViewSupport, HeaderButtonsAreToggled) {

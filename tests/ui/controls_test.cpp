@@ -200,10 +200,30 @@ TEST(AccessKey, IsTheCharacterAfterASingleAmpersand) {
   EXPECT_EQ(ui::accessKeyOf(u""), std::nullopt);
 }
 
+TEST(AccessKey, IsNoBlank) {
+  EXPECT_EQ(ui::accessKeyOf(u"Profit & Loss"), std::nullopt);
+  EXPECT_EQ(ui::accessKeyOf(u"Profit & &Loss"), u'l');
+  EXPECT_EQ(ui::accessKeyOf(u"& "), std::nullopt);
+}
+
+TEST(AccessKey, IsALetterOfAnyAlphabetInLowerCase) {
+  EXPECT_EQ(ui::accessKeyOf(u"&\u00DCbersicht"), u'\u00FC');
+  EXPECT_EQ(ui::accessKeyOf(u"&\u00FCbersicht"), u'\u00FC');
+  EXPECT_EQ(ui::accessKeyOf(u"\u0418&\u0422\u041E\u0413"), u'\u0442');
+}
+
 TEST(WithoutAccessKey, ShowsTheCaptionAsItIsDrawn) {
   EXPECT_EQ(ui::withoutAccessKey(u"Na&me"), u"Name");
   EXPECT_EQ(ui::withoutAccessKey(u"Salt && Pepper"), u"Salt & Pepper");
   EXPECT_EQ(ui::withoutAccessKey(u"Trailing&"), u"Trailing");
+  EXPECT_EQ(ui::withoutAccessKey(u"&Profit & Loss && more"), u"Profit & Loss & more");
+}
+
+TEST(WithPlainAmpersandsDoubled, LeavesAccessKeysAndWhatIsDoubled) {
+  EXPECT_EQ(ui::withPlainAmpersandsDoubled(u"&Profit & Loss"), u"&Profit && Loss");
+  EXPECT_EQ(ui::withPlainAmpersandsDoubled(u"Salt && Pepper"), u"Salt && Pepper");
+  EXPECT_EQ(ui::withPlainAmpersandsDoubled(u"& & &a&"), u"&& && &a&");
+  EXPECT_EQ(ui::withPlainAmpersandsDoubled(u""), u"");
 }
 
 }  // namespace

@@ -285,6 +285,40 @@ TEST_F(FormTest, AnUnknownAccessKeyIsNotUsed) {
   show([&] { EXPECT_FALSE(form.userAccessKey(u'z')); });
 }
 
+TEST_F(FormTest, ABlankIsNoAccessKey) {
+  form.check.setCaption(u"Start Smith & Co");
+  show([&] {
+    EXPECT_FALSE(form.userAccessKey(u' '));
+    EXPECT_FALSE(form.check.value());
+  });
+}
+
+TEST_F(FormTest, AnAccessKeyBeyondAsciiWorksInEitherCase) {
+  for (const char16_t* caption : {u"&\u00DCbersicht", u"&\u00FCbersicht"}) {
+    form.check.setCaption(caption);
+    show([&] {
+      for (const char16_t key : {u'\u00FC', u'\u00DC'}) {
+        const bool before = form.check.value();
+        user.accessKey(key);
+        EXPECT_NE(form.check.value(), before) << toUtf8(caption);
+      }
+    });
+  }
+}
+
+TEST_F(FormTest, TheAccessKeyOfADecorativeLabelLeadsNowhere) {
+  auto& picture = form.add<ui::Label>(u"&Zebra");
+  form.add<ui::CheckBox>(u"Behind");
+  show([&] {
+    EXPECT_TRUE(form.userAccessKey(u'z'));
+    form.first.setFocus();
+    picture.setDecorative(true);
+    EXPECT_FALSE(form.userAccessKey(u'z'));
+    EXPECT_TRUE(form.first.hasFocus());
+    EXPECT_EQ(picture.caption(), u"&Zebra");
+  });
+}
+
 TEST_F(FormTest, AButtonDisabledWhileItHasTheFocusHandsItOnButNotToCancel) {
   show([&] {
     form.second.setFocus();

@@ -49,7 +49,7 @@ void ControlView::show(Property what) {
       break;
     }
     case Property::text:
-      SetWindowTextW(window_, wide(control_.caption()).c_str());
+      SetWindowTextW(window_, wide(withPlainAmpersandsDoubled(control_.caption())).c_str());
       break;
     case Property::toolTip:
       dialog_.setToolTip(window_, wide(control_.toolTip()));

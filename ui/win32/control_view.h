@@ -61,7 +61,7 @@ class ControlView {
   void createWindow(HWND parent, const Style& style);
   virtual RECT pixelBounds() const;
   /// The text of a new window: the caption, or what kinds without one show.
-  virtual Text windowText() const { return control_.caption(); }
+  virtual Text windowText() const { return withPlainAmpersandsDoubled(control_.caption()); }
   /// Any message of the window, before the window's own procedure.
   virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {

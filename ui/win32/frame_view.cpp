@@ -29,10 +29,10 @@ void FrameView::create(HWND parent) {
   if (frame.border() == Frame::Border::etched) {
     RECT area{};
     GetClientRect(window(), &area);
-    groupBox_ =
-        CreateWindowExW(WS_EX_NOPARENTNOTIFY | WS_EX_TRANSPARENT, WC_BUTTONW,
-                        wide(frame.caption()).c_str(), WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0,
-                        area.right, area.bottom, window(), nullptr, thisModule(), nullptr);
+    groupBox_ = CreateWindowExW(WS_EX_NOPARENTNOTIFY | WS_EX_TRANSPARENT, WC_BUTTONW,
+                                wide(withPlainAmpersandsDoubled(frame.caption())).c_str(),
+                                WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0, area.right, area.bottom,
+                                window(), nullptr, thisModule(), nullptr);
     SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(dialog().metrics().font()), FALSE);
   } else if (holdsTabs(*frame.parent())) {
     paintTabBody();
@@ -47,7 +47,7 @@ void FrameView::show(Property what) {
     GetClientRect(window(), &area);
     MoveWindow(groupBox_, 0, 0, area.right, area.bottom, TRUE);
   } else if (groupBox_ && what == Property::text) {
-    SetWindowTextW(groupBox_, wide(control().caption()).c_str());
+    SetWindowTextW(groupBox_, wide(withPlainAmpersandsDoubled(control().caption())).c_str());
   } else if (!groupBox_ && what == Property::bounds && tabBody_) {
     paintTabBody();
   }

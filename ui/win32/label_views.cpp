@@ -32,7 +32,7 @@ void LabelView::paintText(HDC dc, RECT area) const {
   const Selection font(dc, label.bold() ? metrics.boldFont() : metrics.font());
   SetTextColor(dc, label.effectivelyEnabled() ? toColorRef(label.foreColour())
                                               : GetSysColor(COLOR_GRAYTEXT));
-  const std::wstring text = wide(label.caption());
+  const std::wstring text = wide(withPlainAmpersandsDoubled(label.caption()));
   DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, format);
 }
 

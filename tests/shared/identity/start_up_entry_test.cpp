@@ -37,12 +37,24 @@ class StartUpEntryTest : public OptionsTest {
 };
 
 TEST_F(StartUpEntryTest, TheCaptionNamesTheHostProgram) {
-  for (const Text title : {u"Tillora Administrator", u"Shop"}) {
+  for (const Text title : {u"Tillora Administrator", u"Shop", u"Smith & Co Administrator"}) {
     host.title = title;
     open([&](frmOptions& dialog) {
       EXPECT_EQ(box(dialog).caption(), u"Start " + title + u" when Windows starts up");
     });
   }
+}
+
+TEST_F(StartUpEntryTest, AnAmpersandOfTheTitleIsShownAndIsNoAccessKey) {
+  host.title = u"Smith & Co Administrator";
+  open([&](frmOptions& dialog) {
+    EXPECT_EQ(box(dialog).accessKey(), std::nullopt);
+    EXPECT_EQ(ui::withoutAccessKey(box(dialog).caption()),
+              u"Start Smith & Co Administrator when Windows starts up");
+    EXPECT_FALSE(dialog.userAccessKey(u' '));
+    EXPECT_FALSE(box(dialog).value());
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
 }
 
 TEST_F(StartUpEntryTest, TickingAndApplyingWritesTheQuotedPathAndUntickingRemovesIt) {

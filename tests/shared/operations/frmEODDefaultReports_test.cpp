@@ -59,6 +59,19 @@ class EODDefaultReportsTest : public OptionsTest {
   std::vector<Text> titles;
 };
 
+TEST_F(EODDefaultReportsTest, AnAmpersandBeforeABlankIsNoAccessKeyAndOneBeforeAnyLetterIs) {
+  titles[static_cast<std::size_t>(ReportTitle::balance)] = u"Profit & Loss";
+  titles[static_cast<std::size_t>(ReportTitle::productSales)] = u"&\u00DCbersicht";
+  titles[static_cast<std::size_t>(ReportTitle::salesPerson)] = u"Ta&x";
+  choose(0, false, [&](Dialog& dialog) {
+    EXPECT_EQ(dialog.chkReports[Dialog::drawerBalance].caption(), u"Profit & Loss");
+    EXPECT_FALSE(dialog.userAccessKey(u' '));
+    EXPECT_TRUE(dialog.userAccessKey(u'\u00FC'));
+    user.accessKey(u'x');
+    EXPECT_EQ(shown(dialog), 1 << Dialog::productSales | 1 << Dialog::salesPerson);
+  });
+}
+
 TEST_F(EODDefaultReportsTest, TheTextsOfTheDialog) {
   choose(0, false, [&](Dialog& dialog) {
     EXPECT_EQ(dialog.caption(), u"Default Reports - EOD Processing");

@@ -411,6 +411,21 @@ TEST_F(FrmRandomPriceTest, AccessKeysReachTheirControls) {
   EXPECT_TRUE(editor.Inactive);
 }
 
+TEST_F(FrmRandomPriceTest, TheAccessKeysOfDisabledCaptionsLeadNowhere) {
+  editor.OptionBits = 0;
+  show([&] {
+    user.accessKey(u'b');
+    for (const char16_t key : {u'a', u't'}) {
+      user.accessKey(key);
+      EXPECT_TRUE(editor.cboRandomPrice.hasFocus()) << static_cast<char>(key);
+      EXPECT_TRUE(editor.isShown());
+    }
+    user.accessKey(u'u');
+    user.accessKey(u't');
+    EXPECT_TRUE(box(Part::priceUnitCaption).hasFocus());
+  });
+}
+
 TEST_F(FrmRandomPriceTest, EverythingHasItsPlaceAndNothingOverlaps) {
   show([&] {
     const std::set<const ui::Control*> shadows = {&editor.lblLabel[Part::shadowOfUnitCaption],

@@ -86,6 +86,39 @@ TEST_F(ContentsTest, WindowsAreInOrderOfCreationButPagesPrecedeTheirStrip) {
   });
 }
 
+TEST_F(ContentsTest, AnAmpersandBeforeABlankIsDrawnAndOneBeforeALetterMarksIt) {
+  gallery.check.setCaption(u"Smith & &Co");
+  auto& frame = gallery.firstPage.add<ui::Frame>(u"Profit & Loss");
+  frame.setBounds({4800, 2700, 2400, 600});
+  show([&] {
+    EXPECT_EQ(shownIn(gallery.check), u"Smith && &Co");
+    EXPECT_NE(FindWindowExW(windowOf(frame), nullptr, WC_BUTTONW, L"Profit && Loss"), nullptr);
+    gallery.check.setCaption(u"Profit & Loss");
+    EXPECT_EQ(shownIn(gallery.check), u"Profit && Loss");
+    EXPECT_EQ(gallery.check.caption(), u"Profit & Loss");
+  });
+}
+
+TEST_F(ContentsTest, AnAccessKeyBeyondAsciiWorksWithAndWithoutShift) {
+  gallery.check.setCaption(u"&\u00DCbersicht");
+  show([&] {
+    bool ticked = gallery.check.value();
+    for (const WPARAM key : {WPARAM{0xFC}, WPARAM{0xDC}}) {
+      PostMessageW(GetFocus(), WM_SYSCHAR, key, LPARAM{1} << 29);
+      desk.windows().pumpUntilIdle();
+      EXPECT_NE(gallery.check.value(), ticked);
+      ticked = gallery.check.value();
+    }
+  });
+}
+
+TEST_F(ContentsTest, ABoxOfSeveralLinesHasAScrollBar) {
+  show([&] {
+    EXPECT_NE(GetWindowLongPtrW(windowOf(gallery.notes), GWL_STYLE) & WS_VSCROLL, 0);
+    EXPECT_EQ(GetWindowLongPtrW(windowOf(gallery.name), GWL_STYLE) & WS_VSCROLL, 0);
+  });
+}
+
 TEST_F(ContentsTest, TypedTextReachesTheBox) {
   int changes = 0;
   gallery.name.change = [&] { ++changes; };

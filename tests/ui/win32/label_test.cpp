@@ -77,6 +77,17 @@ TEST_F(LabelTest, AShadowShowsWhereItStandsOut) {
   });
 }
 
+TEST_F(LabelTest, ADecorativeOneIsDrawnAsAnyOther) {
+  lower.setVisible(false);
+  upper.setCaption(u"&Text");
+  show([&] {
+    const int before = pixels(upper, kBlue);
+    upper.setDecorative(true);
+    upper.setCaption(u"&Text");
+    EXPECT_EQ(pixels(upper, kBlue), before);
+  });
+}
+
 TEST_F(LabelTest, ADisabledOneIsGrey) {
   lower.setVisible(false);
   show([&] {
