@@ -34,7 +34,8 @@ std::vector<int> widestTexts(const ui::ListView& list, std::size_t first, std::s
 void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum) {
   const bool every = column < 1;
   const std::size_t first = every ? 0 : static_cast<std::size_t>(column) - 1;
-  const std::size_t end = every ? list.columns().size() : first + 1;
+  const std::size_t count = list.columns().size();
+  const std::size_t end = every ? count : std::min(first + 1, count);
   const std::vector<int> widths = widestTexts(list, first, end);
   for (std::size_t i = first; i < end; ++i) {
     int width = widths[i];

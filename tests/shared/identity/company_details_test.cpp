@@ -53,6 +53,51 @@ TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhereNothingIsStored) {
   });
 }
 
+TEST_F(CompanyDetailsTest, ControlsHaveTheirCaptionsLinesAndLengths) {
+  open([&](frmOptions& dialog) {
+    const auto& tab = dialog.tab<CompanyDetails>();
+    EXPECT_EQ(tab.fraGeneral.caption(), u"Company Details");
+    std::vector<Text> captions;
+    for (const auto& [index, label] : tab.lblGeneral) captions.push_back(label->caption());
+    EXPECT_EQ(captions, (std::vector<Text>{u"Na&me", u"A&ddress", u"&Phone", u"&Fax", u"&Email",
+                                           u"AC&N", u"A&BN", u"&Class"}));
+    std::vector<int> lengths;
+    for (const auto& [index, box] : tab.txtCompanyDetails) {
+      lengths.push_back(box->maxLength());
+      EXPECT_EQ(box->multiLine(), index == CompanyDetails::address) << index;
+    }
+    EXPECT_EQ(lengths, (std::vector<int>{255, 0, 50, 50, 50, 3, 3, 3, 2, 3, 3, 3}));
+    const int line = desk->screen().lineHeight();
+    EXPECT_GE(box(dialog, CompanyDetails::address).bounds().height, 4 * line);
+    EXPECT_LT(box(dialog, CompanyDetails::address).bounds().height, 5 * line);
+  });
+}
+
+TEST_F(CompanyDetailsTest, TheClassStandsAtTheEndOfTheRowOfTheAbn) {
+  open([&](frmOptions& dialog) {
+    const ui::Rect& lastGroup = box(dialog, 11).bounds();
+    const ui::Rect& label = dialog.tab<CompanyDetails>().lblGeneral[7].bounds();
+    const ui::Rect& list = classes(dialog).bounds();
+    EXPECT_LE(lastGroup.right(), label.left);
+    EXPECT_LE(label.right(), list.left);
+    EXPECT_LT(list.top, lastGroup.bottom());
+    EXPECT_GT(list.bottom(), lastGroup.top);
+    EXPECT_EQ(list.right(), box(dialog, CompanyDetails::name).bounds().right());
+  });
+}
+
+TEST_F(CompanyDetailsTest, TypingIntoAnyBoxEnablesApply) {
+  for (int index = 0; index < CompanyDetails::count; ++index) {
+    open([&](frmOptions& dialog) {
+      user.click(box(dialog, index));
+      EXPECT_FALSE(applyEnabled(dialog)) << index;
+      user.type(u"1");
+      EXPECT_EQ(box(dialog, index).text(), u"1");
+      EXPECT_TRUE(applyEnabled(dialog)) << index;
+    });
+  }
+}
+
 TEST_F(CompanyDetailsTest, SplitsTheNumbersIntoTheirGroups) {
   host.store(options::CompanyACN, u"123456789");
   host.store(options::CompanyABN, u"51824753556");
@@ -382,6 +427,59 @@ TEST_F(CompanyDetailsTest, PastedTextIsClearedWhenTheGroupIsLeft) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
+TEST_F(CompanyDetailsTest, NumbersThatAreNotDigitsAloneStay) {
+  open([&](frmOptions& dialog) {
+    for (const Text number : {u"1e2", u"-12", u" 1", u".5", u"1,0"}) {
+      user.click(box(dialog, 9));
+      user.selectAll();
+      user.paste(number);
+      user.press(Key::tab);
+      EXPECT_EQ(box(dialog, 9).text(), number);
+    }
+    for (const Text garbage : {u"1e", u"-", u" ", u"&H1"}) {
+      user.click(box(dialog, 9));
+      user.selectAll();
+      user.paste(garbage);
+      user.press(Key::tab);
+      EXPECT_EQ(box(dialog, 9).text(), u"") << toUtf8(garbage);
+    }
+  });
+}
+
+TEST_F(CompanyDetailsTest, AStoredGroupThatIsNoNumberIsClearedWhenItIsTabbedOver) {
+  host.store(options::CompanyACN, u"12a456");
+  open([&](frmOptions& dialog) {
+    expectTexts(dialog, 5, {u"12a", u"456", u"456"});
+    EXPECT_FALSE(applyEnabled(dialog));
+    user.click(box(dialog, 5));
+    user.press(Key::tab);
+    expectTexts(dialog, 5, {u"", u"456", u"456"});
+    EXPECT_TRUE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CompanyDetailsTest, TabbingOverEmptyGroupsIsNoEdit) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    for (int i = 0; i < 7; ++i) user.press(Key::tab);
+    EXPECT_TRUE(classes(dialog).hasFocus());
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(CompanyDetailsTest, CtrlBackspaceAtTheLastPlaceOfAGroupMovesOnAndDeletesNothing) {
+  host.store(options::CompanyACN, u"123456789");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.press(Key::end);
+    user.press(Key::left);
+    user.press(Key::backspace, {.ctrl = true});
+    expectTexts(dialog, 5, {u"123", u"456", u"789"});
+    expectCaret(box(dialog, 6), 0);
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
 TEST_F(CompanyDetailsTest, PastedTextIsClearedBeforeOkSavesByKeyboard) {
   open([&](frmOptions& dialog) {
     user.click(box(dialog, 5));
@@ -471,6 +569,19 @@ TEST_F(CompanyDetailsTest, AccessKeysOfTheLabelsReachTheirBoxes) {
   });
 }
 
+TEST_F(CompanyDetailsTest, TheKeyOfTheClassReachesTheListAndCancelAndPressesNeither) {
+  open([&](frmOptions& dialog) {
+    user.type(u"Corner Shop");
+    user.accessKey(u'c');
+    EXPECT_TRUE(classes(dialog).hasFocus());
+    user.accessKey(u'c');
+    EXPECT_TRUE(dialog.cmdCommand[frmOptions::cancel].hasFocus());
+    EXPECT_TRUE(dialog.isShown());
+    user.accessKey(u'c');
+    EXPECT_TRUE(classes(dialog).hasFocus());
+  });
+}
+
 TEST_F(CompanyDetailsTest, ListsTheVisibleClassesInTheirOrder) {
   storeClasses({{u"Retail", false}, {u"Old", true}, {u"Dispensary", false}, {u"Fuel", false}});
   open([&](frmOptions& dialog) {
@@ -502,6 +613,29 @@ TEST_F(CompanyDetailsTest, AClassThatIsGoneOrHiddenShowsNoneAndIsSavedAsEmpty) {
   }
 }
 
+TEST_F(CompanyDetailsTest, OfTwoClassesOfTheStoredNameTheLaterIsSelected) {
+  storeClasses({{u"Retail", false}, {u"Fuel", false}, {u"Retail", false}});
+  host.store(options::LVClass, u"Retail");
+  edit([&](frmOptions& dialog) {
+    EXPECT_EQ(classes(dialog).listIndex(), 3);
+    user.type(u"x");
+  });
+  EXPECT_EQ(host.value(options::LVClass), u"Retail");
+}
+
+TEST_F(CompanyDetailsTest, AClassMayBeNamedAsNoneOrNotAtAll) {
+  storeClasses({{u"", false}, {u"(none)", false}});
+  host.store(options::LVClass, u"(none)");
+  edit([&](frmOptions& dialog) {
+    EXPECT_EQ(classes(dialog).items(), (std::vector<Text>{u"(none)", u"", u"(none)"}));
+    EXPECT_EQ(classes(dialog).listIndex(), 2);
+    user.type(u"x");
+  });
+  EXPECT_EQ(host.value(options::LVClass), u"(none)");
+  edit([&](frmOptions& dialog) { user.choose(classes(dialog), 0); });
+  EXPECT_EQ(host.value(options::LVClass), u"");
+}
+
 TEST_F(CompanyDetailsTest, SavesTheChosenClass) {
   storeClasses({{u"Retail", false}, {u"Fuel", false}});
   edit([&](frmOptions& dialog) {
@@ -523,6 +657,18 @@ TEST_F(CompanyDetailsTest, AClassNameOfMoreThanTwelveLettersIsItsToolTip) {
     user.choose(classes(dialog), 2);
     EXPECT_EQ(classes(dialog).toolTip(), u"ThirteenLette");
   });
+}
+
+TEST_F(CompanyDetailsTest, AHostThatFailsInTheMiddleEndsTheSaveWithNothingWritten) {
+  host.store(options::CompanyName, u"Corner Shop");
+  for (const char* call : {"put CompanyName", "put CompanyFax", "put CompanyABN", "put LVClass"}) {
+    expectFailureAt(call, TabPage::general, [&](frmOptions&) {
+      user.type(u"Other");
+      user.accessKey(u'o');
+    });
+  }
+  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
+  EXPECT_TRUE(changes.empty());
 }
 
 TEST_F(CompanyDetailsTest, AFailingClassListIsRaised) {

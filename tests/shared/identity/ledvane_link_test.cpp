@@ -365,9 +365,14 @@ TEST_F(LedvaneLinkTest, ChoosingTheStoredFileIsNoChange) {
     choose(dialog, kStored);
     EXPECT_FALSE(applyEnabled(dialog));
     choose(dialog, kOther);
+    EXPECT_EQ(tab(dialog).txtLedvane.text(), kOther);
+    EXPECT_TRUE(applyEnabled(dialog));
     choose(dialog, kStored);
     EXPECT_EQ(tab(dialog).txtLedvane.text(), kStored);
+    host.calls.clear();
     apply(dialog);
+    // What was chosen is compared with what the host has by then.
+    EXPECT_EQ(host.callsStarting("get DataFile").size(), 1U);
   });
   EXPECT_TRUE(host.callsStarting("put DataFile").empty());
   EXPECT_FALSE(options_.ChangedDataFile());

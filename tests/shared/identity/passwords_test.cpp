@@ -165,6 +165,15 @@ TEST_F(PasswordsTest, NothingIsProtectedWhereNothingIsStored) {
   });
 }
 
+TEST_F(PasswordsTest, AMissingAdministratorValueClearsItsEightBoxes) {
+  frmOptions dialog(machine.platform(desk->screen(), boxes));
+  dialog.setHost(host.objects());
+  host.store(options::TerminalSecurityBits, 7);
+  for (const int row : allRows()) box(dialog, row).setValue(true);
+  dialog.load();
+  EXPECT_EQ(ticked(dialog), (std::vector<int>{8, 9, 10}));
+}
+
 TEST_F(PasswordsTest, EachBitTicksItsOwnRowAndNoOther) {
   for (const Protection& row : kProtections) {
     host.stored.clear();
@@ -237,8 +246,17 @@ TEST_F(PasswordsTest, AClickOnABoxEnablesItsButtonAndApply) {
 
 TEST_F(PasswordsTest, TheButtonOfAnUntickedBoxDoesNothing) {
   openTab([&](frmOptions& dialog) {
+    for (const int row : allRows()) {
+      EXPECT_FALSE(button(dialog, row).enabled()) << row;
+      // Past what a person can reach: the button itself refuses, too.
+      button(dialog, row).press();
+      EXPECT_FALSE(button(dialog, row).setFocus());
+    }
     user.click(button(dialog, 4));
     EXPECT_FALSE(applyEnabled(dialog));
+    // Pressed as a person would press it, it would have shown a dialog.
+    user.click(box(dialog, 4));
+    openDialog(dialog, 4, [](frmPasswordSet& form) { EXPECT_TRUE(form.isShown()); });
   });
 }
 

@@ -143,9 +143,19 @@ TEST_F(WebSitesTest, AnEmptyListCanOnlyBeAddedTo) {
     EXPECT_TRUE(command(dialog, WebSites::add).enabled());
     EXPECT_FALSE(command(dialog, WebSites::edit).enabled());
     EXPECT_FALSE(command(dialog, WebSites::remove).enabled());
+    // Neither a double-click nor the buttons' keys, nor their handlers: a dialog that was shown
+    // would be unexpected.
     user.doubleClickBelow(tab(dialog).ltvWeb);
+    user.accessKey(u'e');
+    user.accessKey(u'l');
+    tab(dialog).ltvWeb.doubleClick.raise();
+    command(dialog, WebSites::edit).click.raise();
+    command(dialog, WebSites::remove).click.raise();
     EXPECT_FALSE(applyEnabled(dialog));
+    addByNew(dialog, u"A", u"http://a");
+    EXPECT_EQ(shown(dialog), Sites{site(u"A", u"http://a")});
   });
+  EXPECT_TRUE(boxes.shown.empty());
   EXPECT_TRUE(host.webSites.empty());
 }
 
