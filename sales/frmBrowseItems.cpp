@@ -80,11 +80,12 @@ class RowReader {
       cells.at(cell) = texts_.at(cell);
       ++cell;
     }
-    return {ui::CellTexts(std::span(cells).first(cell))};
+    return {maker_.make(std::span(cells).first(cell))};
   }
 
  private:
   std::array<Text, kColumns> texts_;
+  ui::CellTextsMaker maker_;
 };
 
 }  // namespace

@@ -21,7 +21,7 @@ using automation::DispatchObject;
 using win32::ComPtr;
 using win32::Variant;
 
-constexpr int kRounds = 7;
+constexpr int kRounds = 15;
 constexpr double kBudget = 1.2;
 
 /// The calls of a walk and nothing else: ids looked up once, texts released as they come.

@@ -18,10 +18,15 @@ inline double median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-/// Prints what was measured (milliseconds) and tells whether the budget is kept.
+/// Prints what was measured, round by round (milliseconds), and tells whether the budget is kept.
+/// The ratio is the median of the rounds' own: a machine may change its pace between rounds.
 inline bool report(const char* what, const std::vector<double>& product,
                    const std::vector<double>& floor, double budget) {
-  const double ratio = median(product) / median(floor);
+  std::vector<double> ratios;
+  for (std::size_t round = 0; round < product.size(); ++round) {
+    ratios.push_back(product[round] / floor[round]);
+  }
+  const double ratio = median(ratios);
   std::printf("%-40s product %7.2f ms  floor %7.2f ms  ratio %.2f  budget %.2f%s\n", what,
               median(product), median(floor), ratio, budget, ratio > budget ? "  MISSED" : "");
   std::fflush(stdout);

@@ -45,7 +45,10 @@ class FirstLevels {
   explicit FirstLevels(const wchar_t* locale) : locale_(locale), pairs_(kAscii * kAscii) {
     for (std::size_t c = 0; c < kAscii; ++c) {
       const auto character = static_cast<char16_t>(c);
-      levels_[c] = ofWhole(TextView(&character, 1));
+      const std::string level = ofWhole(TextView(&character, 1));
+      if (level.size() > kLongest) continue;
+      std::ranges::copy(level, levels_[c].bytes.begin());
+      levels_[c].size = static_cast<int>(level.size());
     }
   }
 
@@ -58,6 +61,13 @@ class FirstLevels {
 
  private:
   static constexpr std::size_t kAscii = 128;
+  static constexpr std::size_t kLongest = 4;
+  struct Level {
+    std::array<char, kLongest> bytes{};
+    int size = -1;  // longer than kLongest
+
+    std::string_view text() const { return {bytes.data(), static_cast<std::size_t>(size)}; }
+  };
   enum class Pair : std::uint8_t { unknown, apart, together };
 
   std::string ofWhole(TextView text) const {
@@ -70,28 +80,34 @@ class FirstLevels {
     constexpr char16_t kNone = 0;
     char16_t before = kNone;
     char16_t sorted = kNone;  // the last one that has a first level
+    const std::size_t begin = levels.size();
+    levels.resize(begin + kLongest * text.size());
+    char* end = levels.data() + begin;
     for (const char16_t c : text) {
-      if (c == kNone || c >= kAscii) return false;
+      if (c == kNone || c >= kAscii || levels_[c].size < 0) return false;
       if (before != kNone && !standApart(before, c)) return false;
-      if (sorted != before && !standApart(sorted, c)) return false;
-      levels += levels_[c];
+      if (sorted != kNone && sorted != before && !standApart(sorted, c)) return false;
+      std::ranges::copy(levels_[c].bytes, end);
+      end += levels_[c].size;
       before = c;
-      if (!levels_[c].empty()) sorted = c;
+      if (levels_[c].size > 0) sorted = c;
     }
+    levels.resize(static_cast<std::size_t>(end - levels.data()));
     return true;
   }
 
   bool standApart(char16_t first, char16_t second) {
     Pair& pair = pairs_[first * kAscii + second];
     if (pair == Pair::unknown) {
-      const bool apart = ofWhole(Text{first, second}) == levels_[first] + levels_[second];
-      pair = apart ? Pair::apart : Pair::together;
+      std::string apart(levels_[first].text());
+      apart += levels_[second].text();
+      pair = ofWhole(Text{first, second}) == apart ? Pair::apart : Pair::together;
     }
     return pair == Pair::apart;
   }
 
   const wchar_t* locale_;
-  std::array<std::string, kAscii> levels_;
+  std::array<Level, kAscii> levels_;
   std::vector<Pair> pairs_;
 };
 
