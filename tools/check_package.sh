@@ -46,7 +46,7 @@ FILES
 grep -qi "RUNTIME LIBRARY EXCEPTION" licences/gcc.txt || die "the exception is not in licences/gcc.txt"
 for bits in x64 x86; do
   for library in TilloraOptions TilloraHost; do
-    strings -el "$bits/$library.dll" | grep -qxF "$version.0" ||
+    grep -qxF "$version.0" <(strings -el "$bits/$library.dll") ||
       die "$bits/$library.dll does not have the version $version.0"
   done
   grep -q "version=\"$version.0\"" "$bits/TilloraOptions.Component.manifest" ||

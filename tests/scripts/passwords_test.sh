@@ -12,7 +12,7 @@ administrator() {
 }
 # says NAME FILE LINE: the file has this line.
 says() {
-  if tr -d '\r' <"$TMPDIR/$2" | grep -qF -- "$3"; then
+  if grep -qF -- "$3" <(tr -d '\r' <"$TMPDIR/$2"); then
     echo "ok $1"
   else
     echo "FAIL $1 '$3' is not in $2"

@@ -30,7 +30,7 @@ run_one() {
   tr -d '\r' <"$output" | sed -E "s/^(ok|FAIL|skip) /\1 $name./"
   if [ "$status" != 0 ] && ! grep -q '^FAIL ' "$output"; then
     echo "FAIL $name ended with status $status"
-  elif [[ $file == *.vbs ]] && ! tr -d '\r' <"$output" | grep -qx done; then
+  elif [[ $file == *.vbs ]] && ! grep -qx done <(tr -d '\r' <"$output"); then
     echo "FAIL $name stopped before its end"
   elif ! grep -qE '^(ok|FAIL|skip) ' "$output"; then
     echo "FAIL $name reported no result"
