@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
+#include <vector>
+
+#include "TilloraOptions.h"
 
 #include "component/automation/host_table.h"
 #include "component/automation/message_boxes.h"
@@ -275,18 +279,67 @@ TEST_F(HostAdaptersTest, ItemsAreWalked) {
   EXPECT_EQ(payments->current().account, u"Till");
 }
 
-TEST_F(HostAdaptersTest, AnItemObjectHandedOutAgainIsNotAskedForItsNamesAnew) {
-  const auto item = ScriptedObject::make();
-  for (const char16_t* name :
-       {u"ItemType", u"ProductNumber", u"Group", u"Name", u"Description", u"Account"}) {
-    item->add(name, [](const Call&) { return Variant(u"x"); });
+/// What items are asked for their names while a list of them is walked.
+class ItemLookUpsTest : public ::testing::Test {
+ protected:
+  ComPtr<ScriptedObject> addItem() {
+    const auto item = ScriptedObject::make();
+    for (const auto& [name, times] : eachNameOnce()) {
+      item->add(name, [](const Call&) { return Variant(u"x"); });
+    }
+    items_.push_back(item);
+    return item;
   }
-  const auto list = ScriptedObject::make();
-  list->add(u"Current", [&](const Call&) { return Variant(item.get()); });
-  const auto cursor = makeItemCursor({ComPtr<IDispatch>(list.get()), u"ItemList"});
-  for (int row = 0; row < 5; ++row) EXPECT_EQ(cursor->current().name, u"x");
-  for (const auto& [name, count] : item->lookUps) EXPECT_EQ(count, 1);
-  EXPECT_EQ(item->lookUps.size(), 6U);
+  static std::map<Text, int> eachNameOnce() {
+    return {{u"ItemType", 1}, {u"ProductNumber", 1}, {u"Group", 1},
+            {u"Name", 1},     {u"Description", 1},   {u"Account", 1}};
+  }
+  /// Reads all of `rows` rows; the items come in turn.
+  void walk(std::size_t rows) {
+    std::size_t row = 0;
+    const auto list = ScriptedObject::make();
+    list->add(u"MoveNext", [&](const Call&) {
+      ++row;
+      return Variant();
+    });
+    list->add(u"Current", [&](const Call&) { return Variant(items_[row % items_.size()].get()); });
+    const auto cursor = makeItemCursor({ComPtr<IDispatch>(list.get()), u"ItemList"});
+    for (; row < rows; cursor->moveNext()) EXPECT_EQ(cursor->current().name, u"x");
+  }
+
+ private:
+  std::vector<ComPtr<ScriptedObject>> items_;
+};
+
+TEST_F(ItemLookUpsTest, AnObjectHandedOutAgainIsNotAskedForItsNamesAnew) {
+  const auto item = addItem();
+  walk(5);
+  EXPECT_EQ(item->lookUps, eachNameOnce());
+}
+
+TEST_F(ItemLookUpsTest, ObjectsThatOfferTheInterfaceShareItsIds) {
+  const auto first = addItem();
+  const auto second = addItem();
+  for (const auto& item : {first, second}) item->offers = DIID_Item;
+  walk(4);
+  EXPECT_EQ(first->lookUps, eachNameOnce());
+  EXPECT_TRUE(second->lookUps.empty());
+}
+
+TEST_F(ItemLookUpsTest, OtherObjectsAreEachAskedForTheirNames) {
+  const auto first = addItem();
+  const auto second = addItem();
+  walk(2);
+  EXPECT_EQ(first->lookUps, eachNameOnce());
+  EXPECT_EQ(second->lookUps, eachNameOnce());
+}
+
+TEST_F(ItemLookUpsTest, IdsOfTheInterfaceAreNotTakenForAnotherObjects) {
+  const auto offered = addItem();
+  offered->offers = DIID_Item;
+  const auto other = addItem();
+  walk(3);
+  EXPECT_EQ(other->lookUps, eachNameOnce());
 }
 
 TEST_F(HostAdaptersTest, DatabaseValues) {

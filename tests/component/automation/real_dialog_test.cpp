@@ -128,6 +128,25 @@ class RealDialogTest : public ::testing::Test {
     return result;
   }
 
+  /// Hears the events of an object as long as it lives.
+  class Listening {
+   public:
+    Listening(_Options& options, EventListener& listener) : point_(connectionPoint(options)) {
+      EXPECT_EQ(point_->Advise(&listener, &cookie_), S_OK);
+    }
+    Listening(const Listening&) = delete;
+    Listening& operator=(const Listening&) = delete;
+    ~Listening() { point_->Unadvise(cookie_); }
+
+   private:
+    ComPtr<IConnectionPoint> point_;
+    DWORD cookie_ = 0;
+  };
+  static void retypeCompanyName(const wchar_t* name) {
+    DialogPerson::press('A', false, true);
+    DialogPerson::type(name);
+  }
+
   Apartment apartment;
   HWND owner;
   ServerLibrary server;
@@ -138,13 +157,11 @@ class RealDialogTest : public ::testing::Test {
 TEST_F(RealDialogTest, TwoAppliesRaiseTwoEventsAndStore) {
   auto options = create();
   const auto listener = EventListener::make([](LONG&) { return S_OK; });
-  DWORD cookie = 0;
-  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  const Listening listening(*options.get(), *listener.get());
   DialogPerson person([](HWND) {
     for (const wchar_t* name : {L"First Shop", L"Second Shop"}) {
       DialogPerson::press('M', true);
-      DialogPerson::press('A', false, true);
-      DialogPerson::type(name);
+      retypeCompanyName(name);
       DialogPerson::press('A', true);
     }
   });
@@ -153,7 +170,6 @@ TEST_F(RealDialogTest, TwoAppliesRaiseTwoEventsAndStore) {
   EXPECT_EQ(listener->heard, 2);
   EXPECT_EQ(host.value(options::CompanyName), u"Second Shop");
   EXPECT_EQ(host.sent.size(), 2U);
-  connectionPoint(*options.get())->Unadvise(cookie);
 }
 
 TEST_F(RealDialogTest, TheHostMayCallBackAndLetMessagesPassInsideTheEvent) {
@@ -175,12 +191,10 @@ TEST_F(RealDialogTest, TheHostMayCallBackAndLetMessagesPassInsideTheEvent) {
     }
     return S_OK;
   });
-  DWORD cookie = 0;
-  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  const Listening listening(*options.get(), *listener.get());
   DialogPerson person([&](HWND shown) {
     dialog = shown;
-    DialogPerson::press('A', false, true);
-    DialogPerson::type(L"Corner Shop");
+    retypeCompanyName(L"Corner Shop");
     DialogPerson::press('A', true);
   });
   EXPECT_EQ(show(*options.get()), S_OK);
@@ -190,7 +204,6 @@ TEST_F(RealDialogTest, TheHostMayCallBackAndLetMessagesPassInsideTheEvent) {
   EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
   EXPECT_FALSE(IsWindow(dialog));
   EXPECT_TRUE(IsWindowEnabled(owner));
-  connectionPoint(*options.get())->Unadvise(cookie);
 }
 
 TEST_F(RealDialogTest, AfterAFailureInAHostsOwnPumpNothingMoreCanBeDoneInTheDialog) {
@@ -213,12 +226,10 @@ TEST_F(RealDialogTest, AfterAFailureInAHostsOwnPumpNothingMoreCanBeDoneInTheDial
     editAndApply();
     return S_OK;
   });
-  DWORD cookie = 0;
-  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  const Listening listening(*options.get(), *listener.get());
   DialogPerson person([&](HWND shown) {
     dialog = shown;
-    DialogPerson::press('A', false, true);
-    DialogPerson::type(L"Corner Shop");
+    retypeCompanyName(L"Corner Shop");
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
     GetGUIThreadInfo(GetWindowThreadProcessId(shown, nullptr), &thread);
@@ -233,7 +244,6 @@ TEST_F(RealDialogTest, AfterAFailureInAHostsOwnPumpNothingMoreCanBeDoneInTheDial
   EXPECT_EQ(listener->heard, 1);
   EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
   EXPECT_TRUE(IsWindowEnabled(owner));
-  connectionPoint(*options.get())->Unadvise(cookie);
 }
 
 TEST_F(RealDialogTest, ADialogClosedByOkIsOffTheScreenBeforeTheHostsObjectsAreReleased) {
@@ -250,12 +260,10 @@ TEST_F(RealDialogTest, ADialogClosedByOkIsOffTheScreenBeforeTheHostsObjectsAreRe
     EXPECT_TRUE(IsWindowVisible(dialog));
     return S_OK;
   });
-  DWORD cookie = 0;
-  ASSERT_EQ(connectionPoint(*options.get())->Advise(listener.get(), &cookie), S_OK);
+  const Listening listening(*options.get(), *listener.get());
   DialogPerson person([&](HWND shown) {
     dialog = shown;
-    DialogPerson::press('A', false, true);
-    DialogPerson::type(L"Corner Shop");
+    retypeCompanyName(L"Corner Shop");
     DialogPerson::press('O', true);
   });
   EXPECT_EQ(show(*options.get()), S_OK);
@@ -263,7 +271,6 @@ TEST_F(RealDialogTest, ADialogClosedByOkIsOffTheScreenBeforeTheHostsObjectsAreRe
   automationHost.app->released = nullptr;
   EXPECT_EQ(visibleAtRelease, std::vector<bool>{false});
   EXPECT_EQ(GetActiveWindow(), owner);
-  connectionPoint(*options.get())->Unadvise(cookie);
 }
 
 TEST_F(RealDialogTest, TheHostsWindowIsDisabledMeanwhileAndThenInFrontAgain) {
