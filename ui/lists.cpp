@@ -98,7 +98,7 @@ CellTexts CellTextsMaker::make(std::span<const TextView> texts, std::size_t unit
   const std::size_t begin = 1 + 2 * texts.size();
   std::size_t needed = begin;
   for (const TextView text : texts) needed += text.size();
-  if (size_ - used_ < needed) {
+  if (!block_ || size_ - used_ < needed) {
     size_ = std::max(needed, unitsOfNewBlock);
     block_ = std::make_shared_for_overwrite<char16_t[]>(size_);
     used_ = 0;
