@@ -72,6 +72,15 @@ void OptionsTest::expectTabOrder(const std::vector<ui::Control*>& order) {
   }
 }
 
+void OptionsTest::enlarge(frmOptions& dialog, ui::Size by) {
+  ui::Rect strip = dialog.tabOptions.bounds();
+  strip.width += by.width;
+  strip.height += by.height;
+  dialog.tabOptions.setBounds(strip);
+  const ui::Size size = dialog.clientSize();
+  dialog.setClientSize({size.width + by.width, size.height + by.height});
+}
+
 void OptionsTest::untickAll(ui::CheckListBox& list) {
   for (int row = 0; row < list.count(); ++row) {
     if (list.checked(row)) user.clickCheck(list, row);

@@ -45,6 +45,8 @@ class OptionsTest : public ::testing::Test {
   /// Each control has the focus in its turn when Tab is pressed over and over.
   void expectTabOrder(const std::vector<ui::Control*>& order);
   void untickAll(ui::CheckListBox& list);
+  /// Makes the dialog and the tabs in it wider and higher by as much (twips).
+  static void enlarge(frmOptions& dialog, ui::Size by);
   /// The text boxes of a page that can be typed into at present.
   static std::vector<ui::TextBox*> openBoxes(const ui::Container& page);
 

@@ -448,12 +448,7 @@ TEST_F(FrmOptionsTest, PagesFillTheTabStripsClientArea) {
     EXPECT_GT(client.width, 9000);
     EXPECT_GT(client.height, 6000);
 
-    ui::Rect strip = dialog.tabOptions.bounds();
-    strip.width += 1500;
-    strip.height += 900;
-    dialog.tabOptions.setBounds(strip);
-    const ui::Size size = dialog.clientSize();
-    dialog.setClientSize({size.width + 1500, size.height + 900});
+    enlarge(dialog, {1500, 900});
     const ui::Rect larger = dialog.tabOptions.clientArea();
     EXPECT_EQ(larger.width, client.width + 1500);
     EXPECT_EQ(larger.height, client.height + 900);

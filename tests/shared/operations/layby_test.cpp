@@ -488,12 +488,7 @@ TEST_F(LaybyTest, TheTermsFillThePageWithTheirLeftMarginBelow) {
     const int top = place.top;
     place.left += 7;
     terms.setBounds(place);
-    ui::Rect strip = dialog.tabOptions.bounds();
-    strip.width += 1500;
-    strip.height += 900;
-    dialog.tabOptions.setBounds(strip);
-    const ui::Size size = dialog.clientSize();
-    dialog.setClientSize({size.width + 1500, size.height + 900});
+    enlarge(dialog, {1500, 900});
     expectStretched();
     EXPECT_EQ(terms.bounds().left, place.left);
     EXPECT_EQ(terms.bounds().top, top);
