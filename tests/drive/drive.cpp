@@ -2,7 +2,8 @@
 //
 //   drive COMMAND [ARGUMENT...] [-- COMMAND [ARGUMENT...]]...
 //
-//   wait TITLE SECONDS    until a top-level window with this title is visible and enabled
+//   wait TITLE SECONDS    until a top-level window with this title is visible, enabled and has the
+//                         keyboard
 //   gone TITLE SECONDS    until there is none
 //   front TITLE           brings the window to the front
 //   type TEXT             types into the program in front
@@ -82,8 +83,11 @@ void waitFor(const std::wstring& title, bool shown, double seconds) {
   const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds * 1000);
   for (;;) {
     const HWND window = findWindow(title);
-    if (shown ? window && IsWindowEnabled(window) : !window) return;
-    if (GetTickCount64() >= end) throw std::runtime_error(shown ? "never shown" : "still shown");
+    if (shown ? window && IsWindowEnabled(window) && hasKeyboard(window) : !window) return;
+    if (GetTickCount64() >= end) {
+      if (!shown) throw std::runtime_error("still shown");
+      throw std::runtime_error(window ? "never had the keyboard" : "never shown");
+    }
     Sleep(kPollMilliseconds);
   }
 }

@@ -36,7 +36,7 @@ drive() {
   if grep -q 'never shown' "$TMPDIR/drive.txt" && [ ! -s "$client_output" ]; then
     echo "the client showed no window and said nothing; what there is instead:"
     "$WINE" "$BUILD/drive.exe" list </dev/null || true
-    ps -o pid,stat,etime,args --ppid "$client_process" || true
+    ps -o pid,stat,wchan,etime,args -p "$client_process" --ppid "$client_process" || true
     kill "$client_process" 2>/dev/null || true
     wait "$client_process" || true
     echo "starting it once more"

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "tests/testing/win32/key_strokes.h"
+#include "tests/testing/win32/waiting_keys.h"
 
 namespace tillora::testing {
 
@@ -28,20 +29,17 @@ class DialogPerson {
     return seen_;
   }
 
+  // These return when the window in front has dealt with the keys, or is gone.
   static void type(const wchar_t* text) {
-    for (; *text != L'\0'; ++text) strikeCharacter(*text);
-    settle();
+    for (; *text != L'\0'; ++text) type(*text);
   }
+  static void type(wchar_t character) { strikeAndWait(inputsOf(character)); }
   static void press(WORD key, bool alt = false, bool ctrl = false) {
-    strike({.key = key, .shift = false, .ctrl = ctrl, .alt = alt});
-    settle();
+    strikeAndWait(inputsOf({.key = key, .shift = false, .ctrl = ctrl, .alt = alt}));
   }
 
  private:
-  static constexpr DWORD kSettle = 60;
   static constexpr int kAttempts = 1000;
-
-  static void settle() { Sleep(kSettle); }
 
   /// The dialog of this process; null where there is none.
   static HWND find() {
@@ -62,6 +60,7 @@ class DialogPerson {
     }
     if (dialog == nullptr) return;
     ++seen_;
+    for (int attempt = 0; attempt < kAttempts && !hasKeyboard(dialog); ++attempt) Sleep(5);
     act(dialog);
     if (IsWindow(dialog)) PostMessageW(dialog, WM_CLOSE, 0, 0);
     for (int attempt = 0; attempt < kAttempts && IsWindow(dialog); ++attempt) Sleep(2);

@@ -142,10 +142,8 @@ class PasswordsInProcessTest : public ::testing::Test {
   }
   static void type(const Canary& canary, std::size_t length = Canary::kLength) {
     for (std::size_t i = 0; i < length; ++i) {
-      strikeCharacter(static_cast<wchar_t>(canary.at(i)));
-      Sleep(10);
+      DialogPerson::type(static_cast<wchar_t>(canary.at(i)));
     }
-    Sleep(60);
   }
   static void press(WORD key) { DialogPerson::press(key); }
   void apply() {
@@ -164,8 +162,8 @@ class PasswordsInProcessTest : public ::testing::Test {
   void waitFor(const wchar_t* title) {
     for (int attempt = 0; attempt < 500; ++attempt) {
       const HWND window = FindWindowW(nullptr, title);
-      if (window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window)) {
-        Sleep(60);
+      if (window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window) &&
+          hasKeyboard(window)) {
         return;
       }
       Sleep(10);

@@ -30,12 +30,11 @@ inline INPUT keyInput(WORD key, bool up) {
   return input;
 }
 
-inline void sendInputs(std::vector<INPUT>& inputs) {
+inline void sendInputs(std::vector<INPUT> inputs) {
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-/// Strikes a key for the program in front.
-inline void strike(const KeyStroke& stroke) {
+inline std::vector<INPUT> inputsOf(const KeyStroke& stroke) {
   std::vector<WORD> keys;
   if (stroke.shift) keys.push_back(VK_SHIFT);
   if (stroke.ctrl) keys.push_back(VK_CONTROL);
@@ -45,16 +44,15 @@ inline void strike(const KeyStroke& stroke) {
   for (const WORD down : keys) inputs.push_back(keyInput(down, false));
   std::ranges::reverse(keys);
   for (const WORD up : keys) inputs.push_back(keyInput(up, true));
-  sendInputs(inputs);
+  return inputs;
 }
 
-/// Types a character: by its key where the keyboard has one that needs no more than Shift.
-inline void strikeCharacter(wchar_t character) {
+/// A character: by its key where the keyboard has one that needs no more than Shift.
+inline std::vector<INPUT> inputsOf(wchar_t character) {
   const SHORT key = VkKeyScanW(character);
   constexpr int kShifted = 1;
   if (const int state = HIBYTE(key); key != -1 && (state == 0 || state == kShifted)) {
-    strike({.key = LOBYTE(key), .shift = state == kShifted});
-    return;
+    return inputsOf(KeyStroke{.key = LOBYTE(key), .shift = state == kShifted});
   }
   INPUT input{};
   input.type = INPUT_KEYBOARD;
@@ -62,7 +60,21 @@ inline void strikeCharacter(wchar_t character) {
   input.ki.dwFlags = KEYEVENTF_UNICODE;
   std::vector<INPUT> inputs{input, input};
   inputs.back().ki.dwFlags |= KEYEVENTF_KEYUP;
-  sendInputs(inputs);
+  return inputs;
+}
+
+/// For the program in front.
+inline void strike(const KeyStroke& stroke) { sendInputs(inputsOf(stroke)); }
+inline void strikeCharacter(wchar_t character) { sendInputs(inputsOf(character)); }
+
+/// Whether the keyboard is this top-level window's. Keys that are struck as soon as it is visible
+/// may still go to the window that was in front before.
+inline bool hasKeyboard(HWND window) {
+  GUITHREADINFO thread{};
+  thread.cbSize = sizeof thread;
+  return GetForegroundWindow() == window &&
+         GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &thread) != FALSE &&
+         (thread.hwndFocus == window || IsChild(window, thread.hwndFocus) != FALSE);
 }
 
 }  // namespace tillora::testing

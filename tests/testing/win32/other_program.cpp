@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 namespace tillora::testing {
 namespace {
@@ -39,7 +40,7 @@ std::string drive(const std::wstring& arguments) {
   std::wstring line = L"\"" + beside(L"drive.exe") + L"\" " + arguments;
   if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
                       nullptr, &startup, &process)) {
-    throw std::runtime_error("drive.exe cannot be run");
+    throw std::runtime_error("drive.exe cannot be run: " + std::to_string(GetLastError()));
   }
   const Handle running(process.hProcess);
   const Handle thread(process.hThread);
