@@ -30,7 +30,7 @@ leaves() {
   client cmd /c "$program leave ${*:2} && echo ended with 0"
   finish "$1"
   printed "$1" 'leaving'
-  printed "$1_ends" 'ended with 0'
+  printed "${1}_ends" 'ended with 0'
 }
 
 leaves leave_sta sta

@@ -28,9 +28,9 @@ drive_once() {
   "$WINE" "$BUILD/drive.exe" "$@" </dev/null >"$TMPDIR/drive.txt" 2>&1
 }
 
-# drive COMMAND...: FAIL where a step cannot be done; the client is ended then. Seen twice, on a busy
-# machine, for a reason not found: a client that never gets going under Wine, without a window or a
-# word. Such a client, and no other, is started once more; the log says so.
+# drive COMMAND...: FAIL where a step cannot be done; the client is ended then. Seen now and then, on a
+# busy machine, for a reason not found: a client that never gets going under Wine, without a window or
+# a word. Such a client, and no other, is started once more; the log says so.
 drive() {
   drive_once "$@" && return
   if grep -q 'never shown' "$TMPDIR/drive.txt" && [ ! -s "$client_output" ]; then

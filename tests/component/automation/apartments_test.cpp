@@ -110,8 +110,7 @@ class ApartmentsTest : public ::testing::Test {
     EXPECT_EQ(shown, VARIANT_TRUE);
   }
   static void renameAndApply() {
-    DialogPerson::press('A', false, true);
-    DialogPerson::type(L"Corner Shop");
+    DialogPerson::retype(L"Corner Shop");
     DialogPerson::press('A', true);
   }
   static void expectReleased(const AutomationHost& objects) {

@@ -37,6 +37,10 @@ class DialogPerson {
   static void press(WORD key, bool alt = false, bool ctrl = false) {
     strikeAndWait(inputsOf({.key = key, .shift = false, .ctrl = ctrl, .alt = alt}));
   }
+  static void retype(const wchar_t* text) {
+    press('A', false, true);
+    type(text);
+  }
 
  private:
   static constexpr int kAttempts = 1000;

@@ -142,10 +142,6 @@ class RealDialogTest : public ::testing::Test {
     ComPtr<IConnectionPoint> point_;
     DWORD cookie_ = 0;
   };
-  static void retypeCompanyName(const wchar_t* name) {
-    DialogPerson::press('A', false, true);
-    DialogPerson::type(name);
-  }
 
   Apartment apartment;
   HWND owner;
@@ -161,7 +157,7 @@ TEST_F(RealDialogTest, TwoAppliesRaiseTwoEventsAndStore) {
   DialogPerson person([](HWND) {
     for (const wchar_t* name : {L"First Shop", L"Second Shop"}) {
       DialogPerson::press('M', true);
-      retypeCompanyName(name);
+      DialogPerson::retype(name);
       DialogPerson::press('A', true);
     }
   });
@@ -194,7 +190,7 @@ TEST_F(RealDialogTest, TheHostMayCallBackAndLetMessagesPassInsideTheEvent) {
   const Listening listening(*options.get(), *listener.get());
   DialogPerson person([&](HWND shown) {
     dialog = shown;
-    retypeCompanyName(L"Corner Shop");
+    DialogPerson::retype(L"Corner Shop");
     DialogPerson::press('A', true);
   });
   EXPECT_EQ(show(*options.get()), S_OK);
@@ -229,11 +225,8 @@ TEST_F(RealDialogTest, AfterAFailureInAHostsOwnPumpNothingMoreCanBeDoneInTheDial
   const Listening listening(*options.get(), *listener.get());
   DialogPerson person([&](HWND shown) {
     dialog = shown;
-    retypeCompanyName(L"Corner Shop");
-    GUITHREADINFO thread{};
-    thread.cbSize = sizeof thread;
-    GetGUIThreadInfo(GetWindowThreadProcessId(shown, nullptr), &thread);
-    box = thread.hwndFocus;
+    DialogPerson::retype(L"Corner Shop");
+    box = testing::focusBeside(shown);
     DialogPerson::press('A', true);
   });
   EXPECT_EQ(show(*options.get()), FakeHost::failure().number());
@@ -263,7 +256,7 @@ TEST_F(RealDialogTest, ADialogClosedByOkIsOffTheScreenBeforeTheHostsObjectsAreRe
   const Listening listening(*options.get(), *listener.get());
   DialogPerson person([&](HWND shown) {
     dialog = shown;
-    retypeCompanyName(L"Corner Shop");
+    DialogPerson::retype(L"Corner Shop");
     DialogPerson::press('O', true);
   });
   EXPECT_EQ(show(*options.get()), S_OK);

@@ -67,14 +67,19 @@ inline std::vector<INPUT> inputsOf(wchar_t character) {
 inline void strike(const KeyStroke& stroke) { sendInputs(inputsOf(stroke)); }
 inline void strikeCharacter(wchar_t character) { sendInputs(inputsOf(character)); }
 
+/// The window with the focus in the thread of this one; null for none.
+inline HWND focusBeside(HWND window) {
+  GUITHREADINFO thread{};
+  thread.cbSize = sizeof thread;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &thread);
+  return thread.hwndFocus;
+}
+
 /// Whether the keyboard is this top-level window's. Keys that are struck as soon as it is visible
 /// may still go to the window that was in front before.
 inline bool hasKeyboard(HWND window) {
-  GUITHREADINFO thread{};
-  thread.cbSize = sizeof thread;
-  return GetForegroundWindow() == window &&
-         GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &thread) != FALSE &&
-         (thread.hwndFocus == window || IsChild(window, thread.hwndFocus) != FALSE);
+  const HWND focus = focusBeside(window);
+  return GetForegroundWindow() == window && (focus == window || IsChild(window, focus) != FALSE);
 }
 
 }  // namespace tillora::testing
