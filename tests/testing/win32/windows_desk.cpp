@@ -17,9 +17,10 @@ WindowsDesk::WindowsDesk()
 void WindowsDesk::shown(ui::Form& form) {
   SetForegroundWindow(screen_.topWindow());
   screen_.pumpUntilIdle();
-  // The window manager hands out the focus in its own time. A dialog over another that is gone
-  // before its turn takes the focus of the whole program with it; no person is that quick.
-  if (++open_ > 1) Sleep(20);
+  // The display hands out the focus in its own time; no person is quicker. A dialog over another
+  // that is gone before its turn takes the focus of the whole program with it, and what still comes
+  // from one that was there before may cancel a click.
+  if (++shown_ > 1) Sleep(20);
   screen_.pumpUntilIdle();
   if (steps_.empty()) {
     ++unexpected_;
@@ -29,7 +30,6 @@ void WindowsDesk::shown(ui::Form& form) {
     step(form);
   }
   user_.closeWindow(form);
-  --open_;
   form.hide();  // one that would not close ends with its step all the same
 }
 

@@ -62,7 +62,7 @@ class WindowsDesk final : public Desk {
   WindowsUser user_{screen_};
   std::deque<std::function<void(ui::Form&)>> steps_;
   int unexpected_ = 0;
-  int open_ = 0;  // forms shown at present, one over the other
+  int shown_ = 0;  // forms so far
 };
 
 }  // namespace tillora::testing
