@@ -1,4 +1,7 @@
 # Tests mirror the source tree; every *_test.cpp is found. tests/testing holds what tests share.
+#
+# A preset's `ctest` runs all that ./test runs of it. Labels: unit (GoogleTest), script (clients and
+# programs from outside), check (documents, formatting, files that are built), lint, package.
 enable_testing()
 
 set(BUILD_GMOCK OFF CACHE INTERNAL "")
@@ -14,49 +17,56 @@ if(WIN32)
   list(APPEND testing_folders tests/testing/win32)
 endif()
 tillora_sources(testing_sources FOLDERS ${testing_folders})
-if(testing_sources)
-  add_library(tillora_testing STATIC ${testing_sources})
-  tillora_link(tillora_testing
-    tillora_options tillora_win32 tillora_shop tillora_core tillora_windows_libraries gtest)
-endif()
+add_library(tillora_testing STATIC ${testing_sources})
+tillora_link(tillora_testing
+  tillora_options tillora_win32 tillora_shop tillora_core tillora_windows_libraries gtest)
+tillora_precompile(tillora_testing TEST)
 
 file(GLOB_RECURSE all_tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/*_test.cpp)
 list(FILTER all_tests EXCLUDE REGEX "/tests/testing/")
 set(windows_tests ${all_tests})
 list(FILTER windows_tests INCLUDE REGEX
   "/tests/(ui/win32|support/win32|component/automation|host/automation|windows)/")
-# Behaviour that holds with and without windows is tested on both sides.
-set(shared_tests ${all_tests})
-list(FILTER shared_tests INCLUDE REGEX "/tests/shared/")
 set(native_tests ${all_tests})
-if(windows_tests)
-  list(REMOVE_ITEM native_tests ${windows_tests})
+list(REMOVE_ITEM native_tests ${windows_tests})
+# Behaviour that holds with and without windows is tested on both sides. What the tabs do in real
+# windows does not depend on the bitness: 64 bit does. The controls and the dialog are tested on both.
+set(shared_tests ${all_tests})
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  list(FILTER shared_tests INCLUDE REGEX "/tests/shared/")
+else()
+  list(FILTER shared_tests INCLUDE REGEX "/tests/shared/(ui|component)/")
 endif()
 
+set(TILLORA_REPORTS ${PROJECT_BINARY_DIR}/reports)
+file(MAKE_DIRECTORY ${TILLORA_REPORTS})
+
+# tillora_check(<name> <command>...): a test that passes where the command does.
+function(tillora_check name)
+  add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set_tests_properties(${name} PROPERTIES LABELS check TIMEOUT 120)
+endfunction()
+
+# tillora_lint(): the static analysis of what this preset compiles.
+function(tillora_lint)
+  add_test(NAME lint COMMAND tools/lint.sh ${PROJECT_BINARY_DIR}
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set_tests_properties(lint PROPERTIES LABELS lint TIMEOUT 1800)
+endfunction()
+
+# tillora_unit_tests(<name> <program> <report path prefix> [<environment>...])
+function(tillora_unit_tests name program)
+  add_test(NAME ${name} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set(reports ${TILLORA_REPORTS})
+  if(WIN32)
+    set(reports Z:${reports})
+  endif()
+  set_tests_properties(${name} PROPERTIES LABELS unit TIMEOUT 900
+    ENVIRONMENT "GTEST_OUTPUT=xml:${reports}/${name}.xml;GTEST_BRIEF=1;${ARGN}")
+endfunction()
+
 if(WIN32)
-  tillora_windows_program(drive FOLDER tests/drive LINK tillora_testing)
-  tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
-  tillora_program(windows_tests
-    SOURCES ${windows_tests} ${shared_tests}
-    LINK tillora_testing tillora_host_automation tillora_automation
-         tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
-         tillora_windows_libraries gtest_main)
-  if(TARGET windows_tests)
-    # Some tests look at the windows with the eyes of another program.
-    add_dependencies(windows_tests drive)
-    tillora_resources(resources tests/windows
-      ${TILLORA_IDL_DIR}/TilloraOptions.tlb
-      ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md
-      ${PROJECT_SOURCE_DIR}/tests/com_client/com_client.manifest)
-    target_sources(windows_tests PRIVATE ${resources})
-    # What is tested is optimised; optimising the tests would only take time.
-    target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
-  endif()
+  include(windows_tests)
 else()
-  tillora_program(native_tests
-    SOURCES ${native_tests}
-    LINK tillora_testing tillora_shop tillora_core gtest_main)
-  if(TARGET native_tests)
-    add_test(NAME native_tests COMMAND native_tests WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
-  endif()
+  include(native_tests)
 endif()

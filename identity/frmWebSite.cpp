@@ -57,9 +57,9 @@ void frmWebSite::layOut() {
 }
 
 void frmWebSite::onLoad() {
-  const Text mode = EditMode ? u"Edit" : u"Enter";
-  setCaption(mode + u" Web Site Information");
-  lblWebSite[instruction].setCaption(mode + u" the description and URL for the Web site.");
+  setCaption(EditMode ? u"Edit Web Site Information" : u"Enter Web Site Information");
+  lblWebSite[instruction].setCaption(EditMode ? u"Edit the description and URL for the Web site."
+                                              : u"Enter the description and URL for the Web site.");
   txtWebSite[description].setText(Description);
   txtWebSite[url].setText(URL);
   chkInactive.setValue(Inactive);

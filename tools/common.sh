@@ -76,3 +76,20 @@ debian_mirror() {
   apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' "Codename: $1" \
     'Label: Debian' | sort -u | head -1
 }
+
+have_windows_tools() {
+  command -v wine >/dev/null && command -v x86_64-w64-mingw32-g++-posix >/dev/null
+}
+
+# build PRESET TARGET...
+build() {
+  local started=$SECONDS
+  say "building $1"
+  cmake --preset "$1" && cmake --build --preset "$1" --target "${@:2}" || return 1
+  say "built $1 in $((SECONDS - started)) s"
+}
+
+# build_errors LOG: what the compiler or the linker said.
+build_errors() {
+  grep -E -A6 '(error|FAILED): ' "$1" | grep -v '^\[' | head -40 >&2 || tail -40 "$1" >&2
+}

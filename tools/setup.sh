@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
-# setup.sh [--native]: installs the packages that building and testing need and that are missing.
+# setup.sh run|native|windows-x64|windows-x86...: installs the packages that these need and that are missing.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-packages=(g++ cmake ninja-build ccache googletest libbenchmark-dev clang-format clang-tidy-19)
-if [ "${1:-}" != --native ]; then
-  packages+=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools
-    wine wine64 xvfb xdotool imagemagick fonts-wine fonts-liberation
-    binutils zip unzip)
-fi
-# The database's source comes through npm, from wherever npm was installed.
-command -v npm >/dev/null || packages+=(npm)
+packages=(cmake ninja-build)
+for what in "$@"; do
+  case $what in
+    run) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools googletest wine wine64 xvfb xdotool imagemagick
+      fonts-wine fonts-liberation) ;;
+    native) packages+=(g++ ccache googletest python3 clang-format clang-tidy-19 shellcheck) ;;
+    windows-x64) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools wine wine64 xvfb xdotool imagemagick
+      fonts-wine fonts-liberation ccache googletest python3 clang-tidy-19 binutils) ;;
+    windows-x86) packages+=(g++-mingw-w64-i686 zip unzip) ;;
+  esac
+done
 install_packages "${packages[@]}"

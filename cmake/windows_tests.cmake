@@ -1,0 +1,73 @@
+tillora_windows_program(drive FOLDER tests/drive LINK tillora_testing)
+tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
+tillora_program(windows_tests
+  SOURCES ${windows_tests} ${shared_tests}
+  LINK tillora_testing tillora_host_automation tillora_automation
+       tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
+       tillora_windows_libraries gtest_main)
+# Some tests look at the windows with the eyes of another program.
+add_dependencies(windows_tests drive)
+tillora_resources(resources tests/windows
+  ${TILLORA_IDL_DIR}/TilloraOptions.tlb
+  ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md
+  ${PROJECT_SOURCE_DIR}/tests/com_client/com_client.manifest)
+target_sources(windows_tests PRIVATE ${resources})
+# What is tested is optimised; optimising the tests would only take time.
+target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
+tillora_precompile(windows_tests TEST)
+
+# A desk is a Wine prefix and a display of its own (tools/desk.sh); what runs at one desk runs there
+# one after the other, desks run side by side. A desk closes when ctest ends.
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(bits 64)
+  set(unit_desks 1 2)
+else()
+  set(bits 32)
+  set(unit_desks 1)
+endif()
+list(LENGTH unit_desks shards)
+
+# tillora_at_desk(<test> <desk>)
+function(tillora_at_desk test desk)
+  if(NOT TEST desk-${desk})
+    add_test(NAME desk-${desk}
+      COMMAND ${PROJECT_SOURCE_DIR}/tools/desk.sh ${bits}-${desk} ${bits} ${PROJECT_BINARY_DIR})
+    set_tests_properties(desk-${desk} PROPERTIES FIXTURES_SETUP desk-${desk} TIMEOUT 600)
+  endif()
+  set_tests_properties(${test} PROPERTIES
+    FIXTURES_REQUIRED desk-${desk} RESOURCE_LOCK desk-${desk})
+  set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT DESK=${bits}-${desk})
+endfunction()
+
+foreach(shard IN LISTS unit_desks)
+  math(EXPR index "${shard} - 1")
+  tillora_unit_tests(windows_tests-${shard} windows_tests
+    GTEST_TOTAL_SHARDS=${shards} GTEST_SHARD_INDEX=${index})
+  tillora_at_desk(windows_tests-${shard} ${shard})
+endforeach()
+
+# A Wine that runs 32-bit programs runs 64-bit ones too.
+set(pattern "*_test.sh")
+if(bits EQUAL 32)
+  list(APPEND pattern "*_test_with_32.sh")
+endif()
+list(TRANSFORM pattern PREPEND ${PROJECT_SOURCE_DIR}/tests/scripts/)
+file(GLOB scripts CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/tests/scripts ${pattern})
+foreach(script IN LISTS scripts)
+  string(REGEX REPLACE "_test.*$" "" test ${script})
+  add_test(NAME scripts.${test}
+    COMMAND ${PROJECT_SOURCE_DIR}/tests/scripts/run.sh ${script})
+  set_tests_properties(scripts.${test} PROPERTIES LABELS script TIMEOUT 400
+    SKIP_REGULAR_EXPRESSION "(^|\n)skip "
+    ENVIRONMENT "BUILD=${PROJECT_BINARY_DIR};BITS=${bits}")
+  tillora_at_desk(scripts.${test} scripts)
+endforeach()
+
+foreach(server TilloraOptions TilloraHost)
+  tillora_check(${server}.imports tools/check_dll.sh ${PROJECT_BINARY_DIR}/${server}.dll imports)
+endforeach()
+tillora_check(TilloraOptions.size
+  tools/check_dll.sh ${PROJECT_BINARY_DIR}/TilloraOptions.dll size 1500000)
+if(bits EQUAL 64)
+  tillora_lint()
+endif()

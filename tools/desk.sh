@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# desk.sh NAME 64|32 BUILD: a desk for tests of real windows: a Wine prefix and a display of its own, with
+# the automation servers of BUILD registered. It stays open as long as the calling program runs
+# (ctest, as a rule); tools/wine_exec.sh runs programs at the desk that $DESK names.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
+
+name=$1 bits=$2 build=$3
+desk=$REPO/build/desks/$name
+mkdir -p "$(dirname "$desk")"
+
+# Keeps the desk open until the program with this process id has ended.
+hold() {
+  trap '' HUP
+  exec 9>"$desk.lock"
+  flock 9 # a desk of the same name may still be closing
+  display_open 9>&-
+  wine_open "desk-$name" "$bits" 9>&-
+  [ "$bits" = 64 ] || wine_draws || die "this 32-bit Wine draws nothing"
+  wine_register "$build"
+  at_exit "rm -f '$desk.env'"
+  declare -px DISPLAY WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_TMPDIR LC_ALL >"$desk.new"
+  mv "$desk.new" "$desk.env"
+  tail --pid="$1" -f /dev/null 9>&-
+}
+
+rm -f "$desk.env"
+hold "$PPID" >"$desk.log" 2>&1 </dev/null &
+holder=$!
+until [ -e "$desk.env" ]; do
+  if ! kill -0 "$holder" 2>/dev/null; then
+    cat "$desk.log"
+    exit 1
+  fi
+  sleep 0.1
+done
+disown
