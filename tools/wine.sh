@@ -2,11 +2,14 @@
 #
 #   wine_open NAME 64|32|both [DPI]   makes the prefix build/wine/NAME when missing, starts its server;
 #                                afterwards `wine_run` and tools/wine_exec.sh use it. With
-#                                WINE_MANAGED=Y its windows are left to a window manager
+#                                WINE_MANAGED=Y its windows are left to a window manager, with
+#                                WINE_VERSION=10 it is build/wine/NAME-wine10, of that Wine
 #   wine_run SECONDS PROGRAM...  runs a program in it with a time limit
 #   display_open                 starts an X server of our own on a free display and sets DISPLAY
 # Both are closed when the script ends.
-# shellcheck shell=bash
+#
+# WINE_RUNNER is several words, or none:
+# shellcheck shell=bash disable=SC2086
 
 WINE_HOME=${TILLORA_WINE_HOME:-$REPO/build/wine}
 
@@ -73,14 +76,13 @@ wine_run() {
 
 wine_open() {
   local name=$1 bits=$2 dpi=${3:-96}
+  name+=${WINE_VERSION:+-wine$WINE_VERSION}
   export WINEPREFIX=$WINE_HOME/$name WINEDEBUG=${WINEDEBUG:--all}
   export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LC_ALL=C.UTF-8
-  export WINE_RUNNER= WINE_TMPDIR=${TMPDIR:-/tmp}
+  export WINE_RUNNER='' WINE_TMPDIR=${TMPDIR:-/tmp}
   unset WINEARCH
-  if [ "$bits" != 64 ]; then
-    [ "$bits" = both ] || export WINEARCH=win32
-    WINE_RUNNER=$("$REPO/tools/wine32.sh" | tail -1) || return 1
-  fi
+  [ "$bits" != 32 ] || export WINEARCH=win32
+  WINE_RUNNER=$("$REPO/tools/provide_wine.sh" "$bits" | tail -1) || return 1
   mkdir -p "$WINE_HOME"
   WINE_LOG=$WINE_HOME/$name.log
   WINE_STAMP="$WINE_SETTINGS_VERSION $bits $dpi ${WINE_MANAGED:-N} $WINE_RUNNER"
