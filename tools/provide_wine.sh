@@ -77,7 +77,9 @@ provide_chroot() {
   echo "$REPO/tools/provide_wine.sh in $1"
 }
 
+# Debian's Wine 10 crashes where TMPDIR is set.
 run_in_chroot() {
+  unset TMPDIR
   # shellcheck disable=SC2016 # expanded inside
   CHROOT=$(chroot_folder "$1") REPO=$REPO exec unshare -m bash -euc '
     mkdir -p "$CHROOT$REPO"
