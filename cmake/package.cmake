@@ -18,12 +18,17 @@ if(WIN32)
     DESTINATION idl)
   install(FILES component/option_table.inc component/option_changes.inc DESTINATION idl/component)
   install(DIRECTORY clients docs DESTINATION .)
+  file(WRITE ${PROJECT_BINARY_DIR}/package/README.txt
+    "docs/package.md says what is here; docs/host-guide.md is where to begin.\n")
+  install(FILES ${PROJECT_BINARY_DIR}/package/README.txt DESTINATION .)
   install(FILES /usr/share/common-licenses/GPL-3 DESTINATION licences RENAME GPL-3.txt)
   install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright DESTINATION licences RENAME gcc.txt)
   install(FILES /usr/share/doc/mingw-w64-common/copyright
     DESTINATION licences RENAME mingw-w64.txt)
 
-  set(CPACK_GENERATOR ZIP)
+  set(CPACK_GENERATOR External)
+  set(CPACK_EXTERNAL_ENABLE_STAGING ON)
+  set(CPACK_EXTERNAL_PACKAGE_SCRIPT ${PROJECT_SOURCE_DIR}/cmake/package_zip.cmake)
   set(CPACK_PACKAGE_FILE_NAME ${PROJECT_NAME}-${PROJECT_VERSION})
   set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build)
   set(CPACK_VERBATIM_VARIABLES ON)
@@ -31,7 +36,5 @@ if(WIN32)
     list(APPEND CPACK_INSTALL_CMAKE_PROJECTS
       ${PROJECT_SOURCE_DIR}/build/${preset} ${PROJECT_NAME} ALL /)
   endforeach()
-  # One date for all files: the same sources make the same package.
-  set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/one_date.cmake)
   include(CPack)
 endif()

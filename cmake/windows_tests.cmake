@@ -71,3 +71,8 @@ tillora_check(TilloraOptions.size
 if(bits EQUAL 64)
   tillora_lint()
 endif()
+if(bits EQUAL 32)
+  # Of both bitnesses; it builds the libraries again, so nothing may use them meanwhile.
+  add_test(NAME package COMMAND tools/check_package.sh WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set_tests_properties(package PROPERTIES LABELS package RUN_SERIAL ON TIMEOUT 900)
+endif()

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# check_package.sh: builds the package twice, the libraries linked and the type libraries compiled
-# anew in between, and fails where the two differ, where something is missing in them, or where they
-# name a folder of this machine.
+# check_package.sh: makes the package twice, the libraries linked and the type libraries compiled anew
+# in between, and fails where the two differ, where something is missing in them, or where they name
+# a folder of this machine.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/common.sh
@@ -9,39 +9,24 @@ source tools/common.sh
 folder=$(mktemp -d)
 at_exit "rm -rf '$folder'"
 
-tools/package.sh "$folder/first.zip"
-for preset in windows-x64 windows-x86; do
-  rm -f build/"$preset"/Tillora{Options,Host}.dll build/"$preset"/unstripped/Tillora{Options,Host}.dll \
-    build/"$preset"/idl/*.tlb
-done
+tools/package.sh "$folder/first"
+rm -f build/windows-x{64,86}/{,unstripped/}Tillora{Options,Host}.dll build/windows-x{64,86}/idl/*.tlb
 sleep 2 # the time of day in a file has a grain of two seconds at most
-tools/package.sh "$folder/second.zip"
-cmp "$folder/first.zip" "$folder/second.zip"
-say "both are $(sha256sum <"$folder/first.zip" | cut -c1-16)..."
+tools/package.sh "$folder/second"
+cmp "$folder"/first/*.zip "$folder"/second/*.zip
+for generated in build/windows-x64/idl/*.h build/windows-x64/idl/*_i.c; do
+  cmp "$generated" "build/windows-x86/idl/${generated##*/}" # one serves both bitnesses
+done
 
-unzip -q "$folder/first.zip" -d "$folder"
+unzip -q "$folder"/first/*.zip -d "$folder"
 cd "$folder"/TilloraOptions-*/
 version=${PWD##*-}
-while read -r file; do
+for file in {x64,x86}/Tillora{Options,Host}.{dll,tlb} {x64,x86}/TilloraOptions.Component.manifest \
+  include/Tillora{Options.h,Options_i.c,Host.h,Host_i.c} idl/TilloraOptions.idl \
+  idl/component/option_table.inc clients/vbscript/host_in_script.vbs docs/host-guide.md \
+  docs/images/tab-general.png licences/{GPL-3,gcc,mingw-w64}.txt README.txt; do
   [ -s "$file" ] || die "$file is missing"
-done <<FILES
-x64/TilloraOptions.dll
-x64/TilloraOptions.tlb
-x64/TilloraOptions.Component.manifest
-x86/TilloraOptions.dll
-x86/TilloraOptions.tlb
-x86/TilloraOptions.Component.manifest
-include/TilloraOptions.h
-include/TilloraOptions_i.c
-idl/TilloraOptions.idl
-idl/component/option_table.inc
-clients/vbscript/host_in_script.vbs
-docs/host-guide.md
-docs/images/tab-general.png
-licences/GPL-3.txt
-licences/gcc.txt
-licences/mingw-w64.txt
-FILES
+done
 
 grep -qi "RUNTIME LIBRARY EXCEPTION" licences/gcc.txt || die "the exception is not in licences/gcc.txt"
 for bits in x64 x86; do

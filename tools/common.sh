@@ -1,6 +1,7 @@
 # Shared by the scripts: messages, packages, clean-up. Sourced, not run.
 # shellcheck shell=bash
 
+# shellcheck disable=SC2034 # for those that source this
 REPO=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 say() { printf '== %s\n' "$*"; }
@@ -73,6 +74,7 @@ update_and_install() {
 
 # debian_mirror RELEASE: the address of the machine's own Debian archive, from apt's sources.
 debian_mirror() {
+  # shellcheck disable=SC2016 # apt expands it
   apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' "Codename: $1" \
     'Label: Debian' | sort -u | head -1
 }

@@ -7,7 +7,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
 
 name=$1 bits=$2 build=$3
-desk=$REPO/build/desks/$name
+desk=$REPO/build/desks/$name${WINE_VERSION:+-wine$WINE_VERSION}
 mkdir -p "$(dirname "$desk")"
 
 # Keeps the desk open until the program with this process id has ended.

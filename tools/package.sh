@@ -11,4 +11,4 @@ for preset in windows-x64 windows-x86; do
     die "the build failed"
   }
 done
-TZ=UTC cpack --config build/windows-x64/CPackConfig.cmake -B "$(realpath -m "${1:-build}")"
+cpack --config build/windows-x64/CPackConfig.cmake -B "$(realpath -m "${1:-build}")"

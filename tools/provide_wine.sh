@@ -96,10 +96,13 @@ case ${WINE_VERSION:-}:${1:-} in
   10:*) provide_chroot trixie ;;
   :64) echo ;;
   :32 | :both)
-    if multiarch_installed || one_at_a_time install_multiarch >&2; then
+    release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
+    if [ -e "$(chroot_folder "$release")/.complete" ]; then
+      provide_chroot "$release"
+    elif multiarch_installed || one_at_a_time install_multiarch >&2; then
       echo
     else
-      provide_chroot "$(. /etc/os-release && echo "${VERSION_CODENAME:-}")"
+      provide_chroot "$release"
     fi
     ;;
   *) die "usage: [WINE_VERSION=8|10] provide_wine.sh 64|32|both, or provide_wine.sh in RELEASE COMMAND" ;;

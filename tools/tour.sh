@@ -37,7 +37,7 @@ drive() { wine_run 60 "$build/drive.exe" "$@"; }
 
 # picture NAME [TITLE]: the dialog as it looks once two pictures in a row agree.
 picture() {
-  local before= now
+  local before='' now
   for _ in $(seq 20); do
     now=$(import -window root rgba:- | sha256sum)
     [ "$now" != "$before" ] || break

@@ -4,7 +4,7 @@
 # path in $WINE.
 set -euo pipefail
 # shellcheck source=/dev/null
-[ -z "${DESK:-}" ] || source "$(dirname "${BASH_SOURCE[0]}")/../build/desks/$DESK.env"
+[ -z "${DESK:-}" ] || source "$(dirname "${BASH_SOURCE[0]}")/../build/desks/$DESK${WINE_VERSION:+-wine$WINE_VERSION}.env"
 # Wine finds the server of a prefix by way of TMPDIR; with another one it would start a second server
 # on the same prefix, which knows neither its programs nor what was registered just before.
 export TMPDIR=${WINE_TMPDIR:-${TMPDIR:-/tmp}}
