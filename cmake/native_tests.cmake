@@ -1,7 +1,7 @@
 tillora_program(native_tests
   SOURCES ${native_tests}
   LINK tillora_testing tillora_shop tillora_core gtest_main)
-tillora_precompile(native_tests REUSE tillora_testing)
+tillora_together(native_tests REUSE tillora_testing)
 tillora_unit_tests(native_tests native_tests)
 
 # Of the sources and documents, once for all presets.

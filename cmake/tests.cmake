@@ -20,7 +20,7 @@ tillora_sources(testing_sources FOLDERS ${testing_folders})
 add_library(tillora_testing STATIC ${testing_sources})
 tillora_link(tillora_testing
   tillora_options tillora_win32 tillora_shop tillora_core tillora_windows_libraries gtest)
-tillora_precompile(tillora_testing TEST)
+tillora_together(tillora_testing HEADERS TEST)
 
 file(GLOB_RECURSE all_tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/*_test.cpp)
 list(FILTER all_tests EXCLUDE REGEX "/tests/testing/")

@@ -10,7 +10,7 @@ target_link_libraries(tillora_windows_libraries INTERFACE
 tillora_static_library(tillora_win32
   FOLDERS ui/win32 support/win32
   LINK tillora_core tillora_windows_libraries)
-tillora_precompile(tillora_win32 WINDOWS)
+tillora_together(tillora_win32 HEADERS WINDOWS)
 
 # The version stands in the top CMakeLists.txt; the resources take it from here.
 configure_file(${PROJECT_SOURCE_DIR}/cmake/tillora_version.h.in
@@ -44,7 +44,7 @@ function(tillora_automation_server name)
   set(objects ${arg_STATIC}_objects)
   add_library(${objects} OBJECT ${sources})
   tillora_link(${objects} tillora_options ${name}_idl ${arg_LINK} tillora_windows_libraries)
-  tillora_precompile(${objects} REUSE tillora_win32)
+  tillora_together(${objects} REUSE tillora_win32)
 
   add_library(${arg_STATIC} STATIC $<TARGET_OBJECTS:${objects}>)
   set_target_properties(${arg_STATIC} PROPERTIES LINKER_LANGUAGE CXX)

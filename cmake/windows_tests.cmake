@@ -14,7 +14,7 @@ tillora_resources(resources tests/windows
 target_sources(windows_tests PRIVATE ${resources})
 # What is tested is optimised; optimising the tests would only take time.
 target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
-tillora_precompile(windows_tests TEST)
+tillora_together(windows_tests HEADERS TEST)
 
 # A desk is a Wine prefix and a display of its own (tools/desk.sh); what runs at one desk runs there
 # one after the other, desks run side by side. A desk closes when ctest ends.

@@ -10,13 +10,12 @@ namespace {
 
 using ui::Cell;
 
-constexpr ui::Size kClientSize{5400, 1980};
 constexpr int kPictureSide = 480;
-constexpr std::size_t kShortest = 4;
-constexpr int kLongest = 16;
+constexpr std::size_t kShortestPassword = 4;
+constexpr int kLongestPassword = 16;
 
 bool isTooShort(const ui::TextBox& box) {
-  return !box.text().empty() && box.text().size() < kShortest;
+  return !box.text().empty() && box.text().size() < kShortestPassword;
 }
 
 }  // namespace
@@ -43,13 +42,13 @@ ui::ControlArray<ui::TextBox> frmPasswordSet::makeBoxes() {
   ui::ControlArray<ui::TextBox> boxes;
   for (int i = oldPassword; i <= confirmPassword; ++i) {
     lblPassword.set(i, add<ui::Label>(kCaptions[static_cast<std::size_t>(i)]));
-    boxes.set(i, add<ui::TextBox>()).setMaxLength(kLongest).setPasswordCharacter(u'*');
+    boxes.set(i, add<ui::TextBox>()).setMaxLength(kLongestPassword).setPasswordCharacter(u'*');
   }
   return boxes;
 }
 
 void frmPasswordSet::layOut() {
-  setClientSize(kClientSize);
+  setClientSize({5400, 1980});
   ui::Rows::buttonRow(*this, {&cmdCommand[ok], &cmdCommand[cancel]});
   auto columns = ui::Rows::onPage(*this).columns({kPictureSide, Cell::kFill});
   columns[0].block(imgPassword, kPictureSide);

@@ -4,12 +4,6 @@
 #include "ui/layout.h"
 
 namespace tillora {
-namespace {
-
-constexpr ui::Size kClientSize{7500, 2850};
-
-}  // namespace
-
 frmWebSite::frmWebSite(const Platform& platform, Messages& messages)
     : EditDialog(platform.screen, Text()),
       chkInactive(makeFields()),
@@ -45,7 +39,7 @@ void frmWebSite::makeButtons() {
 }
 
 void frmWebSite::layOut() {
-  setClientSize(kClientSize);
+  setClientSize({7500, 2850});
   ui::Rows::buttonRow(*this, {&cmdWebSite[ok], &cmdWebSite[cancel]});
   ui::Rows rows = ui::Rows::onPage(*this);
   rows.row({{lblWebSite[instruction], ui::Cell::kFill}});

@@ -33,8 +33,6 @@ constexpr std::array<ReportBox, 9> kReportBoxes = {{
 
 constexpr std::int32_t kOpenDrawerBit = 1 << Report::openDrawer;
 
-constexpr ui::Size kClientSize{8700, 4500};
-
 std::int32_t maskOf(const ui::ControlArray<ui::CheckBox>& boxes) {
   std::int32_t mask = 0;
   for (const std::int32_t bit : tickedBits(boxes)) mask |= bit;
@@ -75,7 +73,7 @@ void frmEODDefaultReports::makeButtons() {
 }
 
 void frmEODDefaultReports::layOut() {
-  setClientSize(kClientSize);
+  setClientSize({8700, 4500});
   ui::Rows::buttonRow(*this, {&cmdCommand[selectAll], &cmdCommand[deselectAll], &cmdCommand[ok],
                               &cmdCommand[cancel]});
   ui::Rows rows = ui::Rows::onPage(*this);

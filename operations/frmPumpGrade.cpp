@@ -5,12 +5,6 @@
 #include "ui/layout.h"
 
 namespace tillora {
-namespace {
-
-constexpr ui::Size kClientSize{6300, 1950};
-
-}  // namespace
-
 frmPumpGrade::frmPumpGrade(ui::Screen& screen)
     : EditDialog(screen, u"Edit Pump Grade Information") {
   makeControls();
@@ -38,7 +32,7 @@ void frmPumpGrade::makeControls() {
 }
 
 void frmPumpGrade::layOut() {
-  setClientSize(kClientSize);
+  setClientSize({6300, 1950});
   ui::Rows::buttonRow(*this, {&cmdPumpGrade[ok], &cmdPumpGrade[cancel]});
   const auto& label = lblPumpGrade;
   ui::Rows rows = ui::Rows::onPage(*this);

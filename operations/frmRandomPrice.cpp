@@ -11,7 +11,6 @@ namespace {
 
 using ui::Cell;
 
-constexpr ui::Size kClientSize{7500, 5250};
 constexpr int kPrefixWidth = 600;
 constexpr int kExampleWidth = 1800;
 constexpr int kLegendLines = 3;
@@ -76,7 +75,7 @@ void frmRandomPrice::makeButtons() {
 void frmRandomPrice::layOut() {
   const auto& label = lblLabel;
   const auto& box = txtRandomPrice;
-  setClientSize(kClientSize);
+  setClientSize({7500, 5250});
   ui::Rows::buttonRow(*this, {&cmdCommand[ok], &cmdCommand[cancel]});
 
   ui::Rows rows = ui::Rows::onPage(*this);

@@ -12,7 +12,7 @@ namespace {
 
 using Boxes = ui::ControlArray<ui::TextBox>;
 using Labels = ui::ControlArray<ui::Label>;
-using Table = std::span<const ReportCaption>;
+using Captions = std::span<const ReportCaption>;
 
 constexpr ui::Size kClientSize{10650, 8850};
 constexpr int kMargin = 120;
@@ -22,9 +22,9 @@ constexpr int kNoteLines = 8;
 constexpr TextView kTitlesName = u"Report Titles";
 constexpr TextView kDetailsName = u"Report Detail captions";
 
-void addBoxes(ui::Frame& page, Table table, Labels& labels, Boxes& boxes) {
+void addBoxes(ui::Frame& page, Captions captions, Labels& labels, Boxes& boxes) {
   int index = 0;
-  for (const ReportCaption& caption : table) {
+  for (const ReportCaption& caption : captions) {
     labels.set(index, page.add<ui::Label>(Text(caption.label())));
     boxes.set(index++, page.add<ui::TextBox>());
   }
@@ -52,10 +52,10 @@ bool anyBlank(const Boxes& boxes) {
 
 enum class Fill : std::uint8_t { blanks, all };
 
-void fillWithDefaults(const Boxes& boxes, Table table, Fill which) {
+void fillWithDefaults(const Boxes& boxes, Captions captions, Fill which) {
   for (const auto& [index, box] : boxes) {
     if (which == Fill::blanks && !isBlank(*box)) continue;
-    box->setText(table[static_cast<std::size_t>(index)].standard);
+    box->setText(captions[static_cast<std::size_t>(index)].standard);
   }
 }
 

@@ -21,7 +21,6 @@ using ui::Cell;
 constexpr std::int32_t kHighestGrade = 15;
 constexpr std::int32_t kReservedGrade = 12;  // for the pump console
 
-constexpr int kListHeight = 3000;
 constexpr int kUnitWidth = 1800;
 
 std::int32_t numberOf(const Text& grade) { return std::stoi(toUtf8(grade)); }
@@ -70,7 +69,7 @@ void PumpGrades::makeReceiptOptions() {
 void PumpGrades::layOut() {
   ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::pump));
   rows.row({{lblPump[assignments], Cell::kFill}});
-  rows.block(ltvPump, kListHeight);
+  rows.block(ltvPump, 3000);
   rows.row({{cmdPump[add]}, {cmdPump[remove]}, {cmdPump[edit]}});
   rows.row({{lblPump[note], Cell::kFill}});
   rows.gap();

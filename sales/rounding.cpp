@@ -25,7 +25,7 @@ constexpr std::int16_t kUsualDecimalPlaces = 2;
 
 constexpr int kDirectionWidth = 1200;
 constexpr int kStepWidth = 1500;
-constexpr int kCaptionWidth = 3600;
+constexpr int kReportCaptionWidth = 3600;
 
 // What a step is worth: the smallest unit is a ten-thousandth times 10 for each decimal place less.
 Money amountOf(int step, int decimalPlaces) {
@@ -111,8 +111,10 @@ void Rounding::layOut() {
                                  {label[nearest]},
                                  {cboRounding[step], kStepWidth}});
   tendering.field(cmdBrowse, {{txtRoundingCaption[item], Cell::kFill}});
-  tendering.field(label[captionOfRounded], {{txtRoundingCaption[roundedCaption], kCaptionWidth}});
-  tendering.field(label[captionOfVariance], {{txtRoundingCaption[varianceCaption], kCaptionWidth}});
+  tendering.field(label[captionOfRounded],
+                  {{txtRoundingCaption[roundedCaption], kReportCaptionWidth}});
+  tendering.field(label[captionOfVariance],
+                  {{txtRoundingCaption[varianceCaption], kReportCaptionWidth}});
   page.endGroup(fraTendering, tendering);
 
   ui::Rows tax = page.group(fraTax);

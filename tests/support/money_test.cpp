@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/testing/number_locales.h"
+
 namespace tillora {
 namespace {
 
-const NumberLocale kAustralia;
-const NumberLocale kGermany{u",", u".", u"\u20ac"};
+using testing::kAustralia;
+using testing::kGermany;
 
 std::int64_t amount(TextView text) {
   return toMoney(text, kAustralia).value_or(Money{-1}).tenThousandths;

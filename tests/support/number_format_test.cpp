@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/testing/number_locales.h"
+
 namespace tillora {
 namespace {
 
-const NumberLocale kAustralia;
-const NumberLocale kGermany{u",", u".", u"\u20ac"};
+using testing::kAustralia;
+using testing::kGermany;
 
 Text format(double value, TextView format) { return formatNumber(value, format, kAustralia); }
 

@@ -6,11 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "tests/testing/number_locales.h"
+
 namespace tillora {
 namespace {
 
-const NumberLocale kAustralia;
-const NumberLocale kGermany{u",", u".", u"\u20ac"};
+using testing::kAustralia;
+using testing::kGermany;
 
 TEST(ToNumber, ReadsDigitsSignsAndDecimals) {
   EXPECT_EQ(toNumber(u"0", kAustralia), 0);

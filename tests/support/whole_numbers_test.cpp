@@ -4,12 +4,14 @@
 
 #include <vector>
 
+#include "tests/testing/number_locales.h"
 #include "ui/keys.h"
 
 namespace tillora {
 namespace {
 
-const NumberLocale kAustralia;
+using testing::kAustralia;
+
 constexpr auto kLargest = std::numeric_limits<std::int64_t>::max();
 constexpr auto kSmallest = std::numeric_limits<std::int64_t>::min();
 

@@ -13,7 +13,6 @@ namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using Part = EndOfDay;
 
 constexpr int kChecks = 9;
 constexpr int kTotals = 5;
@@ -21,14 +20,14 @@ constexpr std::int32_t bit(int index) { return std::int32_t{1} << index; }
 
 class EndOfDayTest : public OptionsTest {
  protected:
-  static Part& part(frmOptions& dialog) { return dialog.tab<Part>(); }
+  static EndOfDay& part(frmOptions& dialog) { return dialog.tab<EndOfDay>(); }
   static ui::CheckBox& check(frmOptions& dialog, int index) { return part(dialog).chkEOD[index]; }
   static ui::CheckBox& total(frmOptions& dialog, int index) {
     return part(dialog).chkEODReconcile[index];
   }
   static ui::TextBox& days(frmOptions& dialog) { return part(dialog).txtEOD; }
   static ui::ComboBox& period(frmOptions& dialog) { return part(dialog).cboTimeReportPeriod; }
-  static ui::CommandButton& button(frmOptions& dialog, Part::Command which) {
+  static ui::CommandButton& button(frmOptions& dialog, EndOfDay::Command which) {
     return part(dialog).cmdReports[which];
   }
 
@@ -55,11 +54,11 @@ class EndOfDayTest : public OptionsTest {
   }
   void expectReconciliation(frmOptions& dialog, bool enabled) {
     for (int i = 0; i < kTotals; ++i) EXPECT_EQ(total(dialog, i).enabled(), enabled) << i;
-    EXPECT_EQ(part(dialog).lblEOD[Part::showTotals].enabled(), enabled);
-    EXPECT_TRUE(part(dialog).lblEOD[Part::showTotals].visible());
-    EXPECT_EQ(part(dialog).lblEOD[Part::showTotalsShadow].visible(), !enabled);
+    EXPECT_EQ(part(dialog).lblEOD[EndOfDay::showTotals].enabled(), enabled);
+    EXPECT_TRUE(part(dialog).lblEOD[EndOfDay::showTotals].visible());
+    EXPECT_EQ(part(dialog).lblEOD[EndOfDay::showTotalsShadow].visible(), !enabled);
     for (int i = 0; i < kChecks; ++i) {
-      EXPECT_EQ(check(dialog, i).enabled(), enabled || i != Part::reconcileOnResetOnly) << i;
+      EXPECT_EQ(check(dialog, i).enabled(), enabled || i != EndOfDay::reconcileOnResetOnly) << i;
     }
   }
   void expectRefusal() {
@@ -109,7 +108,7 @@ class EndOfDayTest : public OptionsTest {
       user.paste(text);
       user.press(Key::enter);
     });
-    user.click(button(dialog, Part::reportCaptions));
+    user.click(button(dialog, EndOfDay::reportCaptions));
   }
 };
 
@@ -138,16 +137,16 @@ TEST_F(EndOfDayTest, TheTextsOfThePage) {
       EXPECT_EQ(total(dialog, i).caption(), totals[static_cast<std::size_t>(i)]);
     }
     const auto& label = part(dialog).lblEOD;
-    EXPECT_EQ(label[Part::historyDays].caption(), u"Number of days to keep historical data");
-    EXPECT_EQ(label[Part::historyNote].caption(), u"(Maximum of 2 years of data allowed)");
-    EXPECT_EQ(label[Part::showTotals].caption(), u"Show on Cash Drawer Reconciliation page...");
+    EXPECT_EQ(label[EndOfDay::historyDays].caption(), u"Number of days to keep historical data");
+    EXPECT_EQ(label[EndOfDay::historyNote].caption(), u"(Maximum of 2 years of data allowed)");
+    EXPECT_EQ(label[EndOfDay::showTotals].caption(), u"Show on Cash Drawer Reconciliation page...");
     EXPECT_EQ(part(dialog).lblReports[0].caption(), u"P&eriod for Time Report");
     EXPECT_EQ(part(dialog).chkReports[0].caption(), u"&Print the Non-Resetable Grand Total (NRGT)");
-    EXPECT_EQ(button(dialog, Part::defaultReports).caption(), u"Default Reports...");
-    EXPECT_EQ(button(dialog, Part::defaultReports).toolTip(),
+    EXPECT_EQ(button(dialog, EndOfDay::defaultReports).caption(), u"Default Reports...");
+    EXPECT_EQ(button(dialog, EndOfDay::defaultReports).toolTip(),
               u"Select the default reports for End-Of-Day processing");
-    EXPECT_EQ(button(dialog, Part::reportCaptions).caption(), u"Change &Report Captions...");
-    EXPECT_EQ(button(dialog, Part::reportCaptions).toolTip(), u"Set captions for the reports");
+    EXPECT_EQ(button(dialog, EndOfDay::reportCaptions).caption(), u"Change &Report Captions...");
+    EXPECT_EQ(button(dialog, EndOfDay::reportCaptions).toolTip(), u"Set captions for the reports");
     EXPECT_EQ(period(dialog).items(),
               (std::vector<Text>{u"Every 15 Minutes", u"Every 30 Minutes", u"Hourly",
                                  u"Every 2 Hours", u"Every 3 Hours", u"Every 4 Hours",
@@ -187,7 +186,7 @@ TEST_F(EndOfDayTest, EachStoredBitTicksItsBox) {
     openPage([&](frmOptions& dialog) {
       EXPECT_EQ(shownBits(part(dialog).chkEOD), bit(i));
       EXPECT_EQ(shownBits(part(dialog).chkEODReconcile), bit(i % kTotals));
-      expectReconciliation(dialog, i == Part::reconcileDrawer);
+      expectReconciliation(dialog, i == EndOfDay::reconcileDrawer);
       EXPECT_FALSE(applyEnabled(dialog));
     });
   }
@@ -197,7 +196,7 @@ TEST_F(EndOfDayTest, EachBoxEnablesApplyAndIsSavedAsItsBit) {
   host.store(options::EODReconcileTotalFlags, bit(2));
   openPage([&](frmOptions& dialog) {
     for (int i = 0; i < kChecks; ++i) {
-      if (i == Part::reconcileOnResetOnly) continue;
+      if (i == EndOfDay::reconcileOnResetOnly) continue;
       user.click(check(dialog, i));
       EXPECT_TRUE(applyEnabled(dialog)) << i;
       apply(dialog);
@@ -261,13 +260,13 @@ TEST_F(EndOfDayTest, ReconcilingEnablesItsGroupAsOneAndKeepsItsTicks) {
   openPage([&](frmOptions& dialog) {
     expectReconciliation(dialog, false);
     for (const bool on : {true, false, true}) {
-      user.click(check(dialog, Part::reconcileDrawer));
+      user.click(check(dialog, EndOfDay::reconcileDrawer));
       expectReconciliation(dialog, on);
-      EXPECT_TRUE(check(dialog, Part::reconcileOnResetOnly).value());
+      EXPECT_TRUE(check(dialog, EndOfDay::reconcileOnResetOnly).value());
       EXPECT_EQ(shownBits(part(dialog).chkEODReconcile), 0x15);
     }
     user.click(total(dialog, 0));
-    user.click(check(dialog, Part::reconcileDrawer));
+    user.click(check(dialog, EndOfDay::reconcileDrawer));
     user.click(dialog.cmdCommand[frmOptions::ok]);
   });
   EXPECT_EQ(host.value(options::EODOptionFlags), 0x2);
@@ -277,9 +276,9 @@ TEST_F(EndOfDayTest, ReconcilingEnablesItsGroupAsOneAndKeepsItsTicks) {
 TEST_F(EndOfDayTest, ADisabledTotalCannotBeClicked) {
   openPage([&](frmOptions& dialog) {
     user.click(total(dialog, 0));
-    user.click(check(dialog, Part::reconcileOnResetOnly));
+    user.click(check(dialog, EndOfDay::reconcileOnResetOnly));
     EXPECT_FALSE(total(dialog, 0).value());
-    EXPECT_FALSE(check(dialog, Part::reconcileOnResetOnly).value());
+    EXPECT_FALSE(check(dialog, EndOfDay::reconcileOnResetOnly).value());
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
@@ -287,8 +286,8 @@ TEST_F(EndOfDayTest, ADisabledTotalCannotBeClicked) {
 TEST_F(EndOfDayTest, TheDisabledLabelIsEngraved) {
   openPage([&](frmOptions& dialog) {
     const ui::Size pixel = desk->screen().twipsPerPixel();
-    const ui::Label& label = part(dialog).lblEOD[Part::showTotals];
-    const ui::Label& shadow = part(dialog).lblEOD[Part::showTotalsShadow];
+    const ui::Label& label = part(dialog).lblEOD[EndOfDay::showTotals];
+    const ui::Label& shadow = part(dialog).lblEOD[EndOfDay::showTotalsShadow];
     EXPECT_EQ(shadow.caption(), label.caption());
     EXPECT_EQ(shadow.foreColour(), ui::kButtonHighlight);
     EXPECT_EQ(shadow.bounds().left, label.bounds().left + pixel.width);
@@ -468,7 +467,7 @@ TEST_F(EndOfDayTest, UntickingEveryTotalBlocksApplyAndAnyOneTotalLetsItThrough) 
       EXPECT_FALSE(applyEnabled(dialog)) << i;
       user.click(total(dialog, i));
     }
-    user.click(check(dialog, Part::reconcileDrawer));
+    user.click(check(dialog, EndOfDay::reconcileDrawer));
     apply(dialog);
     EXPECT_FALSE(applyEnabled(dialog));
   });
@@ -548,8 +547,8 @@ TEST_F(EndOfDayTest, DefaultReportsAreTakenOverByOkAndSavedByApply) {
       user.click(reports.chkReports[3]);
       user.press(Key::enter);
     });
-    user.click(button(dialog, Part::defaultReports));
-    EXPECT_TRUE(button(dialog, Part::defaultReports).hasFocus());
+    user.click(button(dialog, EndOfDay::defaultReports));
+    EXPECT_TRUE(button(dialog, EndOfDay::defaultReports).hasFocus());
     EXPECT_TRUE(applyEnabled(dialog));
     EXPECT_EQ(host.value(options::EODDefaultReportBits), 0x201);
 
@@ -557,7 +556,7 @@ TEST_F(EndOfDayTest, DefaultReportsAreTakenOverByOkAndSavedByApply) {
       EXPECT_EQ(shownBits(reports.chkReports), 0x209);
       user.press(Key::escape);
     });
-    user.click(button(dialog, Part::defaultReports));
+    user.click(button(dialog, EndOfDay::defaultReports));
     apply(dialog);
     EXPECT_EQ(host.value(options::EODDefaultReportBits), 0x209);
   });
@@ -574,7 +573,7 @@ TEST_F(EndOfDayTest, CancelledDefaultReportsChangeNothing) {
         user.click(reports.chkReports[0]);
         leave(reports);
       });
-      user.click(button(dialog, Part::defaultReports));
+      user.click(button(dialog, EndOfDay::defaultReports));
       EXPECT_FALSE(applyEnabled(dialog));
     }
     touch(dialog);
@@ -596,17 +595,17 @@ TEST_F(EndOfDayTest, TheBalanceReportIsForcedByItsOptionSavedOrNot) {
         EXPECT_EQ(reports.chkReports[0].enabled(), !forced);
         EXPECT_EQ(reports.chkReports[0].value(), forced);
       });
-      user.click(button(dialog, Part::defaultReports));
+      user.click(button(dialog, EndOfDay::defaultReports));
     };
     expectForced(false);
-    user.click(check(dialog, Part::balanceReportOnReset));
+    user.click(check(dialog, EndOfDay::balanceReportOnReset));
     expectForced(true);
     apply(dialog);
     expectForced(true);
-    user.click(check(dialog, Part::balanceReportOnReset));
+    user.click(check(dialog, EndOfDay::balanceReportOnReset));
     expectForced(false);
     for (int i = 0; i < kChecks; ++i) {
-      if (i != Part::balanceReportOnReset) user.click(check(dialog, i));
+      if (i != EndOfDay::balanceReportOnReset) user.click(check(dialog, i));
     }
     expectForced(false);
   });
@@ -617,7 +616,7 @@ TEST_F(EndOfDayTest, CaptionsAreStoredAtApplyOnly) {
   host.settings[setting] = u"Old";
   openPage([&](frmOptions& dialog) {
     rename(dialog, 0, u"B&alance Report");
-    EXPECT_TRUE(button(dialog, Part::reportCaptions).hasFocus());
+    EXPECT_TRUE(button(dialog, EndOfDay::reportCaptions).hasFocus());
     EXPECT_TRUE(applyEnabled(dialog));
     EXPECT_EQ(host.settings, (std::map<Text, Text>{{setting, u"Old"}}));
     apply(dialog);
@@ -628,7 +627,7 @@ TEST_F(EndOfDayTest, CaptionsAreStoredAtApplyOnly) {
     inCaptions([&](frmReportCaptions& captions) {
       EXPECT_EQ(captions.txtReportTitleCaption[0].text(), u"B&alance Report");
     });
-    user.click(button(dialog, Part::reportCaptions));
+    user.click(button(dialog, EndOfDay::reportCaptions));
   });
 }
 
@@ -639,7 +638,7 @@ TEST_F(EndOfDayTest, CaptionsThatWereCancelledOrNotAppliedAreForgotten) {
       user.type(u"x");
       user.press(Key::escape);
     });
-    user.click(button(dialog, Part::reportCaptions));
+    user.click(button(dialog, EndOfDay::reportCaptions));
     EXPECT_FALSE(applyEnabled(dialog));
     rename(dialog, 1, u"Dropped");
     user.press(Key::escape);
@@ -651,7 +650,7 @@ TEST_F(EndOfDayTest, CaptionsThatWereCancelledOrNotAppliedAreForgotten) {
         EXPECT_EQ(box->text(), kReportTitles[static_cast<std::size_t>(index)].standard);
       }
     });
-    user.click(button(dialog, Part::reportCaptions));
+    user.click(button(dialog, EndOfDay::reportCaptions));
   });
 }
 
@@ -663,7 +662,7 @@ TEST_F(EndOfDayTest, ARenamedReportIsCalledSoAmongTheDefaultReportsAtOnce) {
       user.accessKey(u'b');
       EXPECT_TRUE(reports.chkReports[frmEODDefaultReports::salesJournal].value());
     });
-    user.click(button(dialog, Part::defaultReports));
+    user.click(button(dialog, EndOfDay::defaultReports));
   });
 }
 
@@ -688,7 +687,7 @@ TEST_F(EndOfDayTest, LongAndOddCaptionsAreKept) {
     inDefaultReports([&](frmEODDefaultReports& reports) {
       EXPECT_EQ(reports.chkReports[frmEODDefaultReports::groupSales].caption(), odd);
     });
-    user.click(button(dialog, Part::defaultReports));
+    user.click(button(dialog, EndOfDay::defaultReports));
     rename(dialog, 3, Text(10000, u'x'));
     touch(dialog);
   });
@@ -723,7 +722,7 @@ TEST_F(EndOfDayTest, AFailureInADialogOverThisOneIsRaised) {
       host.failingCall = "Title";
       user.press(Key::enter);
     });
-    user.click(button(dialog, Part::defaultReports));
+    user.click(button(dialog, EndOfDay::defaultReports));
   });
   FakeHost::expectFailure([&] { options_.ShowOptions(); });
   EXPECT_TRUE(host.stored.empty());
@@ -740,7 +739,7 @@ TEST_F(EndOfDayTest, TabWalksThroughThePageInOrder) {
                                              &check(dialog, 4),
                                              &check(dialog, 2),
                                              &days(dialog),
-                                             &button(dialog, Part::defaultReports),
+                                             &button(dialog, EndOfDay::defaultReports),
                                              &check(dialog, 0),
                                              &check(dialog, 1),
                                              &total(dialog, 0),
@@ -750,7 +749,7 @@ TEST_F(EndOfDayTest, TabWalksThroughThePageInOrder) {
                                              &total(dialog, 4),
                                              &period(dialog),
                                              &part(dialog).chkReports[0],
-                                             &button(dialog, Part::reportCaptions)};
+                                             &button(dialog, EndOfDay::reportCaptions)};
     for (std::size_t i = 0; i < order.size(); ++i) {
       EXPECT_TRUE(order[i]->hasFocus()) << i;
       user.press(Key::tab);
@@ -765,11 +764,11 @@ TEST_F(EndOfDayTest, AccessKeysReachTheirControls) {
     user.accessKey(u'e');
     EXPECT_TRUE(period(dialog).hasFocus());
     user.accessKey(u'n');
-    EXPECT_TRUE(check(dialog, Part::reportsMustBePrinted).hasFocus());
+    EXPECT_TRUE(check(dialog, EndOfDay::reportsMustBePrinted).hasFocus());
     EXPECT_FALSE(applyEnabled(dialog));
     inCaptions([](frmReportCaptions&) {});
     user.accessKey(u'r');
-    EXPECT_TRUE(button(dialog, Part::reportCaptions).hasFocus());
+    EXPECT_TRUE(button(dialog, EndOfDay::reportCaptions).hasFocus());
     user.accessKey(u'p');
     EXPECT_TRUE(part(dialog).chkReports[0].value());
   });
@@ -794,7 +793,7 @@ TEST_F(EndOfDayTest, AReportIsRenamedAndItsPeriodChosenByKeyboardAlone) {
 
 TEST_F(EndOfDayTest, WhatIsStoredIsReadAgainByTheNextDialog) {
   editPage([&](frmOptions& dialog) {
-    user.click(check(dialog, Part::reconcileDrawer));
+    user.click(check(dialog, EndOfDay::reconcileDrawer));
     user.click(total(dialog, 4));
     user.click(days(dialog));
     user.type(u"90");
@@ -809,7 +808,7 @@ TEST_F(EndOfDayTest, WhatIsStoredIsReadAgainByTheNextDialog) {
     EXPECT_EQ(period(dialog).text(), u"Every 12 Hours");
     EXPECT_TRUE(part(dialog).chkReports[0].value());
     EXPECT_FALSE(applyEnabled(dialog));
-    user.click(check(dialog, Part::reconcileDrawer));
+    user.click(check(dialog, EndOfDay::reconcileDrawer));
     user.press(Key::escape);
   });
   EXPECT_EQ(host.value(options::EODOptionFlags), 0x1);

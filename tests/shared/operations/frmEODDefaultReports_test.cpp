@@ -7,7 +7,6 @@ namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using Dialog = frmEODDefaultReports;
 
 constexpr int kReports = 9;
 constexpr std::int32_t kAllReports = 0x1FF;
@@ -29,8 +28,9 @@ class EODDefaultReportsTest : public OptionsTest {
     std::int32_t bits = 0;
   };
   /// Shows the dialog; without another end it is closed by its close box after `act`.
-  Result choose(std::int32_t bits, bool forced, const std::function<void(Dialog&)>& act) {
-    Dialog dialog(desk->screen(), messages);
+  Result choose(std::int32_t bits, bool forced,
+                const std::function<void(frmEODDefaultReports&)>& act) {
+    frmEODDefaultReports dialog(desk->screen(), messages);
     dialog.AppObject = options_.AppObject;
     dialog.Titles = titles;
     dialog.ReportBits = bits;
@@ -39,7 +39,7 @@ class EODDefaultReportsTest : public OptionsTest {
     dialog.showModal();
     return {dialog.Cancelled(), dialog.ReportBits};
   }
-  static std::int32_t shown(const Dialog& dialog) {
+  static std::int32_t shown(const frmEODDefaultReports& dialog) {
     std::int32_t mask = 0;
     for (const auto& [index, box] : dialog.chkReports) mask |= box->value() ? 1 << index : 0;
     return mask;
@@ -63,17 +63,18 @@ TEST_F(EODDefaultReportsTest, AnAmpersandBeforeABlankIsNoAccessKeyAndOneBeforeAn
   titles[static_cast<std::size_t>(ReportTitle::balance)] = u"Profit & Loss";
   titles[static_cast<std::size_t>(ReportTitle::productSales)] = u"&\u00DCbersicht";
   titles[static_cast<std::size_t>(ReportTitle::salesPerson)] = u"Ta&x";
-  choose(0, false, [&](Dialog& dialog) {
-    EXPECT_EQ(dialog.chkReports[Dialog::drawerBalance].caption(), u"Profit & Loss");
+  choose(0, false, [&](frmEODDefaultReports& dialog) {
+    EXPECT_EQ(dialog.chkReports[frmEODDefaultReports::drawerBalance].caption(), u"Profit & Loss");
     EXPECT_FALSE(dialog.userAccessKey(u' '));
     EXPECT_TRUE(dialog.userAccessKey(u'\u00FC'));
     user.accessKey(u'x');
-    EXPECT_EQ(shown(dialog), 1 << Dialog::productSales | 1 << Dialog::salesPerson);
+    EXPECT_EQ(shown(dialog),
+              1 << frmEODDefaultReports::productSales | 1 << frmEODDefaultReports::salesPerson);
   });
 }
 
 TEST_F(EODDefaultReportsTest, TheTextsOfTheDialog) {
-  choose(0, false, [&](Dialog& dialog) {
+  choose(0, false, [&](frmEODDefaultReports& dialog) {
     EXPECT_EQ(dialog.caption(), u"Default Reports - EOD Processing");
     EXPECT_EQ(dialog.lblLabel.caption(),
               u"Select the reports that should be automatically printed when performing an "
@@ -103,15 +104,15 @@ TEST_F(EODDefaultReportsTest, TheTextsOfTheDialog) {
       EXPECT_EQ(command->caption(), commands[static_cast<std::size_t>(index)].first);
       EXPECT_EQ(command->toolTip(), commands[static_cast<std::size_t>(index)].second);
     }
-    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[Dialog::ok]);
-    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[Dialog::cancel]);
+    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[frmEODDefaultReports::ok]);
+    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[frmEODDefaultReports::cancel]);
   });
 }
 
 TEST_F(EODDefaultReportsTest, EachBitIsShownInItsBoxAndHandedBack) {
-  for (int i = 0; i <= Dialog::openDrawer; ++i) {
-    const std::int32_t bits = 1 << i | (i == Dialog::openDrawer ? 1 : 0);
-    const Result result = choose(bits, false, [&](Dialog& dialog) {
+  for (int i = 0; i <= frmEODDefaultReports::openDrawer; ++i) {
+    const std::int32_t bits = 1 << i | (i == frmEODDefaultReports::openDrawer ? 1 : 0);
+    const Result result = choose(bits, false, [&](frmEODDefaultReports& dialog) {
       EXPECT_EQ(shown(dialog), bits);
       user.press(Key::enter);
     });
@@ -122,9 +123,9 @@ TEST_F(EODDefaultReportsTest, EachBitIsShownInItsBoxAndHandedBack) {
 
 TEST_F(EODDefaultReportsTest, EachBoxIsHandedBackAsItsBit) {
   for (int i = 0; i < kReports; ++i) {
-    const Result result = choose(0, false, [&](Dialog& dialog) {
+    const Result result = choose(0, false, [&](frmEODDefaultReports& dialog) {
       user.click(dialog.chkReports[i]);
-      user.click(dialog.cmdCommand[Dialog::ok]);
+      user.click(dialog.cmdCommand[frmEODDefaultReports::ok]);
     });
     EXPECT_EQ(result.bits, 1 << i);
   }
@@ -132,12 +133,12 @@ TEST_F(EODDefaultReportsTest, EachBoxIsHandedBackAsItsBit) {
 }
 
 TEST_F(EODDefaultReportsTest, BitsWithoutABoxAreGoneAfterOk) {
-  const Result result = choose(-1, false, [&](Dialog&) { user.press(Key::enter); });
+  const Result result = choose(-1, false, [&](frmEODDefaultReports&) { user.press(Key::enter); });
   EXPECT_EQ(result.bits, kAllReports | kDrawerBit);
 }
 
 TEST_F(EODDefaultReportsTest, AForcedBalanceReportIsTickedAndCannotBeUnticked) {
-  const Result result = choose(0, true, [&](Dialog& dialog) {
+  const Result result = choose(0, true, [&](frmEODDefaultReports& dialog) {
     EXPECT_EQ(shown(dialog), 0x1);
     EXPECT_FALSE(dialog.chkReports[0].enabled());
     user.click(dialog.chkReports[0]);
@@ -146,7 +147,7 @@ TEST_F(EODDefaultReportsTest, AForcedBalanceReportIsTickedAndCannotBeUnticked) {
   });
   EXPECT_FALSE(result.cancelled);
   EXPECT_EQ(result.bits, 0x1);
-  choose(0, false, [&](Dialog& dialog) {
+  choose(0, false, [&](frmEODDefaultReports& dialog) {
     EXPECT_TRUE(dialog.chkReports[0].enabled());
     EXPECT_FALSE(dialog.chkReports[0].value());
   });
@@ -154,17 +155,17 @@ TEST_F(EODDefaultReportsTest, AForcedBalanceReportIsTickedAndCannotBeUnticked) {
 
 TEST_F(EODDefaultReportsTest, SelectAllLeavesTheDrawerBoxAlone) {
   for (const std::int32_t drawer : {0, kDrawerBit}) {
-    const Result result = choose(drawer | 0x4, false, [&](Dialog& dialog) {
-      user.click(dialog.cmdCommand[Dialog::selectAll]);
+    const Result result = choose(drawer | 0x4, false, [&](frmEODDefaultReports& dialog) {
+      user.click(dialog.cmdCommand[frmEODDefaultReports::selectAll]);
       EXPECT_EQ(shown(dialog), kAllReports | drawer);
-      user.click(dialog.cmdCommand[Dialog::deselectAll]);
+      user.click(dialog.cmdCommand[frmEODDefaultReports::deselectAll]);
       EXPECT_EQ(shown(dialog), drawer);
       user.accessKey(u'd');  // the key of a title too: it walks and presses nothing
       EXPECT_EQ(shown(dialog), drawer);
-      user.click(dialog.cmdCommand[Dialog::selectAll]);
+      user.click(dialog.cmdCommand[frmEODDefaultReports::selectAll]);
       user.press(Key::enter);  // in the button that has the focus
       EXPECT_TRUE(dialog.isShown());
-      user.click(dialog.cmdCommand[Dialog::ok]);
+      user.click(dialog.cmdCommand[frmEODDefaultReports::ok]);
     });
     EXPECT_EQ(result.bits, kAllReports | drawer);
   }
@@ -172,12 +173,12 @@ TEST_F(EODDefaultReportsTest, SelectAllLeavesTheDrawerBoxAlone) {
 
 TEST_F(EODDefaultReportsTest, SelectAndDeselectAllLeaveAForcedReportTicked) {
   for (const std::int32_t drawer : {0, kDrawerBit}) {
-    choose(drawer, true, [&](Dialog& dialog) {
-      user.click(dialog.cmdCommand[Dialog::deselectAll]);
+    choose(drawer, true, [&](frmEODDefaultReports& dialog) {
+      user.click(dialog.cmdCommand[frmEODDefaultReports::deselectAll]);
       EXPECT_EQ(shown(dialog), 0x1 | drawer);
-      user.click(dialog.cmdCommand[Dialog::selectAll]);
+      user.click(dialog.cmdCommand[frmEODDefaultReports::selectAll]);
       EXPECT_EQ(shown(dialog), kAllReports | drawer);
-      user.click(dialog.cmdCommand[Dialog::deselectAll]);
+      user.click(dialog.cmdCommand[frmEODDefaultReports::deselectAll]);
       EXPECT_EQ(shown(dialog), 0x1 | drawer);
       EXPECT_FALSE(dialog.chkReports[0].enabled());
     });
@@ -186,11 +187,11 @@ TEST_F(EODDefaultReportsTest, SelectAndDeselectAllLeaveAForcedReportTicked) {
 
 TEST_F(EODDefaultReportsTest, NoReportIsRefusedAndTheDialogStaysOpen) {
   for (const std::int32_t bits : {0, kDrawerBit}) {
-    const Result result = choose(bits, false, [&](Dialog& dialog) {
+    const Result result = choose(bits, false, [&](frmEODDefaultReports& dialog) {
       user.press(Key::enter);
       EXPECT_TRUE(dialog.isShown());
       expectRefusal();
-      user.click(dialog.cmdCommand[Dialog::ok]);
+      user.click(dialog.cmdCommand[frmEODDefaultReports::ok]);
       EXPECT_TRUE(dialog.isShown());
       expectRefusal();
       EXPECT_EQ(shown(dialog), bits);
@@ -204,18 +205,20 @@ TEST_F(EODDefaultReportsTest, NoReportIsRefusedAndTheDialogStaysOpen) {
 }
 
 TEST_F(EODDefaultReportsTest, EveryOtherWayOutIsCancelling) {
-  const std::vector<std::function<void(Dialog&)>> ways = {
-      [&](Dialog&) { user.press(Key::escape); },
-      [&](Dialog& dialog) { user.click(dialog.cmdCommand[Dialog::cancel]); },
-      [&](Dialog&) { user.press(Key::f4, {.alt = true}); },
-      [&](Dialog& dialog) { user.closeWindow(dialog); },
-      [&](Dialog& dialog) {
-        user.click(dialog.cmdCommand[Dialog::deselectAll]);
+  const std::vector<std::function<void(frmEODDefaultReports&)>> ways = {
+      [&](frmEODDefaultReports&) { user.press(Key::escape); },
+      [&](frmEODDefaultReports& dialog) {
+        user.click(dialog.cmdCommand[frmEODDefaultReports::cancel]);
+      },
+      [&](frmEODDefaultReports&) { user.press(Key::f4, {.alt = true}); },
+      [&](frmEODDefaultReports& dialog) { user.closeWindow(dialog); },
+      [&](frmEODDefaultReports& dialog) {
+        user.click(dialog.cmdCommand[frmEODDefaultReports::deselectAll]);
         user.press(Key::enter);
         user.press(Key::escape);
       }};
   for (const auto& leave : ways) {
-    const Result result = choose(0x3, false, [&](Dialog& dialog) {
+    const Result result = choose(0x3, false, [&](frmEODDefaultReports& dialog) {
       user.click(dialog.chkReports[5]);
       leave(dialog);
       EXPECT_FALSE(dialog.isShown());
@@ -227,7 +230,7 @@ TEST_F(EODDefaultReportsTest, EveryOtherWayOutIsCancelling) {
 }
 
 TEST_F(EODDefaultReportsTest, EachShowStartsFromItsValues) {
-  Dialog dialog(desk->screen(), messages);
+  frmEODDefaultReports dialog(desk->screen(), messages);
   dialog.Titles = titles;
   for (const bool forced : {true, false}) {
     dialog.ReportBits = 0x8;
@@ -244,12 +247,13 @@ TEST_F(EODDefaultReportsTest, EachShowStartsFromItsValues) {
 }
 
 TEST_F(EODDefaultReportsTest, TabWalksFromTheReportsToTheButtons) {
-  choose(0x1, false, [&](Dialog& dialog) {
+  choose(0x1, false, [&](frmEODDefaultReports& dialog) {
     for (const int report : {0, 3, 6, 7, 8, 1, 2, 5, 4, 9}) {
       EXPECT_TRUE(dialog.chkReports[report].hasFocus()) << report;
       user.press(Key::tab);
     }
-    for (const int command : {Dialog::selectAll, Dialog::deselectAll, Dialog::ok, Dialog::cancel}) {
+    for (const int command : {frmEODDefaultReports::selectAll, frmEODDefaultReports::deselectAll,
+                              frmEODDefaultReports::ok, frmEODDefaultReports::cancel}) {
       EXPECT_TRUE(dialog.cmdCommand[command].hasFocus()) << command;
       user.press(Key::tab);
     }
@@ -257,7 +261,7 @@ TEST_F(EODDefaultReportsTest, TabWalksFromTheReportsToTheButtons) {
 }
 
 TEST_F(EODDefaultReportsTest, ReportsAreChosenByKeyboardAlone) {
-  const Result result = choose(0x1, false, [&](Dialog& dialog) {
+  const Result result = choose(0x1, false, [&](frmEODDefaultReports& dialog) {
     user.accessKey(u'j');
     user.accessKey(u'o');
     user.press(Key::tab);
@@ -270,7 +274,7 @@ TEST_F(EODDefaultReportsTest, ReportsAreChosenByKeyboardAlone) {
 }
 
 TEST_F(EODDefaultReportsTest, EverythingFitsIntoTheDialog) {
-  choose(0, false, [&](Dialog& dialog) {
+  choose(0, false, [&](frmEODDefaultReports& dialog) {
     const auto& screen = desk->screen();
     int top = dialog.clientSize().height;
     for (const auto& [index, command] : dialog.cmdCommand) {
@@ -290,7 +294,7 @@ TEST_F(EODDefaultReportsTest, EverythingFitsIntoTheDialog) {
 TEST_F(EODDefaultReportsTest, AVeryLongTitleIsShownForWhatItIs) {
   titles[0] = Text(10000, u'W');
   titles[4] = u"";
-  choose(0x1, false, [&](Dialog& dialog) {
+  choose(0x1, false, [&](frmEODDefaultReports& dialog) {
     EXPECT_EQ(dialog.chkReports[0].caption(), titles[0]);
     EXPECT_LE(dialog.chkReports[0].bounds().right(), dialog.clientSize().width);
     EXPECT_EQ(dialog.chkReports[3].caption(), u"");
@@ -301,7 +305,7 @@ TEST_F(EODDefaultReportsTest, AVeryLongTitleIsShownForWhatItIs) {
 
 TEST_F(EODDefaultReportsTest, TheTitleOfTheProgramIsReadWhenItIsNeeded) {
   const auto calls = [&] { return host.callsStarting("Title").size(); };
-  choose(0, false, [&](Dialog&) {
+  choose(0, false, [&](frmEODDefaultReports&) {
     EXPECT_EQ(calls(), 0U);
     host.title = u"Tillora Back Office";
     user.press(Key::enter);
@@ -312,7 +316,7 @@ TEST_F(EODDefaultReportsTest, TheTitleOfTheProgramIsReadWhenItIsNeeded) {
 
 TEST_F(EODDefaultReportsTest, AFailureOfTheHostIsRaised) {
   host.failingCall = "Title";
-  EXPECT_THROW(choose(0, false, [&](Dialog&) { user.press(Key::enter); }), Error);
+  EXPECT_THROW(choose(0, false, [&](frmEODDefaultReports&) { user.press(Key::enter); }), Error);
   EXPECT_TRUE(boxes.shown.empty());
 }
 

@@ -10,7 +10,6 @@ namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using Part = frmRandomPrice;
 
 class FrmRandomPriceTest : public OptionsTest {
  protected:
@@ -33,21 +32,22 @@ class FrmRandomPriceTest : public OptionsTest {
   void accept(const std::function<void()>& act) {
     show([&] {
       act();
-      user.click(editor.cmdCommand[Part::ok]);
+      user.click(editor.cmdCommand[frmRandomPrice::ok]);
     });
     EXPECT_FALSE(editor.Cancelled());
   }
   ui::TextBox& box(int index) { return editor.txtRandomPrice[index]; }
   ui::CheckBox& check(int index) { return editor.chkRandomPrice[index]; }
-  const Text& example() { return box(Part::example).text(); }
+  const Text& example() { return box(frmRandomPrice::example).text(); }
   void expectCaptionsEnabled(bool enabled) {
-    for (const int i : {Part::unitCaption, Part::priceUnitCaption}) {
+    for (const int i : {frmRandomPrice::unitCaption, frmRandomPrice::priceUnitCaption}) {
       EXPECT_EQ(box(i).enabled(), enabled);
     }
-    for (const int i : {Part::ofUnitCaption, Part::ofPriceUnitCaption}) {
+    for (const int i : {frmRandomPrice::ofUnitCaption, frmRandomPrice::ofPriceUnitCaption}) {
       EXPECT_EQ(editor.lblLabel[i].enabled(), enabled);
     }
-    for (const int i : {Part::shadowOfUnitCaption, Part::shadowOfPriceUnitCaption}) {
+    for (const int i :
+         {frmRandomPrice::shadowOfUnitCaption, frmRandomPrice::shadowOfPriceUnitCaption}) {
       EXPECT_EQ(editor.lblLabel[i].visible(), !enabled);
     }
   }
@@ -63,14 +63,14 @@ TEST_F(FrmRandomPriceTest, ShowsWhatTheCallerHasSet) {
   editor.UOMUnitCaption = u"litre";
   editor.UOMPriceUnitCaption = u" per litre ";
   show([&] {
-    EXPECT_EQ(box(Part::prefix).text(), u"02");
+    EXPECT_EQ(box(frmRandomPrice::prefix).text(), u"02");
     EXPECT_EQ(editor.cboRandomPrice.listIndex(), 4);
     EXPECT_EQ(example(), u"0211112233334");
-    EXPECT_TRUE(check(Part::inactive).value());
-    EXPECT_FALSE(check(Part::priceIncludesTax).value());
-    EXPECT_TRUE(check(Part::calculateUnitOfMeasure).value());
-    EXPECT_EQ(box(Part::unitCaption).text(), u"litre");
-    EXPECT_EQ(box(Part::priceUnitCaption).text(), u" per litre ");
+    EXPECT_TRUE(check(frmRandomPrice::inactive).value());
+    EXPECT_FALSE(check(frmRandomPrice::priceIncludesTax).value());
+    EXPECT_TRUE(check(frmRandomPrice::calculateUnitOfMeasure).value());
+    EXPECT_EQ(box(frmRandomPrice::unitCaption).text(), u"litre");
+    EXPECT_EQ(box(frmRandomPrice::priceUnitCaption).text(), u" per litre ");
     EXPECT_FALSE(editor.Cancelled());
   });
 }
@@ -79,14 +79,14 @@ TEST_F(FrmRandomPriceTest, ItsTexts) {
   show([&] {
     EXPECT_EQ(editor.caption(), u"Random Price Barcode Format");
     const auto& label = editor.lblLabel;
-    EXPECT_EQ(label[Part::ofPrefix].caption(), u"Prefix");
-    EXPECT_EQ(label[Part::ofFormat].caption(), u"&Barcode Format");
-    EXPECT_EQ(label[Part::ofExample].caption(), u"Example");
+    EXPECT_EQ(label[frmRandomPrice::ofPrefix].caption(), u"Prefix");
+    EXPECT_EQ(label[frmRandomPrice::ofFormat].caption(), u"&Barcode Format");
+    EXPECT_EQ(label[frmRandomPrice::ofExample].caption(), u"Example");
     EXPECT_EQ(label[3].caption(),
               u"The first two numbers are the Prefix, then\r\n1 = Product Number, 2 = Price Check "
               u"Digit,\r\n3 = Price, 4 = Barcode Check Digit");
-    EXPECT_EQ(label[Part::ofUnitCaption].caption(), u"C&aption for Unit");
-    EXPECT_EQ(label[Part::ofPriceUnitCaption].caption(), u"Cap&tion for Price per Unit");
+    EXPECT_EQ(label[frmRandomPrice::ofUnitCaption].caption(), u"C&aption for Unit");
+    EXPECT_EQ(label[frmRandomPrice::ofPriceUnitCaption].caption(), u"Cap&tion for Price per Unit");
     EXPECT_EQ(check(0).caption(), u"&Random price barcodes with this Prefix are inactive");
     EXPECT_EQ(check(1).caption(), u"&Price includes tax");
     EXPECT_EQ(check(2).caption(), u"Calculate &Unit of Measure");
@@ -135,7 +135,7 @@ TEST_F(FrmRandomPriceTest, ThePrefixIsShownWithTwoDigitsOrMore) {
   for (const auto& [prefix, shown] : prefixes) {
     editor.Prefix = prefix;
     accept([&, &text = shown] {
-      EXPECT_EQ(box(Part::prefix).text(), text);
+      EXPECT_EQ(box(frmRandomPrice::prefix).text(), text);
       EXPECT_EQ(example(), text + u"11111133334");
     });
     EXPECT_EQ(editor.Prefix, prefix);
@@ -206,10 +206,10 @@ TEST_F(FrmRandomPriceTest, OptionBitsWithoutABoxAreGoneAfterOkAndKeptByCancel) {
 
 TEST_F(FrmRandomPriceTest, TheInactiveBoxIsNoOptionBit) {
   editor.OptionBits = 0;
-  accept([&] { user.click(check(Part::inactive)); });
+  accept([&] { user.click(check(frmRandomPrice::inactive)); });
   EXPECT_TRUE(editor.Inactive);
   EXPECT_EQ(editor.OptionBits, 0);
-  accept([&] { user.click(check(Part::inactive)); });
+  accept([&] { user.click(check(frmRandomPrice::inactive)); });
   EXPECT_FALSE(editor.Inactive);
 }
 
@@ -217,15 +217,15 @@ TEST_F(FrmRandomPriceTest, CaptionsAreEnabledWhileTheUnitOfMeasureIsCalculated) 
   editor.OptionBits = 1;
   show([&] {
     expectCaptionsEnabled(false);
-    user.click(check(Part::calculateUnitOfMeasure));
+    user.click(check(frmRandomPrice::calculateUnitOfMeasure));
     expectCaptionsEnabled(true);
-    user.click(check(Part::priceIncludesTax));
-    user.click(check(Part::inactive));
+    user.click(check(frmRandomPrice::priceIncludesTax));
+    user.click(check(frmRandomPrice::inactive));
     expectCaptionsEnabled(true);
-    user.click(check(Part::calculateUnitOfMeasure));
+    user.click(check(frmRandomPrice::calculateUnitOfMeasure));
     expectCaptionsEnabled(false);
-    user.click(check(Part::priceIncludesTax));
-    user.click(check(Part::inactive));
+    user.click(check(frmRandomPrice::priceIncludesTax));
+    user.click(check(frmRandomPrice::inactive));
     expectCaptionsEnabled(false);
   });
   editor.OptionBits = 2;
@@ -237,8 +237,9 @@ TEST_F(FrmRandomPriceTest, ADisabledCaptionLabelIsEngraved) {
   show([&] {
     const ui::Size pixel = desk->screen().twipsPerPixel();
     for (const auto& [index, shadowIndex] :
-         {std::pair{Part::ofUnitCaption, Part::shadowOfUnitCaption},
-          std::pair{Part::ofPriceUnitCaption, Part::shadowOfPriceUnitCaption}}) {
+         {std::pair{frmRandomPrice::ofUnitCaption, frmRandomPrice::shadowOfUnitCaption},
+          std::pair{frmRandomPrice::ofPriceUnitCaption,
+                    frmRandomPrice::shadowOfPriceUnitCaption}}) {
       const ui::Label& label = editor.lblLabel[index];
       const ui::Label& shadow = editor.lblLabel[shadowIndex];
       EXPECT_EQ(shadow.caption(), label.caption());
@@ -253,13 +254,13 @@ TEST_F(FrmRandomPriceTest, ADisabledCaptionLabelIsEngraved) {
 
 TEST_F(FrmRandomPriceTest, UntickingTheUnitOfMeasureKeepsTheTypedCaptions) {
   accept([&] {
-    user.click(box(Part::unitCaption));
+    user.click(box(frmRandomPrice::unitCaption));
     user.type(u"pound");
-    user.click(box(Part::priceUnitCaption));
+    user.click(box(frmRandomPrice::priceUnitCaption));
     user.type(u"/lb");
-    user.click(check(Part::calculateUnitOfMeasure));
-    EXPECT_EQ(box(Part::unitCaption).text(), u"pound");
-    EXPECT_EQ(box(Part::priceUnitCaption).text(), u"/lb");
+    user.click(check(frmRandomPrice::calculateUnitOfMeasure));
+    EXPECT_EQ(box(frmRandomPrice::unitCaption).text(), u"pound");
+    EXPECT_EQ(box(frmRandomPrice::priceUnitCaption).text(), u"/lb");
   });
   EXPECT_EQ(editor.OptionBits, 1);
   EXPECT_EQ(editor.UOMUnitCaption, u"pound");
@@ -268,17 +269,17 @@ TEST_F(FrmRandomPriceTest, UntickingTheUnitOfMeasureKeepsTheTypedCaptions) {
 
 TEST_F(FrmRandomPriceTest, CaptionsAreTakenAsTypedWhateverTheyAre) {
   accept([&] {
-    user.click(box(Part::unitCaption));
+    user.click(box(frmRandomPrice::unitCaption));
     user.press(Key::del);
-    user.click(box(Part::priceUnitCaption));
+    user.click(box(frmRandomPrice::priceUnitCaption));
     user.press(Key::del);
   });
   EXPECT_EQ(editor.UOMUnitCaption, u"");
   EXPECT_EQ(editor.UOMPriceUnitCaption, u"");
   accept([&] {
-    user.click(box(Part::unitCaption));
+    user.click(box(frmRandomPrice::unitCaption));
     user.type(u"  O'Neil; a|b ");
-    user.click(box(Part::priceUnitCaption));
+    user.click(box(frmRandomPrice::priceUnitCaption));
     user.paste(Text(2000, u'x'));
   });
   EXPECT_EQ(editor.UOMUnitCaption, u"  O'Neil; a|b ");
@@ -287,7 +288,7 @@ TEST_F(FrmRandomPriceTest, CaptionsAreTakenAsTypedWhateverTheyAre) {
 
 TEST_F(FrmRandomPriceTest, PrefixAndExampleAreShownButNotEdited) {
   accept([&] {
-    for (const int index : {Part::example, Part::prefix}) {
+    for (const int index : {frmRandomPrice::example, frmRandomPrice::prefix}) {
       const Text before = box(index).text();
       user.click(box(index));
       EXPECT_TRUE(box(index).hasFocus());
@@ -313,7 +314,7 @@ TEST_F(FrmRandomPriceTest, EveryTextBoxSelectsItsTextOnFocus) {
 
 TEST_F(FrmRandomPriceTest, OnlyOkAccepts) {
   const std::vector<std::function<void()>> ways = {
-      [&] { user.click(editor.cmdCommand[Part::cancel]); },
+      [&] { user.click(editor.cmdCommand[frmRandomPrice::cancel]); },
       [&] { user.accessKey(u'c'); },
       [&] { user.press(Key::escape); },
       [&] { user.press(Key::f4, {.alt = true}); },
@@ -322,11 +323,11 @@ TEST_F(FrmRandomPriceTest, OnlyOkAccepts) {
   for (const auto& leave : ways) {
     show([&] {
       user.choose(editor.cboRandomPrice, 4);
-      user.click(check(Part::inactive));
-      user.click(check(Part::priceIncludesTax));
-      user.click(box(Part::unitCaption));
+      user.click(check(frmRandomPrice::inactive));
+      user.click(check(frmRandomPrice::priceIncludesTax));
+      user.click(box(frmRandomPrice::unitCaption));
       user.type(u"other");
-      user.click(box(Part::priceUnitCaption));
+      user.click(box(frmRandomPrice::priceUnitCaption));
       user.type(u"other");
       leave();
       EXPECT_FALSE(editor.isShown());
@@ -341,9 +342,10 @@ TEST_F(FrmRandomPriceTest, OnlyOkAccepts) {
 }
 
 TEST_F(FrmRandomPriceTest, EnterAcceptsFromAnywhereButCancel) {
-  const std::vector<ui::Control*> controls = {
-      &box(Part::prefix), &editor.cboRandomPrice, &check(Part::priceIncludesTax),
-      &box(Part::priceUnitCaption), &editor.cmdCommand[Part::ok]};
+  const std::vector<ui::Control*> controls = {&box(frmRandomPrice::prefix), &editor.cboRandomPrice,
+                                              &check(frmRandomPrice::priceIncludesTax),
+                                              &box(frmRandomPrice::priceUnitCaption),
+                                              &editor.cmdCommand[frmRandomPrice::ok]};
   for (ui::Control* control : controls) {
     show([&] {
       EXPECT_TRUE(control->setFocus());
@@ -353,7 +355,7 @@ TEST_F(FrmRandomPriceTest, EnterAcceptsFromAnywhereButCancel) {
     EXPECT_FALSE(editor.Cancelled());
   }
   show([&] {
-    EXPECT_TRUE(editor.cmdCommand[Part::cancel].setFocus());
+    EXPECT_TRUE(editor.cmdCommand[frmRandomPrice::cancel].setFocus());
     user.press(Key::enter);
   });
   EXPECT_TRUE(editor.Cancelled());
@@ -362,7 +364,7 @@ TEST_F(FrmRandomPriceTest, EnterAcceptsFromAnywhereButCancel) {
 TEST_F(FrmRandomPriceTest, EachShowStartsFromTheCallersValues) {
   show([&] {
     user.choose(editor.cboRandomPrice, 3);
-    user.click(check(Part::calculateUnitOfMeasure));
+    user.click(check(frmRandomPrice::calculateUnitOfMeasure));
     user.press(Key::escape);
   });
   EXPECT_TRUE(editor.Cancelled());
@@ -371,37 +373,40 @@ TEST_F(FrmRandomPriceTest, EachShowStartsFromTheCallersValues) {
     EXPECT_EQ(editor.cboRandomPrice.count(), 5);
     EXPECT_EQ(editor.cboRandomPrice.listIndex(), -1);
     EXPECT_EQ(example(), u"");
-    EXPECT_TRUE(check(Part::calculateUnitOfMeasure).value());
+    EXPECT_TRUE(check(frmRandomPrice::calculateUnitOfMeasure).value());
     expectCaptionsEnabled(true);
   });
 }
 
 TEST_F(FrmRandomPriceTest, TabWalksInOrderPastDisabledCaptions) {
   show([&] {
-    const std::vector<ui::Control*> order = {&box(Part::prefix),
+    const std::vector<ui::Control*> order = {&box(frmRandomPrice::prefix),
                                              &editor.cboRandomPrice,
-                                             &box(Part::example),
-                                             &check(Part::priceIncludesTax),
-                                             &check(Part::calculateUnitOfMeasure),
-                                             &box(Part::unitCaption),
-                                             &box(Part::priceUnitCaption),
-                                             &check(Part::inactive),
-                                             &editor.cmdCommand[Part::ok],
-                                             &editor.cmdCommand[Part::cancel],
-                                             &box(Part::prefix)};
+                                             &box(frmRandomPrice::example),
+                                             &check(frmRandomPrice::priceIncludesTax),
+                                             &check(frmRandomPrice::calculateUnitOfMeasure),
+                                             &box(frmRandomPrice::unitCaption),
+                                             &box(frmRandomPrice::priceUnitCaption),
+                                             &check(frmRandomPrice::inactive),
+                                             &editor.cmdCommand[frmRandomPrice::ok],
+                                             &editor.cmdCommand[frmRandomPrice::cancel],
+                                             &box(frmRandomPrice::prefix)};
     expectTabOrder(order);
-    user.click(check(Part::calculateUnitOfMeasure));
+    user.click(check(frmRandomPrice::calculateUnitOfMeasure));
     user.press(Key::tab);
-    EXPECT_TRUE(check(Part::inactive).hasFocus());
+    EXPECT_TRUE(check(frmRandomPrice::inactive).hasFocus());
   });
 }
 
 TEST_F(FrmRandomPriceTest, AccessKeysReachTheirControls) {
   accept([&] {
     const std::vector<std::pair<char16_t, ui::Control*>> keys = {
-        {u'b', &editor.cboRandomPrice},       {u'a', &box(Part::unitCaption)},
-        {u't', &box(Part::priceUnitCaption)}, {u'p', &check(Part::priceIncludesTax)},
-        {u'r', &check(Part::inactive)},       {u'u', &check(Part::calculateUnitOfMeasure)}};
+        {u'b', &editor.cboRandomPrice},
+        {u'a', &box(frmRandomPrice::unitCaption)},
+        {u't', &box(frmRandomPrice::priceUnitCaption)},
+        {u'p', &check(frmRandomPrice::priceIncludesTax)},
+        {u'r', &check(frmRandomPrice::inactive)},
+        {u'u', &check(frmRandomPrice::calculateUnitOfMeasure)}};
     for (const auto& [key, control] : keys) {
       user.accessKey(key);
       EXPECT_TRUE(control->hasFocus()) << static_cast<char>(key);
@@ -422,14 +427,15 @@ TEST_F(FrmRandomPriceTest, TheAccessKeysOfDisabledCaptionsLeadNowhere) {
     }
     user.accessKey(u'u');
     user.accessKey(u't');
-    EXPECT_TRUE(box(Part::priceUnitCaption).hasFocus());
+    EXPECT_TRUE(box(frmRandomPrice::priceUnitCaption).hasFocus());
   });
 }
 
 TEST_F(FrmRandomPriceTest, EverythingHasItsPlaceAndNothingOverlaps) {
   show([&] {
-    const std::set<const ui::Control*> shadows = {&editor.lblLabel[Part::shadowOfUnitCaption],
-                                                  &editor.lblLabel[Part::shadowOfPriceUnitCaption]};
+    const std::set<const ui::Control*> shadows = {
+        &editor.lblLabel[frmRandomPrice::shadowOfUnitCaption],
+        &editor.lblLabel[frmRandomPrice::shadowOfPriceUnitCaption]};
     const std::function<void(const ui::Container&)> check = [&](const ui::Container& holder) {
       std::vector<ui::Rect> places;
       for (const auto& control : holder.children()) {
@@ -452,7 +458,7 @@ TEST_F(FrmRandomPriceTest, EverythingHasItsPlaceAndNothingOverlaps) {
     check(editor);
     const int longest = desk->screen().textWidth(editor.FormatDescriptions[5]);
     EXPECT_GT(editor.cboRandomPrice.bounds().width, longest);
-    EXPECT_GT(box(Part::example).bounds().width, desk->screen().textWidth(example()));
+    EXPECT_GT(box(frmRandomPrice::example).bounds().width, desk->screen().textWidth(example()));
   });
 }
 

@@ -7,7 +7,6 @@ namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using Dialog = frmReportCaptions;
 
 std::vector<Text> defaultsOf(std::span<const ReportCaption> table) {
   std::vector<Text> texts;
@@ -33,8 +32,8 @@ class ReportCaptionsDialogTest : public OptionsTest {
 
   /// Shows the dialog with `titles` and `details`, which become what is handed back.
   /// @return whether it was cancelled
-  bool show(const std::function<void(Dialog&)>& act) {
-    Dialog dialog(desk->screen(), messages);
+  bool show(const std::function<void(frmReportCaptions&)>& act) {
+    frmReportCaptions dialog(desk->screen(), messages);
     dialog.Titles = titles;
     dialog.Details = details;
     desk->whenShown([&](ui::Form&) { act(dialog); });
@@ -81,16 +80,16 @@ class ReportCaptionsDialogTest : public OptionsTest {
 };
 
 TEST_F(ReportCaptionsDialogTest, TheTextsOfTheDialog) {
-  show([&](Dialog& dialog) {
+  show([&](frmReportCaptions& dialog) {
     EXPECT_EQ(dialog.caption(), u"Report Captions");
     EXPECT_EQ(dialog.tabReportCaptions.tabs(),
               (std::vector<Text>{u"Report Titles", u"Report Detail Captions"}));
-    EXPECT_EQ(dialog.cmdCommand[Dialog::ok].caption(), u"OK");
-    EXPECT_EQ(dialog.cmdCommand[Dialog::cancel].caption(), u"Cancel");
-    const auto& resetTitles = dialog.cmdCommand[Dialog::resetTitles];
+    EXPECT_EQ(dialog.cmdCommand[frmReportCaptions::ok].caption(), u"OK");
+    EXPECT_EQ(dialog.cmdCommand[frmReportCaptions::cancel].caption(), u"Cancel");
+    const auto& resetTitles = dialog.cmdCommand[frmReportCaptions::resetTitles];
     EXPECT_EQ(resetTitles.caption(), u"R&eset Report Title Captions");
     EXPECT_EQ(resetTitles.toolTip(), u"Reset the report titles to the default captions");
-    const auto& resetDetails = dialog.cmdCommand[Dialog::resetDetails];
+    const auto& resetDetails = dialog.cmdCommand[frmReportCaptions::resetDetails];
     EXPECT_EQ(resetDetails.caption(), u"R&eset Report Detail Captions");
     EXPECT_EQ(resetDetails.toolTip(), u"Reset the report detail captions to the default captions");
     EXPECT_EQ(
@@ -103,8 +102,8 @@ TEST_F(ReportCaptionsDialogTest, TheTextsOfTheDialog) {
         u" When the title is printed or displayed in a list the ampersand character itself will "
         u"not be printed or displayed.");
     EXPECT_FALSE(dialog.lblNote.accessKey());
-    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[Dialog::ok]);
-    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[Dialog::cancel]);
+    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[frmReportCaptions::ok]);
+    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[frmReportCaptions::cancel]);
     EXPECT_EQ(dialog.lblReportTitleCaptions[11].caption(), u"&End Of Day window");
     for (const auto& [index, label] : dialog.lblReportDetailCaptions) {
       EXPECT_EQ(label->caption(), kReportDetails[static_cast<std::size_t>(index)].standard);
@@ -115,7 +114,7 @@ TEST_F(ReportCaptionsDialogTest, TheTextsOfTheDialog) {
 TEST_F(ReportCaptionsDialogTest, ShowsTheCaptionsOfTheCallerAndHandsBackTheEditedOnes) {
   const auto firstTitles = titles;
   const auto firstDetails = details;
-  EXPECT_FALSE(show([&](Dialog& dialog) {
+  EXPECT_FALSE(show([&](frmReportCaptions& dialog) {
     EXPECT_EQ(shown(dialog.txtReportTitleCaption), firstTitles);
     EXPECT_EQ(shown(dialog.txtReportDetailCaption), firstDetails);
     for (const auto& [index, box] : dialog.txtReportTitleCaption) enter(*box, u"t" + box->text());
@@ -129,7 +128,7 @@ TEST_F(ReportCaptionsDialogTest, ShowsTheCaptionsOfTheCallerAndHandsBackTheEdite
 }
 
 TEST_F(ReportCaptionsDialogTest, ATabShowsItsFrameAlone) {
-  show([&](Dialog& dialog) {
+  show([&](frmReportCaptions& dialog) {
     const auto expectTab = [&](int tab) {
       EXPECT_EQ(dialog.tabReportCaptions.selected(), tab);
       EXPECT_EQ(dialog.fraTitles.visible(), tab == 1);
@@ -155,7 +154,7 @@ TEST_F(ReportCaptionsDialogTest, ATabShowsItsFrameAlone) {
 }
 
 TEST_F(ReportCaptionsDialogTest, EveryShowBeginsWithTheTitles) {
-  Dialog dialog(desk->screen(), messages);
+  frmReportCaptions dialog(desk->screen(), messages);
   dialog.Titles = titles;
   dialog.Details = details;
   for (int round = 0; round < 2; ++round) {
@@ -176,7 +175,7 @@ TEST_F(ReportCaptionsDialogTest, EveryShowBeginsWithTheTitles) {
 TEST_F(ReportCaptionsDialogTest, BlanksInBothSetsGiveBothMessagesAndAreFilled) {
   const auto firstTitles = titles;
   const auto firstDetails = details;
-  EXPECT_FALSE(show([&](Dialog& dialog) {
+  EXPECT_FALSE(show([&](frmReportCaptions& dialog) {
     const auto& titleBox = dialog.txtReportTitleCaption;
     const auto& detailBox = dialog.txtReportDetailCaption;
     for (const int i : {0, 11}) enter(titleBox[i], u"");
@@ -210,7 +209,7 @@ TEST_F(ReportCaptionsDialogTest, BlanksInBothSetsGiveBothMessagesAndAreFilled) {
     expected[33] = kReportDetails[33].standard;
     EXPECT_EQ(shown(detailBox), expected);
 
-    user.click(dialog.cmdCommand[Dialog::ok]);
+    user.click(dialog.cmdCommand[frmReportCaptions::ok]);
     EXPECT_FALSE(dialog.isShown());
   }));
   EXPECT_EQ(boxes.shown.size(), 2U);
@@ -220,7 +219,7 @@ TEST_F(ReportCaptionsDialogTest, BlanksInBothSetsGiveBothMessagesAndAreFilled) {
 }
 
 TEST_F(ReportCaptionsDialogTest, BlanksInOneSetGiveItsMessageOnly) {
-  show([&](Dialog& dialog) {
+  show([&](frmReportCaptions& dialog) {
     for (const auto& [index, box] : dialog.txtReportTitleCaption) enter(*box, u"");
     user.clickTab(dialog.tabReportCaptions, 2);
     user.press(Key::enter);
@@ -233,7 +232,7 @@ TEST_F(ReportCaptionsDialogTest, BlanksInOneSetGiveItsMessageOnly) {
     user.clickTab(dialog.tabReportCaptions, 2);
     for (const auto& [index, box] : dialog.txtReportDetailCaption) enter(*box, u"");
     user.clickTab(dialog.tabReportCaptions, 1);
-    user.click(dialog.cmdCommand[Dialog::ok]);
+    user.click(dialog.cmdCommand[frmReportCaptions::ok]);
     ASSERT_EQ(boxes.shown.size(), 2U);
     expectDetailsWarning(boxes.shown[1]);
     EXPECT_EQ(dialog.tabReportCaptions.selected(), 2);
@@ -245,7 +244,7 @@ TEST_F(ReportCaptionsDialogTest, BlanksInOneSetGiveItsMessageOnly) {
 TEST_F(ReportCaptionsDialogTest, ACaptionThatCameEmptyIsFilledToo) {
   titles[5] = u"";
   details[9] = u"";
-  EXPECT_FALSE(show([&](Dialog&) {
+  EXPECT_FALSE(show([&](frmReportCaptions&) {
     user.press(Key::enter);
     EXPECT_EQ(boxes.shown.size(), 2U);
     user.press(Key::enter);
@@ -255,7 +254,7 @@ TEST_F(ReportCaptionsDialogTest, ACaptionThatCameEmptyIsFilledToo) {
 }
 
 TEST_F(ReportCaptionsDialogTest, OneBlankIsNotEmpty) {
-  EXPECT_FALSE(show([&](Dialog& dialog) {
+  EXPECT_FALSE(show([&](frmReportCaptions& dialog) {
     enter(dialog.txtReportTitleCaption[4], u" ");
     user.press(Key::enter);
     EXPECT_FALSE(dialog.isShown());
@@ -266,7 +265,7 @@ TEST_F(ReportCaptionsDialogTest, OneBlankIsNotEmpty) {
 
 TEST_F(ReportCaptionsDialogTest, FilledBlanksAreDroppedByCancel) {
   const auto firstTitles = titles;
-  EXPECT_TRUE(show([&](Dialog& dialog) {
+  EXPECT_TRUE(show([&](frmReportCaptions& dialog) {
     enter(dialog.txtReportTitleCaption[4], u"");
     user.press(Key::enter);
     EXPECT_TRUE(dialog.isShown());
@@ -279,9 +278,9 @@ TEST_F(ReportCaptionsDialogTest, FilledBlanksAreDroppedByCancel) {
 TEST_F(ReportCaptionsDialogTest, ResetIsAskedForAndDoneOnYesForItsOwnSet) {
   const auto firstTitles = titles;
   const auto firstDetails = details;
-  show([&](Dialog& dialog) {
+  show([&](frmReportCaptions& dialog) {
     boxes.answers = {MessageResult::yes};
-    user.click(dialog.cmdCommand[Dialog::resetTitles]);
+    user.click(dialog.cmdCommand[frmReportCaptions::resetTitles]);
     ASSERT_EQ(boxes.shown.size(), 1U);
     EXPECT_EQ(boxes.shown[0].text,
               u"Are you sure you want to reset all Report Titles to their default captions ?");
@@ -292,7 +291,7 @@ TEST_F(ReportCaptionsDialogTest, ResetIsAskedForAndDoneOnYesForItsOwnSet) {
     EXPECT_EQ(shown(dialog.txtReportDetailCaption), firstDetails);
   });
   EXPECT_EQ(titles, firstTitles);
-  EXPECT_FALSE(show([&](Dialog& dialog) {
+  EXPECT_FALSE(show([&](frmReportCaptions& dialog) {
     boxes.shown.clear();
     boxes.answers = {MessageResult::yes};
     user.clickTab(dialog.tabReportCaptions, 2);
@@ -305,7 +304,7 @@ TEST_F(ReportCaptionsDialogTest, ResetIsAskedForAndDoneOnYesForItsOwnSet) {
     EXPECT_EQ(boxes.shown[0].style, 292);
     EXPECT_EQ(shown(dialog.txtReportDetailCaption), defaultsOf(kReportDetails));
     EXPECT_EQ(shown(dialog.txtReportTitleCaption), firstTitles);
-    user.click(dialog.cmdCommand[Dialog::ok]);
+    user.click(dialog.cmdCommand[frmReportCaptions::ok]);
   }));
   EXPECT_EQ(titles, firstTitles);
   EXPECT_EQ(details, defaultsOf(kReportDetails));
@@ -315,14 +314,14 @@ TEST_F(ReportCaptionsDialogTest, AnyOtherAnswerToAResetChangesNothing) {
   const auto firstTitles = titles;
   const auto firstDetails = details;
   for (const MessageResult answer : {MessageResult::no, MessageResult::cancel, MessageResult::ok}) {
-    EXPECT_FALSE(show([&](Dialog& dialog) {
+    EXPECT_FALSE(show([&](frmReportCaptions& dialog) {
       boxes.answers = {answer, answer};
-      user.click(dialog.cmdCommand[Dialog::resetTitles]);
+      user.click(dialog.cmdCommand[frmReportCaptions::resetTitles]);
       user.clickTab(dialog.tabReportCaptions, 2);
-      user.click(dialog.cmdCommand[Dialog::resetDetails]);
+      user.click(dialog.cmdCommand[frmReportCaptions::resetDetails]);
       EXPECT_EQ(shown(dialog.txtReportTitleCaption), firstTitles);
       EXPECT_EQ(shown(dialog.txtReportDetailCaption), firstDetails);
-      user.click(dialog.cmdCommand[Dialog::ok]);
+      user.click(dialog.cmdCommand[frmReportCaptions::ok]);
     }));
     EXPECT_EQ(titles, firstTitles);
     EXPECT_EQ(details, firstDetails);
@@ -330,7 +329,7 @@ TEST_F(ReportCaptionsDialogTest, AnyOtherAnswerToAResetChangesNothing) {
 }
 
 TEST_F(ReportCaptionsDialogTest, AmpersandsAndLongTextsAreKeptAsTyped) {
-  EXPECT_FALSE(show([&](Dialog& dialog) {
+  EXPECT_FALSE(show([&](frmReportCaptions& dialog) {
     user.type(u"B&alance && Report");
     enter(dialog.txtReportTitleCaption[1], Text(10000, u'x'));
     enter(dialog.txtReportTitleCaption[2], u"  'q' \"\u00e9\u4e2d ");
@@ -343,12 +342,12 @@ TEST_F(ReportCaptionsDialogTest, AmpersandsAndLongTextsAreKeptAsTyped) {
 
 TEST_F(ReportCaptionsDialogTest, EveryWayOutButOkIsCancelling) {
   const auto firstTitles = titles;
-  const std::vector<std::function<void(Dialog&)>> ways = {
-      [&](Dialog&) { user.press(Key::escape); },
-      [&](Dialog& dialog) { user.click(dialog.cmdCommand[Dialog::cancel]); },
-      [&](Dialog& dialog) { user.closeWindow(dialog); }};
+  const std::vector<std::function<void(frmReportCaptions&)>> ways = {
+      [&](frmReportCaptions&) { user.press(Key::escape); },
+      [&](frmReportCaptions& dialog) { user.click(dialog.cmdCommand[frmReportCaptions::cancel]); },
+      [&](frmReportCaptions& dialog) { user.closeWindow(dialog); }};
   for (const auto& leave : ways) {
-    EXPECT_TRUE(show([&](Dialog& dialog) {
+    EXPECT_TRUE(show([&](frmReportCaptions& dialog) {
       enter(dialog.txtReportTitleCaption[0], u"");
       leave(dialog);
       EXPECT_FALSE(dialog.isShown());
@@ -359,7 +358,7 @@ TEST_F(ReportCaptionsDialogTest, EveryWayOutButOkIsCancelling) {
 }
 
 TEST_F(ReportCaptionsDialogTest, AccessKeysReachTheTitles) {
-  show([&](Dialog& dialog) {
+  show([&](frmReportCaptions& dialog) {
     const std::vector<std::pair<char16_t, int>> keys = {{u'a', 0}, {u'g', 2}, {u'd', 3}, {u'p', 4},
                                                         {u'u', 5}, {u'r', 6}, {u's', 7}, {u'm', 8},
                                                         {u'j', 9}, {u'o', 10}};
@@ -373,33 +372,33 @@ TEST_F(ReportCaptionsDialogTest, AccessKeysReachTheTitles) {
     user.accessKey(u'e');
     EXPECT_TRUE(dialog.txtReportTitleCaption[11].hasFocus());
     user.accessKey(u'e');
-    EXPECT_TRUE(dialog.cmdCommand[Dialog::resetTitles].hasFocus());
+    EXPECT_TRUE(dialog.cmdCommand[frmReportCaptions::resetTitles].hasFocus());
   });
   EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(ReportCaptionsDialogTest, TabWalksThroughEachPageInOrder) {
-  show([&](Dialog& dialog) {
+  show([&](frmReportCaptions& dialog) {
     for (const auto& [index, box] : dialog.txtReportTitleCaption) {
       EXPECT_TRUE(box->hasFocus()) << index;
       user.press(Key::tab);
     }
-    EXPECT_TRUE(dialog.cmdCommand[Dialog::resetTitles].hasFocus());
+    EXPECT_TRUE(dialog.cmdCommand[frmReportCaptions::resetTitles].hasFocus());
     user.press(Key::tab);
-    EXPECT_TRUE(dialog.cmdCommand[Dialog::ok].hasFocus());
+    EXPECT_TRUE(dialog.cmdCommand[frmReportCaptions::ok].hasFocus());
     user.press(Key::tab, {.ctrl = true});
     for (const auto& [index, box] : dialog.txtReportDetailCaption) {
       EXPECT_TRUE(box->hasFocus()) << index;
       user.press(Key::tab);
     }
-    EXPECT_TRUE(dialog.cmdCommand[Dialog::resetDetails].hasFocus());
+    EXPECT_TRUE(dialog.cmdCommand[frmReportCaptions::resetDetails].hasFocus());
   });
 }
 
 TEST_F(ReportCaptionsDialogTest, EverythingFitsAndNoTextIsCutOff) {
   titles = defaultsOf(kReportTitles);
   details = defaultsOf(kReportDetails);
-  show([&](Dialog& dialog) {
+  show([&](frmReportCaptions& dialog) {
     const auto& screen = desk->screen();
     const ui::Rect pages = dialog.tabReportCaptions.clientArea();
     for (const ui::Frame* page : {&dialog.fraTitles, &dialog.fraDetails}) {
@@ -420,7 +419,7 @@ TEST_F(ReportCaptionsDialogTest, EverythingFitsAndNoTextIsCutOff) {
     const int lines = note.height / screen.lineHeight();
     // A tenth of each line may be lost where words wrap.
     EXPECT_GE(lines * note.width * 9 / 10, screen.textWidth(dialog.lblNote.caption()));
-    for (const int button : {Dialog::ok, Dialog::cancel}) {
+    for (const int button : {frmReportCaptions::ok, frmReportCaptions::cancel}) {
       EXPECT_GT(dialog.cmdCommand[button].bounds().top, pages.bottom());
       EXPECT_LE(dialog.cmdCommand[button].bounds().bottom(), dialog.clientSize().height);
     }

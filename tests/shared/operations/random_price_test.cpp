@@ -12,7 +12,6 @@ namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using Part = RandomPrice;
 using Editor = frmRandomPrice;
 
 constexpr TextView kFormat1 = u"6 Product; No Price Check Digit; 4 Price; 1 Check Digit";
@@ -36,7 +35,7 @@ std::vector<FakeRow> freshTable() {
 
 class RandomPriceTest : public OptionsTest {
  protected:
-  static Part& tab(frmOptions& dialog) { return dialog.tab<RandomPrice>(); }
+  static RandomPrice& tab(frmOptions& dialog) { return dialog.tab<RandomPrice>(); }
   static ui::ListView& list(frmOptions& dialog) { return tab(dialog).ltvRandomPrice; }
   static ui::CheckBox& active(frmOptions& dialog) { return tab(dialog).chkRandomPrice[0]; }
   void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::scanning, act); }
@@ -68,7 +67,7 @@ class RandomPriceTest : public OptionsTest {
   static std::vector<Text> prefixes(frmOptions& dialog) {
     std::vector<Text> shown;
     for (int i = 0; i < list(dialog).count(); ++i) {
-      shown.push_back(list(dialog).text(i, Part::prefix));
+      shown.push_back(list(dialog).text(i, RandomPrice::prefix));
     }
     return shown;
   }
@@ -201,9 +200,10 @@ TEST_F(RandomPriceTest, ColumnsFitTheirTextsAndTheIconItsOwn) {
   openTab([&](frmOptions& dialog) {
     const ui::Screen& screen = desk->screen();
     EXPECT_EQ(width(dialog, 0), 18 * 15);
-    EXPECT_GT(width(dialog, Part::format), screen.textWidth(kFormat1));
-    EXPECT_GT(width(dialog, Part::priceUnitCaption), screen.textWidth(u"UOM Price Per Unit"));
-    EXPECT_LT(width(dialog, Part::prefix), screen.textWidth(u"UOM Price Per Unit"));
+    EXPECT_GT(width(dialog, RandomPrice::format), screen.textWidth(kFormat1));
+    EXPECT_GT(width(dialog, RandomPrice::priceUnitCaption),
+              screen.textWidth(u"UOM Price Per Unit"));
+    EXPECT_LT(width(dialog, RandomPrice::prefix), screen.textWidth(u"UOM Price Per Unit"));
 
     const Text longer(60, u'x');
     editRow(dialog, 0, [&](Editor& editor) {
@@ -211,7 +211,7 @@ TEST_F(RandomPriceTest, ColumnsFitTheirTextsAndTheIconItsOwn) {
       user.click(editor.txtRandomPrice[Editor::priceUnitCaption]);
       user.type(longer);
     });
-    EXPECT_GT(width(dialog, Part::priceUnitCaption), screen.textWidth(longer));
+    EXPECT_GT(width(dialog, RandomPrice::priceUnitCaption), screen.textWidth(longer));
     EXPECT_EQ(width(dialog, 0), 18 * 15);
   });
 }
@@ -314,7 +314,7 @@ TEST_F(RandomPriceTest, OkInTheEditorShowsTheFormatAnewAndEnablesApply) {
   expected[3] = row(23, 5, 2, u"lb", u"per lb", false);
   EXPECT_EQ(host.randomPrices, expected);
   openTab([&](frmOptions& dialog) {
-    EXPECT_EQ(texts(dialog, 3)[Part::priceUnitCaption], u"per lb");
+    EXPECT_EQ(texts(dialog, 3)[RandomPrice::priceUnitCaption], u"per lb");
     EXPECT_EQ(iconOf(dialog, 3), ui::PictureId::active);
   });
 }
@@ -377,8 +377,8 @@ TEST_F(RandomPriceTest, CaptionsAreKeptAndSavedWithTheUnitOfMeasureUnticked) {
       user.type(u"pound");
       user.accessKey(u'u');
     });
-    EXPECT_EQ(texts(dialog, 0)[Part::calculateUnitOfMeasure], u"No");
-    EXPECT_EQ(texts(dialog, 0)[Part::unitCaption], u"pound");
+    EXPECT_EQ(texts(dialog, 0)[RandomPrice::calculateUnitOfMeasure], u"No");
+    EXPECT_EQ(texts(dialog, 0)[RandomPrice::unitCaption], u"pound");
   });
   EXPECT_EQ(host.randomPrices[0], row(20, 1, 1, u"pound", u"/kg", true));
 }
@@ -392,7 +392,7 @@ TEST_F(RandomPriceTest, ADoubleClickEditsTheRow) {
     });
     user.doubleClickRow(list(dialog), 5);
     EXPECT_TRUE(list(dialog).hasFocus());
-    EXPECT_EQ(texts(dialog, 5)[Part::format],
+    EXPECT_EQ(texts(dialog, 5)[RandomPrice::format],
               u"5 Product; No Price Check Digit; 5 Price; 1 Check Digit");
     EXPECT_TRUE(applyEnabled(dialog));
   });
@@ -524,18 +524,18 @@ TEST_F(RandomPriceTest, AFormatIdOutOfRangeShowsAnEmptyCellAndIsKeptUntilOneIsCh
     host.randomPrices = {row(2, id, 1, u"kg", u"/kg", false)};
     const std::vector<FakeRow> before = host.randomPrices;
     editTab([&](frmOptions& dialog) {
-      EXPECT_EQ(texts(dialog, 0)[Part::format], u"");
+      EXPECT_EQ(texts(dialog, 0)[RandomPrice::format], u"");
       touch(dialog);
     });
     EXPECT_EQ(host.randomPrices, before);
     editTab([&](frmOptions& dialog) {
       editRow(dialog, 0, [](Editor& editor) { EXPECT_EQ(editor.cboRandomPrice.listIndex(), -1); });
-      EXPECT_EQ(texts(dialog, 0)[Part::format], u"");
+      EXPECT_EQ(texts(dialog, 0)[RandomPrice::format], u"");
     });
     EXPECT_EQ(host.randomPrices, before);
     editTab([&](frmOptions& dialog) {
       editRow(dialog, 0, [&](Editor& editor) { user.choose(editor.cboRandomPrice, 0); });
-      EXPECT_EQ(texts(dialog, 0)[Part::format], kFormat1);
+      EXPECT_EQ(texts(dialog, 0)[RandomPrice::format], kFormat1);
     });
     EXPECT_EQ(host.randomPrices, std::vector<FakeRow>{row(2, 1, 1, u"kg", u"/kg", false)});
   }
@@ -568,7 +568,7 @@ TEST_F(RandomPriceTest, OfRowsWithOnePrefixTheFirstIsListedAndTheOthersAreLeftAl
   host.randomPrices = {row(20, 1, 1, u"first", u"/first", true), second, fresh(2), third};
   editTab([&](frmOptions& dialog) {
     EXPECT_EQ(prefixes(dialog), (std::vector<Text>{u"20", u"02"}));
-    EXPECT_EQ(texts(dialog, 0)[Part::unitCaption], u"first");
+    EXPECT_EQ(texts(dialog, 0)[RandomPrice::unitCaption], u"first");
     editRow(dialog, 0, [&](Editor& editor) { user.choose(editor.cboRandomPrice, 2); });
   });
   EXPECT_EQ(host.randomPrices, (std::vector<FakeRow>{row(20, 3, 1, u"first", u"/first", true),
@@ -593,8 +593,8 @@ TEST_F(RandomPriceTest, OptionBitsWithoutABoxAreKeptUntilTheFormatIsAccepted) {
   const std::int32_t bits = 0x40000006;
   host.randomPrices = {row(2, 1, bits, u"kg", u"/kg", false)};
   editTab([&](frmOptions& dialog) {
-    EXPECT_EQ(texts(dialog, 0)[Part::priceIncludesTax], u"No");
-    EXPECT_EQ(texts(dialog, 0)[Part::calculateUnitOfMeasure], u"Yes");
+    EXPECT_EQ(texts(dialog, 0)[RandomPrice::priceIncludesTax], u"No");
+    EXPECT_EQ(texts(dialog, 0)[RandomPrice::calculateUnitOfMeasure], u"Yes");
     touch(dialog);
   });
   EXPECT_EQ(host.randomPrices[0].at(u"OptionBits"), Value(bits));

@@ -11,7 +11,6 @@ namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using Part = ListColumns;
 
 struct Row {
   Text name;
@@ -116,7 +115,7 @@ std::int32_t mask(std::uint32_t bits) { return static_cast<std::int32_t>(bits); 
 class ListColumnsTest : public OptionsTest {
  protected:
   ui::CheckListBox& list(frmOptions& dialog, int index) {
-    return dialog.tab<Part>().lstListShow[index];
+    return dialog.tab<ListColumns>().lstListShow[index];
   }
   void openPage(const std::function<void(frmOptions&)>& act) { openOn(TabPage::lists, act); }
   void editPage(const std::function<void(frmOptions&)>& act) {
@@ -157,10 +156,10 @@ class ListColumnsTest : public OptionsTest {
 
 TEST_F(ListColumnsTest, ListsHaveTheirRowsInOrderWithTheirBits) {
   openPage([&](frmOptions& dialog) {
-    ASSERT_EQ(dialog.tab<Part>().lstListShow.count(), 5);
+    ASSERT_EQ(dialog.tab<ListColumns>().lstListShow.count(), 5);
     int total = 0;
-    for (int i = 0; i < Part::count; ++i) {
-      EXPECT_EQ(dialog.tab<Part>().lblLists[i].caption(), listOf(i).label);
+    for (int i = 0; i < ListColumns::count; ++i) {
+      EXPECT_EQ(dialog.tab<ListColumns>().lblLists[i].caption(), listOf(i).label);
       const auto& rows = list(dialog, i).rows();
       ASSERT_EQ(rows.size(), listOf(i).rows.size()) << i;
       for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -176,8 +175,8 @@ TEST_F(ListColumnsTest, ListsHaveTheirRowsInOrderWithTheirBits) {
 TEST_F(ListColumnsTest, EveryListStandsBelowItsLabelWithinThePage) {
   openPage([&](frmOptions& dialog) {
     const ui::Size page = dialog.fraFrame[1].clientSize();
-    for (int i = 0; i < Part::count; ++i) {
-      const ui::Label& label = dialog.tab<Part>().lblLists[i];
+    for (int i = 0; i < ListColumns::count; ++i) {
+      const ui::Label& label = dialog.tab<ListColumns>().lblLists[i];
       const ui::Rect& place = list(dialog, i).bounds();
       EXPECT_EQ(label.bounds().left, place.left);
       EXPECT_LT(label.bounds().bottom(), place.top);
@@ -199,7 +198,7 @@ TEST_F(ListColumnsTest, EveryListStandsBelowItsLabelWithinThePage) {
 
 TEST_F(ListColumnsTest, AMissingMaskTicksEveryRow) {
   openPage([&](frmOptions& dialog) {
-    for (int i = 0; i < Part::count; ++i) {
+    for (int i = 0; i < ListColumns::count; ++i) {
       EXPECT_EQ(ticked(dialog, i).size(), listOf(i).rows.size()) << i;
     }
     EXPECT_FALSE(applyEnabled(dialog));
@@ -209,7 +208,7 @@ TEST_F(ListColumnsTest, AMissingMaskTicksEveryRow) {
 TEST_F(ListColumnsTest, AStoredZeroTicksNone) {
   for (const List& list : kLists) host.store(list.option, 0);
   openPage([&](frmOptions& dialog) {
-    for (int i = 0; i < Part::count; ++i) EXPECT_TRUE(ticked(dialog, i).empty()) << i;
+    for (int i = 0; i < ListColumns::count; ++i) EXPECT_TRUE(ticked(dialog, i).empty()) << i;
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
@@ -220,7 +219,7 @@ TEST_F(ListColumnsTest, EachRowIsShownByItsOwnBits) {
       host.store(list.option, mask(list.rows[row % list.rows.size()].bits));
     }
     openPage([&](frmOptions& dialog) {
-      for (int i = 0; i < Part::count; ++i) {
+      for (int i = 0; i < ListColumns::count; ++i) {
         const auto& rows = listOf(i).rows;
         EXPECT_EQ(ticked(dialog, i), std::vector<Text>{rows[row % rows.size()].name});
       }
@@ -231,14 +230,14 @@ TEST_F(ListColumnsTest, EachRowIsShownByItsOwnBits) {
 TEST_F(ListColumnsTest, EachRowIsSavedAsItsOwnBits) {
   openPage([&](frmOptions& dialog) {
     for (std::size_t row = 0; row < 24; ++row) {
-      for (int i = 0; i < Part::count; ++i) {
+      for (int i = 0; i < ListColumns::count; ++i) {
         // The last two columns of a sales person do not do alone.
-        const std::size_t choices = i == Part::salesPerson ? 3 : listOf(i).rows.size();
+        const std::size_t choices = i == ListColumns::salesPerson ? 3 : listOf(i).rows.size();
         tickOnly(dialog, i, {static_cast<int>(row % choices)});
       }
       apply(dialog);
-      for (int i = 0; i < Part::count; ++i) {
-        const std::size_t choices = i == Part::salesPerson ? 3 : listOf(i).rows.size();
+      for (int i = 0; i < ListColumns::count; ++i) {
+        const std::size_t choices = i == ListColumns::salesPerson ? 3 : listOf(i).rows.size();
         EXPECT_EQ(host.value(listOf(i).option), mask(listOf(i).rows[row % choices].bits));
       }
     }
@@ -250,8 +249,8 @@ TEST_F(ListColumnsTest, SupplierStandsForBits15To31) {
   for (const std::uint32_t stored : {0xFFFF8000U, 0x8000U, 0x40000U, 0x80000000U}) {
     host.store(options::ProductListColumns, mask(stored));
     editPage([&](frmOptions& dialog) {
-      EXPECT_EQ(ticked(dialog, Part::product), std::vector<Text>{u"Supplier"}) << stored;
-      user.clickCheck(list(dialog, Part::laybyCustomer), 0);
+      EXPECT_EQ(ticked(dialog, ListColumns::product), std::vector<Text>{u"Supplier"}) << stored;
+      user.clickCheck(list(dialog, ListColumns::laybyCustomer), 0);
     });
     EXPECT_EQ(host.value(options::ProductListColumns), mask(0xFFFF8000));
   }
@@ -259,11 +258,11 @@ TEST_F(ListColumnsTest, SupplierStandsForBits15To31) {
 
 TEST_F(ListColumnsTest, SupplierUntickedClearsBits15To31) {
   host.store(options::ProductListColumns, -1);
-  editPage([&](frmOptions& dialog) { user.clickCheck(list(dialog, Part::product), 12); });
+  editPage([&](frmOptions& dialog) { user.clickCheck(list(dialog, ListColumns::product), 12); });
   EXPECT_EQ(host.value(options::ProductListColumns), 0x7BF9);
   openPage([&](frmOptions& dialog) {
-    EXPECT_FALSE(list(dialog, Part::product).checked(12));
-    EXPECT_EQ(ticked(dialog, Part::product).size(), 12U);
+    EXPECT_FALSE(list(dialog, ListColumns::product).checked(12));
+    EXPECT_EQ(ticked(dialog, ListColumns::product).size(), 12U);
   });
 }
 
@@ -275,9 +274,9 @@ TEST_F(ListColumnsTest, BitsThatNoRowOwnsAreDropped) {
   host.store(options::LaybyCustomerListColumns, 0x1001);
   host.store(options::SalesPersonListColumns, 0x28);
   editPage([&](frmOptions& dialog) {
-    EXPECT_TRUE(ticked(dialog, Part::customer).empty());
-    user.clickCheck(list(dialog, Part::laybyCustomer), 0);
-    user.clickCheck(list(dialog, Part::laybyCustomer), 0);
+    EXPECT_TRUE(ticked(dialog, ListColumns::customer).empty());
+    user.clickCheck(list(dialog, ListColumns::laybyCustomer), 0);
+    user.clickCheck(list(dialog, ListColumns::laybyCustomer), 0);
   });
   EXPECT_EQ(host.value(options::CurrencyListColumns), 0x2);
   EXPECT_EQ(host.value(options::ProductListColumns), 0x1);
@@ -298,7 +297,7 @@ TEST_F(ListColumnsTest, FirstUseStoresEveryRow) {
 TEST_F(ListColumnsTest, EachListRaisesItsOwnChange) {
   saveDefaults();
   openPage([&](frmOptions& dialog) {
-    for (int i = 0; i < Part::count; ++i) {
+    for (int i = 0; i < ListColumns::count; ++i) {
       for (int twice = 0; twice < 2; ++twice) {
         changes.clear();
         user.clickCheck(list(dialog, i), 1);
@@ -312,8 +311,8 @@ TEST_F(ListColumnsTest, EachListRaisesItsOwnChange) {
 TEST_F(ListColumnsTest, CustomersAndSalesPersonsTogetherRaiseTwelve) {
   saveDefaults();
   editPage([&](frmOptions& dialog) {
-    user.clickCheck(list(dialog, Part::customer), 3);
-    user.clickCheck(list(dialog, Part::salesPerson), 3);
+    user.clickCheck(list(dialog, ListColumns::customer), 3);
+    user.clickCheck(list(dialog, ListColumns::salesPerson), 3);
   });
   EXPECT_EQ(changes, std::vector<std::int32_t>{12});
 }
@@ -321,7 +320,7 @@ TEST_F(ListColumnsTest, CustomersAndSalesPersonsTogetherRaiseTwelve) {
 TEST_F(ListColumnsTest, TickingBackAndForthChangesNothingStored) {
   saveDefaults();
   editPage([&](frmOptions& dialog) {
-    for (int i = 0; i < Part::count; ++i) {
+    for (int i = 0; i < ListColumns::count; ++i) {
       user.clickCheck(list(dialog, i), 2);
       user.clickCheck(list(dialog, i), 2);
     }
@@ -331,8 +330,8 @@ TEST_F(ListColumnsTest, TickingBackAndForthChangesNothingStored) {
 
 TEST_F(ListColumnsTest, AMissingMaskComparesAsZero) {
   editPage([&](frmOptions& dialog) {
-    tickOnly(dialog, Part::product, {});
-    tickOnly(dialog, Part::laybyCustomer, {});
+    tickOnly(dialog, ListColumns::product, {});
+    tickOnly(dialog, ListColumns::laybyCustomer, {});
   });
   EXPECT_EQ(host.value(options::ProductListColumns), 0);
   ASSERT_EQ(changes.size(), 1U);
@@ -357,9 +356,9 @@ TEST_F(ListColumnsTest, EveryChoiceOfSalesPersonColumnsIsAcceptedOrRefusedByItsN
       for (int row = 0; row < 5; ++row) {
         if ((choice >> row & 1U) != 0) rows.push_back(row);
       }
-      tickOnly(dialog, Part::salesPerson, rows);
+      tickOnly(dialog, ListColumns::salesPerson, rows);
       // A choice that was there before enables nothing.
-      user.clickCheck(list(dialog, Part::product), 0);
+      user.clickCheck(list(dialog, ListColumns::product), 0);
       changes.clear();
       boxes.shown.clear();
       apply(dialog);
@@ -375,12 +374,12 @@ TEST_F(ListColumnsTest, MiddleInitialAndTitleAloneAreRefusedAndInitialsAreAccept
   saveDefaults();
   const auto stored = host.stored;
   openPage([&](frmOptions& dialog) {
-    tickOnly(dialog, Part::salesPerson, {3, 4});
+    tickOnly(dialog, ListColumns::salesPerson, {3, 4});
     apply(dialog);
     ASSERT_EQ(boxes.shown.size(), 1U);
     expectRefusal(boxes.shown[0], u"Sales Person");
     EXPECT_EQ(host.stored, stored);
-    tickOnly(dialog, Part::salesPerson, {1});
+    tickOnly(dialog, ListColumns::salesPerson, {1});
     apply(dialog);
     EXPECT_EQ(boxes.shown.size(), 1U);
   });
@@ -391,12 +390,12 @@ TEST_F(ListColumnsTest, MiddleInitialAndTitleAloneAreRefusedAndInitialsAreAccept
 TEST_F(ListColumnsTest, ACurrencyListWithoutColumnsIsRefused) {
   saveDefaults();
   openPage([&](frmOptions& dialog) {
-    tickOnly(dialog, Part::currency, {});
+    tickOnly(dialog, ListColumns::currency, {});
     apply(dialog);
     ASSERT_EQ(boxes.shown.size(), 1U);
     expectRefusal(boxes.shown[0], u"Currency");
     for (int row = 0; row < 7; ++row) {
-      tickOnly(dialog, Part::currency, {row});
+      tickOnly(dialog, ListColumns::currency, {row});
       apply(dialog);
       EXPECT_FALSE(applyEnabled(dialog)) << row;
     }
@@ -408,8 +407,8 @@ TEST_F(ListColumnsTest, ACurrencyListWithoutColumnsIsRefused) {
 TEST_F(ListColumnsTest, OnlyTheFirstRefusalIsShown) {
   saveDefaults();
   openPage([&](frmOptions& dialog) {
-    tickOnly(dialog, Part::salesPerson, {});
-    tickOnly(dialog, Part::currency, {});
+    tickOnly(dialog, ListColumns::salesPerson, {});
+    tickOnly(dialog, ListColumns::currency, {});
     apply(dialog);
   });
   ASSERT_EQ(boxes.shown.size(), 1U);
@@ -422,7 +421,7 @@ TEST_F(ListColumnsTest, ARefusedSaveWritesNothingAndLeavesEveryEdit) {
   open([&](frmOptions& dialog) {
     user.type(u"Corner Shop");
     user.clickTab(dialog.tabOptions, 2);
-    tickOnly(dialog, Part::salesPerson, {4});
+    tickOnly(dialog, ListColumns::salesPerson, {4});
     user.clickTab(dialog.tabOptions, 3);
     user.click(dialog.tab<TransactionOptions>().chkTransaction[0]);
     host.calls.clear();
@@ -442,8 +441,8 @@ TEST_F(ListColumnsTest, ARefusedSaveWritesNothingAndLeavesEveryEdit) {
     EXPECT_TRUE(dialog.activeControl()->canFocus());
     EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
 
-    EXPECT_EQ(ticked(dialog, Part::salesPerson), std::vector<Text>{u"Mr/Mrs/Miss"});
-    user.clickCheck(list(dialog, Part::salesPerson), 0);
+    EXPECT_EQ(ticked(dialog, ListColumns::salesPerson), std::vector<Text>{u"Mr/Mrs/Miss"});
+    user.clickCheck(list(dialog, ListColumns::salesPerson), 0);
     user.click(dialog.cmdCommand[frmOptions::ok]);
     EXPECT_FALSE(dialog.isShown());
   });
@@ -478,7 +477,7 @@ TEST_F(ListColumnsTest, TheMessageComesBeforeTheTab) {
   desk->whenShown([&](ui::Form& form) {
     auto& dialog = dynamic_cast<frmOptions&>(form);
     watching.seen = [&] { tabs.push_back(dialog.tabOptions.selected()); };
-    tickOnly(dialog, Part::currency, {});
+    tickOnly(dialog, ListColumns::currency, {});
     user.clickTab(dialog.tabOptions, 3);
     apply(dialog);
     tabs.push_back(dialog.tabOptions.selected());
@@ -489,7 +488,7 @@ TEST_F(ListColumnsTest, TheMessageComesBeforeTheTab) {
 
 TEST_F(ListColumnsTest, TheMessageNamesTheProgramAsItIsCalledAtTheSave) {
   openPage([&](frmOptions& dialog) {
-    tickOnly(dialog, Part::currency, {});
+    tickOnly(dialog, ListColumns::currency, {});
     host.title = u"Tillora Back Office";
     apply(dialog);
   });
@@ -518,9 +517,9 @@ TEST_F(ListColumnsTest, ARefusedFirstUseOpensOnTheListsWithApplyEnabled) {
     EXPECT_EQ(dialog.tabOptions.selected(), 2);
     EXPECT_TRUE(dialog.fraFrame[1].visible());
     EXPECT_TRUE(applyEnabled(dialog));
-    EXPECT_TRUE(list(dialog, Part::salesPerson).hasFocus());
+    EXPECT_TRUE(list(dialog, ListColumns::salesPerson).hasFocus());
     EXPECT_TRUE(host.callsStarting("put").empty());
-    user.clickCheck(list(dialog, Part::salesPerson), 2);
+    user.clickCheck(list(dialog, ListColumns::salesPerson), 2);
     user.click(dialog.cmdCommand[frmOptions::ok]);
     EXPECT_FALSE(dialog.isShown());
   });
@@ -544,11 +543,11 @@ TEST_F(ListColumnsTest, EachMaskIsRememberedSetToZeroAndGivenItsBitsRowByRow) {
   saveDefaults();
   std::vector<std::string> expected;
   openPage([&](frmOptions& dialog) {
-    tickOnly(dialog, Part::product, {2, 12});
-    tickOnly(dialog, Part::laybyCustomer, {});
+    tickOnly(dialog, ListColumns::product, {2, 12});
+    tickOnly(dialog, ListColumns::laybyCustomer, {});
     host.calls.clear();
     apply(dialog);
-    for (int i = 0; i < Part::count; ++i) {
+    for (int i = 0; i < ListColumns::count; ++i) {
       const std::string name = toUtf8(optionInfo(listOf(i).option.id).name);
       expected.insert(expected.end(), {"get " + name, "put " + name});
       for (std::size_t row = 0; row < ticked(dialog, i).size(); ++row) {
@@ -566,7 +565,7 @@ TEST_F(ListColumnsTest, EachMaskIsRememberedSetToZeroAndGivenItsBitsRowByRow) {
 TEST_F(ListColumnsTest, EveryTickEnablesApply) {
   saveDefaults();
   openPage([&](frmOptions& dialog) {
-    for (int i = 0; i < Part::count; ++i) {
+    for (int i = 0; i < ListColumns::count; ++i) {
       user.clickCheck(list(dialog, i), 1);
       EXPECT_TRUE(applyEnabled(dialog)) << i;
       apply(dialog);
@@ -577,24 +576,24 @@ TEST_F(ListColumnsTest, EveryTickEnablesApply) {
 
 TEST_F(ListColumnsTest, TheSpaceBarTicksTheChosenRow) {
   openPage([&](frmOptions& dialog) {
-    EXPECT_TRUE(list(dialog, Part::salesPerson).hasFocus());
+    EXPECT_TRUE(list(dialog, ListColumns::salesPerson).hasFocus());
     user.press(Key::down);
     user.press(Key::down);
     user.press(Key::up);
     EXPECT_FALSE(applyEnabled(dialog));
-    const int row = list(dialog, Part::salesPerson).listIndex();
+    const int row = list(dialog, ListColumns::salesPerson).listIndex();
     ASSERT_GE(row, 0);
     user.press(Key::space);
-    EXPECT_FALSE(list(dialog, Part::salesPerson).checked(row));
+    EXPECT_FALSE(list(dialog, ListColumns::salesPerson).checked(row));
     EXPECT_TRUE(applyEnabled(dialog));
     user.press(Key::space);
-    EXPECT_TRUE(list(dialog, Part::salesPerson).checked(row));
+    EXPECT_TRUE(list(dialog, ListColumns::salesPerson).checked(row));
   });
 }
 
 TEST_F(ListColumnsTest, TabAndAccessKeysReachTheListsInOrder) {
   openPage([&](frmOptions& dialog) {
-    for (int i = 0; i < Part::count; ++i) {
+    for (int i = 0; i < ListColumns::count; ++i) {
       EXPECT_TRUE(list(dialog, i).hasFocus()) << i;
       user.press(Key::tab);
     }
@@ -612,12 +611,13 @@ TEST_F(ListColumnsTest, TabAndAccessKeysReachTheListsInOrder) {
 TEST_F(ListColumnsTest, CancelDropsTheTicks) {
   saveDefaults();
   openPage([&](frmOptions& dialog) {
-    tickOnly(dialog, Part::salesPerson, {});
+    tickOnly(dialog, ListColumns::salesPerson, {});
     user.click(dialog.cmdCommand[frmOptions::cancel]);
     EXPECT_FALSE(dialog.isShown());
   });
   EXPECT_TRUE(boxes.shown.empty());
-  openPage([&](frmOptions& dialog) { EXPECT_EQ(ticked(dialog, Part::salesPerson).size(), 5U); });
+  openPage(
+      [&](frmOptions& dialog) { EXPECT_EQ(ticked(dialog, ListColumns::salesPerson).size(), 5U); });
 }
 
 }  // namespace

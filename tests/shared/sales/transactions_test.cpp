@@ -9,7 +9,6 @@ namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using Part = TransactionOptions;
 
 constexpr int kChecks = 13;
 constexpr int kCaptions = 16;
@@ -48,7 +47,7 @@ std::int32_t bit(int index) { return static_cast<std::int32_t>(1U << index); }
 
 class TransactionsTest : public OptionsTest {
  protected:
-  Part& part(frmOptions& dialog) { return dialog.tab<Part>(); }
+  TransactionOptions& part(frmOptions& dialog) { return dialog.tab<TransactionOptions>(); }
   ui::CheckBox& check(frmOptions& dialog, int index) { return part(dialog).chkTransaction[index]; }
   ui::TextBox& box(frmOptions& dialog, int index) { return part(dialog).txtCaption[index]; }
   ui::Label& label(frmOptions& dialog, int index) { return part(dialog).lblTransaction[index]; }
@@ -184,7 +183,7 @@ TEST_F(TransactionsTest, AStoredEmptyCaptionStaysEmpty) {
   for (const CaptionOption& row : kCaptionOptions) host.store(row.option, u"");
   editPage([&](frmOptions& dialog) {
     for (const CaptionOption& row : kCaptionOptions) EXPECT_EQ(box(dialog, row.box).text(), u"");
-    user.click(check(dialog, Part::enteredAmountsWithTax));
+    user.click(check(dialog, TransactionOptions::enteredAmountsWithTax));
   });
   for (const CaptionOption& row : kCaptionOptions) EXPECT_EQ(host.value(row.option), u"");
 }
@@ -214,7 +213,7 @@ TEST_F(TransactionsTest, EachStoredBitTicksItsBoxAndEnablesWhatItGoverns) {
     openPage([&](frmOptions& dialog) {
       EXPECT_EQ(tickedBoxes(dialog), std::set<int>{i});
       EXPECT_EQ(enabledBoxes(dialog), alwaysAnd(kGoverned[static_cast<std::size_t>(i)])) << i;
-      expectTaxLabels(dialog, i == Part::printTaxStatus);
+      expectTaxLabels(dialog, i == TransactionOptions::printTaxStatus);
       EXPECT_FALSE(applyEnabled(dialog));
     });
   }
@@ -225,7 +224,7 @@ TEST_F(TransactionsTest, EachClickEnablesAndDisablesExactlyWhatItGoverns) {
     for (int i = 0; i < kChecks; ++i) {
       user.click(check(dialog, i));
       EXPECT_EQ(enabledBoxes(dialog), alwaysAnd(kGoverned[static_cast<std::size_t>(i)])) << i;
-      expectTaxLabels(dialog, i == Part::printTaxStatus);
+      expectTaxLabels(dialog, i == TransactionOptions::printTaxStatus);
       user.click(check(dialog, i));
       EXPECT_EQ(enabledBoxes(dialog), kAlwaysEnabled) << i;
       expectTaxLabels(dialog, false);
@@ -246,13 +245,13 @@ TEST_F(TransactionsTest, EveryCheckBoxAloneEnablesApply) {
 
 TEST_F(TransactionsTest, TickingTaxStatusEnablesItsThreeBoxesAtOnceAndUntickingKeepsTheirTexts) {
   editPage([&](frmOptions& dialog) {
-    user.click(check(dialog, Part::printTaxStatus));
+    user.click(check(dialog, TransactionOptions::printTaxStatus));
     for (const int i : {11, 12, 13}) {
       user.click(box(dialog, i));
       user.selectAll();
       user.type(u"s" + Text(static_cast<std::size_t>(i), u'x'));
     }
-    user.click(check(dialog, Part::printTaxStatus));
+    user.click(check(dialog, TransactionOptions::printTaxStatus));
     for (const int i : {11, 12, 13}) {
       EXPECT_FALSE(box(dialog, i).enabled());
       EXPECT_EQ(box(dialog, i).text(), u"s" + Text(static_cast<std::size_t>(i), u'x'));
@@ -280,7 +279,7 @@ TEST_F(TransactionsTest, ADisabledTaxStatusLabelIsEngraved) {
 
 TEST_F(TransactionsTest, EnteredAmountsIncludeTaxOnlyEnablesApply) {
   openPage([&](frmOptions& dialog) {
-    user.click(check(dialog, Part::enteredAmountsWithTax));
+    user.click(check(dialog, TransactionOptions::enteredAmountsWithTax));
     EXPECT_EQ(enabledBoxes(dialog), kAlwaysEnabled);
     expectTaxLabels(dialog, false);
     EXPECT_TRUE(applyEnabled(dialog));
@@ -291,14 +290,14 @@ TEST_F(TransactionsTest, ADisabledCaptionBoxKeepsAndSavesItsText) {
   host.store(options::TerminalIDCaption, u"Till no.");
   host.store(options::TaxTotalCaption, u"GST");
   editPage([&](frmOptions& dialog) {
-    EXPECT_FALSE(box(dialog, Part::terminalId).enabled());
-    user.click(box(dialog, Part::terminalId));
-    EXPECT_FALSE(box(dialog, Part::terminalId).hasFocus());
-    user.click(check(dialog, Part::printItemsSold));
+    EXPECT_FALSE(box(dialog, TransactionOptions::terminalId).enabled());
+    user.click(box(dialog, TransactionOptions::terminalId));
+    EXPECT_FALSE(box(dialog, TransactionOptions::terminalId).hasFocus());
+    user.click(check(dialog, TransactionOptions::printItemsSold));
   });
   EXPECT_EQ(host.value(options::TerminalIDCaption), u"Till no.");
   EXPECT_EQ(host.value(options::TaxTotalCaption), u"GST");
-  EXPECT_EQ(host.value(options::TransactionOptionBits), bit(Part::printItemsSold));
+  EXPECT_EQ(host.value(options::TransactionOptionBits), bit(TransactionOptions::printItemsSold));
 }
 
 TEST_F(TransactionsTest, EachBoxIsSavedAsItsBit) {
@@ -320,7 +319,7 @@ TEST_F(TransactionsTest, BitsThatNoBoxOwnsAreDropped) {
   for (const std::int32_t mask : {-1, static_cast<std::int32_t>(0x80000000U), 0x7FFFE000 | 0x21}) {
     host.store(options::TransactionOptionBits, mask);
     editPage([&](frmOptions& dialog) {
-      user.click(box(dialog, Part::change));
+      user.click(box(dialog, TransactionOptions::change));
       user.type(u"x");
     });
     EXPECT_EQ(host.value(options::TransactionOptionBits), mask & 0x1FFF);
@@ -330,7 +329,7 @@ TEST_F(TransactionsTest, BitsThatNoBoxOwnsAreDropped) {
 TEST_F(TransactionsTest, TheMaskIsSavedAsZeroFirstAndThenBitByBit) {
   host.store(options::TransactionOptionBits, 0x1005);
   editPage([&](frmOptions& dialog) {
-    user.click(check(dialog, Part::printItemTax));
+    user.click(check(dialog, TransactionOptions::printItemTax));
     host.calls.clear();
   });
   EXPECT_EQ(host.callsStarting("put TransactionOptionBits").size(), 5U);
@@ -354,19 +353,19 @@ TEST_F(TransactionsTest, AnUntickedPageIsSavedAsZero) {
 TEST_F(TransactionsTest, CaptionsAreSavedAsTypedWithoutTrimmingOrLimit) {
   const Text odd = u"  " + Text(2000, u'x') + u" & 'q' \"\u00e9\u4e2d ";
   editPage([&](frmOptions& dialog) {
-    user.click(box(dialog, Part::change));
+    user.click(box(dialog, TransactionOptions::change));
     user.selectAll();
     user.paste(odd);
-    EXPECT_EQ(box(dialog, Part::change).text(), odd);
-    user.click(box(dialog, Part::balanceDue));
+    EXPECT_EQ(box(dialog, TransactionOptions::change).text(), odd);
+    user.click(box(dialog, TransactionOptions::balanceDue));
     user.selectAll();
     user.type(u"   ");
   });
   EXPECT_EQ(host.value(options::ChangeCaption), odd);
   EXPECT_EQ(host.value(options::BalanceDueCaption), u"   ");
   openPage([&](frmOptions& dialog) {
-    EXPECT_EQ(box(dialog, Part::change).text(), odd);
-    EXPECT_EQ(box(dialog, Part::balanceDue).text(), u"   ");
+    EXPECT_EQ(box(dialog, TransactionOptions::change).text(), odd);
+    EXPECT_EQ(box(dialog, TransactionOptions::balanceDue).text(), u"   ");
   });
 }
 
@@ -397,12 +396,12 @@ TEST_F(TransactionsTest, TypingIntoAnyCaptionEnablesApply) {
 
 TEST_F(TransactionsTest, ACaptionIsSelectedWhenItGetsTheFocus) {
   openPage([&](frmOptions& dialog) {
-    user.click(check(dialog, Part::printTerminalId));
+    user.click(check(dialog, TransactionOptions::printTerminalId));
     user.press(Key::tab);
-    EXPECT_TRUE(box(dialog, Part::terminalId).hasFocus());
-    EXPECT_EQ(box(dialog, Part::terminalId).selText(), u"Terminal ID:");
+    EXPECT_TRUE(box(dialog, TransactionOptions::terminalId).hasFocus());
+    EXPECT_EQ(box(dialog, TransactionOptions::terminalId).selText(), u"Terminal ID:");
     user.type(u"Till");
-    EXPECT_EQ(box(dialog, Part::terminalId).text(), u"Till");
+    EXPECT_EQ(box(dialog, TransactionOptions::terminalId).text(), u"Till");
   });
 }
 
@@ -430,10 +429,10 @@ TEST_F(TransactionsTest, TabWalksDownTheFramesInOrder) {
 TEST_F(TransactionsTest, AccessKeysOfLabelsReachTheirBoxes) {
   openPage([&](frmOptions& dialog) {
     const std::vector<std::pair<char16_t, int>> keys = {
-        {u't', Part::transactionNumber},
-        {u'b', Part::laybyOpening},
-        {u'n', Part::laybyClosing},
-        {u'd', Part::laybyDateDue},
+        {u't', TransactionOptions::transactionNumber},
+        {u'b', TransactionOptions::laybyOpening},
+        {u'n', TransactionOptions::laybyClosing},
+        {u'd', TransactionOptions::laybyDateDue},
     };
     for (const auto& [key, index] : keys) {
       user.accessKey(key);
@@ -459,19 +458,19 @@ TEST_F(TransactionsTest, SharedAccessKeysWalkAndTickNothing) {
   openPage([&](frmOptions& dialog) {
     for (int round = 0; round < 2; ++round) {
       user.accessKey(u'm');
-      EXPECT_TRUE(check(dialog, Part::printAmountsWithTax).hasFocus());
+      EXPECT_TRUE(check(dialog, TransactionOptions::printAmountsWithTax).hasFocus());
       user.accessKey(u'm');
-      EXPECT_TRUE(check(dialog, Part::enteredAmountsWithTax).hasFocus());
+      EXPECT_TRUE(check(dialog, TransactionOptions::enteredAmountsWithTax).hasFocus());
     }
     // With the button of the help.
     user.accessKey(u'h');
     EXPECT_TRUE(dialog.cmdCommand[frmOptions::help_].hasFocus());
     user.accessKey(u'h');
-    EXPECT_TRUE(check(dialog, Part::printItemTax).hasFocus());
+    EXPECT_TRUE(check(dialog, TransactionOptions::printItemTax).hasFocus());
     user.accessKey(u'i');
-    EXPECT_TRUE(box(dialog, Part::change).hasFocus());
+    EXPECT_TRUE(box(dialog, TransactionOptions::change).hasFocus());
     user.accessKey(u'i');
-    EXPECT_TRUE(box(dialog, Part::balanceDue).hasFocus());
+    EXPECT_TRUE(box(dialog, TransactionOptions::balanceDue).hasFocus());
     EXPECT_EQ(tickedBoxes(dialog), std::set<int>{});
     EXPECT_FALSE(applyEnabled(dialog));
   });
@@ -479,28 +478,31 @@ TEST_F(TransactionsTest, SharedAccessKeysWalkAndTickNothing) {
 }
 
 TEST_F(TransactionsTest, TheKeyOfTheTaxStatusLabelsWalksToTheirBoxesWhileTheyAreEnabled) {
-  host.store(options::TransactionOptionBits, bit(Part::printTaxStatus));
+  host.store(options::TransactionOptionBits, bit(TransactionOptions::printTaxStatus));
   openPage([&](frmOptions& dialog) {
     const std::vector<ui::Control*> walk = {
-        &check(dialog, Part::salesPersonCanChange), &check(dialog, Part::printTaxStatus),
-        &box(dialog, Part::taxedSellPrice), &box(dialog, Part::taxedWholesale),
-        &box(dialog, Part::taxExempt)};
+        &check(dialog, TransactionOptions::salesPersonCanChange),
+        &check(dialog, TransactionOptions::printTaxStatus),
+        &box(dialog, TransactionOptions::taxedSellPrice),
+        &box(dialog, TransactionOptions::taxedWholesale),
+        &box(dialog, TransactionOptions::taxExempt)};
     for (int round = 0; round < 2; ++round) {
       for (const ui::Control* control : walk) {
         user.accessKey(u'e');
         EXPECT_TRUE(control->hasFocus());
       }
     }
-    EXPECT_EQ(tickedBoxes(dialog), std::set<int>{Part::printTaxStatus});
+    EXPECT_EQ(tickedBoxes(dialog), std::set<int>{TransactionOptions::printTaxStatus});
     EXPECT_FALSE(applyEnabled(dialog));
   });
 }
 
 TEST_F(TransactionsTest, TheKeyOfTheTaxStatusLabelsPassesOverTheirBoxesWhileTheyAreDisabled) {
   openPage([&](frmOptions& dialog) {
-    const std::vector<ui::Control*> walk = {&check(dialog, Part::salesPersonCanChange),
-                                            &check(dialog, Part::printTaxStatus),
-                                            &check(dialog, Part::enteredAmountsWithTax)};
+    const std::vector<ui::Control*> walk = {
+        &check(dialog, TransactionOptions::salesPersonCanChange),
+        &check(dialog, TransactionOptions::printTaxStatus),
+        &check(dialog, TransactionOptions::enteredAmountsWithTax)};
     for (int round = 0; round < 2; ++round) {
       for (const ui::Control* control : walk) {
         user.accessKey(u'e');
@@ -522,19 +524,19 @@ TEST_F(TransactionsTest, FirstUseStoresTheDefaults) {
 
 TEST_F(TransactionsTest, WhatIsStoredIsReadAgainByTheNextDialog) {
   editPage([&](frmOptions& dialog) {
-    user.click(check(dialog, Part::printTaxTotal));
+    user.click(check(dialog, TransactionOptions::printTaxTotal));
     user.press(Key::tab);
     user.type(u"GST");
   });
   openPage([&](frmOptions& dialog) {
-    EXPECT_EQ(tickedBoxes(dialog), std::set<int>{Part::printTaxTotal});
-    EXPECT_EQ(enabledBoxes(dialog), alwaysAnd({Part::taxTotal}));
-    EXPECT_EQ(box(dialog, Part::taxTotal).text(), u"GST");
-    EXPECT_EQ(box(dialog, Part::itemTax).text(), u"Tax");
-    user.click(check(dialog, Part::printTaxTotal));
+    EXPECT_EQ(tickedBoxes(dialog), std::set<int>{TransactionOptions::printTaxTotal});
+    EXPECT_EQ(enabledBoxes(dialog), alwaysAnd({TransactionOptions::taxTotal}));
+    EXPECT_EQ(box(dialog, TransactionOptions::taxTotal).text(), u"GST");
+    EXPECT_EQ(box(dialog, TransactionOptions::itemTax).text(), u"Tax");
+    user.click(check(dialog, TransactionOptions::printTaxTotal));
     user.click(dialog.cmdCommand[frmOptions::cancel]);
   });
-  EXPECT_EQ(host.value(options::TransactionOptionBits), bit(Part::printTaxTotal));
+  EXPECT_EQ(host.value(options::TransactionOptionBits), bit(TransactionOptions::printTaxTotal));
 }
 
 }  // namespace
