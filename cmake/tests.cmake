@@ -47,9 +47,9 @@ function(tillora_check name)
   set_tests_properties(${name} PROPERTIES LABELS check TIMEOUT 120)
 endfunction()
 
-# tillora_lint(): the static analysis of what this preset compiles.
-function(tillora_lint)
-  add_test(NAME lint COMMAND tools/lint.sh ${PROJECT_BINARY_DIR}
+# tillora_lint(<preset>): the static analysis of what this preset compiles.
+function(tillora_lint preset)
+  add_test(NAME lint COMMAND tools/lint.py ${preset}
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
   set_tests_properties(lint PROPERTIES LABELS lint TIMEOUT 1800)
 endfunction()

@@ -31,8 +31,9 @@ endfunction()
 
 # tillora_automation_server(<name> FOLDER <folder> STATIC <library> [LINK <library>...])
 # An in-process automation server <name>.dll from the folder's sources, .def, .rc and <name>.idl. Its
-# stripped copy is in the build folder itself, the linker's output in unstripped/. The same code is
-# also a static library, for tests that need no registration.
+# stripped copy is in the build folder itself, the linker's output in unstripped/. The same code but
+# for the library's entry points (dll_entry.cpp) is also a static library, for tests that need no
+# registration.
 function(tillora_automation_server name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER;STATIC" "LINK")
   tillora_idl(${name} ${arg_FOLDER})
@@ -41,6 +42,8 @@ function(tillora_automation_server name)
     return()
   endif()
 
+  set(entry ${PROJECT_SOURCE_DIR}/${arg_FOLDER}/dll_entry.cpp)
+  list(REMOVE_ITEM sources ${entry})
   set(objects ${arg_STATIC}_objects)
   add_library(${objects} OBJECT ${sources})
   tillora_link(${objects} tillora_options ${name}_idl ${arg_LINK} tillora_windows_libraries)
@@ -55,7 +58,7 @@ function(tillora_automation_server name)
   if(NOT exports)
     return()
   endif()
-  add_library(${name} SHARED $<TARGET_OBJECTS:${objects}> ${exports} ${resources})
+  add_library(${name} SHARED $<TARGET_OBJECTS:${objects}> ${entry} ${exports} ${resources})
   tillora_link(${name} tillora_options ${name}_idl ${arg_LINK} tillora_windows_libraries)
   set_target_properties(${name} PROPERTIES
     PREFIX ""

@@ -69,7 +69,7 @@ endforeach()
 tillora_check(TilloraOptions.size
   tools/check_dll.sh ${PROJECT_BINARY_DIR}/TilloraOptions.dll size 1500000)
 if(bits EQUAL 64)
-  tillora_lint()
+  tillora_lint(windows-x64)
 endif()
 if(bits EQUAL 32)
   # Of both bitnesses; it builds the libraries again, so nothing may use them meanwhile.

@@ -18,6 +18,7 @@ namespace {
 using testing::AutomationHost;
 using testing::Call;
 using testing::FakeHost;
+using testing::nullVariant;
 using testing::ScriptedObject;
 using win32::ComPtr;
 using win32::Variant;
@@ -94,11 +95,6 @@ TEST_P(HostAnswers, AreConvertedToTheOptionsType) {
   }
 }
 
-Variant nullVariant() {
-  Variant value;
-  value.address()->vt = VT_NULL;
-  return value;
-}
 Variant errorVariant() {
   Variant value;
   value.address()->vt = VT_ERROR;

@@ -15,17 +15,12 @@ namespace {
 
 using testing::Call;
 using testing::FakeHost;
+using testing::nullVariant;
 using testing::ScriptedObject;
 using win32::ComPtr;
 using win32::Variant;
 
 using Property = std::pair<const char16_t*, std::function<Variant()>>;
-
-Variant nullVariant() {
-  Variant value;
-  value.address()->vt = VT_NULL;
-  return value;
-}
 
 class ItemBrowserTest : public OptionsObjectTest {
  protected:

@@ -18,6 +18,12 @@
 
 namespace tillora::testing {
 
+inline win32::Variant nullVariant() {
+  win32::Variant value;
+  value.address()->vt = VT_NULL;
+  return value;
+}
+
 /// How a member of a scripted object fails.
 struct Failing {
   HRESULT result = E_FAIL;
