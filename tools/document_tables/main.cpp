@@ -61,7 +61,7 @@ bool process(const char* file, bool check) {
   if (!wanted) return false;
   if (*wanted == *document) return true;
   if (check) {
-    std::fprintf(stderr, "%s: a table is out of date; tools/docs_tables.sh makes it anew\n", file);
+    std::fprintf(stderr, "%s: a table is out of date; the target `tables` makes it anew\n", file);
     return false;
   }
   std::ofstream stream(file, std::ios::binary);
