@@ -92,7 +92,7 @@ wine_open() {
   export WINEPREFIX=$WINE_HOME/$name WINEDEBUG=${WINEDEBUG:--all}
   export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LC_ALL=C.UTF-8
   export WINE_RUNNER='' WINE_TMPDIR=${TMPDIR:-/tmp}
-  unset WINEARCH
+  unset WINEARCH DESK
   [ "$bits" != 32 ] || export WINEARCH=win32
   WINE_RUNNER=$("$REPO/tools/provide_wine.sh" "$bits" | tail -1) || return 1
   mkdir -p "$WINE_HOME"
