@@ -1,0 +1,41 @@
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tillora::testing {
+
+struct HandleCloser {
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using Handle = std::unique_ptr<void, HandleCloser>;
+
+/// The folder of the running program.
+std::filesystem::path programFolder();
+
+std::wstring quoted(const std::filesystem::path& path);
+
+/// A program that runs beside this one. It is ended, with every program that it started, when this
+/// object goes or this program ends.
+class ChildProgram {
+ public:
+  /// Whatever it prints goes into the file. Throws std::runtime_error where it cannot be run.
+  ChildProgram(std::wstring commandLine, const std::filesystem::path& output);
+
+  /// Its exit code; none where it still runs after this time or when the event is set meanwhile.
+  std::optional<DWORD> wait(DWORD milliseconds, HANDLE event = nullptr) const;
+
+ private:
+  Handle job_;
+  Handle process_;
+};
+
+/// The lines of a text file, whatever ends them; none where it cannot be read.
+std::vector<std::string> linesOf(const std::filesystem::path& file);
+
+}  // namespace tillora::testing
