@@ -48,7 +48,8 @@ void expectNothingLeft() {
   EXPECT_EQ(seen.inHeaps, 0U);
   EXPECT_EQ(seen.elsewhere, 0U);
   EXPECT_GT(seen.heaps, 0U);
-  EXPECT_GT(seen.blocks, 1000U);
+  // A platform may list many small blocks as one.
+  EXPECT_GT(seen.blocks, 100U);
   EXPECT_GT(seen.bytes, std::size_t{1} << 20);
 }
 
@@ -81,7 +82,8 @@ TEST_F(MemorySearchTest, ACopyInOtherMemoryIsSeen) {
       static_cast<char16_t*>(VirtualAlloc(nullptr, 4096, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
   for (char16_t* place : {data.data(), local.data(), page}) {
     for (std::size_t i = 0; i < Canary::kPart; ++i) place[i] = kStored.storedAt(i + 3);
-    EXPECT_EQ(searchMemory(kCanaries).elsewhere, 1U);
+    EXPECT_EQ(searchMemory(kCanaries).elsewhere, 1U)
+        << (place == page ? "in a page" : place == data.data() ? "in static data" : "on the stack");
     wipe(place, Canary::kPart * sizeof(char16_t));
   }
   VirtualFree(page, 0, MEM_RELEASE);

@@ -47,10 +47,14 @@ class Search {
            (region.Protect & kWritable) != 0 && (region.Protect & PAGE_GUARD) == 0;
   }
 
+  // A block lies in one allocation, whatever size the walk gives for it.
   void readable(const unsigned char* at, std::size_t size, std::size_t& found) {
+    const void* allocation = nullptr;
     while (size > 0) {
       MEMORY_BASIC_INFORMATION region{};
       if (VirtualQuery(at, &region, sizeof region) == 0) return;
+      if (allocation == nullptr) allocation = region.AllocationBase;
+      if (region.AllocationBase != allocation) return;
       const auto* end = static_cast<const unsigned char*>(region.BaseAddress) + region.RegionSize;
       const std::size_t part = std::min(size, static_cast<std::size_t>(end - at));
       if (isOwn(region)) count(at, part, found);
