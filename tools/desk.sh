@@ -20,7 +20,7 @@ hold() {
   [ "$bits" = 64 ] || wine_draws || die "this 32-bit Wine draws nothing"
   wine_register "$build"
   at_exit "rm -f '$desk.env'"
-  declare -px DISPLAY WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_TMPDIR LC_ALL >"$desk.new"
+  declare -px DISPLAY WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_LOADER WINE_TMPDIR LC_ALL >"$desk.new"
   mv "$desk.new" "$desk.env"
   tail --pid="$1" -f /dev/null 9>&-
 }

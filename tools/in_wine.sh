@@ -19,4 +19,4 @@ done
 [ -n "$show" ] || display_open
 wine_open "hand-$bits" "$bits"
 wine_register "$(dirname "$1")"
-${WINE_RUNNER:-} wine "$@"
+${WINE_RUNNER:-} "$WINE_LOADER" "$@"

@@ -83,7 +83,7 @@ wine_server() {
 wine_run() {
   local seconds=$1
   shift
-  timeout --kill-after=10 "$seconds" ${WINE_RUNNER:-} wine "$@" </dev/null >>"$WINE_LOG" 2>&1
+  timeout --kill-after=10 "$seconds" ${WINE_RUNNER:-} "$WINE_LOADER" "$@" </dev/null >>"$WINE_LOG" 2>&1
 }
 
 wine_open() {
@@ -95,6 +95,9 @@ wine_open() {
   unset WINEARCH DESK
   [ "$bits" != 32 ] || export WINEARCH=win32
   WINE_RUNNER=$("$REPO/tools/provide_wine.sh" "$bits" | tail -1) || return 1
+  # Where 32-bit Wine is installed, `wine cscript` would be the system's 32-bit one.
+  export WINE_LOADER=wine
+  [ "$bits" != 64 ] || WINE_LOADER=/usr/lib/wine/wine64
   mkdir -p "$WINE_HOME"
   WINE_LOG=$WINE_HOME/$name.log
   WINE_STAMP="$WINE_SETTINGS_VERSION $bits $dpi ${WINE_MANAGED:-N} $WINE_RUNNER"
@@ -123,7 +126,7 @@ wine_register() {
 # draws nothing.
 wine_draws() {
   local colours
-  ${WINE_RUNNER:-} wine notepad </dev/null >/dev/null 2>&1 &
+  ${WINE_RUNNER:-} "$WINE_LOADER" notepad </dev/null >/dev/null 2>&1 &
   local notepad=$!
   for _ in $(seq 50); do
     sleep 0.2

@@ -9,4 +9,4 @@ set -euo pipefail
 # on the same prefix, which knows neither its programs nor what was registered just before.
 export TMPDIR=${WINE_TMPDIR:-${TMPDIR:-/tmp}}
 # shellcheck disable=SC2086 # the runner is several words, or none
-exec timeout --kill-after=10 "${WINE_TIMEOUT:-0}" ${WINE_RUNNER:-} wine "$@"
+exec timeout --kill-after=10 "${WINE_TIMEOUT:-0}" ${WINE_RUNNER:-} "$WINE_LOADER" "$@"
