@@ -1,4 +1,4 @@
-// Runs the test programs of a test package (docs/test-package.md) on a Windows where nothing is
+// Runs the test programs of a test package (docs/windows-tests.md) on a Windows where nothing is
 // installed, and leaves the machine as it was:
 //
 //   run_tests [machine]
