@@ -14,8 +14,8 @@
 
 #include "support/win32/wide_text.h"
 #include "tests/package/registration.h"
-#include "tests/package/report.h"
 #include "tests/testing/win32/child_program.h"
+#include "tests/testing/win32/test_report.h"
 
 namespace tillora::testing {
 namespace {
@@ -84,7 +84,7 @@ class TestRun {
   fs::path package_;
   fs::path reports_;
   fs::path temporary_;
-  Report report_;
+  TestReport report_;
 };
 
 std::string valueOf(const wchar_t* key, const wchar_t* name) {

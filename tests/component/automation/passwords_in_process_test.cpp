@@ -9,6 +9,7 @@
 #include <array>
 #include <cwchar>
 #include <string>
+#include <utility>
 
 #include "component/options_tab.h"
 #include "tests/component/automation/automation_host.h"
@@ -80,10 +81,10 @@ TEST_F(MemorySearchTest, ACopyInOtherMemoryIsSeen) {
   std::array<char16_t, Canary::kPart> local{};
   auto* page =
       static_cast<char16_t*>(VirtualAlloc(nullptr, 4096, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
-  for (char16_t* place : {data.data(), local.data(), page}) {
+  for (const auto& [where, place] :
+       {std::pair{"static data", data.data()}, {"stack", local.data()}, {"page", page}}) {
     for (std::size_t i = 0; i < Canary::kPart; ++i) place[i] = kStored.storedAt(i + 3);
-    EXPECT_EQ(searchMemory(kCanaries).elsewhere, 1U)
-        << (place == page ? "in a page" : place == data.data() ? "in static data" : "on the stack");
+    EXPECT_EQ(searchMemory(kCanaries).elsewhere, 1U) << where;
     wipe(place, Canary::kPart * sizeof(char16_t));
   }
   VirtualFree(page, 0, MEM_RELEASE);

@@ -7,10 +7,10 @@
 namespace tillora::testing {
 
 /// Results as they come: failures and notes on the screen, everything in a text file.
-class Report {
+class TestReport {
  public:
   /// Throws where the file cannot be written.
-  explicit Report(const std::filesystem::path& file);
+  explicit TestReport(const std::filesystem::path& file);
 
   void note(const std::string& line);
   void passed(const std::string& name);

@@ -1,4 +1,4 @@
-#include "tests/package/report.h"
+#include "tests/testing/win32/test_report.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -8,33 +8,33 @@
 
 namespace tillora::testing {
 
-Report::Report(const std::filesystem::path& file) : file_(file, std::ios::binary) {
+TestReport::TestReport(const std::filesystem::path& file) : file_(file, std::ios::binary) {
   if (!file_) throw std::runtime_error("the report cannot be written: " + file.string());
 }
 
-void Report::note(const std::string& line) {
+void TestReport::note(const std::string& line) {
   std::printf("%s\n", line.c_str());
   std::fflush(stdout);
   // Flushed, for a machine that is switched off leaves the report so far.
   file_ << line << "\r\n" << std::flush;
 }
 
-void Report::passed(const std::string& name) {
+void TestReport::passed(const std::string& name) {
   ++passed_;
   file_ << "passed: " << name << "\r\n";
 }
 
-void Report::failed(const std::string& name, const std::string& why) {
+void TestReport::failed(const std::string& name, const std::string& why) {
   ++failed_;
   note("FAILED: " + name + (why.empty() ? "" : ": " + why));
 }
 
-void Report::skipped(const std::string& name, const std::string& why) {
+void TestReport::skipped(const std::string& name, const std::string& why) {
   ++skipped_;
   file_ << "skipped: " << name << ": " << why << "\r\n";
 }
 
-int Report::addLog(const std::string& program, const std::filesystem::path& log) {
+int TestReport::addLog(const std::string& program, const std::filesystem::path& log) {
   constexpr const char* kRun = "[ RUN      ] ";
   constexpr std::size_t kMostLines = 40;
   const int before = failed_;
@@ -76,7 +76,7 @@ int Report::addLog(const std::string& program, const std::filesystem::path& log)
   return failed_ - before;
 }
 
-bool Report::close() {
+bool TestReport::close() {
   std::string line = std::to_string(passed_) + " passed, " + std::to_string(failed_) + " failed";
   if (skipped_ != 0) line += ", " + std::to_string(skipped_) + " skipped";
   note(line);
