@@ -81,8 +81,8 @@ TEST_F(MemorySearchTest, ACopyInOtherMemoryIsSeen) {
   std::array<char16_t, Canary::kPart> local{};
   auto* page =
       static_cast<char16_t*>(VirtualAlloc(nullptr, 4096, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
-  for (const auto& [where, place] :
-       {std::pair{"static data", data.data()}, {"stack", local.data()}, {"page", page}}) {
+  for (const auto& [where, place] : {std::pair{"static data", data.data()},
+                                     std::pair{"stack", local.data()}, std::pair{"page", page}}) {
     for (std::size_t i = 0; i < Canary::kPart; ++i) place[i] = kStored.storedAt(i + 3);
     EXPECT_EQ(searchMemory(kCanaries).elsewhere, 1U) << where;
     wipe(place, Canary::kPart * sizeof(char16_t));
