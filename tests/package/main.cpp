@@ -259,8 +259,8 @@ int run(int count, wchar_t** arguments) {
     std::printf("usage: test.cmd [machine]\n");
     return 2;
   }
-  const Handle stopEvent(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-  const Handle finishEvent(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+  const KernelHandle stopEvent(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+  const KernelHandle finishEvent(CreateEventW(nullptr, TRUE, FALSE, nullptr));
   stopping = stopEvent.get();
   finished = finishEvent.get();
   SetConsoleCtrlHandler(stop, TRUE);

@@ -27,7 +27,7 @@ ChildProgram::ChildProgram(std::wstring commandLine, const std::filesystem::path
   if (file == INVALID_HANDLE_VALUE) {
     throw std::runtime_error("no output file: error " + std::to_string(GetLastError()));
   }
-  const Handle printed(file);
+  const KernelHandle printed(file);
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESTDHANDLES;
@@ -39,7 +39,7 @@ ChildProgram::ChildProgram(std::wstring commandLine, const std::filesystem::path
     throw std::runtime_error("cannot be run: error " + std::to_string(GetLastError()));
   }
   process_.reset(started.hProcess);
-  const Handle thread(started.hThread);
+  const KernelHandle thread(started.hThread);
   AssignProcessToJobObject(job_.get(), process_.get());
   ResumeThread(thread.get());
 }

@@ -10,10 +10,10 @@
 
 namespace tillora::testing {
 
-struct HandleCloser {
+struct KernelHandleCloser {
   void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
-using Handle = std::unique_ptr<void, HandleCloser>;
+using KernelHandle = std::unique_ptr<void, KernelHandleCloser>;
 
 /// The folder of the running program.
 std::filesystem::path programFolder();
@@ -31,8 +31,8 @@ class ChildProgram {
   std::optional<DWORD> wait(DWORD milliseconds, HANDLE event = nullptr) const;
 
  private:
-  Handle job_;
-  Handle process_;
+  KernelHandle job_;
+  KernelHandle process_;
 };
 
 /// The lines of a text file, whatever ends them; none where it cannot be read.
