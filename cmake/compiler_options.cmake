@@ -44,9 +44,6 @@ endif()
 if(WIN32)
   target_compile_definitions(tillora_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601 WINVER=0x0601)
-  # Of the sources that are compiled together only what is used is linked.
-  target_compile_options(tillora_options INTERFACE -ffunction-sections -fdata-sections)
-  target_link_options(tillora_options INTERFACE -Wl,--gc-sections)
   # Nothing but Windows is needed where the programs run, and the undecorated names of the .def
   # files find the decorated functions of 32-bit code.
   target_link_options(tillora_options INTERFACE

@@ -23,6 +23,10 @@ function(tillora_together target how what)
   # What ccache needs to see through a precompiled header.
   target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
 
+  if(WIN32)
+    # As many sections as a folder of sources needs.
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wa,-mbig-obj>)
+  endif()
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
   get_target_property(sources ${target} SOURCES)
   foreach(source IN LISTS sources)

@@ -46,6 +46,11 @@ foreach(shard IN LISTS unit_desks)
   tillora_at_desk(windows_tests-${shard} ${shard})
 endforeach()
 
+# Clients in processes of their own, with a person at the dialog.
+tillora_windows_program(client_tests FOLDER tests/clients LINK tillora_testing gtest_main)
+tillora_unit_tests(client_tests client_tests)
+tillora_at_desk(client_tests scripts)
+
 # A Wine that runs 32-bit programs runs 64-bit ones too.
 set(pattern "*_test.sh")
 if(bits EQUAL 32)

@@ -82,7 +82,7 @@ class ApartmentsTest : public ::testing::Test {
  protected:
   /// An object of another thread's apartment, created from here through the class factory there.
   /// The system does the same for a host in the multi-threaded apartment
-  /// (tests/scripts/apartments_test.sh), but Wine keeps a reference to the factory then, and the
+  /// (tests/clients/apartments.cpp), but Wine keeps a reference to the factory then, and the
   /// tests that count objects would see it.
   ComPtr<_Options> createIn(WindowThread& owner) {
     IStream* passed = nullptr;
