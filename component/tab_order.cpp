@@ -56,6 +56,7 @@ using Validation = bool (*)(const Tabs&, const Text& title);
 const std::vector<Validation> kValidations = {
     [](const Tabs& tabs, const Text& title) { return tabs.get<ListColumns>().validate(title); },
     [](const Tabs& tabs, const Text& title) { return tabs.get<EndOfDay>().validate(title); },
+    [](const Tabs& tabs, const Text& title) { return tabs.get<LedvaneLink>().validate(title); },
 };
 
 }  // namespace

@@ -86,14 +86,14 @@ void frmPasswordSet::accept() {
     box->setFocus();
     return;
   }
-  if (txtPassword[oldPassword].text() != Password.text()) {
+  if (!sameLetters(txtPassword[oldPassword].text(), Password.text())) {
     askAgain(
         u"The Old Password you entered is incorrect.\r\n\r\n"
         u"Please re-enter the Old Password.",
         u"Old Password incorrect", {oldPassword});
     return;
   }
-  if (txtPassword[newPassword].text() != txtPassword[confirmPassword].text()) {
+  if (!sameLetters(txtPassword[newPassword].text(), txtPassword[confirmPassword].text())) {
     askAgain(
         u"The  New and Confirmed Passwords you entered do not match.\r\n\r\n"
         u"Please re-enter the Passwords.",

@@ -22,7 +22,7 @@ Text patternOf(TextView extension) {
 
 // The files of transactions that were made for this data file and not posted yet.
 Text waitingFiles(const Text& dataFile) {
-  return dataFile.substr(0, dataFile.rfind(u'\\') + 1) + u"LVPst*.pos";
+  return dataFile.substr(0, dataFile.find_last_of(u"\\/:") + 1) + u"LVPst*.pos";
 }
 
 }  // namespace
@@ -71,36 +71,10 @@ void LedvaneLink::enableLineItems() {
 }
 
 void LedvaneLink::change() {
-  const Text terminal =
-      beforeLastBlank(requireObject(dialog_.host().app, u"AppObject").title()) + u" terminal";
+  const Text title = requireObject(dialog_.host().app, u"AppObject").title();
   JetDatabase& database = requireObject(dialog_.host().database, u"DBJetObject");
-  if (database.terminalCount(u"[ReportingBits] = 0") > 0) {
-    refuse(u"One or more " + terminal +
-               u"s have un-processed transactions.\r\n\r\n"
-               u"These transactions must be posted to the current Ledvane data file before "
-               u"changing to a new Ledvane data file.",
-           u"To post the transactions to the current Ledvane data file, perform an End-Of-Day on "
-           u"each " +
-               terminal +
-               u", then use the Post Transactions to Ledvane wizard.  You may then change the "
-               u"Ledvane data file.");
-    return;
-  }
-
   // The file that transactions were posted to so far, whatever has been chosen since.
-  const Text current = database.dataFile();
-  const int waiting = current.empty() ? 0 : dialog_.GetNumberOfFiles(waitingFiles(current));
-  if (waiting > 0) {
-    const Text count = waiting == 1 ? Text(u"There is 1 transaction file")
-                                    : u"There are " + decimalText(waiting) + u" transaction files";
-    refuse(count +
-               u" waiting to be posted to Ledvane.\r\n\r\n"
-               u"The transaction file(s) must be posted to the current Ledvane data file before "
-               u"changing to a new Ledvane data file.",
-           u"Use the Post Transactions to Ledvane wizard to post the transaction file(s) to the "
-           u"current Ledvane data file.");
-    return;
-  }
+  if (!mayChange(database, database.dataFile(), title)) return;
 
   const Text pattern = patternOf(dialog_.dataFileExtension());
   const std::optional<Text> chosen = dialog_.platform().fileDialogs.open(
@@ -110,17 +84,59 @@ void LedvaneLink::change() {
   txtLedvane.setText(*chosen);
 }
 
-void LedvaneLink::refuse(const Text& reason, const Text& advice) {
+bool LedvaneLink::validate(const Text& title) {
+  if (!choice_) return true;
+  JetDatabase& database = requireObject(dialog_.host().database, u"DBJetObject");
+  const Text current = database.dataFile();
+  if (*choice_ == current) {
+    choice_.reset();
+    return true;
+  }
+  if (mayChange(database, current, title)) return true;
+  dialog_.selectTab(TabPage::general);
+  return false;
+}
+
+bool LedvaneLink::mayChange(JetDatabase& database, const Text& current, const Text& title) {
+  const Text terminal = beforeLastBlank(title) + u" terminal";
+  if (database.terminalCount(u"[ReportingBits] = 0") > 0) {
+    refuse(u"One or more " + terminal +
+               u"s have un-processed transactions.\r\n\r\n"
+               u"These transactions must be posted to the current Ledvane data file before "
+               u"changing to a new Ledvane data file.",
+           u"To post the transactions to the current Ledvane data file, perform an End-Of-Day on "
+           u"each " +
+               terminal +
+               u", then use the Post Transactions to Ledvane wizard.  You may then change the "
+               u"Ledvane data file.",
+           current);
+    return false;
+  }
+
+  const int waiting = current.empty() ? 0 : dialog_.GetNumberOfFiles(waitingFiles(current));
+  if (waiting == 0) return true;
+  const Text count = waiting == 1 ? Text(u"There is 1 transaction file")
+                                  : u"There are " + decimalText(waiting) + u" transaction files";
+  refuse(count +
+             u" waiting to be posted to Ledvane.\r\n\r\n"
+             u"The transaction file(s) must be posted to the current Ledvane data file before "
+             u"changing to a new Ledvane data file.",
+         u"Use the Post Transactions to Ledvane wizard to post the transaction file(s) to the "
+         u"current Ledvane data file.",
+         current);
+  return false;
+}
+
+void LedvaneLink::refuse(const Text& reason, const Text& advice, const Text& current) {
   dialog_.messages().warn(reason, u"Cannot change Ledvane Data File", advice);
+  choice_.reset();
+  txtLedvane.reformat(current);
 }
 
 void LedvaneLink::save(OptionsRecord& record, OptionChanges& changes) {
   if (choice_) {
-    JetDatabase& database = requireObject(dialog_.host().database, u"DBJetObject");
-    if (database.dataFile() != *choice_) {
-      database.setDataFile(*choice_);
-      changes.setDataFile();
-    }
+    requireObject(dialog_.host().database, u"DBJetObject").setDataFile(*choice_);
+    changes.setDataFile();
     choice_.reset();
   }
   saveBits(record, options::LVSummariseBits, tickedBits(chkLedvane));

@@ -19,6 +19,9 @@ class LedvaneLink final : public OptionsTab {
 
   explicit LedvaneLink(OptionsDialog& dialog);
   void load(OptionsRecord& record) override;
+  /// Whether a data file that was chosen can be handed over now. False once the message that says
+  /// why not was shown, the choice was dropped, and its tab was selected.
+  bool validate(const Text& title);
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
   ui::Frame& fraGeneral;
@@ -32,7 +35,10 @@ class LedvaneLink final : public OptionsTab {
 
   void enableLineItems();
   void change();
-  void refuse(const Text& reason, const Text& advice);
+  /// Asks whether anything waits to be posted to the current data file. False once a message has
+  /// said so; no choice is left then.
+  bool mayChange(JetDatabase& database, const Text& current, const Text& title);
+  void refuse(const Text& reason, const Text& advice, const Text& current);
 
   std::optional<Text> choice_;  ///< a data file that was chosen and not yet saved
 };

@@ -7,7 +7,6 @@
 
 #include "support/modSelectAllText.h"
 #include "support/number_format.h"
-#include "support/text_rules.h"
 #include "ui/layout.h"
 
 namespace tillora {
@@ -106,15 +105,16 @@ void CurrencyConversion::keyPress(char16_t& key) {
 }
 
 void CurrencyConversion::validate() {
-  // The margin may have more decimals than are shown: a text that nobody edited does not replace
-  // it.
-  const std::optional<Decimal> number = edited_ ? typed() : std::nullopt;
+  // The margin may have more decimals than are shown: a text that nobody edited stands for it.
+  const std::optional<Decimal> number = edited_ ? typed() : asWritten(margin_);
   const std::optional<double> percent = number ? toDouble(*number) : std::nullopt;
   if (percent) {
     const double lowest = udCurrencyConversion.minimum() / 100.0;
     const double highest = udCurrencyConversion.maximum() / 100.0;
     if (!spinning_) setUpDown(*number);
-    margin_ = static_cast<float>(std::clamp(*percent, lowest, highest));
+    const auto limited = static_cast<float>(std::clamp(*percent, lowest, highest));
+    if (limited != margin_) dialog_.markChanged();
+    margin_ = limited;
   }
   showMargin();
 }
@@ -148,9 +148,8 @@ Text CurrencyConversion::marginText(TextView format) const {
 }
 
 std::optional<Decimal> CurrencyConversion::typed() const {
-  const Text text = trimBlanks(box().text());
-  if (text.empty()) return Decimal{.digits = "0"};
-  TextView number = text;
+  TextView number = withoutNumberBlanks(box().text());
+  if (number.empty()) return Decimal{.digits = "0"};
   if (number.ends_with(u'%')) number.remove_suffix(1);
   return toDecimal(number, locale_);
 }

@@ -58,6 +58,7 @@ Rounding::Rounding(OptionsDialog& dialog)
   makeTax();
   makeUnitOfMeasure();
   layOut();
+  cboRounding[step].click = [this] { storedStep_.reset(); };
   cmdBrowse.click = [this] { browse(); };
 }
 
@@ -137,7 +138,9 @@ void Rounding::load(OptionsRecord& record) {
   storedDirection_ = record.getOrDefault(options::RoundingDirection);
   select(cboRounding[direction], storedDirection_);
   loadSteps();
-  selectStep(record.get(options::RoundingStep));
+  const std::optional<Money> storedStep = record.get(options::RoundingStep);
+  selectStep(storedStep);
+  storedStep_ = storedStep;
   txtRoundingCaption[roundedCaption].setText(record.getOrDefault(options::RoundedCaption));
   txtRoundingCaption[varianceCaption].setText(
       record.getOrDefault(options::RoundingVarianceCaption));
@@ -174,17 +177,21 @@ void Rounding::selectStep(std::optional<Money> stored) {
   ui::ComboBox& list = cboRounding[step];
   int found = kUsualStep;
   if (stored) {
+    const auto own = std::ranges::find(steps_, *stored);
     const auto shown = std::ranges::find_if(list.items(), [&](const Text& text) {
       return toMoney(text, dialog_.platform().numbers) == stored;
     });
-    const auto own = std::ranges::find(steps_, *stored);
-    if (shown != list.items().end()) {
-      found = static_cast<int>(shown - list.items().begin());
-    } else if (own != steps_.end()) {
+    if (own != steps_.end()) {
       found = static_cast<int>(own - steps_.begin());
+    } else if (shown != list.items().end()) {
+      found = static_cast<int>(shown - list.items().begin());
     }
   }
   list.setListIndex(found);
+}
+
+Money Rounding::chosenStep() const {
+  return storedStep_.value_or(steps_.at(static_cast<std::size_t>(cboRounding[step].listIndex())));
 }
 
 void Rounding::browse() {
@@ -206,8 +213,7 @@ std::uint8_t Rounding::chosenMode() const {
 
 void Rounding::save(OptionsRecord& record, OptionChanges& changes) {
   const auto& caption = txtRoundingCaption;
-  const auto stepIndex = static_cast<std::size_t>(cboRounding[step].listIndex());
-  bool differs = record.replace(options::RoundingStep, steps_.at(stepIndex));
+  bool differs = record.replace(options::RoundingStep, chosenStep());
 
   const std::int32_t flags = record.getOrZero(options::RoundingFlags);
   differs |= saveBits(record, options::RoundingFlags, tickedBits(chkRounding)) != flags;

@@ -3,14 +3,18 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
+
+#include "ui/letter_case.h"
 
 namespace tillora {
 namespace {
 
-constexpr std::size_t kSignificantDigits = 15;
+constexpr int kSignificantDigits = 15;
 
-/// Calls `visit(character, isLiteral)` for each character that a format names.
+/// Calls `visit(character, isLiteral, position)` for each character that a format names.
 template <class Visitor>
 void forEachFormatCharacter(TextView format, Visitor visit) {
   bool quoted = false;
@@ -19,26 +23,24 @@ void forEachFormatCharacter(TextView format, Visitor visit) {
     if (c == u'"') {
       quoted = !quoted;
     } else if (c == u'\\' && !quoted) {
-      if (++i < format.size()) visit(format[i], true);
+      if (++i < format.size()) visit(format[i], true, i);
     } else {
-      visit(c, quoted);
+      visit(c, quoted, i);
     }
   }
 }
 
 bool isPlaceholder(char16_t c) { return c == u'0' || c == u'#'; }
 
-std::vector<Text> sectionsOf(TextView format) {
-  std::vector<Text> sections(1);
-  forEachFormatCharacter(format, [&](char16_t c, bool literal) {
-    if (literal) {
-      sections.back() += {u'\\', c};
-    } else if (c == u';') {
-      sections.emplace_back();
-    } else {
-      sections.back() += c;
-    }
+std::vector<TextView> sectionsOf(TextView format) {
+  std::vector<TextView> sections;
+  std::size_t start = 0;
+  forEachFormatCharacter(format, [&](char16_t c, bool literal, std::size_t at) {
+    if (literal || c != u';') return;
+    sections.push_back(format.substr(start, at - start));
+    start = at + 1;
   });
+  sections.push_back(format.substr(start));
   return sections;
 }
 
@@ -48,27 +50,27 @@ struct Shape {
   int wholeZeros = 0;    // digits shown there at least
   int decimals = 0;      // placeholders after it
   int decimalZeros = 0;  // digits shown there at least
-  int percents = 0;
+  bool percent = false;
   bool thousands = false;
+
+  bool hasDigits() const { return whole + decimals > 0; }
 };
 
 Shape shapeOf(TextView section) {
   Shape shape;
   bool fraction = false;
-  bool comma = false;
-  forEachFormatCharacter(section, [&](char16_t c, bool literal) {
+  forEachFormatCharacter(section, [&](char16_t c, bool literal, std::size_t) {
     if (literal) return;
     if (c == u'.') fraction = true;
-    if (c == u'%') ++shape.percents;
-    if (c == u',' && !fraction && shape.whole > 0) comma = true;
+    if (c == u'%') shape.percent = true;
+    if (c == u',' && shape.hasDigits()) shape.thousands = true;
     if (!isPlaceholder(c)) return;
     int& count = fraction ? shape.decimals : shape.whole;
     ++count;
     if (fraction) {
       if (c == u'0') shape.decimalZeros = count;
-    } else {
-      shape.thousands = shape.thousands || comma;
-      if (c == u'0' || shape.wholeZeros > 0) ++shape.wholeZeros;
+    } else if (c == u'0' || shape.wholeZeros > 0) {
+      ++shape.wholeZeros;
     }
   });
   return shape;
@@ -79,11 +81,11 @@ struct Digits {
   std::string whole;     // without leading zeros
   std::string fraction;  // exactly as many as asked for
 
-  Digits(double magnitude, int decimals) {
-    auto [digits, exponent] = toScientific(magnitude, static_cast<int>(kSignificantDigits));
+  Digits(double magnitude, int decimals, bool percent) {
+    auto [digits, exponent] = toScientific(magnitude, kSignificantDigits);
 
     // Digits before the separator may be none (0.05) or more than the number holds (1e20).
-    const int point = exponent + 1;
+    const int point = exponent + 1 + (percent ? 2 : 0);
     if (point <= 0) digits.insert(0, static_cast<std::size_t>(1 - point), '0');
     const auto wholeSize = static_cast<std::size_t>(std::max(point, 1));
     const std::size_t size = wholeSize + static_cast<std::size_t>(decimals);
@@ -126,16 +128,15 @@ class SectionWriter {
   }
 
   Text write(TextView section) {
-    forEachFormatCharacter(section, [&](char16_t c, bool literal) {
-      if (literal || (!isPlaceholder(c) && c != u'.' && c != u',')) {
-        out_ += c;
-      } else if (c == u'.') {
-        if (fraction_) return;
-        fraction_ = true;
-        if (shape_.whole == 0) writeWhole();
-        out_ += locale_.decimalSeparator;
-      } else if (c != u',') {
+    forEachFormatCharacter(section, [&](char16_t c, bool literal, std::size_t) {
+      if (!literal && isPlaceholder(c)) {
         writePlaceholder();
+      } else if (!literal && c == u'.' && !fraction_) {
+        fraction_ = true;
+        if (shape_.whole == 0 && shape_.decimals > 0) writeWhole();
+        out_ += locale_.decimalSeparator;
+      } else if (literal || c != u',' || !hasPlaceholder_) {
+        out_ += c;
       }
     });
     return std::move(out_);
@@ -143,6 +144,7 @@ class SectionWriter {
 
  private:
   void writePlaceholder() {
+    hasPlaceholder_ = true;
     if (fraction_) {
       if (decimal_ < digits_.fraction.size()) out_ += digits_.fraction[decimal_++];
       return;
@@ -174,29 +176,61 @@ class SectionWriter {
   std::size_t decimal_ = 0;
   int placeholder_ = 0;
   bool fraction_ = false;
+  bool hasPlaceholder_ = false;
 };
+
+Text formatSections(double value, TextView format, const NumberLocale& locale) {
+  const std::vector<TextView> sections = sectionsOf(format);
+  const auto has = [&](std::size_t section) {
+    return sections.size() > section && !sections[section].empty();
+  };
+  const std::size_t chosen = value < 0 && has(1) ? 1 : value == 0 && has(2) ? 2 : 0;
+  const Shape shape = shapeOf(sections[chosen]);
+  Digits digits(std::abs(value), shape.decimals, shape.percent);
+  // What is rounded to nothing has no sign.
+  const bool negative = value < 0 && chosen == 0 && shape.hasDigits() && !digits.isZero();
+  const Text text = SectionWriter(shape, std::move(digits), locale).write(sections[chosen]);
+  return negative ? u"-" + text : text;
+}
+
+Text inCharacters(std::string_view digits) { return {digits.begin(), digits.end()}; }
+
+// As many digits as the number has, in powers of ten where it is very large or small.
+Text generalNumber(double value, const NumberLocale& locale) {
+  auto [digits, exponent] = toScientific(std::abs(value), kSignificantDigits);
+  digits.resize(std::max<std::size_t>(digits.find_last_not_of('0') + 1, 1));
+  const bool plain = exponent >= -4 && exponent < kSignificantDigits;
+  if (plain && exponent < 0) digits.insert(0, static_cast<std::size_t>(-exponent), '0');
+  const auto whole = static_cast<std::size_t>(plain ? std::max(exponent, 0) + 1 : 1);
+  if (digits.size() < whole) digits.resize(whole, '0');
+
+  Text text = value < 0 ? u"-" : u"";
+  text += inCharacters(digits.substr(0, whole));
+  if (digits.size() > whole) text += locale.decimalSeparator + inCharacters(digits.substr(whole));
+  if (!plain) {
+    text += exponent < 0 ? u"E-" : u"E+";
+    if (std::abs(exponent) < 10) text += u'0';
+    text += decimalText(std::abs(exponent));
+  }
+  return text;
+}
+
+Text currency(double value, NumberLocale locale) {
+  locale.decimalSeparator = locale.currencyDecimalSeparator;
+  locale.thousandsSeparator = locale.currencyThousandsSeparator;
+  return formatSections(value, locale.currencyFormat, locale);
+}
 
 }  // namespace
 
 Text formatNumber(double value, TextView format, const NumberLocale& locale) {
-  const std::vector<Text> sections = sectionsOf(format);
-  const auto digitsFor = [&](TextView section) {
-    const Shape shape = shapeOf(section);
-    return Digits(std::abs(value) * std::pow(100.0, shape.percents), shape.decimals);
-  };
-
-  const bool hasNegative = sections.size() > 1 && !sections[1].empty();
-  const Text* section = value < 0 && hasNegative ? &sections[1] : &sections[0];
-  Digits digits = digitsFor(*section);
-  // What rounds to nothing is shown as zero is, without a sign.
-  const bool zero = digits.isZero();
-  if (zero) {
-    section = sections.size() > 2 && !sections[2].empty() ? &sections[2] : &sections[0];
-    digits = digitsFor(*section);
-  }
-  const Shape shape = shapeOf(*section);
-  const Text text = SectionWriter(shape, std::move(digits), locale).write(*section);
-  return value < 0 && !zero && !hasNegative ? u"-" + text : text;
+  const Text name = lowerCase(format);
+  if (name.empty() || name == u"general number") return generalNumber(value, locale);
+  if (name == u"currency") return currency(value, locale);
+  if (name == u"standard") return formatSections(value, u"#,##0.00", locale);
+  if (name == u"fixed") return formatSections(value, u"0.00", locale);
+  if (name == u"percent") return formatSections(value, u"0.00%", locale);
+  return formatSections(value, format, locale);
 }
 
 }  // namespace tillora

@@ -19,7 +19,7 @@ namespace {
 // Beyond every number; sums of it are far from overflowing.
 constexpr std::int64_t kLargestExponent = 1'000'000'000;
 
-bool isWhiteSpace(char16_t c) { return c == u' ' || (c >= 0x09 && c <= 0x0D); }
+constexpr char16_t kNoBreakSpace = 0xA0;
 
 /// Takes a number apart from left to right.
 class NumberReader {
@@ -50,7 +50,7 @@ class NumberReader {
   bool readAffix(char16_t bracket, bool& bracketSeen) {
     if (rest_.empty()) return false;
     const char16_t c = rest_.front();
-    if (isWhiteSpace(c)) {
+    if (isNumberBlank(c)) {
       rest_.remove_prefix(1);
     } else if ((c == u'+' || c == u'-') && !signed_) {
       signed_ = true;
@@ -80,10 +80,15 @@ class NumberReader {
       if (isDigit(rest_.front())) {
         number_.digits += static_cast<char>(rest_.front());
         rest_.remove_prefix(1);
-      } else if (number_.digits.empty() || !skip(separator)) {
+      } else if (number_.digits.empty() || !skipThousands(separator)) {
         break;
       }
     }
+  }
+
+  // No keyboard has the no-break space that some locales separate thousands with.
+  bool skipThousands(TextView separator) {
+    return skip(separator) || (separator == TextView(&kNoBreakSpace, 1) && skip(u" "));
   }
 
   // An amount of currency has none.
@@ -130,6 +135,18 @@ bool isBelowOne(const Decimal& number) {
 }
 
 }  // namespace
+
+bool isNumberBlank(char16_t c) {
+  constexpr TextView kOthers = u" \u0085\u00a0\u1680\u2028\u2029\u202f\u205f\u3000";
+  return (c >= 0x09 && c <= 0x0D) || (c >= 0x2000 && c <= 0x200A) ||
+         kOthers.find(c) != TextView::npos;
+}
+
+TextView withoutNumberBlanks(TextView text) {
+  while (!text.empty() && isNumberBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isNumberBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
 
 bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 

@@ -8,15 +8,27 @@
 
 namespace tillora {
 
-/// How the user's regional settings write numbers.
+/// How the user's regional settings write numbers and amounts of money.
 struct NumberLocale {
   Text decimalSeparator = u".";
   Text thousandsSeparator = u",";
   Text currencySymbol = u"$";
+  /// What the format named Currency stands for (number_format.h), and the separators it is written
+  /// with.
+  Text currencyFormat = u'"' + currencySymbol + u"\"#,##0.00";
+  Text currencyDecimalSeparator = decimalSeparator;
+  Text currencyThousandsSeparator = thousandsSeparator;
 };
 
 /// One of 0 to 9.
 bool isDigit(char16_t c);
+
+/// One of the characters that the platform's text-to-number conversion takes for a blank, no-break
+/// spaces and line breaks included.
+bool isNumberBlank(char16_t c);
+
+/// The text without such characters before and after it.
+TextView withoutNumberBlanks(TextView text);
 
 /// Control characters other than Backspace: copy, paste, cut, undo, Enter, Esc. They are commands
 /// of the edit control, which key filters let pass and which move no focus.
@@ -32,8 +44,8 @@ struct Decimal {
 };
 
 /// The number that a text says by the platform's own text-to-number conversion: blanks around it, a
-/// sign before or after it, parentheses, a currency symbol, thousands separators, a decimal
-/// separator and, without a currency symbol, an exponent. None for any other text, for hexadecimal
+/// sign before or after it, parentheses, a currency symbol, thousands separators (a blank may be
+/// typed for a no-break space), a decimal separator and, without a currency symbol, an exponent. None for any other text, for hexadecimal
 /// and octal forms, and for texts with two signs or two currency symbols.
 std::optional<Decimal> toDecimal(TextView text, const NumberLocale& locale);
 

@@ -76,7 +76,7 @@ std::unique_ptr<FileListing> FileSystem::list(TextView pattern) {
   const HANDLE find = FindFirstFileW(wide(path), &first);
   if (find == INVALID_HANDLE_VALUE) return nullptr;
   return std::make_unique<FoundFiles>(FindHandle(find), first,
-                                      path.substr(path.find_last_of(u"\\/") + 1));
+                                      path.substr(path.find_last_of(u"\\/:") + 1));
 }
 
 Text FileSystem::profileValue(TextView file, TextView section, TextView key) {

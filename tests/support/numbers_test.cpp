@@ -34,6 +34,36 @@ TEST(ToNumber, ReadsBlanksParenthesesCurrencyAndThousands) {
   EXPECT_EQ(toNumber(u"1,234,567", kAustralia), 1234567);
 }
 
+TEST(ToNumber, NoBreakSpacesAndOtherBlanksOfUnicodeAreBlanks) {
+  for (const char16_t blank :
+       {u'\t', u'\n', u'\v', u'\f', u'\r', u' ', u'\u0085', u'\u00a0', u'\u1680', u'\u2000',
+        u'\u2007', u'\u200a', u'\u2028', u'\u2029', u'\u202f', u'\u205f', u'\u3000'}) {
+    const Text b(2, blank);
+    EXPECT_TRUE(isNumberBlank(blank)) << static_cast<int>(blank);
+    EXPECT_EQ(toNumber(b + u"-" + b + u"1.5" + b, kAustralia), -1.5) << static_cast<int>(blank);
+    EXPECT_EQ(toNumber(u"$" + b + u"5", kAustralia), 5) << static_cast<int>(blank);
+    EXPECT_EQ(toNumber(u"5" + b + u"7", kAustralia), std::nullopt) << static_cast<int>(blank);
+    EXPECT_EQ(toNumber(b, kAustralia), std::nullopt) << static_cast<int>(blank);
+    EXPECT_EQ(withoutNumberBlanks(b + u"1 %" + b), u"1 %");
+    EXPECT_EQ(withoutNumberBlanks(b), u"");
+  }
+  for (const char16_t other : {u'\0', u'\b', u'\u001c', u'\u001f', u'\u180e', u'\u200b', u'\u200c',
+                               u'\u2060', u'\ufeff'}) {
+    EXPECT_FALSE(isNumberBlank(other)) << static_cast<int>(other);
+    EXPECT_EQ(toNumber(other + Text(u"5"), kAustralia), std::nullopt) << static_cast<int>(other);
+  }
+}
+
+TEST(ToNumber, ABlankSeparatesThousandsWhereANoBreakSpaceDoes) {
+  const NumberLocale france{u",", u"\u00a0", u"\u20ac"};
+  EXPECT_EQ(toNumber(u"1\u00a0234\u00a0567,5 \u20ac", france), 1234567.5);
+  EXPECT_EQ(toNumber(u"1 234 567,5", france), 1234567.5);
+  EXPECT_EQ(toNumber(u" 1 234 ", france), 1234);
+  EXPECT_EQ(toNumber(u"1\t234", france), std::nullopt);
+  EXPECT_EQ(toNumber(u"1\u202f234", france), std::nullopt);
+  EXPECT_EQ(toNumber(u"1,5 5", france), std::nullopt);
+}
+
 TEST(ToNumber, ReadsExponents) {
   EXPECT_EQ(toNumber(u"1e3", kAustralia), 1000);
   EXPECT_EQ(toNumber(u"25E-2", kAustralia), 0.25);

@@ -58,5 +58,33 @@ TEST(LetterCase, WhatIsLoweredIsLow) {
   EXPECT_EQ(capitals, 1173);
 }
 
+TEST(LetterCase, SmallFormsOfOneCapitalAreTheSameLetter) {
+  const Text variants =
+      u"\u00B5\u0131\u017F\u0345\u03C2\u03D0\u03D1\u03D5\u03D6\u03F0\u03F1\u03F5"
+      u"\u1C80\u1C81\u1C82\u1C83\u1C84\u1C85\u1C86\u1C87\u1C88\u1E9B\u1FBE";
+  const Text capitals =
+      u"\u039CIS\u0399\u03A3\u0392\u0398\u03A6\u03A0\u039A\u03A1\u0395"
+      u"\u0412\u0414\u041E\u0421\u0422\u0422\u042A\u0462\uA64A\u1E60\u0399";
+  ASSERT_EQ(variants.size(), capitals.size());
+  for (std::size_t i = 0; i < variants.size(); ++i) {
+    EXPECT_TRUE(sameLetters(variants.substr(i, 1), capitals.substr(i, 1))) << i;
+  }
+  EXPECT_TRUE(sameLetters(u"\u039F\u0394\u039F\u03A3", u"\u03BF\u03B4\u03BF\u03C2"));
+  EXPECT_TRUE(sameLetters(u"\u03C2", u"\u03C3"));
+  EXPECT_TRUE(sameLetters(u"", u""));
+  EXPECT_FALSE(sameLetters(u"a", u"ab"));
+  EXPECT_FALSE(sameLetters(u"ab", u"a"));
+  EXPECT_FALSE(sameLetters(u"\u03B1", u"a"));
+  EXPECT_FALSE(sameLetters(u"\u00DF", u"ss"));
+}
+
+TEST(LetterCase, TextsOfTheSameLettersAreThoseWhoseLowerCaseIs) {
+  for (int c = 0; c <= 0xFFFF; ++c) {
+    const Text letter(1, static_cast<char16_t>(c));
+    EXPECT_TRUE(sameLetters(letter, lowerCase(letter))) << c;
+    EXPECT_TRUE(sameLetters(letter, letter)) << c;
+  }
+}
+
 }  // namespace
 }  // namespace tillora::testing

@@ -427,5 +427,25 @@ TEST_F(FrmPasswordSetTest, NoMessageOrToolTipTellsAPassword) {
   }
 }
 
+TEST_F(FrmPasswordSetTest, SmallFormsOfOneCapitalAreTheSameLetter) {
+  // A Greek word ends with another small sigma than the one that a capital becomes.
+  const Text capitals = u"\u039F\u0394\u039F\u03A3";
+  const Text small = u"\u03BF\u03B4\u03BF\u03C2";
+  const Text lowered = u"\u03BF\u03B4\u03BF\u03C3";
+  const auto fillAndAccept = [&](std::initializer_list<TextView> texts) {
+    return [this, texts] {
+      fill(texts);
+      user.press(Key::enter);
+      EXPECT_FALSE(dialog.isShown());
+    };
+  };
+  EXPECT_EQ(show(small, fillAndAccept({capitals, u"", u""})), u"");
+  EXPECT_EQ(show(lowered, fillAndAccept({small, u"", u""})), u"");
+  // Stored as it was entered, in lower case.
+  EXPECT_EQ(show(u"", fillAndAccept({small, capitals})), small);
+  EXPECT_EQ(show(u"", fillAndAccept({capitals, small})), lowered);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
 }  // namespace
 }  // namespace tillora::testing

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "operations/end_of_day.h"
 #include "sales/list_columns.h"
 #include "tests/testing/options_test.h"
 
@@ -57,6 +58,16 @@ class LedvaneLinkTest : public OptionsTest {
     EXPECT_TRUE(machine.fileDialogs.shown.empty());
     EXPECT_EQ(tab(dialog).txtLedvane.text(), kStored);
     EXPECT_FALSE(applyEnabled(dialog));
+  }
+  /// Choices were refused by the same two questions, at the click or at the save.
+  void expectDropped(frmOptions& dialog, std::size_t messages) {
+    EXPECT_EQ(boxes.shown.size(), messages);
+    EXPECT_EQ(boxes.shown.back().title, u"Cannot change Ledvane Data File");
+    EXPECT_EQ(boxes.shown.back().style, 48);
+    EXPECT_TRUE(boxes.shown.back().settingsGiven);
+    EXPECT_EQ(tab(dialog).txtLedvane.text(), host.dataFile);
+    EXPECT_TRUE(applyEnabled(dialog));
+    EXPECT_TRUE(host.callsStarting("put DataFile").empty());
   }
   void expectTerminalRefusal(frmOptions& dialog, const Text& terminal) {
     expectRefusal(dialog,
@@ -259,13 +270,19 @@ TEST_F(LedvaneLinkTest, AFolderWithoutFilesAndAMissingFolderRefuseNothing) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(LedvaneLinkTest, TheFolderIsEverythingThroughTheLastBackslash) {
+TEST_F(LedvaneLinkTest, TheFolderIsEverythingThroughTheLastBackslashSlashOrColon) {
   const std::vector<std::pair<Text, Text>> paths = {
       {u"C:\\Books\\Shop.lvd", u"C:\\Books\\LVPst*.pos"},
       {u"C:\\Shop.lvd", u"C:\\LVPst*.pos"},
       {u"\\\\server\\books\\2026\\Shop.ledger", u"\\\\server\\books\\2026\\LVPst*.pos"},
       {u"C:\\B\u00fccher.old\\Shop", u"C:\\B\u00fccher.old\\LVPst*.pos"},
       {u"C:\\Books\\", u"C:\\Books\\LVPst*.pos"},
+      {u"C:/Books/Shop.lvd", u"C:/Books/LVPst*.pos"},
+      {u"C:\\Books/Shop.lvd", u"C:\\Books/LVPst*.pos"},
+      {u"C:/Books\\Shop.lvd", u"C:/Books\\LVPst*.pos"},
+      {u"//server/books/Shop.lvd", u"//server/books/LVPst*.pos"},
+      {u"C:Shop.lvd", u"C:LVPst*.pos"},
+      {u"C:Books\\Shop.lvd", u"C:Books\\LVPst*.pos"},
       {u"Shop.lvd", u"LVPst*.pos"}};
   for (const auto& [path, pattern] : paths) {
     host.dataFile = path;
@@ -342,11 +359,11 @@ TEST_F(LedvaneLinkTest, AChoiceShowsAtOnceAndIsHandedOverByTheSave) {
   EXPECT_EQ(host.dataFile, kOther);
   EXPECT_TRUE(options_.ChangedDataFile());
   EXPECT_EQ(changes, std::vector<std::int32_t>{0});
-  const std::vector<std::string> expected = {"put CompanyABN", "get DataFile", "put DataFile",
+  const std::vector<std::string> expected = {"put CompanyABN", "put DataFile",
                                              "put LVSummariseBits", "put LVClass"};
   const auto first = std::ranges::find(host.calls, "put CompanyABN");
-  ASSERT_GE(host.calls.end() - first, 5);
-  EXPECT_EQ(std::vector<std::string>(first, first + 5), expected);
+  ASSERT_GE(host.calls.end() - first, 4);
+  EXPECT_EQ(std::vector<std::string>(first, first + 4), expected);
   open([&](frmOptions& dialog) { EXPECT_EQ(tab(dialog).txtLedvane.text(), kOther); });
 }
 
@@ -433,6 +450,252 @@ TEST_F(LedvaneLinkTest, WhenShowOptionsRaisesTheReportKeepsItsFormerValue) {
       host.failingCall.clear();
     }
   }
+}
+
+TEST_F(LedvaneLinkTest, ARefusalAtTheClickDropsAnUnsavedChoice) {
+  saveDefaults();
+  const std::vector<std::function<void()>> hindrances = {
+      [&] { addTerminal(0); },
+      [&] {
+        host.terminals.clear();
+        machine.files.matches[kWaiting] = 1;
+      }};
+  for (const auto& hinder : hindrances) {
+    boxes.shown.clear();
+    open([&](frmOptions& dialog) {
+      machine.files.matches.clear();
+      host.terminals.clear();
+      choose(dialog, kOther);
+      EXPECT_EQ(tab(dialog).txtLedvane.text(), kOther);
+      hinder();
+      boxes.onShow = [&](const ShownMessage&) {
+        EXPECT_EQ(tab(dialog).txtLedvane.text(), kOther) << "until the message is answered";
+      };
+      user.click(tab(dialog).cmdLedvane);
+      boxes.onShow = nullptr;
+      expectDropped(dialog, 1);
+      user.click(dialog.cmdCommand[frmOptions::ok]);
+      EXPECT_FALSE(dialog.isShown());
+    });
+    EXPECT_EQ(boxes.shown.size(), 1U) << "nothing is left to hand over";
+    EXPECT_EQ(host.dataFile, kStored);
+    EXPECT_TRUE(host.callsStarting("put DataFile").empty());
+    EXPECT_FALSE(options_.ChangedDataFile());
+  }
+  EXPECT_EQ(changes, (std::vector<std::int32_t>{0, 0}));
+}
+
+TEST_F(LedvaneLinkTest, ARefusalShowsTheFileThatTheHostHasByThen) {
+  open([&](frmOptions& dialog) {
+    host.dataFile = u"E:\\Moved\\Shop.lvd";
+    addTerminal(0);
+    user.click(tab(dialog).cmdLedvane);
+    EXPECT_EQ(tab(dialog).txtLedvane.text(), u"E:\\Moved\\Shop.lvd");
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(LedvaneLinkTest, TheSaveAsksBothQuestionsBeforeItHandsAChoiceOver) {
+  edit([&](frmOptions& dialog) {
+    choose(dialog, kOther);
+    host.calls.clear();
+    machine.files.listed.clear();
+  });
+  const std::vector<std::string> expected = {"Title",
+                                             "Path",
+                                             "get DataFile",
+                                             "TerminalCount [ReportingBits] = 0",
+                                             "OptionsRecord",
+                                             "put CompanyName"};
+  ASSERT_GE(host.calls.size(), expected.size());
+  host.calls.resize(expected.size());
+  EXPECT_EQ(host.calls, expected);
+  EXPECT_EQ(machine.files.listed, std::vector<Text>{kWaiting});
+}
+
+TEST_F(LedvaneLinkTest, ASaveThatHandsNothingOverAsksNothing) {
+  addTerminal(0);
+  machine.files.matches[kWaiting] = 1;
+  saveDefaults();
+  edit([&](frmOptions& dialog) { user.click(box(dialog, 0)); });
+  EXPECT_EQ(host.value(options::LVSummariseBits), 1);
+  EXPECT_TRUE(host.callsStarting("TerminalCount").empty());
+  host.terminals.clear();
+  machine.files.matches.clear();
+  // A choice that the host has meanwhile is none to hand over.
+  open([&](frmOptions& dialog) {
+    choose(dialog, kOther);
+    host.dataFile = kOther;
+    addTerminal(0);
+    host.calls.clear();
+    apply(dialog);
+    EXPECT_FALSE(applyEnabled(dialog));
+    EXPECT_EQ(tab(dialog).txtLedvane.text(), kOther);
+  });
+  EXPECT_TRUE(host.callsStarting("TerminalCount").empty());
+  EXPECT_TRUE(host.callsStarting("put DataFile").empty());
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_FALSE(options_.ChangedDataFile());
+}
+
+TEST_F(LedvaneLinkTest, WhatArrivesBetweenChoiceAndSaveRefusesTheSave) {
+  saveDefaults();
+  const auto stored = host.stored;
+  const std::vector<std::function<void()>> arrivals = {
+      [&] { addTerminal(0); },
+      [&] {
+        host.terminals.clear();
+        machine.files.matches[kWaiting] = 2;
+      }};
+  for (const auto& arrive : arrivals) {
+    for (const auto button : {frmOptions::apply, frmOptions::ok}) {
+      boxes.shown.clear();
+      open([&](frmOptions& dialog) {
+        host.terminals.clear();
+        machine.files.matches.clear();
+        choose(dialog, kOther);
+        user.click(box(dialog, 0));
+        user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::pump));
+        arrive();
+        host.calls.clear();
+        boxes.onShow = [&](const ShownMessage&) {
+          EXPECT_EQ(dialog.tabOptions.selected(), static_cast<int>(TabPage::pump));
+        };
+        user.click(dialog.cmdCommand[button]);
+        boxes.onShow = nullptr;
+        expectDropped(dialog, 1);
+        EXPECT_EQ(boxes.shown.front().pointer, ui::Pointer::hourglass);
+        EXPECT_TRUE(dialog.isShown());
+        EXPECT_EQ(dialog.tabOptions.selected(), static_cast<int>(TabPage::general));
+        EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
+        EXPECT_TRUE(host.callsStarting("put").empty());
+        EXPECT_TRUE(host.callsStarting("OptionsRecord").empty());
+        EXPECT_EQ(host.stored, stored);
+        EXPECT_EQ(ticks(dialog), 1) << "the other edits wait for the next save";
+        EXPECT_FALSE(dialog.ChangedDataFile);
+      });
+    }
+  }
+  EXPECT_TRUE(host.sent.empty());
+  EXPECT_TRUE(changes.empty());
+  EXPECT_FALSE(options_.ChangedDataFile());
+}
+
+TEST_F(LedvaneLinkTest, TheMessagesOfTheSaveAreThoseOfTheClick) {
+  open([&](frmOptions& dialog) {
+    for (const bool files : {false, true}) {
+      if (!files) addTerminal(0);
+      machine.files.matches[kWaiting] = files ? 1 : 0;
+      user.click(tab(dialog).cmdLedvane);
+      host.terminals.clear();
+      machine.files.matches.clear();
+      choose(dialog, kOther);
+      if (!files) addTerminal(0);
+      machine.files.matches[kWaiting] = files ? 1 : 0;
+      apply(dialog);
+      host.terminals.clear();
+    }
+  });
+  ASSERT_EQ(boxes.shown.size(), 4U);
+  for (const std::size_t click : {0, 2}) {
+    EXPECT_EQ(boxes.shown[click].text, boxes.shown[click + 1].text);
+    EXPECT_EQ(boxes.shown[click].secondaryText, boxes.shown[click + 1].secondaryText);
+  }
+  EXPECT_NE(boxes.shown[0].text, boxes.shown[2].text);
+}
+
+TEST_F(LedvaneLinkTest, AfterARefusedSaveTheOtherEditsAreSavedWithTheFileThatThereWas) {
+  saveDefaults();
+  open([&](frmOptions& dialog) {
+    choose(dialog, kOther);
+    user.click(box(dialog, 0));
+    addTerminal(0);
+    apply(dialog);
+    EXPECT_EQ(boxes.shown.size(), 1U);
+    apply(dialog);
+    EXPECT_FALSE(applyEnabled(dialog));
+    EXPECT_EQ(host.value(options::LVSummariseBits), 1);
+    host.terminals.clear();
+    choose(dialog, kOther);
+    apply(dialog);
+  });
+  EXPECT_EQ(boxes.shown.size(), 1U);
+  EXPECT_EQ(host.dataFile, kOther);
+  EXPECT_TRUE(options_.ChangedDataFile());
+}
+
+TEST_F(LedvaneLinkTest, ARefusedSaveByEnterLeavesTheFocusOnAControlThatIsSeen) {
+  open([&](frmOptions& dialog) {
+    choose(dialog, kOther);
+    user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::pump));
+    ui::TextBox& caption = *openBoxes(dialog.fraFrame[static_cast<int>(TabPage::pump) - 1]).at(0);
+    user.click(caption);
+    addTerminal(0);
+    user.press(Key::enter);
+    EXPECT_TRUE(dialog.isShown());
+    expectDropped(dialog, 1);
+    EXPECT_FALSE(caption.hasFocus());
+    ASSERT_NE(dialog.activeControl(), nullptr);
+    EXPECT_TRUE(dialog.activeControl()->canFocus());
+    user.press(Key::escape);
+    EXPECT_FALSE(dialog.isShown());
+  });
+}
+
+TEST_F(LedvaneLinkTest, TheQuestionsComeAfterTheTwoValidations) {
+  const std::vector<std::function<void(frmOptions&)>> ways = {
+      [&](frmOptions& dialog) {
+        user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
+        auto& list = dialog.tab<ListColumns>().lstListShow[ListColumns::currency];
+        if (list.checked(0)) {
+          untickAll(list);
+        } else {
+          user.clickCheck(list, 0);
+        }
+      },
+      [&](frmOptions& dialog) {
+        user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::eod));
+        user.click(dialog.tab<EndOfDay>().chkEOD[EndOfDay::reconcileDrawer]);
+      }};
+  for (const auto& turn : ways) {
+    boxes.shown.clear();
+    open([&](frmOptions& dialog) {
+      host.terminals.clear();
+      choose(dialog, kOther);
+      addTerminal(0);
+      turn(dialog);
+      host.calls.clear();
+      apply(dialog);
+      ASSERT_EQ(boxes.shown.size(), 1U);
+      EXPECT_NE(boxes.shown[0].title, u"Cannot change Ledvane Data File");
+      EXPECT_EQ(tab(dialog).txtLedvane.text(), kOther);
+      EXPECT_TRUE(host.callsStarting("TerminalCount").empty());
+      turn(dialog);
+      apply(dialog);
+      expectDropped(dialog, 2);
+    });
+  }
+}
+
+TEST_F(LedvaneLinkTest, AFailureOfTheQuestionsAtTheSaveIsRaisedAndNothingIsWritten) {
+  const auto attempt = [&](const std::function<void()>& before) {
+    return raisedBy([&](frmOptions& dialog) {
+      choose(dialog, kOther);
+      before();
+      user.accessKey(u'o');
+    });
+  };
+  for (const std::string call : {"get DataFile", "TerminalCount [ReportingBits] = 0"}) {
+    const Error failure = attempt([&] { host.failingCall = call; });
+    EXPECT_EQ(failure.number(), FakeHost::failure().number());
+    EXPECT_EQ(host.calls.back(), call);
+    host.failingCall.clear();
+  }
+  const Error failure = attempt([&] { machine.files.matches[kWaiting] = 32768; });
+  EXPECT_EQ(failure.number(), error::overflow);
+  EXPECT_TRUE(host.callsStarting("put").empty());
+  EXPECT_TRUE(host.stored.empty());
+  EXPECT_EQ(host.dataFile, kStored);
 }
 
 TEST_F(LedvaneLinkTest, ARefusedSaveKeepsTheChoice) {

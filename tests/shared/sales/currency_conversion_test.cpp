@@ -216,14 +216,26 @@ TEST_F(CurrencyConversionTest, GoingToCancelLeavesTheTextUntilItIsValidated) {
 }
 
 TEST_F(CurrencyConversionTest, TypedMarginsAreLimitedWhenTheBoxIsLeft) {
-  const std::vector<std::pair<Text, Text>> margins = {
-      {u"250", u"99.99%"},   {u"99.99", u"99.99%"},   {u"100", u"99.99%"},
-      {u"-250", u"-99.99%"}, {u"-99.99", u"-99.99%"}, {u"99.9", u"99.90%"}};
-  openWith(0, [&](frmOptions& dialog) {
-    for (const auto& [typed, shown] : margins) {
-      retype(dialog, typed);
+  struct Limited {
+    Text typed;
+    Text shown;
+    float stored;
+  };
+  const std::vector<Limited> margins = {
+      {u"250", u"99.99%", 99.99F},         {u"99.99", u"99.99%", 99.99F},
+      {u"100", u"99.99%", 99.99F},         {u"99.991", u"99.99%", 99.99F},
+      {u"-250", u"-99.99%", -99.99F},      {u"-99.99", u"-99.99%", -99.99F},
+      {u"-99.991", u"-99.99%", -99.99F},   {u"99.9", u"99.90%", 99.9F},
+      {Text(300, u'9'), u"99.99%", 99.99F}};
+  openWith(1, [&](frmOptions& dialog) {
+    for (const auto& [typed, shown, stored] : margins) {
+      retype(dialog, u"1");
+      user.press(Key::tab);
+      repaste(dialog, typed);
       user.press(Key::tab);
       EXPECT_EQ(box(dialog).text(), shown);
+      save(dialog);
+      EXPECT_EQ(host.value(options::DefaultCurrencyMargin), stored) << toUtf8(typed);
     }
   });
 }
@@ -274,17 +286,26 @@ TEST_F(CurrencyConversionTest, ATextThatIsNoNumberKeepsTheMargin) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 5);
 }
 
-TEST_F(CurrencyConversionTest, PastedNumbersMayHaveAPercentSign) {
-  const std::vector<std::pair<Text, Text>> texts = {{u"7.5%", u"7.50%"},
-                                                    {u" 7.5 % ", u"7.50%"},
-                                                    {u"1e1", u"10.00%"},
-                                                    {u"(3)", u"-3.00%"},
-                                                    {Text(300, u'9'), u"99.99%"}};
-  openWith(0, [&](frmOptions& dialog) {
-    for (const auto& [text, shown] : texts) {
+TEST_F(CurrencyConversionTest, PastedNumbersMayHaveAPercentSignAndBlanks) {
+  const std::vector<std::pair<Text, float>> texts = {{u"7.5%", 7.5F},
+                                                     {u" 7.5 % ", 7.5F},
+                                                     {u"7.5 %\t", 7.5F},
+                                                     {u"\t7.5\t%\t \t", 7.5F},
+                                                     {u"7.5\u00a0%", 7.5F},
+                                                     {u"\u30007.5\u202f% \u00a0", 7.5F},
+                                                     {u"\u2003-7.5", -7.5F},
+                                                     {u"1e1", 10},
+                                                     {u"(3)", -3},
+                                                     {u"  ", 0},
+                                                     {u"\u00a0\t", 0}};
+  openWith(1, [&](frmOptions& dialog) {
+    for (const auto& [text, stored] : texts) {
+      retype(dialog, u"1");
+      user.press(Key::tab);
       repaste(dialog, text);
       user.press(Key::tab);
-      EXPECT_EQ(box(dialog).text(), shown);
+      save(dialog);
+      EXPECT_EQ(host.value(options::DefaultCurrencyMargin), stored) << toUtf8(text);
     }
   });
 }
@@ -480,22 +501,94 @@ TEST_F(CurrencyConversionTest, AMarginIsKeptAsTypedWhenTheBoxIsVisitedAgain) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 3.333F);
 }
 
-TEST_F(CurrencyConversionTest, AStoredMarginOutOfRangeIsKeptUntilItIsEdited) {
+TEST_F(CurrencyConversionTest, AStoredMarginOutOfRangeIsKeptWhileTheBoxIsNotVisited) {
   host.store(options::DefaultCurrencyMargin, 250.0F);
   edit([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"250.00%");
     EXPECT_EQ(upDown(dialog).value(), 9999);
     user.type(u"x");
     user.clickTab(dialog.tabOptions, 5);
-    user.click(box(dialog));
-    EXPECT_EQ(box(dialog).text(), u"250.00");
-    user.press(Key::tab);
+    EXPECT_EQ(box(dialog).text(), u"250.00%");
   });
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 250.0F);
-  openOn(TabPage::currency, [&](frmOptions& dialog) {
-    user.spin(upDown(dialog), -1);
-    EXPECT_EQ(box(dialog).text(), u"99.90");
+}
+
+TEST_F(CurrencyConversionTest, AStoredMarginOutOfRangeIsLimitedWhenTheBoxIsLeft) {
+  saveDefaults();
+  struct Limited {
+    float stored;
+    Text shown;
+    Text limited;
+    float saved;
+  };
+  const std::vector<Limited> margins = {{250, u"250.00", u"99.99%", 99.99F},
+                                        {-250, u"-250.00", u"-99.99%", -99.99F},
+                                        {99.995F, u"100.00", u"99.99%", 99.99F},
+                                        {-99.991F, u"-99.99", u"-99.99%", -99.99F},
+                                        {3e38F, {}, u"99.99%", 99.99F}};
+  for (const auto& [stored, shown, limited, saved] : margins) {
+    changes.clear();
+    openWith(stored, [&](frmOptions& dialog) {
+      if (!shown.empty()) EXPECT_EQ(box(dialog).text(), shown);
+      EXPECT_FALSE(applyEnabled(dialog));
+      user.press(Key::tab);
+      EXPECT_EQ(box(dialog).text(), limited);
+      EXPECT_EQ(upDown(dialog).value(), stored > 0 ? 9999 : -9999);
+      EXPECT_TRUE(applyEnabled(dialog)) << "another margin would be saved";
+      user.press(Key::escape);
+    });
+    EXPECT_EQ(host.value(options::DefaultCurrencyMargin), stored) << "Cancel saves nothing";
+    openWith(stored, [&](frmOptions&) {
+      user.press(Key::tab);
+      user.accessKey(u'o');
+    });
+    EXPECT_EQ(host.value(options::DefaultCurrencyMargin), saved);
+    EXPECT_EQ(changes, std::vector<std::int32_t>{2048});
+  }
+}
+
+TEST_F(CurrencyConversionTest, AMarginOutOfRangeIsLimitedByOkInTheBoxAndNotByCancel) {
+  openWith(250, [&](frmOptions& dialog) {
+    dialog.cmdCommand[frmOptions::cancel].setFocus();
+    EXPECT_EQ(box(dialog).text(), u"250.00%");
+    EXPECT_FALSE(applyEnabled(dialog));
+    user.press(Key::escape);
   });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 250);
+  openWith(250, [&](frmOptions& dialog) {
+    user.press(Key::enter);
+    EXPECT_FALSE(dialog.isShown());
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 99.99F);
+}
+
+TEST_F(CurrencyConversionTest, AMarginAtTheEndsOfTheRangeIsKept) {
+  saveDefaults();
+  for (const float margin : {99.99F, -99.99F, 99.989F, 0.0049F}) {
+    openWith(margin, [&](frmOptions& dialog) {
+      user.press(Key::tab);
+      EXPECT_FALSE(applyEnabled(dialog));
+    });
+    edit([&](frmOptions& dialog) {
+      user.type(u"x");
+      user.clickTab(dialog.tabOptions, 5);
+      user.click(box(dialog));
+      user.press(Key::tab);
+    });
+    EXPECT_EQ(host.value(options::DefaultCurrencyMargin), margin);
+  }
+  EXPECT_EQ(changes, (std::vector<std::int32_t>{0, 0, 0, 0}));
+}
+
+TEST_F(CurrencyConversionTest, ClicksGoOnFromTheNearestEndOfAMarginOutOfRange) {
+  EXPECT_EQ(after(250, {-1}), u"99.90");
+  EXPECT_EQ(after(250, {+1}), u"99.99");
+  EXPECT_EQ(after(-250, {+1}), u"-99.90");
+  openOn(TabPage::currency, [&](frmOptions& dialog) {
+    user.spin(upDown(dialog), +1);
+    save(dialog);
+  });
+  EXPECT_EQ(host.value(options::DefaultCurrencyMargin), -99.9F);
 }
 
 TEST_F(CurrencyConversionTest, AStoredValueThatIsNoNumberShowsZero) {

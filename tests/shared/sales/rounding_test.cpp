@@ -190,8 +190,11 @@ TEST_F(RoundingTest, AStepThatIsNotInTheListShowsTheThird) {
                                     std::int64_t{501}, std::int64_t{20000}, kLargest, -kLargest}) {
     host.store(options::RoundingStep, Money{amount});
     EXPECT_EQ(stepShown(), u"$0.05") << amount;
+    editTab([&](frmOptions& dialog) { touch(dialog); });
+    EXPECT_EQ(host.value(options::RoundingStep), Money{amount});
   }
-  editTab([&](frmOptions& dialog) { touch(dialog); });
+  // The one that is shown can be chosen, too.
+  editTab([&](frmOptions& dialog) { user.choose(combo(dialog, Rounding::step), 2); });
   EXPECT_EQ(host.value(options::RoundingStep), Money{500});
 }
 
@@ -202,7 +205,7 @@ TEST_F(RoundingTest, AStepThatItsTextDoesNotTellIsFoundByItsAmount) {
   openTab([&](frmOptions& dialog) { EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 5); });
 }
 
-TEST_F(RoundingTest, AStepIsFoundByItsTextFirstAndByTheFirstOfEqualTexts) {
+TEST_F(RoundingTest, AStepIsFoundByItsOwnAmountFirst) {
   host.decimalPlaces = 3;
   host.currencyFormat = u"0.00";
   host.store(options::RoundingStep, Money{100});
@@ -210,24 +213,91 @@ TEST_F(RoundingTest, AStepIsFoundByItsTextFirstAndByTheFirstOfEqualTexts) {
     const ui::ComboBox& steps = combo(dialog, Rounding::step);
     EXPECT_EQ(steps.items()[2], u"0.01");
     EXPECT_EQ(steps.items()[3], u"0.01");
-    EXPECT_EQ(steps.listIndex(), 2);
+    EXPECT_EQ(steps.listIndex(), 3);
   });
+}
+
+TEST_F(RoundingTest, AStepThatIsNotOfferedIsFoundByTheFirstOfEqualTexts) {
+  host.decimalPlaces = 3;
+  host.currencyFormat = u"0.00";
   host.store(options::RoundingStep, Money{300});
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(combo(dialog, Rounding::step).items()[5], u"0.03");
     EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 5);
   });
+  host.currencyFormat = u"0.0";
+  host.store(options::RoundingStep, Money{3000});
+  openTab([&](frmOptions& dialog) {
+    EXPECT_EQ(combo(dialog, Rounding::step).items()[9], u"0.3");
+    EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 9);
+  });
 }
 
-TEST_F(RoundingTest, AStepFoundByItsTextIsSavedAsTheAmountOfItsEntry) {
+TEST_F(RoundingTest, AStoredStepIsWrittenBackUnchangedByASaveOfAnotherTab) {
+  saveDefaults();
+  const std::vector<std::pair<std::int16_t, Text>> formats = {
+      {3, u"0.00"}, {3, u"0"}, {2, u"0.0"}, {2, u"Standard"}, {4, u"$#,##0.00"}, {0, u"0"}};
+  for (const auto& [places, format] : formats) {
+    host.decimalPlaces = places;
+    host.currencyFormat = format;
+    for (const std::int64_t amount : {100, 50, 10, 1, 3000, 0, -500}) {
+      host.store(options::RoundingStep, Money{amount});
+      edit([&](frmOptions&) { user.type(u"x"); });
+      EXPECT_EQ(host.value(options::RoundingStep), Money{amount}) << toUtf8(format);
+    }
+  }
+  EXPECT_EQ(std::ranges::count(changes, 0), static_cast<std::ptrdiff_t>(changes.size()));
+}
+
+TEST_F(RoundingTest, AStoredStepIsGivenUpWhenOneIsChosen) {
   host.decimalPlaces = 3;
   host.currencyFormat = u"0.00";
-  host.store(options::RoundingStep, Money{100});
-  editTab([&](frmOptions& dialog) { touch(dialog); });
-  EXPECT_EQ(host.value(options::RoundingStep), Money{50});
-  host.store(options::RoundingStep, Money{500});
-  editTab([&](frmOptions& dialog) { touch(dialog); });
+  saveDefaults();
+  host.store(options::RoundingStep, Money{300});
+  openTab([&](frmOptions& dialog) {
+    ui::ComboBox& steps = combo(dialog, Rounding::step);
+    touch(dialog);
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    EXPECT_EQ(host.value(options::RoundingStep), Money{300});
+    user.choose(steps, steps.listIndex());
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    EXPECT_EQ(host.value(options::RoundingStep), Money{250});
+    user.choose(steps, 4);
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    touch(dialog);
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    EXPECT_EQ(host.value(options::RoundingStep), Money{200});
+  });
+  EXPECT_EQ(changes, (std::vector<std::int32_t>{0, 512, 512, 0}));
+  openTab([&](frmOptions& dialog) { EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 4); });
+}
+
+TEST_F(RoundingTest, AStepIsChosenByKeyboardToo) {
+  host.store(options::RoundingStep, Money{3000});
+  editTab([&](frmOptions& dialog) {
+    combo(dialog, Rounding::step).setFocus();
+    user.press(Key::down);
+    user.press(Key::up);
+    EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 2);
+  });
   EXPECT_EQ(host.value(options::RoundingStep), Money{500});
+}
+
+TEST_F(RoundingTest, StepsMayBeShownInANamedFormatOrWithASecondPoint) {
+  const std::vector<std::pair<Text, Text>> formats = {{u"Currency", u"$0.25"},
+                                                      {u"currency", u"$0.25"},
+                                                      {u"Standard", u"0.25"},
+                                                      {u"Fixed", u"0.25"},
+                                                      {u"General Number", u"0.25"},
+                                                      {u"#,##0.00 kr.", u"0.25 kr."}};
+  host.store(options::RoundingStep, Money{2500});
+  for (const auto& [format, shown] : formats) {
+    host.currencyFormat = format;
+    EXPECT_EQ(stepShown(), shown);
+  }
+  host.decimalPlaces = 0;
+  host.currencyFormat = u"Currency";
+  EXPECT_EQ(stepsShown().back(), u"$10,000.00");
 }
 
 TEST_F(RoundingWithCommas, StepsAreShownAndFoundByTheUsersSeparators) {
@@ -241,11 +311,11 @@ TEST_F(RoundingWithCommas, StepsAreShownAndFoundByTheUsersSeparators) {
     EXPECT_EQ(steps.text(), u"0,05 \u20ac");
     EXPECT_EQ(tab(dialog).lblRounding[Rounding::taxStep].caption(), u"0,00 \u20ac");
   });
-  // By its own amount it would be the fourth.
-  host.store(options::RoundingStep, Money{100});
+  // Offered by none of its own amounts: 0,025 is shown as 0,03.
+  host.store(options::RoundingStep, Money{300});
   openTab([&](frmOptions& dialog) {
-    EXPECT_EQ(combo(dialog, Rounding::step).text(), u"0,01 \u20ac");
-    EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 2);
+    EXPECT_EQ(combo(dialog, Rounding::step).text(), u"0,03 \u20ac");
+    EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 5);
   });
 }
 
@@ -536,6 +606,64 @@ TEST_F(RoundingTest, TheTextsOfThePage) {
                                  u"the nearest", u"$0.01",
                                  u"NOTE: Activating this option will potentially cause your tax "
                                  u"component per item to be inconsistent."}));
+  });
+}
+
+TEST_F(RoundingTest, EachControlStandsInItsFrame) {
+  openTab([&](frmOptions& dialog) {
+    const auto& part = tab(dialog);
+    const auto& page = dialog.fraFrame[static_cast<int>(TabPage::rounding) - 1];
+    const auto& combos = part.cboRounding;
+    const auto& labels = part.lblRounding;
+    const auto& captions = part.txtRoundingCaption;
+    const auto childrenOf = [](const ui::Container& frame) {
+      std::vector<const ui::Control*> controls;
+      for (const auto& control : frame.children()) controls.push_back(control.get());
+      return controls;
+    };
+    EXPECT_EQ(childrenOf(page), (std::vector<const ui::Control*>{&part.fraTendering, &part.fraTax,
+                                                              &part.fraUnitOfMeasure}));
+    EXPECT_EQ(childrenOf(part.fraTendering),
+              (std::vector<const ui::Control*>{
+                  &labels[Rounding::round], &combos[Rounding::direction],
+                  &labels[Rounding::nearest], &combos[Rounding::step], &part.cmdBrowse,
+                  &captions[Rounding::item], &labels[Rounding::captionOfRounded],
+                  &captions[Rounding::roundedCaption], &labels[Rounding::captionOfVariance],
+                  &captions[Rounding::varianceCaption]}));
+    EXPECT_EQ(childrenOf(part.fraTax),
+              (std::vector<const ui::Control*>{
+                  &labels[Rounding::taxRound], &combos[Rounding::taxDirection],
+                  &labels[Rounding::taxNearest], &labels[Rounding::taxStep], &part.optRounding[3],
+                  &part.optRounding[2], &part.optRounding[1], &part.optRounding[0]}));
+    EXPECT_EQ(childrenOf(part.fraUnitOfMeasure),
+              (std::vector<const ui::Control*>{&part.chkRounding[0], &labels[Rounding::note]}));
+  });
+}
+
+TEST_F(RoundingTest, ArrowsGoDownTheOptionButtonsAsTheyStand) {
+  host.store(options::TaxRoundingMode, 3);
+  openTab([&](frmOptions& dialog) {
+    user.accessKey(u'x');
+    for (const int next : {2, 1, 0, 3}) {
+      user.press(Key::down);
+      EXPECT_TRUE(mode(dialog, next).hasFocus());
+      EXPECT_EQ(selectedModes(dialog), std::vector<int>{next});
+    }
+  });
+}
+
+TEST_F(RoundingTest, OnlyItemsOfExactlyTheTypeOfOtherChargesAreOffered) {
+  addRoundingItem(u"", u"Rounding");
+  for (const Text type : {u"OTHCX", u"XOTHC", u"OTH", u"othc", u"OTHC ", u" OTHC", u""}) {
+    host.items.push_back({type, u"2", u"", u"Of type " + type, u"", u"Income"});
+  }
+  openTab([&](frmOptions& dialog) {
+    desk->whenShown([&](ui::Form& form) {
+      const ui::ListView& items = dynamic_cast<frmBrowseItems&>(form).ltvItems;
+      ASSERT_EQ(items.count(), 1);
+      EXPECT_EQ(items.text(0, 1), u"Rounding");
+    });
+    user.click(tab(dialog).cmdBrowse);
   });
 }
 

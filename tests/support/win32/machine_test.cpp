@@ -37,8 +37,9 @@ class MachineTest : public ::testing::Test {
     std::ofstream(folder / name, std::ios::binary) << content;
   }
   Text path(const fs::path& name) const { return (folder / name).u16string(); }
-  int count(const fs::path& pattern) {
-    const auto listing = files.list(path(pattern));
+  int count(const fs::path& pattern) { return countPath(path(pattern)); }
+  int countPath(const Text& pattern) {
+    const auto listing = files.list(pattern);
     if (!listing) return -1;
     int found = 0;
     while (listing->next()) ++found;
@@ -67,6 +68,20 @@ TEST_F(MachineTest, ListsNormalFilesThatMatch) {
   SetFileAttributesW((folder / "LVPstReadOnly.pos").c_str(), FILE_ATTRIBUTE_READONLY);
   EXPECT_EQ(count("LVPst*.pos"), 4);
   SetFileAttributesW((folder / "LVPstReadOnly.pos").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(MachineTest, AFolderMayEndWithASlashOrAColon) {
+  write("LVPst1.pos");
+  Text slashes = path("LVPst*.pos");
+  std::ranges::replace(slashes, u'\\', u'/');
+  EXPECT_EQ(countPath(slashes), 1);
+
+  // C:file is in the present folder of that drive.
+  const fs::path before = fs::current_path();
+  fs::current_path(folder);
+  const Text drive = fromWide(folder.root_name().c_str());
+  EXPECT_EQ(countPath(drive + u"LVPst*.pos"), 1);
+  fs::current_path(before);
 }
 
 TEST_F(MachineTest, AListingThatCannotBeStartedIsNone) {
