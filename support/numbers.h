@@ -45,8 +45,9 @@ struct Decimal {
 
 /// The number that a text says by the platform's own text-to-number conversion: blanks around it, a
 /// sign before or after it, parentheses, a currency symbol, thousands separators (a blank may be
-/// typed for a no-break space), a decimal separator and, without a currency symbol, an exponent. None for any other text, for hexadecimal
-/// and octal forms, and for texts with two signs or two currency symbols.
+/// typed for a no-break space), a decimal separator and, without a currency symbol, an exponent.
+/// None for any other text, for hexadecimal and octal forms, and for texts with two signs or two
+/// currency symbols.
 std::optional<Decimal> toDecimal(TextView text, const NumberLocale& locale);
 
 /// The number as a double; none beyond its range, 0 below it.

@@ -12,8 +12,8 @@ char16_t lowerCase(char16_t c);
 /// Every character in lower case.
 Text lowerCase(TextView text);
 
-/// Whether two texts differ at most in the case of their letters. Small forms of one capital are the
-/// same letter: the two sigmas of Greek, the long s and the common one.
+/// Whether two texts differ at most in the case of their letters. Small forms of one capital are
+/// the same letter: the two sigmas of Greek, the long s and the common one.
 bool sameLetters(TextView a, TextView b);
 
 }  // namespace tillora

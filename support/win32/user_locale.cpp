@@ -12,7 +12,7 @@ namespace {
 // gives these orders.
 constexpr std::array<TextView, 4> kPositiveOrders = {u"$n", u"n$", u"$ n", u"n $"};
 constexpr std::array<TextView, 16> kNegativeOrders = {
-    u"($n)", u"-$n",  u"$-n",  u"$n-",  u"(n$)", u"-n$", u"n-$",   u"n$-",
+    u"($n)", u"-$n",  u"$-n",  u"$n-",  u"(n$)", u"-n$",  u"n-$",   u"n$-",
     u"-n $", u"-$ n", u"n $-", u"$ n-", u"$ -n", u"n- $", u"($ n)", u"(n $)"};
 
 constexpr std::size_t kMostDecimals = 9;

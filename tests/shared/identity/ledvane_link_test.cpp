@@ -454,12 +454,11 @@ TEST_F(LedvaneLinkTest, WhenShowOptionsRaisesTheReportKeepsItsFormerValue) {
 
 TEST_F(LedvaneLinkTest, ARefusalAtTheClickDropsAnUnsavedChoice) {
   saveDefaults();
-  const std::vector<std::function<void()>> hindrances = {
-      [&] { addTerminal(0); },
-      [&] {
-        host.terminals.clear();
-        machine.files.matches[kWaiting] = 1;
-      }};
+  const std::vector<std::function<void()>> hindrances = {[&] { addTerminal(0); },
+                                                         [&] {
+                                                           host.terminals.clear();
+                                                           machine.files.matches[kWaiting] = 1;
+                                                         }};
   for (const auto& hinder : hindrances) {
     boxes.shown.clear();
     open([&](frmOptions& dialog) {
@@ -501,12 +500,9 @@ TEST_F(LedvaneLinkTest, TheSaveAsksBothQuestionsBeforeItHandsAChoiceOver) {
     host.calls.clear();
     machine.files.listed.clear();
   });
-  const std::vector<std::string> expected = {"Title",
-                                             "Path",
-                                             "get DataFile",
-                                             "TerminalCount [ReportingBits] = 0",
-                                             "OptionsRecord",
-                                             "put CompanyName"};
+  const std::vector<std::string> expected = {"Title",         "Path",
+                                             "get DataFile",  "TerminalCount [ReportingBits] = 0",
+                                             "OptionsRecord", "put CompanyName"};
   ASSERT_GE(host.calls.size(), expected.size());
   host.calls.resize(expected.size());
   EXPECT_EQ(host.calls, expected);
@@ -541,12 +537,11 @@ TEST_F(LedvaneLinkTest, ASaveThatHandsNothingOverAsksNothing) {
 TEST_F(LedvaneLinkTest, WhatArrivesBetweenChoiceAndSaveRefusesTheSave) {
   saveDefaults();
   const auto stored = host.stored;
-  const std::vector<std::function<void()>> arrivals = {
-      [&] { addTerminal(0); },
-      [&] {
-        host.terminals.clear();
-        machine.files.matches[kWaiting] = 2;
-      }};
+  const std::vector<std::function<void()>> arrivals = {[&] { addTerminal(0); },
+                                                       [&] {
+                                                         host.terminals.clear();
+                                                         machine.files.matches[kWaiting] = 2;
+                                                       }};
   for (const auto& arrive : arrivals) {
     for (const auto button : {frmOptions::apply, frmOptions::ok}) {
       boxes.shown.clear();

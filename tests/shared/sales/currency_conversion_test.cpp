@@ -287,17 +287,13 @@ TEST_F(CurrencyConversionTest, ATextThatIsNoNumberKeepsTheMargin) {
 }
 
 TEST_F(CurrencyConversionTest, PastedNumbersMayHaveAPercentSignAndBlanks) {
-  const std::vector<std::pair<Text, float>> texts = {{u"7.5%", 7.5F},
-                                                     {u" 7.5 % ", 7.5F},
-                                                     {u"7.5 %\t", 7.5F},
-                                                     {u"\t7.5\t%\t \t", 7.5F},
-                                                     {u"7.5\u00a0%", 7.5F},
-                                                     {u"\u30007.5\u202f% \u00a0", 7.5F},
-                                                     {u"\u2003-7.5", -7.5F},
-                                                     {u"1e1", 10},
-                                                     {u"(3)", -3},
-                                                     {u"  ", 0},
-                                                     {u"\u00a0\t", 0}};
+  const std::vector<std::pair<Text, float>> texts = {
+      {u"7.5%", 7.5F},        {u" 7.5 % ", 7.5F},
+      {u"7.5 %\t", 7.5F},     {u"\t7.5\t%\t \t", 7.5F},
+      {u"7.5\u00a0%", 7.5F},  {u"\u30007.5\u202f% \u00a0", 7.5F},
+      {u"\u2003-7.5", -7.5F}, {u"1e1", 10},
+      {u"(3)", -3},           {u"  ", 0},
+      {u"\u00a0\t", 0}};
   openWith(1, [&](frmOptions& dialog) {
     for (const auto& [text, stored] : texts) {
       retype(dialog, u"1");

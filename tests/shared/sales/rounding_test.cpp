@@ -284,12 +284,9 @@ TEST_F(RoundingTest, AStepIsChosenByKeyboardToo) {
 }
 
 TEST_F(RoundingTest, StepsMayBeShownInANamedFormatOrWithASecondPoint) {
-  const std::vector<std::pair<Text, Text>> formats = {{u"Currency", u"$0.25"},
-                                                      {u"currency", u"$0.25"},
-                                                      {u"Standard", u"0.25"},
-                                                      {u"Fixed", u"0.25"},
-                                                      {u"General Number", u"0.25"},
-                                                      {u"#,##0.00 kr.", u"0.25 kr."}};
+  const std::vector<std::pair<Text, Text>> formats = {
+      {u"Currency", u"$0.25"}, {u"currency", u"$0.25"},      {u"Standard", u"0.25"},
+      {u"Fixed", u"0.25"},     {u"General Number", u"0.25"}, {u"#,##0.00 kr.", u"0.25 kr."}};
   host.store(options::RoundingStep, Money{2500});
   for (const auto& [format, shown] : formats) {
     host.currencyFormat = format;
@@ -622,14 +619,14 @@ TEST_F(RoundingTest, EachControlStandsInItsFrame) {
       return controls;
     };
     EXPECT_EQ(childrenOf(page), (std::vector<const ui::Control*>{&part.fraTendering, &part.fraTax,
-                                                              &part.fraUnitOfMeasure}));
-    EXPECT_EQ(childrenOf(part.fraTendering),
-              (std::vector<const ui::Control*>{
-                  &labels[Rounding::round], &combos[Rounding::direction],
-                  &labels[Rounding::nearest], &combos[Rounding::step], &part.cmdBrowse,
-                  &captions[Rounding::item], &labels[Rounding::captionOfRounded],
-                  &captions[Rounding::roundedCaption], &labels[Rounding::captionOfVariance],
-                  &captions[Rounding::varianceCaption]}));
+                                                                 &part.fraUnitOfMeasure}));
+    EXPECT_EQ(
+        childrenOf(part.fraTendering),
+        (std::vector<const ui::Control*>{
+            &labels[Rounding::round], &combos[Rounding::direction], &labels[Rounding::nearest],
+            &combos[Rounding::step], &part.cmdBrowse, &captions[Rounding::item],
+            &labels[Rounding::captionOfRounded], &captions[Rounding::roundedCaption],
+            &labels[Rounding::captionOfVariance], &captions[Rounding::varianceCaption]}));
     EXPECT_EQ(childrenOf(part.fraTax),
               (std::vector<const ui::Control*>{
                   &labels[Rounding::taxRound], &combos[Rounding::taxDirection],

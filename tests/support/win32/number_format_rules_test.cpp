@@ -46,14 +46,15 @@ class NumberFormatRules : public ::testing::TestWithParam<LCID> {
   Text literals(int most) {
     Text text;
     for (int i = below(most + 1); i > 0; --i) {
-      text += oneOf({u"$", u" ", u"kr", u"\\x", u"\\.", u"\"q.0;\"", u"\"\\\"", u"\"\"", u"(", u")", u"-",
-                     u"\u20ac", u"\u00a0"});
+      text += oneOf({u"$", u" ", u"kr", u"\\x", u"\\.", u"\"q.0;\"", u"\"\\\"", u"\"\"", u"(", u")",
+                     u"-", u"\u20ac", u"\u00a0"});
     }
     return text;
   }
 
   /// Left out are formats by which the platform under test loses digits: a # behind a 0 before the
-  /// point (0# of 10 is 1), a # behind a comma (#,# of 10 is 1), a point that no placeholder precedes
+  /// point (0# of 10 is 1), a # behind a comma (#,# of 10 is 1), a point that no placeholder
+  /// precedes
   /// (.00 of 1.5 is .50), and a percent sign that none precedes (it multiplies nothing).
   Section anySection() {
     Section section;
@@ -97,8 +98,8 @@ class NumberFormatRules : public ::testing::TestWithParam<LCID> {
   }
 
   /// Compares the texts of a value. Where the platform under test is not followed: it puts the sign
-  /// behind literals before the digits ($-5.00 for -$5.00) and before what is rounded to nothing, and
-  /// cuts a number below one to whole digits instead of rounding it.
+  /// behind literals before the digits ($-5.00 for -$5.00) and before what is rounded to nothing,
+  /// and cuts a number below one to whole digits instead of rounding it.
   void compare(double value, const Text& format, const Section& chosen) const {
     const bool belowOne = value != 0 && std::abs(value) < 1;
     if (belowOne && !chosen.hasDecimals()) return;
