@@ -525,7 +525,9 @@ TEST_F(CurrencyConversionTest, AStoredMarginOutOfRangeIsLimitedWhenTheBoxIsLeft)
   for (const auto& [stored, shown, limited, saved] : margins) {
     changes.clear();
     openWith(stored, [&](frmOptions& dialog) {
-      if (!shown.empty()) EXPECT_EQ(box(dialog).text(), shown);
+      if (!shown.empty()) {
+        EXPECT_EQ(box(dialog).text(), shown);
+      }
       EXPECT_FALSE(applyEnabled(dialog));
       user.press(Key::tab);
       EXPECT_EQ(box(dialog).text(), limited);
