@@ -61,7 +61,7 @@ class LedvaneLinkTest : public OptionsTest {
   }
   /// Choices were refused by the same two questions, at the click or at the save.
   void expectDropped(frmOptions& dialog, std::size_t messages) {
-    EXPECT_EQ(boxes.shown.size(), messages);
+    ASSERT_EQ(boxes.shown.size(), messages);
     EXPECT_EQ(boxes.shown.back().title, u"Cannot change Ledvane Data File");
     EXPECT_EQ(boxes.shown.back().style, 48);
     EXPECT_TRUE(boxes.shown.back().settingsGiven);
@@ -553,13 +553,13 @@ TEST_F(LedvaneLinkTest, WhatArrivesBetweenChoiceAndSaveRefusesTheSave) {
         user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::pump));
         arrive();
         host.calls.clear();
-        boxes.onShow = [&](const ShownMessage&) {
+        boxes.onShow = [&](const ShownMessage& message) {
           EXPECT_EQ(dialog.tabOptions.selected(), static_cast<int>(TabPage::pump));
+          EXPECT_EQ(message.pointer, ui::Pointer::hourglass);
         };
         user.click(dialog.cmdCommand[button]);
         boxes.onShow = nullptr;
         expectDropped(dialog, 1);
-        EXPECT_EQ(boxes.shown.front().pointer, ui::Pointer::hourglass);
         EXPECT_TRUE(dialog.isShown());
         EXPECT_EQ(dialog.tabOptions.selected(), static_cast<int>(TabPage::general));
         EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
