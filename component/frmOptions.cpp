@@ -41,6 +41,7 @@ constexpr int kMargin = 120;
 frmOptions::frmOptions(Platform platform)
     : Dialog(platform.screen, u"Options"),
       tabOptions(add<ui::TabStrip>()),
+      ilstImages({ui::PictureId::active, ui::PictureId::inactive}),
       platform_(std::move(platform)),
       messages_(platform_.messageBoxes) {
   makeFrame();

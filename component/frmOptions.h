@@ -11,6 +11,7 @@
 #include "component/tab_order.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
+#include "ui/image_list.h"
 #include "ui/tab_strip.h"
 
 namespace tillora {
@@ -32,6 +33,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   bool ChangedDataFile = false;
 
   ui::TabStrip& tabOptions;
+  const ui::ImageList ilstImages;                  ///< pictures of the rows of its lists
   ui::ControlArray<ui::Frame> fraFrame;            ///< by tab number less 1
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
 
@@ -46,6 +48,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   const Tabs& tabs() const { return *tabs_; }
   const Platform& platform() const override { return platform_; }
   const HostObjects& host() const override { return host_; }
+  const ui::ImageList& images() const override { return ilstImages; }
   /// Lets a save that runs go on with the host's objects where the dialog is closed meanwhile: they
   /// are released at its end then.
   class HostInUse {
@@ -64,7 +67,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   void onLoad() override;
   void onResize() override;
   void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
-  ui::Control* firstFocus() const override { return nextInTabOrder(&tabOptions); }
+  ui::Control* firstFocus() const override { return firstOnPage(tabOptions); }
   void edited(ui::Control& control) override;
 
   ui::Frame& page(TabPage page) override;

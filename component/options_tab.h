@@ -7,6 +7,7 @@
 #include "component/option_changes.h"
 #include "component/platform.h"
 #include "ui/container.h"
+#include "ui/image_list.h"
 #include "ui/text_box.h"
 
 namespace tillora {
@@ -35,6 +36,8 @@ class OptionsDialog {
   /// The host's objects, as they were handed over.
   virtual const HostObjects& host() const = 0;
   virtual Messages& messages() = 0;
+  /// The pictures of the rows of the dialog's lists.
+  virtual const ui::ImageList& images() const = 0;
   /// The shop is being set up: the load makes the records that it starts with.
   virtual bool firstUse() const = 0;
   virtual const Platform& platform() const = 0;

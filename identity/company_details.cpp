@@ -1,5 +1,6 @@
 #include "identity/company_details.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>
@@ -50,6 +51,9 @@ CompanyDetails::CompanyDetails(OptionsDialog& dialog)
   txtCompanyDetails.on(&ui::TextBox::keyDown,
                        [this](int i, Key& key, ui::Modifiers) { keyDown(i, key); });
   txtCompanyDetails.on(&ui::TextBox::validate, [this](int i, bool&) { validate(i); });
+  for (int i = firstOfAcn; i < count; ++i) {
+    txtCompanyDetails[i].paste = [this, i](TextView text, bool& used) { paste(i, text, used); };
+  }
   cboClass.click = [this] { showClassToolTip(); };
 }
 
@@ -163,6 +167,27 @@ void CompanyDetails::keyDown(int index, Key& key) {
     key = Key::none;
     moveFocusTo(index + 1, Caret::start);
   }
+}
+
+// A whole number goes on through the groups; what the box takes alone, and any other text, is the
+// box's own affair.
+void CompanyDetails::paste(int index, TextView text, bool& used) {
+  Text digits(text.substr(0, text.find_first_of(u"\r\n")));
+  std::erase(digits, u' ');
+  const ui::TextBox& box = txtCompanyDetails[index];
+  const int kept = static_cast<int>(box.text().size()) - box.selLength();
+  const bool fits = static_cast<int>(digits.size()) <= box.maxLength() - kept;
+  if (fits || !box.hasFocus() || !std::ranges::all_of(digits, isDigit)) return;
+  used = true;
+  for (const char16_t digit : digits) index = typeDigit(index, digit);
+}
+
+int CompanyDetails::typeDigit(int index, char16_t digit) {
+  ui::TextBox& box = txtCompanyDetails[index];
+  keyPress(index, digit);
+  const int kept = static_cast<int>(box.text().size()) - box.selLength();
+  if (kept < box.maxLength()) box.setSelText(TextView(&digit, 1));
+  return box.hasFocus() ? index : index + 1;
 }
 
 void CompanyDetails::moveFocusTo(int index, Caret caret) {

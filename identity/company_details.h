@@ -44,6 +44,9 @@ class CompanyDetails final : public OptionsTab {
 
   void keyPress(int index, char16_t& key);
   void keyDown(int index, ui::Key& key);
+  void paste(int index, TextView text, bool& used);
+  /// Types a digit as the user does. Returns the box in which the next one is typed.
+  int typeDigit(int index, char16_t digit);
   void validate(int index);
   enum class Caret : std::uint8_t { start, end };
   void moveFocusTo(int index, Caret caret);

@@ -75,14 +75,13 @@ ui::Picture& FredLink::makeExplanation() {
   lblDispenseLabels.set(heading, page.add<ui::Label>(u"FRED")).setBold(true);
   auto& box = txtDispense.set(explanation, page.add<ui::TextBox>());
   box.setMultiLine(true).setLocked(true).setBackColour(ui::kButtonFace);
-  // All of it is in view; the page opens with the focus in what can be chosen.
-  box.setTabStop(false);
   return picture;
 }
 
 ui::CommandButton& FredLink::makeDataFile() {
   ui::Frame& page = dialog_.page(TabPage::fred);
-  chkDispense.set(0, page.add<ui::CheckBox>(u"Ac&tivate link to FRED"));
+  // Not in the explanation, though that comes first.
+  page.setFirstFocus(chkDispense.set(0, page.add<ui::CheckBox>(u"Ac&tivate link to FRED")));
   lblDispenseLabels.set(labelOfDataFile,
                         page.add<ui::Label>(u"Path to FRED's point-of-sale data file"));
   auto& box = txtDispense.set(dataFile, page.add<ui::TextBox>());
@@ -97,7 +96,7 @@ ui::UpDown& FredLink::makeSeconds() {
   auto& box = txtDispense.set(seconds, page.add<ui::TextBox>());
   box.setMaxLength(2).setToolTip(
       u"Indicates how frequently Tillora will check for FRED data (ranges between 5-60 seconds)");
-  auto& upDown = page.add<ui::UpDown>().setRange(kShortest, kLongest);
+  auto& upDown = page.add<ui::UpDown>().setRange(kShortest, kLongest).setBuddy(box);
   lblDispenseLabels.set(unitOfSeconds, page.add<ui::Label>(u"seconds"));
   return upDown;
 }
@@ -125,8 +124,8 @@ void FredLink::load(OptionsRecord& record) {
   txtDispense[explanation].setText(explanationText());
   txtDispense[seconds].setText(decimalText(record.getOrDefault(options::FREDPollSeconds)));
   udFRED.setValue(secondsTyped());
-  chkDispense[0].setValue(record.getOrDefault(options::FREDLinkActive));
   txtDispense[dataFile].setText(record.getOrDefault(options::FREDDataFile));
+  chkDispense[0].setValue(record.getOrDefault(options::FREDLinkActive));
   enableLink();
 }
 

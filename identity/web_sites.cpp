@@ -40,6 +40,7 @@ WebSites::WebSites(OptionsDialog& dialog)
   ltvWeb.addColumn(Text(), kIconColumnWidth);
   ltvWeb.addColumn(u"Description");
   ltvWeb.addColumn(u"URL");
+  ltvWeb.setSmallIcons(dialog.images());
   toggleHeaderButtons(ltvWeb);
   cmdWeb.set(add, page.add<ui::CommandButton>(u"&New")).setToolTip(u"Add a new Web Site");
   cmdWeb.set(edit, page.add<ui::CommandButton>(u"&Edit"))

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "operations/report_captions.h"
+#include "support/modSelectAllText.h"
 #include "support/text_rules.h"
 #include "ui/layout.h"
 
@@ -46,8 +47,11 @@ std::vector<Text> textsOf(const Boxes& boxes) {
 
 bool isBlank(const ui::TextBox& box) { return box.text().empty(); }
 
-bool anyBlank(const Boxes& boxes) {
-  return std::ranges::any_of(boxes, [](const auto& entry) { return isBlank(*entry.second); });
+/// Null for none.
+ui::TextBox* firstBlank(const Boxes& boxes) {
+  const auto blank =
+      std::ranges::find_if(boxes, [](const auto& entry) { return isBlank(*entry.second); });
+  return blank == boxes.end() ? nullptr : blank->second;
 }
 
 enum class Fill : std::uint8_t { blanks, all };
@@ -151,13 +155,17 @@ void frmReportCaptions::showPage() {
 }
 
 void frmReportCaptions::accept() {
-  const bool blankTitles = anyBlank(txtReportTitleCaption);
-  const bool blankDetails = anyBlank(txtReportDetailCaption);
-  if (blankTitles) warnOfBlanks(titlesTab, kTitlesName);
-  if (blankDetails) warnOfBlanks(detailsTab, kDetailsName);
-  if (blankTitles || blankDetails) {
+  ui::TextBox* const blankTitle = firstBlank(txtReportTitleCaption);
+  ui::TextBox* const blankDetail = firstBlank(txtReportDetailCaption);
+  if (blankTitle != nullptr) warnOfBlanks(titlesTab, kTitlesName);
+  if (blankDetail != nullptr) warnOfBlanks(detailsTab, kDetailsName);
+  if (blankTitle != nullptr || blankDetail != nullptr) {
     fillWithDefaults(txtReportTitleCaption, kReportTitles, Fill::blanks);
     fillWithDefaults(txtReportDetailCaption, kReportDetails, Fill::blanks);
+    tabReportCaptions.setSelected(blankTitle != nullptr ? titlesTab : detailsTab);
+    ui::TextBox& first = blankTitle != nullptr ? *blankTitle : *blankDetail;
+    first.setFocus();
+    selectAllText(first);
     return;
   }
   Titles = textsOf(txtReportTitleCaption);

@@ -93,8 +93,9 @@ void PumpGrades::loadGrades() {
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
     const auto number = keyOf(*table, fields::grade::GradeNumber);
     if (!number || !listed.insert(*number).second) continue;
-    rows.push_back(
-        {{*number, table->text(fields::grade::Product), table->text(fields::grade::Caption)}});
+    Text sold = table->text(fields::grade::Product);
+    if (sold.empty()) sold = kNoProduct;
+    rows.push_back({{*number, sold, table->text(fields::grade::Caption)}});
   }
   ltvPump.setRows(std::move(rows));
   if (ltvPump.count() > 0) selectRow(ltvPump, 0);

@@ -115,6 +115,7 @@ RandomPrice::RandomPrice(OptionsDialog& dialog)
                                    u"UOM Unit",
                                    u"UOM Price Per Unit"};
   for (const char16_t* header : kHeaders) ltvRandomPrice.addColumn(header);
+  ltvRandomPrice.setSmallIcons(dialog.images());
   cmdRandomPrice.setToolTip(u"Edit the selected barcode format");
   layOut();
   onRowDoubleClick(ltvRandomPrice, [this] { EditRandomPrice(); });

@@ -53,7 +53,7 @@ CurrencyConversion::CurrencyConversion(OptionsDialog& dialog)
       lblCurrencyConversion(fraCurrencyConversion.add<ui::Label>(u"Default % &Margin")),
       txtCurrencyConversion(makeBoxes()),
       udCurrencyConversion(fraCurrencyConversion.add<ui::UpDown>()) {
-  udCurrencyConversion.setRange(-kLargest, kLargest);
+  udCurrencyConversion.setRange(-kLargest, kLargest).setBuddy(box());
   layOut();
   box().gotFocus = [this] { showMargin(); };
   box().lostFocus = [this] { lostFocus(); };

@@ -208,9 +208,7 @@ void TransactionOptions::load(OptionsRecord& record) {
 void TransactionOptions::enableCaptions(int check) {
   const bool ticked = chkTransaction[check].value();
   if (check == printTaxStatus) {
-    // The label of the wholesale caption stays as it is.
-    enableLabel(lblTransaction[1], lblTransaction[2], ticked);
-    enableLabel(lblTransaction[5], lblTransaction[6], ticked);
+    for (const int i : {1, 3, 5}) enableLabel(lblTransaction[i], lblTransaction[i + 1], ticked);
     for (const Caption box : {taxedSellPrice, taxedWholesale, taxExempt}) {
       txtCaption[box].setEnabled(ticked);
     }

@@ -43,7 +43,8 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum)
       width = std::max(width, list.form().screen().textWidth(list.columns()[i].header));
     }
     width += kCellMargin;
-    list.setColumnWidth(static_cast<int>(i), width < minimum ? kNarrowColumnWidth : width);
+    const bool fills = fit == ColumnFit::contentsOrHeader && i + 1 == count;
+    list.setColumnWidth(static_cast<int>(i), width < minimum ? kNarrowColumnWidth : width, fills);
   }
 }
 
@@ -60,7 +61,8 @@ void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& scr
 }
 
 bool toggleHeaderButtons(ui::ListView& list) {
-  list.setClickableHeaders(!list.clickableHeaders());
+  const std::uint32_t style = list.headerStyle() ^ ui::kHeaderButtons;
+  if (style != 0) list.setHeaderStyle(style);
   return true;
 }
 

@@ -9,7 +9,8 @@ namespace tillora {
 
 enum class ColumnFit : std::uint8_t {
   contents,          ///< LVSCW_AUTOSIZE: the widest text of the column
-  contentsOrHeader,  ///< LVSCW_AUTOSIZE_USEHEADER: the wider of texts and header
+  contentsOrHeader,  ///< LVSCW_AUTOSIZE_USEHEADER: the wider of texts and header; the last column
+                     ///< takes what the list has left, too
 };
 
 /// Width of a column that holds nothing but a small icon, twips: 18 pixels at 96 DPI.
@@ -24,7 +25,8 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum 
 /// texts keep their order.
 void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& screen);
 
-/// Turns headers that can be pressed into flat ones, and back on the next call. Reports True.
+/// Turns headers that can be pressed into flat ones, and back on the next call. A header that would
+/// be left without any style keeps its own. Always reports True.
 bool toggleHeaderButtons(ui::ListView& list);
 
 /// Selects a row and scrolls it into view.

@@ -44,10 +44,15 @@ class Frame final : public Container {
   Kind kind() const override { return Kind::frame; }
   const Text& caption() const override { return caption_; }
   Border border() const { return border_; }
+  /// The control that gets the focus when a tab shows this page; null for the first in the tab
+  /// order.
+  Control* firstFocus() const { return firstFocus_; }
+  void setFirstFocus(Control& control) { firstFocus_ = &control; }
 
  private:
   Text caption_;
   Border border_;
+  Control* firstFocus_ = nullptr;
 };
 
 }  // namespace tillora::ui

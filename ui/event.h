@@ -17,6 +17,9 @@ class Event {
     return *this;
   }
 
+  /// Whether it has a handler.
+  explicit operator bool() const { return handler_ != nullptr; }
+
   /// The handler may replace itself or end the modal run of its form; it must not destroy its form.
   void raise(Args... args) const {
     if (const Handler handler = handler_) handler(std::forward<Args>(args)...);

@@ -65,6 +65,8 @@ class Form : public Container {
   bool validatePending();
   /// The control that the Tab key would lead to; null where there is none.
   Control* nextInTabOrder(const Control* from, bool forward = true) const;
+  /// The control that gets the focus when the page behind the tabs is opened by keyboard.
+  Control* firstOnPage(const TabStrip& tabs) const;
 
   CommandButton* defaultButton() const { return default_; }
   CommandButton* cancelButton() const { return cancel_; }
@@ -121,6 +123,7 @@ class Form : public Container {
   void moveFocus(Control* to);
   bool pressOnEnter(Modifiers modifiers);
   bool moveByArrow(Key key);
+  bool stepUpDown(Key key);
   bool switchTab(bool forward);
   /// Where an access key leads: a label's or a frame caption's to the control that follows it.
   Control* accessTarget(Control& owner) const;

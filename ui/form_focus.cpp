@@ -7,6 +7,7 @@
 #include "ui/form.h"
 #include "ui/tab_strip.h"
 #include "ui/text_box.h"
+#include "ui/up_down.h"
 
 namespace tillora::ui {
 namespace {
@@ -54,6 +55,16 @@ Control* Form::nextInTabOrder(const Control* from, bool forward) const {
   std::ranges::rotate(order, here == order.end() ? order.begin() : here + 1);
   const auto next = std::ranges::find_if(order, [](const Control* c) { return isTabStop(*c); });
   return next != order.end() ? *next : nullptr;
+}
+
+Control* Form::firstOnPage(const TabStrip& tabs) const {
+  Control* first = nextInTabOrder(&tabs);
+  for (const Control* holder = first; holder != nullptr; holder = holder->parent()) {
+    if (holder->kind() != Kind::frame) continue;
+    Control* chosen = static_cast<const Frame&>(*holder).firstFocus();
+    if (chosen != nullptr && chosen->canFocus()) return chosen;
+  }
+  return first;
 }
 
 bool Form::setFocus(Control& control) {
@@ -125,7 +136,7 @@ bool Form::userKeyDown(Key key, Modifiers modifiers) {
   if (active_ == nullptr) return false;
   if (isArrow(key) && moveByArrow(key)) return true;
   active_->keyDown.raise(key, modifiers);
-  return key == Key::none;
+  return key == Key::none || (!modifiers.alt && stepUpDown(key));
 }
 
 bool Form::pressOnEnter(Modifiers modifiers) {
@@ -161,6 +172,18 @@ bool Form::moveByArrow(Key key) {
   return true;
 }
 
+bool Form::stepUpDown(Key key) {
+  if ((key != Key::up && key != Key::down) || active_ == nullptr) return false;
+  for (Control* control : inTabOrder()) {
+    if (control->kind() != Kind::upDown) continue;
+    auto& upDown = static_cast<UpDown&>(*control);
+    if (upDown.buddy() != active_) continue;
+    if (upDown.effectivelyEnabled() && userMouseDown(upDown)) upDown.spin(key == Key::up ? 1 : -1);
+    return true;
+  }
+  return false;
+}
+
 bool Form::switchTab(bool forward) {
   const std::vector<Control*> order = inTabOrder();
   const auto strip = std::ranges::find_if(order, [](const Control* control) {
@@ -172,7 +195,7 @@ bool Form::switchTab(bool forward) {
   const int before = tabs.selected();
   tabs.setSelected((before + (forward ? 0 : tabs.count() - 2)) % tabs.count() + 1);
   if (!onStrip && tabs.selected() != before) {
-    if (Control* first = nextInTabOrder(&tabs)) setFocus(*first);
+    if (Control* first = firstOnPage(tabs)) setFocus(*first);
   }
   return true;
 }

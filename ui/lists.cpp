@@ -136,13 +136,15 @@ void ListView::setColumnHeader(int column, Text header) {
   notify(Property::columns);
 }
 
-void ListView::setColumnWidth(int column, int width) {
-  columns_.at(static_cast<std::size_t>(column)).width = width;
+void ListView::setColumnWidth(int column, int width, bool fills) {
+  ListColumn& resized = columns_.at(static_cast<std::size_t>(column));
+  resized.width = width;
+  resized.fills = fills;
   notify(Property::columns);
 }
 
-void ListView::setClickableHeaders(bool clickable) {
-  clickableHeaders_ = clickable;
+void ListView::setHeaderStyle(std::uint32_t style) {
+  headerStyle_ = style;
   notify(Property::columns);
 }
 

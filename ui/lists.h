@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ui/container.h"
+#include "ui/image_list.h"
 #include "ui/label.h"
 
 namespace tillora::ui {
@@ -118,13 +119,19 @@ class CellTextsMaker {
 /// One row of a list view: the text of each column and a small icon.
 struct ListItem {
   CellTexts texts;
-  PictureId smallIcon = PictureId::none;
+  PictureId smallIcon = PictureId::none;  ///< one of the list's smallIcons()
 };
 
 struct ListColumn {
   Text header;
   int width = 0;  ///< twips
+  /// The last column alone: takes what the others leave of the list, and at least its width.
+  bool fills = false;
 };
+
+/// Styles of a list's header, as the platform numbers them (HDS_*).
+inline constexpr std::uint32_t kHeaderButtons = 0x2;    ///< headers can be pressed as buttons
+inline constexpr std::uint32_t kHeaderFullDrag = 0x80;  ///< a column follows its dragged border
 
 /// A list in columns (report view). The rows live here; a view asks for the ones it shows, so that
 /// ten rows and a hundred thousand open alike.
@@ -137,10 +144,13 @@ class ListView final : public Control {
   const std::vector<ListColumn>& columns() const { return columns_; }
   void addColumn(Text header, int width = 0);
   void setColumnHeader(int column, Text header);
-  void setColumnWidth(int column, int width);
-  /// Headers that can be pressed as buttons; flat ones otherwise.
-  bool clickableHeaders() const { return clickableHeaders_; }
-  void setClickableHeaders(bool clickable);
+  void setColumnWidth(int column, int width, bool fills = false);
+  std::uint32_t headerStyle() const { return headerStyle_; }
+  void setHeaderStyle(std::uint32_t style);
+  /// Where the small icons of the rows come from; null for a list without icons. It outlives the
+  /// list.
+  const ImageList* smallIcons() const { return smallIcons_; }
+  void setSmallIcons(const ImageList& images) { smallIcons_ = &images; }
 
   const std::vector<ListItem>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
@@ -180,7 +190,8 @@ class ListView final : public Control {
   std::vector<ListItem> rows_;
   int selectedRow_ = -1;
   int rowToShow_ = -1;
-  bool clickableHeaders_ = true;
+  std::uint32_t headerStyle_ = kHeaderButtons | kHeaderFullDrag;
+  const ImageList* smallIcons_ = nullptr;
 };
 
 }  // namespace tillora::ui

@@ -58,6 +58,19 @@ Text TextBox::selText() const {
                              static_cast<std::size_t>(selLength_));
 }
 
+void TextBox::setSelText(TextView text) {
+  const TextView before = text_.text();
+  Text whole;
+  whole.reserve(before.size() - static_cast<std::size_t>(selLength_) + text.size());
+  whole.append(before.substr(0, static_cast<std::size_t>(selStart_))).append(text);
+  whole.append(before.substr(static_cast<std::size_t>(selStart_ + selLength_)));
+  text_.take(whole);
+  userSelected(selStart_ + static_cast<int>(text.size()), 0);
+  notify(Property::text);
+  edited();
+  change.raise();
+}
+
 void TextBox::setSelection(int start, int length) {
   userSelected(start, length);
   notify(Property::selection);

@@ -42,6 +42,8 @@ class TextBox final : public Control {
   int selStart() const { return selStart_; }
   int selLength() const { return selLength_; }
   Text selText() const;
+  /// Replaces the selected text and puts the caret behind it. An edit; maxLength() does not apply.
+  void setSelText(TextView text);
   /// Limited to the text. The caret goes to the end of the selection.
   void setSelection(int start, int length);
 
@@ -52,6 +54,8 @@ class TextBox final : public Control {
   void userSelected(int selStart, int selLength);
 
   Event<> change;
+  /// The user is about to paste this text. Set the flag to keep it from the box.
+  Event<TextView, bool&> paste;
 
  protected:
   bool focusable() const override { return true; }

@@ -22,6 +22,11 @@ UpDown& UpDown::setRange(int minimum, int maximum, int increment) {
   return *this;
 }
 
+UpDown& UpDown::setBuddy(const TextBox& box) {
+  buddy_ = &box;
+  return *this;
+}
+
 void UpDown::spin(int direction) {
   const int wanted = value_ + direction * increment_;
   if (std::clamp(wanted, minimum_, maximum_) == value_) {

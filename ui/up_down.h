@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/container.h"
+#include "ui/text_box.h"
 
 namespace tillora::ui {
 
@@ -18,6 +18,10 @@ class UpDown final : public Control {
   int increment() const { return increment_; }
   UpDown& setRange(int minimum, int maximum, int increment = 1);
 
+  /// The box that shows the value: Up and Down in it step as a click on an arrow does.
+  const TextBox* buddy() const { return buddy_; }
+  UpDown& setBuddy(const TextBox& box);
+
   /// The user pressed the upper (+1) or lower (-1) arrow once.
   void spin(int direction);
 
@@ -30,6 +34,7 @@ class UpDown final : public Control {
   int minimum_ = 0;
   int maximum_ = 10;
   int increment_ = 1;
+  const TextBox* buddy_ = nullptr;
 };
 
 }  // namespace tillora::ui

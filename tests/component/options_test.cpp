@@ -88,7 +88,7 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get EODOptionFlags", "get EODReconcileTotalFlags", "get EODHistoryDays",
           "get TimeReportPeriod", "get PrintNRGT", "get EODDefaultReportBits",
           // FRED
-          "get FREDPollSeconds", "get FREDLinkActive", "get FREDDataFile",
+          "get FREDPollSeconds", "get FREDDataFile", "get FREDLinkActive",
           // Pump
           "get PumpVolumeUnitCaption", "get PumpPriceUnitCaption", "get PumpOptionBits",
           "GradeTable",

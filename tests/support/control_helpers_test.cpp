@@ -154,11 +154,40 @@ TEST_F(ListViewSupport, AColumnThatIsNotThereIsNotSized) {
   EXPECT_EQ(width(1), 0);
 }
 
+TEST_F(ListViewSupport, TheLastColumnFillsTheListWhereHeadersCountToo) {
+  const auto fills = [&](int column) { return list.columns()[static_cast<std::size_t>(column)].fills; };
+  autoSizeColumns(list, 1, ColumnFit::contentsOrHeader);
+  EXPECT_FALSE(fills(0));
+  EXPECT_FALSE(fills(1));
+  autoSizeColumns(list, 2, ColumnFit::contentsOrHeader);
+  EXPECT_TRUE(fills(1));
+  autoSizeColumns(list, 2, ColumnFit::contents);
+  EXPECT_FALSE(fills(1));
+  autoSizeColumns(list, 0, ColumnFit::contentsOrHeader);
+  EXPECT_FALSE(fills(0));
+  EXPECT_TRUE(fills(1));
+  EXPECT_EQ(width(1), 12 * 90 + 180);
+  list.setColumnWidth(1, 900);
+  EXPECT_FALSE(fills(1));
+}
+
+TEST_F(ListViewSupport, OtherStylesOfAHeaderStayAndOneWithoutAnyIsNotMade) {
+  EXPECT_EQ(list.headerStyle(), ui::kHeaderButtons | ui::kHeaderFullDrag);
+  EXPECT_TRUE(toggleHeaderButtons(list));
+  EXPECT_EQ(list.headerStyle(), ui::kHeaderFullDrag);
+  list.setHeaderStyle(ui::kHeaderButtons);
+  EXPECT_TRUE(toggleHeaderButtons(list));
+  EXPECT_EQ(list.headerStyle(), ui::kHeaderButtons);
+  list.setHeaderStyle(0);
+  EXPECT_TRUE(toggleHeaderButtons(list));
+  EXPECT_EQ(list.headerStyle(), ui::kHeaderButtons);
+}
+
 TEST_F(ListViewSupport, HeaderButtonsAreToggled) {
   EXPECT_TRUE(toggleHeaderButtons(list));
-  EXPECT_FALSE(list.clickableHeaders());
+  EXPECT_EQ(list.headerStyle() & ui::kHeaderButtons, 0U);
   EXPECT_TRUE(toggleHeaderButtons(list));
-  EXPECT_TRUE(list.clickableHeaders());
+  EXPECT_NE(list.headerStyle() & ui::kHeaderButtons, 0U);
 }
 
 TEST_F(ListViewSupport, ASelectedRowIsInView) {

@@ -173,7 +173,9 @@ void HeadlessUser::typeCharacter(char16_t character) {
   if (character == 1) {
     box.userSelected(0, static_cast<int>(box.text().size()));
   } else if (character == 0x16) {
-    pasteInto(box, clipboard_);
+    bool used = false;
+    if (!box.locked()) box.paste.raise(clipboard_, used);
+    if (!used) pasteInto(box, clipboard_);
   } else {
     typeInto(box, character);
   }

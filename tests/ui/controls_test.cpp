@@ -159,6 +159,31 @@ TEST_F(ControlsTest, AnUpDownKeepsToItsRange) {
   EXPECT_EQ(events, 3);
 }
 
+TEST_F(ControlsTest, AnImageListNumbersItsPicturesFromOne) {
+  const ui::ImageList images({ui::PictureId::inactive, ui::PictureId::active});
+  EXPECT_EQ(images.indexOf(ui::PictureId::inactive), 1);
+  EXPECT_EQ(images.indexOf(ui::PictureId::active), 2);
+  EXPECT_EQ(images.indexOf(ui::PictureId::key), 0);
+  EXPECT_EQ(images.indexOf(ui::PictureId::none), 0);
+}
+
+TEST_F(ControlsTest, ASelectedTextIsReplacedAsAnEditWhateverTheMaximumLength) {
+  auto& box = form.add<ui::TextBox>();
+  box.setText(u"abcd");
+  box.setMaxLength(4);
+  box.change = count;
+  form.edits = 0;
+  box.setSelection(1, 2);
+  box.setSelText(u"xyz");
+  EXPECT_EQ(box.text(), u"axyzd");
+  EXPECT_EQ(box.selStart(), 4);
+  EXPECT_EQ(box.selLength(), 0);
+  box.setSelText(u"");
+  EXPECT_EQ(box.text(), u"axyzd");
+  EXPECT_EQ(events, 2);
+  EXPECT_EQ(form.edits, 2);
+}
+
 TEST_F(ControlsTest, ATabStripAsksBeforeItSwitches) {
   auto& tabs = form.add<ui::TabStrip>();
   tabs.addTab(u"a");

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ui/lists.h"
+#include "ui/win32/pictures.h"
 #include "ui/win32/screen.h"
 #include "ui/win32/view_factory.h"
 #include "ui/win32/wide.h"
@@ -212,6 +213,12 @@ HBRUSH DialogWindow::background(HWND child, HDC dc) const {
     return brush;
   }
   return GetSysColorBrush(COLOR_BTNFACE);
+}
+
+HIMAGELIST DialogWindow::imagesOf(const ui::ImageList& images) {
+  ImageList& made = images_[&images];
+  if (!made) made = makeImages(images, GetSystemMetrics(SM_CXSMICON));
+  return made.get();
 }
 
 void DialogWindow::setToolTip(HWND window, std::wstring text) {

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "ui/form.h"
+#include "ui/image_list.h"
 #include "ui/win32/control_view.h"
 #include "ui/win32/metrics.h"
 #include "ui/win32/module.h"
@@ -61,6 +62,8 @@ class DialogWindow final : public FormView {
   /// transparent.
   HBRUSH background(HWND child, HDC dc) const;
   void setToolTip(HWND window, std::wstring text);
+  /// The platform's image list for one of the form's, made when it is first asked for.
+  HIMAGELIST imagesOf(const ui::ImageList& images);
   /// The platform put the focus into a control's window.
   void focusLanded(Control& control);
   /// Shows the hourglass; false for the standard pointer, which each window knows best.
@@ -108,6 +111,7 @@ class DialogWindow final : public FormView {
   HWND toolTips_ = nullptr;  // owned by window_
   std::unordered_map<const Control*, std::unique_ptr<ControlView>> views_;
   std::unordered_map<HWND, ControlView*> windows_;
+  std::unordered_map<const ui::ImageList*, ImageList> images_;
   int nextId_ = 100;  // above IDOK, IDCANCEL and their like
   const CommandButton* shownDefault_ = nullptr;
 };

@@ -1,5 +1,7 @@
 #include "ui/win32/edit_view.h"
 
+#include <algorithm>
+
 #include "ui/masked_text.h"
 #include "ui/win32/dialog_window.h"
 #include "ui/win32/wide.h"
@@ -9,6 +11,31 @@ namespace {
 
 constexpr char16_t kSelectAllCharacter = 1;  // Ctrl+A
 constexpr char16_t kEscapeCharacter = 27;
+
+void unlockMemory(HGLOBAL memory) { GlobalUnlock(memory); }
+
+/// The clipboard, open as long as it lives.
+class Clipboard {
+ public:
+  explicit Clipboard(HWND reader) : open_(OpenClipboard(reader) != FALSE) {}
+  Clipboard(const Clipboard&) = delete;
+  Clipboard& operator=(const Clipboard&) = delete;
+  ~Clipboard() {
+    if (open_) CloseClipboard();
+  }
+  /// Empty where it holds none.
+  Text text() const {
+    const HGLOBAL data = open_ ? GetClipboardData(CF_UNICODETEXT) : nullptr;
+    const auto* units = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr;
+    if (!units) return {};
+    const Owned<HGLOBAL, unlockMemory> locked(data);
+    const wchar_t* end = std::find(units, units + GlobalSize(data) / sizeof(wchar_t), L'\0');
+    return narrow({units, static_cast<std::size_t>(end - units)});
+  }
+
+ private:
+  bool open_;
+};
 
 DWORD styleOf(const TextBox& box) {
   DWORD style = 0;
@@ -100,7 +127,17 @@ void EditView::readBack() {
   control().userSelected(static_cast<int>(start), static_cast<int>(end - start));
 }
 
+// The clipboard is read only for boxes that want to know: it may hold a password.
+bool EditView::pasteIsUsed() {
+  if (!control().paste || control().locked()) return false;
+  readBack();
+  bool used = false;
+  control().paste.raise(Clipboard(window()).text(), used);
+  return used;
+}
+
 LRESULT EditView::message(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_PASTE && pasteIsUsed()) return 0;
   const LRESULT result = ControlView::message(message, wParam, lParam);
   const bool movesCaret = message == WM_KEYDOWN || message == WM_CHAR ||
                           message == WM_LBUTTONDOWN || message == WM_LBUTTONUP ||

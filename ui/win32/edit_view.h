@@ -27,6 +27,8 @@ class EditView final : public ViewOf<TextBox> {
  private:
   bool isMasked() const { return control().passwordCharacter() != 0; }
   Text editedText() const;
+  /// Offers what is about to be pasted to the box; true where it wants it kept from the window.
+  bool pasteIsUsed();
   void showText();
   void showSelection();
   void showEditing();

@@ -136,14 +136,14 @@ Icon makeIcon(PictureId picture, int side) {
   return Icon(CreateIconIndirect(&icon));
 }
 
-ImageList makeRowImages(int side) {
-  ImageList images(ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, 4, 0));
-  for (const PictureId picture :
-       {PictureId::active, PictureId::inactive, PictureId::key, PictureId::dispensing}) {
+ImageList makeImages(const ui::ImageList& images, int side) {
+  const auto count = static_cast<int>(images.pictures().size());
+  ImageList made(ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, count, 0));
+  for (const PictureId picture : images.pictures()) {
     const Icon icon = makeIcon(picture, side);
-    ImageList_ReplaceIcon(images.get(), -1, icon.get());
+    ImageList_ReplaceIcon(made.get(), -1, icon.get());
   }
-  return images;
+  return made;
 }
 
 }  // namespace tillora::ui::win32

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/label.h"
+#include "ui/image_list.h"
 #include "ui/win32/handles.h"
 
 namespace tillora::ui::win32 {
@@ -9,7 +9,7 @@ namespace tillora::ui::win32 {
 /// transparent ground.
 Icon makeIcon(PictureId picture, int side);
 
-/// The pictures of list rows; a picture's place in the list is its PictureId less one.
-ImageList makeRowImages(int side);
+/// The platform's list of the same pictures, in their order.
+ImageList makeImages(const ui::ImageList& images, int side);
 
 }  // namespace tillora::ui::win32

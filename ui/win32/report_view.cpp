@@ -5,13 +5,13 @@
 #include <algorithm>
 
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/pictures.h"
 #include "ui/win32/wide.h"
 
 namespace tillora::ui::win32 {
 namespace {
 
-int iconOf(PictureId picture) { return static_cast<int>(picture) - 1; }
+/// The bits of a window's style that are its class's own: for a header, HDS_*.
+constexpr LONG_PTR kOwnStyles = 0xFFFF;
 
 }  // namespace
 
@@ -23,6 +23,9 @@ void ReportView::create(HWND parent) {
                WS_EX_CLIENTEDGE});
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LPARAM{LVS_EX_FULLROWSELECT});
   show(Property::colours);
+  if (const ui::ImageList* icons = control().smallIcons()) {
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, dialog().imagesOf(*icons));
+  }
   showColumns();
   showRows();
 }
@@ -58,30 +61,38 @@ void ReportView::showColumns() {
   for (const ListColumn& column : control().columns()) {
     std::wstring text = wide(column.header);
     LVCOLUMNW item{};
-    item.mask = LVCF_TEXT | LVCF_WIDTH;
+    item.mask = LVCF_TEXT | (column.fills && position < shown ? 0 : LVCF_WIDTH);
     item.pszText = text.data();
     item.cx = dialog().metrics().toPixels(column.width);
     send(position < shown ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, static_cast<WPARAM>(position),
          &item);
     ++position;
   }
-  const LONG_PTR style = GetWindowLongPtrW(header(), GWL_STYLE) & ~LONG_PTR{HDS_BUTTONS};
-  SetWindowLongPtrW(header(), GWL_STYLE, style | (control().clickableHeaders() ? HDS_BUTTONS : 0));
+  const LONG_PTR style = GetWindowLongPtrW(header(), GWL_STYLE) & ~kOwnStyles;
+  SetWindowLongPtrW(header(), GWL_STYLE, style | static_cast<LONG_PTR>(control().headerStyle()));
+  fillLastColumn();
+}
+
+// What LVSCW_AUTOSIZE_USEHEADER does, but with the texts of all rows: of rows that are asked for the
+// window would measure those in view alone.
+void ReportView::fillLastColumn() {
+  const auto& columns = control().columns();
+  if (columns.empty() || !columns.back().fills) return;
+  const auto last = columns.size() - 1;
+  RECT area{};
+  GetClientRect(window(), &area);
+  auto width = static_cast<int>(area.right);
+  for (std::size_t i = 0; i < last; ++i) width -= static_cast<int>(send(LVM_GETCOLUMNWIDTH, i));
+  width = std::max(width, dialog().metrics().toPixels(columns.back().width));
+  if (width != static_cast<int>(send(LVM_GETCOLUMNWIDTH, last))) {
+    send(LVM_SETCOLUMNWIDTH, last, LPARAM{width});
+  }
 }
 
 void ReportView::showRows() {
-  showIcons();
   send(LVM_SETITEMCOUNT, static_cast<WPARAM>(control().count()), LPARAM{LVSICF_NOSCROLL});
   InvalidateRect(window(), nullptr, FALSE);
   showChoice();
-}
-
-// A list that begins empty may get its first icon later.
-void ReportView::showIcons() {
-  const auto hasIcon = [](const ListItem& row) { return row.smallIcon != PictureId::none; };
-  if (images_ || std::ranges::none_of(control().rows(), hasIcon)) return;
-  images_ = makeRowImages(GetSystemMetrics(SM_CXSMICON));
-  send(LVM_SETIMAGELIST, LVSIL_SMALL, images_.get());
 }
 
 void ReportView::showChoice() {
@@ -108,8 +119,9 @@ void ReportView::give(LVITEMW& item) const {
     std::copy_n(text.begin(), length, item.pszText);
     item.pszText[length] = L'\0';
   }
-  if ((item.mask & LVIF_IMAGE) != 0) {
-    item.iImage = iconOf(control().rows()[static_cast<std::size_t>(item.iItem)].smallIcon);
+  if ((item.mask & LVIF_IMAGE) != 0 && control().smallIcons()) {
+    const ListItem& row = control().rows()[static_cast<std::size_t>(item.iItem)];
+    item.iImage = control().smallIcons()->indexOf(row.smallIcon) - 1;
   }
 }
 
@@ -165,6 +177,13 @@ Point ReportView::toTwips(LPARAM position) const {
 
 LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_SIZE: {
+      // Also where a scroll bar comes or goes.
+      const LRESULT result = ControlView::message(message, wParam, lParam);
+      const Echo echo(*this);
+      fillLastColumn();
+      return result;
+    }
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
     case WM_LBUTTONUP:

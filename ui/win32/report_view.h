@@ -21,7 +21,7 @@ class ReportView final : public ViewOf<ListView> {
  private:
   void showColumns();
   void showRows();
-  void showIcons();
+  void fillLastColumn();
   void showChoice();
   void give(LVITEMW& item) const;
   /// The row whose first cell begins with what was typed; -1 for none.
@@ -29,7 +29,6 @@ class ReportView final : public ViewOf<ListView> {
   Point toTwips(LPARAM position) const;
   HWND header() const;
 
-  ImageList images_;
   int rowShown_ = -1;
 };
 

@@ -153,6 +153,37 @@ TEST_F(CompanyDetailsTest, BlanksAroundTextsAreNotSaved) {
   EXPECT_EQ(host.value(options::CompanyEmail), u"a b");
 }
 
+TEST_F(CompanyDetailsTest, EveryTextIsSavedFromItsOwnBoxWithoutTheBlanksAroundIt) {
+  edit([&](frmOptions& dialog) {
+    for (int index = CompanyDetails::name; index <= CompanyDetails::email; ++index) {
+      user.click(box(dialog, index));
+      user.type(u"  text " + Text(static_cast<std::size_t>(index) + 1, u'i') + u"  ");
+    }
+  });
+  EXPECT_EQ(host.value(options::CompanyName), u"text i");
+  EXPECT_EQ(host.value(options::CompanyAddress), u"text ii");
+  EXPECT_EQ(host.value(options::CompanyPhone), u"text iii");
+  EXPECT_EQ(host.value(options::CompanyFax), u"text iiii");
+  EXPECT_EQ(host.value(options::CompanyEmail), u"text iiiii");
+}
+
+TEST_F(CompanyDetailsTest, ASaveThatAnotherTabRefusesKeepsWhatWasTyped) {
+  saveDefaults();
+  host.store(options::CurrencyListColumns, 0);
+  open([&](frmOptions& dialog) {
+    user.type(u" Corner Shop ");
+    user.click(box(dialog, 8));
+    user.type(u"51824753556");
+    user.click(dialog.cmdCommand[frmOptions::apply]);
+    ASSERT_EQ(boxes.shown.size(), 1U);
+    EXPECT_EQ(box(dialog, CompanyDetails::name).text(), u" Corner Shop ");
+    expectTexts(dialog, 8, {u"51", u"824", u"753", u"556"});
+    EXPECT_TRUE(applyEnabled(dialog));
+  });
+  EXPECT_EQ(host.value(options::CompanyName), u"");
+  EXPECT_EQ(host.value(options::CompanyABN), u"");
+}
+
 TEST_F(CompanyDetailsTest, OnlyBlanksAreTrimmed) {
   host.store(options::CompanyAddress, u"\t1 High Street\r\n");
   edit([&](frmOptions&) { user.type(u"x"); });
@@ -366,6 +397,48 @@ TEST_F(CompanyDetailsTest, RightFromASelectedGroupGoesToItsEnd) {
   });
 }
 
+TEST_F(CompanyDetailsTest, AnArrowThatCrossesIsUsedUp) {
+  host.store(options::CompanyABN, u"51824753556");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 9));
+    user.selectAll();
+    user.press(Key::left);
+    expectCaret(box(dialog, 8), 2);
+    // The group that was left never saw the key.
+    EXPECT_EQ(box(dialog, 9).selText(), u"824");
+    EXPECT_TRUE(dialog.userKeyDown(Key::right, {}));
+    expectCaret(box(dialog, 9), 0);
+    EXPECT_FALSE(dialog.userKeyDown(Key::right, {}));
+    EXPECT_TRUE(dialog.userKeyDown(Key::left, {}));
+    expectCaret(box(dialog, 8), 2);
+    EXPECT_FALSE(dialog.userKeyDown(Key::left, {}));
+  });
+}
+
+TEST_F(CompanyDetailsTest, ArrowsStayInTheOtherBoxes) {
+  host.store(options::CompanyACN, u"123456789");
+  open([&](frmOptions& dialog) {
+    for (int index = CompanyDetails::name; index <= CompanyDetails::email; ++index) {
+      ui::TextBox& other = box(dialog, index);
+      user.click(other);
+      user.selectAll();
+      user.type(u"ab");
+      EXPECT_FALSE(dialog.userKeyDown(Key::right, {})) << index;
+      user.press(Key::right);
+      expectCaret(other, 2);
+      user.press(Key::left);
+      expectCaret(other, 1);
+      user.press(Key::home);
+      EXPECT_FALSE(dialog.userKeyDown(Key::left, {})) << index;
+      user.press(Key::left);
+      expectCaret(other, 0);
+      user.press(Key::backspace);
+      expectCaret(other, 0);
+      EXPECT_EQ(other.text(), u"ab") << index;
+    }
+  });
+}
+
 TEST_F(CompanyDetailsTest, UpAndDownAreLeftToTheBox) {
   host.store(options::CompanyABN, u"51824753556");
   open([&](frmOptions& dialog) {
@@ -425,6 +498,109 @@ TEST_F(CompanyDetailsTest, PastedTextIsClearedWhenTheGroupIsLeft) {
   });
   EXPECT_EQ(host.value(options::CompanyABN), u"");
   EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(CompanyDetailsTest, APastedNumberFlowsThroughTheGroups) {
+  edit([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.paste(u"51 824 753 556");
+    expectTexts(dialog, 8, {u"51", u"824", u"753", u"556"});
+    expectCaret(box(dialog, 11), 3);
+    EXPECT_TRUE(applyEnabled(dialog));
+    user.click(box(dialog, 5));
+    user.paste(u"123456789");
+    expectTexts(dialog, 5, {u"123", u"456", u"789", u"51"});
+    expectCaret(box(dialog, 7), 3);
+  });
+  EXPECT_EQ(host.value(options::CompanyABN), u"51824753556");
+  EXPECT_EQ(host.value(options::CompanyACN), u"123456789");
+}
+
+TEST_F(CompanyDetailsTest, APastedNumberReplacesTheOneThatWasThere) {
+  host.store(options::CompanyABN, u"99999999999");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));  // selects its text
+    user.paste(u"51824753556");
+    expectTexts(dialog, 8, {u"51", u"824", u"753", u"556"});
+    user.click(box(dialog, 8));
+    user.press(Key::home);  // in a full group, with nothing selected
+    user.paste(u"12 345 678 901");
+    expectTexts(dialog, 8, {u"12", u"345", u"678", u"901"});
+  });
+}
+
+TEST_F(CompanyDetailsTest, APastedNumberGoesOnFromTheCaretAsTypedDigitsDo) {
+  host.store(options::CompanyACN, u"1");
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.press(Key::end);
+    user.paste(u"234");
+    expectTexts(dialog, 5, {u"123", u"4", u"1"});
+    expectCaret(box(dialog, 6), 1);
+    user.type(u"5");
+    expectTexts(dialog, 5, {u"123", u"45", u"1"});
+    user.paste(u"6789");
+    expectTexts(dialog, 5, {u"123", u"456", u"789"});
+  });
+}
+
+TEST_F(CompanyDetailsTest, PastedDigitsBeyondTheLastGroupAreDropped) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 7));
+    user.paste(u"7 8 9 0 1");
+    expectTexts(dialog, 5, {u"", u"", u"789", u""});
+    expectCaret(box(dialog, 7), 3);
+    user.click(box(dialog, 10));
+    user.paste(u"123456789");
+    expectTexts(dialog, 8, {u"", u"", u"123", u"456"});
+    expectCaret(box(dialog, 11), 3);
+  });
+}
+
+TEST_F(CompanyDetailsTest, DigitsThatTheGroupTakesAloneStayInIt) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 8));
+    user.paste(u"51");
+    expectTexts(dialog, 8, {u"51", u""});
+    expectCaret(box(dialog, 8), 2);
+    user.click(box(dialog, 5));
+    user.paste(u"1 2");
+    expectTexts(dialog, 5, {u"1 2", u""});
+    expectCaret(box(dialog, 5), 3);
+  });
+}
+
+TEST_F(CompanyDetailsTest, OnlyDigitsAndBlanksFlow) {
+  for (const Text text : {u"51-824-753-556", u"51 824 753 55x", u"+51824753556", u"5182.47",
+                          u"51\u00a0824\u00a0753\u00a0556", u"\u0665\u0661\u0668\u0662"}) {
+    open([&](frmOptions& dialog) {
+      user.click(box(dialog, 8));
+      user.paste(text);
+      EXPECT_EQ(box(dialog, 8).text(), text.substr(0, 2)) << toUtf8(text);
+      expectTexts(dialog, 9, {u"", u"", u""});
+      EXPECT_TRUE(box(dialog, 8).hasFocus());
+    });
+  }
+}
+
+TEST_F(CompanyDetailsTest, OnlyTheFirstLineOfWhatIsPastedCounts) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, 5));
+    user.paste(u"123 456 789\r\nTillora");
+    expectTexts(dialog, 5, {u"123", u"456", u"789"});
+    user.click(box(dialog, 8));
+    user.paste(u"51\r\n824753556");
+    expectTexts(dialog, 8, {u"51", u""});
+  });
+}
+
+TEST_F(CompanyDetailsTest, OtherBoxesTakeANumberAsItIs) {
+  open([&](frmOptions& dialog) {
+    user.click(box(dialog, CompanyDetails::email));
+    user.paste(u"51 824 753 556");
+    EXPECT_EQ(box(dialog, CompanyDetails::email).text(), u"51 824 753 556");
+    expectTexts(dialog, 5, {u"", u"", u"", u"", u"", u"", u""});
+  });
 }
 
 TEST_F(CompanyDetailsTest, NumbersThatAreNotDigitsAloneStay) {

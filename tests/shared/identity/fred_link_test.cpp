@@ -221,6 +221,71 @@ TEST_F(FredLinkTest, ThePageOpensInTheCheckBoxAndTabWalksThroughTheRest) {
   });
 }
 
+TEST_F(FredLinkTest, ThePageOpensInTheCheckBoxFromOtherTabsToo) {
+  openOn(TabPage::security, [&](frmOptions& dialog) {
+    user.press(Key::tab, {.ctrl = true});
+    EXPECT_EQ(dialog.tabOptions.selected(), static_cast<int>(TabPage::fred));
+    EXPECT_TRUE(active(dialog).hasFocus());
+    user.press(Key::tab, {.ctrl = true});
+    user.press(Key::tab, {.shift = true, .ctrl = true});
+    EXPECT_TRUE(active(dialog).hasFocus());
+  });
+}
+
+TEST_F(FredLinkTest, TheExplanationIsReachedByTabWithItsTextSelected) {
+  openTab([&](frmOptions& dialog) {
+    const ui::TextBox& box = tab(dialog).txtDispense[FredLink::explanation];
+    user.press(Key::tab, {.shift = true});
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_EQ(box.selText(), box.text());
+    user.press(Key::tab, {.shift = true});
+    EXPECT_TRUE(dialog.tabOptions.hasFocus());
+    user.press(Key::tab);
+    EXPECT_TRUE(box.hasFocus());
+    user.press(Key::tab);
+    EXPECT_TRUE(active(dialog).hasFocus());
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(FredLinkTest, IntervalPathAndCheckBoxAreReadInThisOrder) {
+  openTab([](frmOptions&) {});
+  EXPECT_EQ(host.callsStarting("get FRED"),
+            (std::vector<std::string>{"get FREDPollSeconds", "get FREDDataFile",
+                                      "get FREDLinkActive"}));
+}
+
+TEST_F(FredLinkTest, ControlsHaveTheirNumbers) {
+  storeLink(42, true, u"C:\\FRED\\pos.dat");
+  openTab([&](frmOptions& dialog) {
+    const auto& box = tab(dialog).txtDispense;
+    ASSERT_EQ(box.count(), 3);
+    EXPECT_TRUE(box[0].text().starts_with(u"FRED (Fast"));
+    EXPECT_EQ(box[1].text(), u"C:\\FRED\\pos.dat");
+    EXPECT_EQ(box[2].text(), u"42");
+  });
+}
+
+TEST_F(FredLinkTest, ASaveThatAnotherTabRefusesKeepsTheLinkUnwritten) {
+  saveDefaults();
+  host.store(options::CurrencyListColumns, 0);
+  openTab([&](frmOptions& dialog) {
+    user.click(active(dialog));
+    typeSeconds(dialog, u"99");
+    apply(dialog);
+    ASSERT_EQ(boxes.shown.size(), 1U);
+    EXPECT_FALSE(host.value(options::FREDLinkActive));
+    EXPECT_EQ(host.value(options::FREDPollSeconds), 15);
+    EXPECT_TRUE(active(dialog).value());
+    EXPECT_EQ(seconds(dialog).text(), u"60");
+    EXPECT_TRUE(applyEnabled(dialog));
+  });
+  openTab([&](frmOptions& dialog) {
+    EXPECT_FALSE(active(dialog).value());
+    EXPECT_EQ(seconds(dialog).text(), u"15");
+  });
+}
+
 TEST_F(FredLinkTest, AccessKeysReachTheLinkTheFileAndTheInterval) {
   openTab([&](frmOptions& dialog) {
     user.accessKey(u't');

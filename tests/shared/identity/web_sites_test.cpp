@@ -86,7 +86,7 @@ TEST_F(WebSitesTest, TheTextsOfThePage) {
     EXPECT_EQ(part.ltvWeb.columns()[0].header, u"");
     EXPECT_EQ(part.ltvWeb.columns()[1].header, u"Description");
     EXPECT_EQ(part.ltvWeb.columns()[2].header, u"URL");
-    EXPECT_FALSE(part.ltvWeb.clickableHeaders());
+    EXPECT_EQ(part.ltvWeb.headerStyle() & ui::kHeaderButtons, 0U);
     EXPECT_EQ(part.cmdWeb[0].caption(), u"&New");
     EXPECT_EQ(part.cmdWeb[0].toolTip(), u"Add a new Web Site");
     EXPECT_EQ(part.cmdWeb[1].caption(), u"&Edit");
@@ -134,6 +134,27 @@ TEST_F(WebSitesTest, ColumnsFitWhatTheyShowWhateverTheyShow) {
     editRow(dialog, 0, Text(60, u'x'), u"u");
     EXPECT_GE(width(1), screen.textWidth(Text(60, u'x')));
     EXPECT_GE(width(2), screen.textWidth(u"URL"));
+    EXPECT_TRUE(tab(dialog).ltvWeb.columns()[2].fills);
+    EXPECT_FALSE(tab(dialog).ltvWeb.columns()[1].fills);
+  });
+}
+
+TEST_F(WebSitesTest, ColumnsAreFittedAgainAfterNewAndDelete) {
+  host.webSites = {site(u"A", u"a")};
+  openTab([&](frmOptions& dialog) {
+    const ui::Screen& screen = desk->screen();
+    const auto expectFit = [&](TextView description, TextView url) {
+      for (const auto& [column, text] : {std::pair{1, description}, std::pair{2, url}}) {
+        const int width = tab(dialog).ltvWeb.columns()[static_cast<std::size_t>(column)].width;
+        EXPECT_GE(width, screen.textWidth(text)) << column;
+        EXPECT_LT(width, screen.textWidth(text) + screen.textWidth(u"xxxxx")) << column;
+      }
+    };
+    expectFit(u"Description", u"URL");
+    addByNew(dialog, Text(60, u'x'), Text(70, u'y'));
+    expectFit(Text(60, u'x'), Text(70, u'y'));
+    deleteRow(dialog, 1);
+    expectFit(u"Description", u"URL");
   });
 }
 

@@ -142,11 +142,11 @@ TEST_F(EndOfDayTest, TheTextsOfThePage) {
     EXPECT_EQ(label[EndOfDay::showTotals].caption(), u"Show on Cash Drawer Reconciliation page...");
     EXPECT_EQ(part(dialog).lblReports[0].caption(), u"P&eriod for Time Report");
     EXPECT_EQ(part(dialog).chkReports[0].caption(), u"&Print the Non-Resetable Grand Total (NRGT)");
-    EXPECT_EQ(button(dialog, EndOfDay::defaultReports).caption(), u"Default Reports...");
-    EXPECT_EQ(button(dialog, EndOfDay::defaultReports).toolTip(),
-              u"Select the default reports for End-Of-Day processing");
-    EXPECT_EQ(button(dialog, EndOfDay::reportCaptions).caption(), u"Change &Report Captions...");
-    EXPECT_EQ(button(dialog, EndOfDay::reportCaptions).toolTip(), u"Set captions for the reports");
+    const auto& command = part(dialog).cmdReports;
+    EXPECT_EQ(command[0].caption(), u"Default Reports...");
+    EXPECT_EQ(command[0].toolTip(), u"Select the default reports for End-Of-Day processing");
+    EXPECT_EQ(command[1].caption(), u"Change &Report Captions...");
+    EXPECT_EQ(command[1].toolTip(), u"Set captions for the reports");
     EXPECT_EQ(period(dialog).items(),
               (std::vector<Text>{u"Every 15 Minutes", u"Every 30 Minutes", u"Hourly",
                                  u"Every 2 Hours", u"Every 3 Hours", u"Every 4 Hours",

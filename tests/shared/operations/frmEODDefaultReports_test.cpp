@@ -104,8 +104,8 @@ TEST_F(EODDefaultReportsTest, TheTextsOfTheDialog) {
       EXPECT_EQ(command->caption(), commands[static_cast<std::size_t>(index)].first);
       EXPECT_EQ(command->toolTip(), commands[static_cast<std::size_t>(index)].second);
     }
-    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[frmEODDefaultReports::ok]);
-    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[frmEODDefaultReports::cancel]);
+    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[0]);
+    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[1]);
   });
 }
 

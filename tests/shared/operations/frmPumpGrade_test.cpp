@@ -99,6 +99,24 @@ TEST_F(PumpGradeDialogTest, OkByTheMouseStoresTheCaptionToo) {
   EXPECT_EQ(form.Caption, u" a&b 'c' ");
 }
 
+TEST_F(PumpGradeDialogTest, TheCaptionMayBeOfAnyLength) {
+  for (const std::size_t length : {std::size_t{0}, std::size_t{256}, std::size_t{40000}}) {
+    show([&] {
+      user.press(Key::del);
+      user.paste(Text(length, u'x'));
+      user.press(Key::enter);
+    });
+    EXPECT_EQ(form.Caption, Text(length, u'x'));
+  }
+}
+
+TEST_F(PumpGradeDialogTest, TheBoxesHaveTheirNumbers) {
+  show([&] {
+    EXPECT_EQ(box(0).text(), u"ULP");
+    EXPECT_EQ(box(1).text(), u"Fuel:Unleaded");
+  });
+}
+
 TEST_F(PumpGradeDialogTest, TheCaptionIsStoredWhenItsBoxIsLeft) {
   show([&] {
     user.type(u"Premium");

@@ -63,14 +63,14 @@ TEST_F(FrmRandomPriceTest, ShowsWhatTheCallerHasSet) {
   editor.UOMUnitCaption = u"litre";
   editor.UOMPriceUnitCaption = u" per litre ";
   show([&] {
-    EXPECT_EQ(box(frmRandomPrice::prefix).text(), u"02");
+    EXPECT_EQ(box(0).text(), u"02");
     EXPECT_EQ(editor.cboRandomPrice.listIndex(), 4);
-    EXPECT_EQ(example(), u"0211112233334");
-    EXPECT_TRUE(check(frmRandomPrice::inactive).value());
-    EXPECT_FALSE(check(frmRandomPrice::priceIncludesTax).value());
-    EXPECT_TRUE(check(frmRandomPrice::calculateUnitOfMeasure).value());
-    EXPECT_EQ(box(frmRandomPrice::unitCaption).text(), u"litre");
-    EXPECT_EQ(box(frmRandomPrice::priceUnitCaption).text(), u" per litre ");
+    EXPECT_EQ(box(1).text(), u"0211112233334");
+    EXPECT_TRUE(check(0).value());
+    EXPECT_FALSE(check(1).value());
+    EXPECT_TRUE(check(2).value());
+    EXPECT_EQ(box(2).text(), u"litre");
+    EXPECT_EQ(box(3).text(), u" per litre ");
     EXPECT_FALSE(editor.Cancelled());
   });
 }

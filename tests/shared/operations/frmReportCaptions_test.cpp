@@ -84,12 +84,12 @@ TEST_F(ReportCaptionsDialogTest, TheTextsOfTheDialog) {
     EXPECT_EQ(dialog.caption(), u"Report Captions");
     EXPECT_EQ(dialog.tabReportCaptions.tabs(),
               (std::vector<Text>{u"Report Titles", u"Report Detail Captions"}));
-    EXPECT_EQ(dialog.cmdCommand[frmReportCaptions::ok].caption(), u"OK");
-    EXPECT_EQ(dialog.cmdCommand[frmReportCaptions::cancel].caption(), u"Cancel");
-    const auto& resetTitles = dialog.cmdCommand[frmReportCaptions::resetTitles];
+    EXPECT_EQ(dialog.cmdCommand[0].caption(), u"OK");
+    EXPECT_EQ(dialog.cmdCommand[1].caption(), u"Cancel");
+    const auto& resetTitles = dialog.cmdCommand[2];
     EXPECT_EQ(resetTitles.caption(), u"R&eset Report Title Captions");
     EXPECT_EQ(resetTitles.toolTip(), u"Reset the report titles to the default captions");
-    const auto& resetDetails = dialog.cmdCommand[frmReportCaptions::resetDetails];
+    const auto& resetDetails = dialog.cmdCommand[3];
     EXPECT_EQ(resetDetails.caption(), u"R&eset Report Detail Captions");
     EXPECT_EQ(resetDetails.toolTip(), u"Reset the report detail captions to the default captions");
     EXPECT_EQ(
@@ -102,8 +102,8 @@ TEST_F(ReportCaptionsDialogTest, TheTextsOfTheDialog) {
         u" When the title is printed or displayed in a list the ampersand character itself will "
         u"not be printed or displayed.");
     EXPECT_FALSE(dialog.lblNote.accessKey());
-    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[frmReportCaptions::ok]);
-    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[frmReportCaptions::cancel]);
+    EXPECT_EQ(dialog.defaultButton(), &dialog.cmdCommand[0]);
+    EXPECT_EQ(dialog.cancelButton(), &dialog.cmdCommand[1]);
     EXPECT_EQ(dialog.lblReportTitleCaptions[11].caption(), u"&End Of Day window");
     for (const auto& [index, label] : dialog.lblReportDetailCaptions) {
       EXPECT_EQ(label->caption(), kReportDetails[static_cast<std::size_t>(index)].standard);
@@ -195,11 +195,11 @@ TEST_F(ReportCaptionsDialogTest, BlanksInBothSetsGiveBothMessagesAndAreFilled) {
     ASSERT_EQ(boxes.shown.size(), 2U);
     expectTitlesWarning(boxes.shown[0]);
     expectDetailsWarning(boxes.shown[1]);
-    EXPECT_EQ(dialog.tabReportCaptions.selected(), 2);
-    EXPECT_TRUE(dialog.fraDetails.visible());
-    EXPECT_FALSE(dialog.fraTitles.visible());
-    ASSERT_NE(dialog.activeControl(), nullptr);
-    EXPECT_TRUE(dialog.activeControl()->canFocus());
+    EXPECT_EQ(dialog.tabReportCaptions.selected(), 1);
+    EXPECT_TRUE(dialog.fraTitles.visible());
+    EXPECT_FALSE(dialog.fraDetails.visible());
+    EXPECT_TRUE(titleBox[0].hasFocus());
+    EXPECT_EQ(titleBox[0].selText(), u"B&alance Report");
     auto expected = firstTitles;
     expected[0] = u"B&alance Report";
     expected[11] = u"End of Day";
@@ -239,6 +239,47 @@ TEST_F(ReportCaptionsDialogTest, BlanksInOneSetGiveItsMessageOnly) {
     EXPECT_EQ(shown(dialog.txtReportDetailCaption), defaultsOf(kReportDetails));
     EXPECT_TRUE(dialog.isShown());
   });
+}
+
+TEST_F(ReportCaptionsDialogTest, ARefusalLeadsToTheFirstBlankWithItsDefaultSelected) {
+  struct Case {
+    std::vector<int> titles;
+    std::vector<int> details;
+    int focusedTab;
+    int focused;
+  };
+  for (const Case& blank : {Case{{4, 9}, {}, 1, 4}, Case{{}, {33}, 2, 33}, Case{{}, {7, 8}, 2, 7},
+                            Case{{11}, {0}, 1, 11}, Case{{0}, {}, 1, 0}}) {
+    show([&](Dialog& dialog) {
+      for (const int i : blank.titles) enter(dialog.txtReportTitleCaption[i], u"");
+      user.clickTab(dialog.tabReportCaptions, 2);
+      for (const int i : blank.details) enter(dialog.txtReportDetailCaption[i], u"");
+      user.click(dialog.cmdCommand[Dialog::ok]);
+      EXPECT_EQ(dialog.tabReportCaptions.selected(), blank.focusedTab);
+      const ui::TextBox& box = blank.focusedTab == 1 ? dialog.txtReportTitleCaption[blank.focused]
+                                                     : dialog.txtReportDetailCaption[blank.focused];
+      EXPECT_TRUE(box.hasFocus()) << blank.focused;
+      EXPECT_NE(box.text(), u"");
+      EXPECT_EQ(box.selText(), box.text());
+      user.type(u"Mine");
+      EXPECT_EQ(box.text(), u"Mine");
+      user.press(Key::escape);
+    });
+  }
+}
+
+TEST_F(ReportCaptionsDialogTest, ARefusalSelectsTheTextOfTheBlankThatHadTheFocus) {
+  EXPECT_FALSE(show([&](Dialog& dialog) {
+    user.press(Key::del);
+    user.press(Key::enter);
+    EXPECT_EQ(boxes.shown.size(), 1U);
+    EXPECT_TRUE(dialog.txtReportTitleCaption[0].hasFocus());
+    EXPECT_EQ(dialog.txtReportTitleCaption[0].selText(), u"B&alance Report");
+    user.type(u"Balance");
+    user.press(Key::enter);
+    EXPECT_FALSE(dialog.isShown());
+  }));
+  EXPECT_EQ(titles[0], u"Balance");
 }
 
 TEST_F(ReportCaptionsDialogTest, ACaptionThatCameEmptyIsFilledToo) {

@@ -90,7 +90,7 @@ TEST_F(PumpTest, TheTextsOfThePage) {
     std::vector<Text> headers;
     for (const auto& column : part.ltvPump.columns()) headers.push_back(column.header);
     EXPECT_EQ(headers, (std::vector<Text>{u"Grade", u"Product", u"Caption"}));
-    EXPECT_FALSE(part.ltvPump.clickableHeaders());
+    EXPECT_EQ(part.ltvPump.headerStyle() & ui::kHeaderButtons, 0U);
     EXPECT_EQ(part.cmdPump[0].caption(), u"&New");
     EXPECT_EQ(part.cmdPump[0].toolTip(), u"Add a new Grade");
     EXPECT_EQ(part.cmdPump[1].caption(), u"D&elete");
@@ -276,6 +276,61 @@ TEST_F(PumpTest, ACancelledFifteenLeavesNewEnabled) {
     EXPECT_TRUE(command(dialog, PumpGrades::add).enabled());
     EXPECT_EQ(tab(dialog).ltvPump.count(), 13);
     EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(PumpTest, AGradeWithoutAProductShowsNoneAndIsSavedAsThatByTheNextSave) {
+  FakeRow missing = grade(3, u"", u"Premium");
+  missing.erase(u"Product");
+  host.grades = {grade(1, u""), grade(2, u" "), missing};
+  const auto before = host.grades;
+  openTab([&](frmOptions& dialog) {
+    EXPECT_EQ(shown(dialog),
+              (Rows{{u"1", u"(None)", u""}, {u"2", u" ", u""}, {u"3", u"(None)", u"Premium"}}));
+    EXPECT_FALSE(applyEnabled(dialog));
+    EXPECT_EQ(host.grades, before);
+    whenGradeShown([&](frmPumpGrade& form) {
+      EXPECT_EQ(form.txtPumpGrade[frmPumpGrade::productBox].text(), u"(None)");
+      user.press(Key::escape);
+    });
+    user.click(command(dialog, PumpGrades::edit));
+  });
+  EXPECT_EQ(host.grades, before);
+  edit([&](frmOptions&) { user.type(u"x"); });  // on another tab
+  EXPECT_EQ(host.grades,
+            (std::vector<FakeRow>{grade(1), grade(2, u" "), grade(3, u"(None)", u"Premium")}));
+}
+
+TEST_F(PumpTest, WithoutASelectedRowEditAndDeleteDoNothing) {
+  host.grades = {grade(1)};
+  openTab([&](frmOptions& dialog) {
+    tab(dialog).ltvPump.setSelectedRow(-1);
+    // A dialog or a question would be unexpected.
+    user.click(command(dialog, PumpGrades::edit));
+    user.click(command(dialog, PumpGrades::remove));
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+  openTab([&](frmOptions& dialog) {
+    deleteRow(dialog, 0);
+    boxes.shown.clear();
+    // The list is empty: what a script or a double-click could still reach.
+    command(dialog, PumpGrades::edit).click.raise();
+    command(dialog, PumpGrades::remove).click.raise();
+    tab(dialog).ltvPump.doubleClick.raise();
+  });
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(PumpTest, TheBrowserOfAGradeGetsTheHostsSettings) {
+  openTab([&](frmOptions& dialog) {
+    whenGradeShown([&](frmPumpGrade& form) {
+      desk->whenShown([&](ui::Form& browser) {
+        EXPECT_EQ(dynamic_cast<frmBrowseItems&>(browser).SettingsObject, options_.SettingsObject);
+        EXPECT_EQ(dynamic_cast<frmBrowseItems&>(browser).DBJetObject, options_.DBJetObject);
+      });
+      user.click(form.cmdPumpGrade[frmPumpGrade::browse]);
+    });
+    user.click(command(dialog, PumpGrades::add));
   });
 }
 
@@ -651,14 +706,36 @@ TEST_F(PumpTest, AFailureOfTheBrowserEndsAllThreeDialogs) {
   });
 }
 
-TEST_F(PumpTest, ColumnsFitWhatTheyShow) {
+TEST_F(PumpTest, ColumnsFitWhatTheyShowAndAreFittedAgainAfterNewEditAndDelete) {
   host.grades = {grade(1, u"Fuel:Unleaded", Text(60, u'x'))};
   openTab([&](frmOptions& dialog) {
     const auto& columns = tab(dialog).ltvPump.columns();
     const ui::Screen& screen = desk->screen();
     EXPECT_GE(columns[0].width, screen.textWidth(u"Grade"));
+    const auto expectCaptionsFit = [&](TextView longest) {
+      EXPECT_GE(columns[2].width, screen.textWidth(longest));
+      EXPECT_LT(columns[2].width, screen.textWidth(longest) + screen.textWidth(u"xxxxx"));
+      EXPECT_TRUE(columns[2].fills);
+      EXPECT_FALSE(columns[1].fills);
+    };
+    const auto enterCaption = [&](PumpGrades::Command which, int length) {
+      whenGradeShown([&](frmPumpGrade&) {
+        user.paste(Text(static_cast<std::size_t>(length), u'x'));
+        user.press(Key::enter);
+      });
+      user.click(command(dialog, which));
+    };
     EXPECT_GE(columns[1].width, screen.textWidth(u"Fuel:Unleaded"));
-    EXPECT_GE(columns[2].width, screen.textWidth(Text(60, u'x')));
+    expectCaptionsFit(Text(60, u'x'));
+    enterCaption(PumpGrades::add, 90);
+    expectCaptionsFit(Text(90, u'x'));
+    enterCaption(PumpGrades::edit, 120);
+    expectCaptionsFit(Text(120, u'x'));
+    deleteRow(dialog, 1);
+    expectCaptionsFit(Text(60, u'x'));
+    deleteRow(dialog, 0);
+    EXPECT_GE(columns[1].width, screen.textWidth(u"Product"));
+    EXPECT_LT(columns[1].width, screen.textWidth(u"Fuel:Unleaded"));
   });
 }
 

@@ -213,6 +213,8 @@ TEST_F(RandomPriceTest, ColumnsFitTheirTextsAndTheIconItsOwn) {
     });
     EXPECT_GT(width(dialog, RandomPrice::priceUnitCaption), screen.textWidth(longer));
     EXPECT_EQ(width(dialog, 0), 18 * 15);
+    EXPECT_TRUE(list(dialog).columns().back().fills);
+    EXPECT_FALSE(list(dialog).columns().front().fills);
   });
 }
 

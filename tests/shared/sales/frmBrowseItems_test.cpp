@@ -340,8 +340,8 @@ TEST_F(BrowseItemsTest, AnyOtherTypeListsPaymentItemsAndAcceptsNone) {
 
 TEST_F(BrowseItemsTest, TheButtonsSayWhatTheyDo) {
   browse(frmBrowseItems::gradeProduct, u"", [&](frmBrowseItems& browser) {
-    const auto& ok = browser.cmdCommand[frmBrowseItems::ok];
-    const auto& cancel = browser.cmdCommand[frmBrowseItems::cancel];
+    const auto& ok = browser.cmdCommand[0];
+    const auto& cancel = browser.cmdCommand[1];
     EXPECT_EQ(ok.caption(), u"&OK");
     EXPECT_EQ(ok.toolTip(), u"Accept the selected item and close this window");
     EXPECT_TRUE(ok.isDefault());
@@ -354,7 +354,7 @@ TEST_F(BrowseItemsTest, TheButtonsSayWhatTheyDo) {
 TEST_F(BrowseItemsTest, ColumnsAreAsWideAsTheirContentsOrHeaderAndFlat) {
   host.items[0].description = Text(80, u'x');
   browse(frmBrowseItems::gradeProduct, u"", [&](frmBrowseItems& browser) {
-    EXPECT_FALSE(browser.ltvItems.clickableHeaders());
+    EXPECT_EQ(browser.ltvItems.headerStyle() & ui::kHeaderButtons, 0U);
     const ui::Screen& screen = desk->screen();
     const auto width = [&](int column) {
       return browser.ltvItems.columns()[static_cast<std::size_t>(column)].width;
@@ -363,6 +363,13 @@ TEST_F(BrowseItemsTest, ColumnsAreAsWideAsTheirContentsOrHeaderAndFlat) {
     EXPECT_GE(width(3), screen.textWidth(Text(80, u'x')));
     EXPECT_LT(width(1), width(0));
   });
+  for (const int type : {1, 2, 3}) {
+    browse(type, u"", [](frmBrowseItems& browser) {
+      std::vector<bool> fills;
+      for (const auto& column : browser.ltvItems.columns()) fills.push_back(column.fills);
+      EXPECT_EQ(fills, (std::vector<bool>{false, false, false, true}));
+    });
+  }
 }
 
 TEST_F(BrowseItemsTest, ThePointerIsTheHourglassWhileTheListIsRead) {
@@ -395,7 +402,7 @@ TEST_F(BrowseItemsTest, CanBeShownAgainForAnotherPurpose) {
     EXPECT_EQ(headers(again), (std::vector<Text>{u"Item Name", u"Description", u"Account", u""}));
     EXPECT_EQ(again.ltvItems.count(), 4);
     EXPECT_EQ(again.ltvItems.selectedRow(), 0);
-    EXPECT_FALSE(again.ltvItems.clickableHeaders());
+    EXPECT_EQ(again.ltvItems.headerStyle() & ui::kHeaderButtons, 0U);
   });
 }
 

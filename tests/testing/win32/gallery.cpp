@@ -56,6 +56,7 @@ Gallery::Gallery(ui::Screen& screen)
   for (const char16_t* item : {u"Daily", u"Weekly", u"Monthly"}) combo.addItem(item);
   amount.setAlignment(ui::Alignment::right).setText(u"5");
   upDown.setRange(0, 60);
+  list.setSmallIcons(images);
   list.addColumn(u"Code", 1200);
   list.addColumn(u"Description", 2700);
   list.setAccessibleName(u"Items");

@@ -31,6 +31,7 @@ class Gallery final : public ui::Form {
   ui::UpDown& upDown;
   ui::Picture& picture;
   ui::Frame& secondPage;
+  const ui::ImageList images{{ui::PictureId::active, ui::PictureId::inactive}};
   ui::ListView& list;
   ui::CheckListBox& checks;
   ui::Picture& pill;

@@ -134,15 +134,41 @@ TEST_F(ListViewTest, HeadersAreHitByNoRow) {
   });
 }
 
-TEST_F(ListViewTest, FlatHeadersCannotBePressed) {
+TEST_F(ListViewTest, AHeaderHasTheStylesOfTheListAndKeepsWhatMakesItAWindow) {
   const auto style = [&] {
     const auto header = reinterpret_cast<HWND>(SendMessageW(window(), LVM_GETHEADER, 0, 0));
-    return GetWindowLongPtrW(header, GWL_STYLE) & HDS_BUTTONS;
+    return GetWindowLongPtrW(header, GWL_STYLE);
   };
   show([&] {
-    EXPECT_NE(style(), 0);
-    list.setClickableHeaders(false);
-    EXPECT_EQ(style(), 0);
+    const LONG_PTR before = style();
+    EXPECT_EQ(before & 0xFFFF, HDS_BUTTONS | HDS_FULLDRAG);
+    EXPECT_NE(before & WS_CHILD, 0);
+    EXPECT_NE(before & WS_VISIBLE, 0);
+    list.setHeaderStyle(list.headerStyle() ^ ui::kHeaderButtons);
+    EXPECT_EQ(style(), before & ~LONG_PTR{HDS_BUTTONS});
+    list.setHeaderStyle(list.headerStyle() ^ ui::kHeaderButtons);
+    EXPECT_EQ(style(), before);
+  });
+}
+
+TEST_F(ListViewTest, IconsComeFromTheImageListAndARowWithoutOneShowsNone) {
+  list.setRow(2, {{u"none"}, ui::PictureId::none});
+  list.setRow(3, {{u"a picture of no list"}, ui::PictureId::key});
+  show([&] {
+    const auto images = reinterpret_cast<HIMAGELIST>(
+        SendMessageW(window(), LVM_GETIMAGELIST, LVSIL_SMALL, 0));
+    EXPECT_EQ(ImageList_GetImageCount(images), 2);
+    const auto icon = [&](int row) {
+      LVITEMW item{};
+      item.mask = LVIF_IMAGE;
+      item.iItem = row;
+      SendMessageW(window(), LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+      return item.iImage;
+    };
+    EXPECT_EQ(icon(0), 0);  // active
+    EXPECT_EQ(icon(1), 1);
+    EXPECT_EQ(icon(2), -1);
+    EXPECT_EQ(icon(3), -1);
   });
 }
 
