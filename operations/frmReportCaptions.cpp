@@ -159,13 +159,12 @@ void frmReportCaptions::accept() {
   ui::TextBox* const blankDetail = firstBlank(txtReportDetailCaption);
   if (blankTitle != nullptr) warnOfBlanks(titlesTab, kTitlesName);
   if (blankDetail != nullptr) warnOfBlanks(detailsTab, kDetailsName);
-  if (blankTitle != nullptr || blankDetail != nullptr) {
+  if (ui::TextBox* const first = blankTitle != nullptr ? blankTitle : blankDetail) {
     fillWithDefaults(txtReportTitleCaption, kReportTitles, Fill::blanks);
     fillWithDefaults(txtReportDetailCaption, kReportDetails, Fill::blanks);
-    tabReportCaptions.setSelected(blankTitle != nullptr ? titlesTab : detailsTab);
-    ui::TextBox& first = blankTitle != nullptr ? *blankTitle : *blankDetail;
-    first.setFocus();
-    selectAllText(first);
+    tabReportCaptions.setSelected(first == blankTitle ? titlesTab : detailsTab);
+    first->setFocus();
+    selectAllText(*first);
     return;
   }
   Titles = textsOf(txtReportTitleCaption);

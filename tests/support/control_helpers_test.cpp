@@ -155,7 +155,9 @@ TEST_F(ListViewSupport, AColumnThatIsNotThereIsNotSized) {
 }
 
 TEST_F(ListViewSupport, TheLastColumnFillsTheListWhereHeadersCountToo) {
-  const auto fills = [&](int column) { return list.columns()[static_cast<std::size_t>(column)].fills; };
+  const auto fills = [&](int column) {
+    return list.columns()[static_cast<std::size_t>(column)].fills;
+  };
   autoSizeColumns(list, 1, ColumnFit::contentsOrHeader);
   EXPECT_FALSE(fills(0));
   EXPECT_FALSE(fills(1));

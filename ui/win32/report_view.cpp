@@ -10,8 +10,9 @@
 namespace tillora::ui::win32 {
 namespace {
 
-/// The bits of a window's style that are its class's own: for a header, HDS_*.
-constexpr LONG_PTR kOwnStyles = 0xFFFF;
+/// What the list decides of its header's style.
+constexpr LONG_PTR kListsStyles = kHeaderButtons | kHeaderFullDrag;
+static_assert(kListsStyles == (HDS_BUTTONS | HDS_FULLDRAG));
 
 }  // namespace
 
@@ -68,13 +69,13 @@ void ReportView::showColumns() {
          &item);
     ++position;
   }
-  const LONG_PTR style = GetWindowLongPtrW(header(), GWL_STYLE) & ~kOwnStyles;
+  const LONG_PTR style = GetWindowLongPtrW(header(), GWL_STYLE) & ~kListsStyles;
   SetWindowLongPtrW(header(), GWL_STYLE, style | static_cast<LONG_PTR>(control().headerStyle()));
   fillLastColumn();
 }
 
-// What LVSCW_AUTOSIZE_USEHEADER does, but with the texts of all rows: of rows that are asked for the
-// window would measure those in view alone.
+// What LVSCW_AUTOSIZE_USEHEADER does, but with the texts of all rows: of rows that are asked for
+// the window would measure those in view alone.
 void ReportView::fillLastColumn() {
   const auto& columns = control().columns();
   if (columns.empty() || !columns.back().fills) return;

@@ -250,9 +250,9 @@ TEST_F(FredLinkTest, TheExplanationIsReachedByTabWithItsTextSelected) {
 
 TEST_F(FredLinkTest, IntervalPathAndCheckBoxAreReadInThisOrder) {
   openTab([](frmOptions&) {});
-  EXPECT_EQ(host.callsStarting("get FRED"),
-            (std::vector<std::string>{"get FREDPollSeconds", "get FREDDataFile",
-                                      "get FREDLinkActive"}));
+  EXPECT_EQ(
+      host.callsStarting("get FRED"),
+      (std::vector<std::string>{"get FREDPollSeconds", "get FREDDataFile", "get FREDLinkActive"}));
 }
 
 TEST_F(FredLinkTest, ControlsHaveTheirNumbers) {

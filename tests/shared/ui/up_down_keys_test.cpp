@@ -23,9 +23,8 @@ class UpDownKeys : public OptionsTest {
     Texts texts;
     openOn(page, [&](frmOptions& dialog) {
       const bool fred = page == TabPage::fred;
-      ui::TextBox& box =
-          fred ? dialog.tab<FredLink>().txtDispense[FredLink::seconds]
-               : dialog.tab<CurrencyConversion>().txtCurrencyConversion[0];
+      ui::TextBox& box = fred ? dialog.tab<FredLink>().txtDispense[FredLink::seconds]
+                              : dialog.tab<CurrencyConversion>().txtCurrencyConversion[0];
       ui::UpDown& upDown = fred ? dialog.tab<FredLink>().udFRED
                                 : dialog.tab<CurrencyConversion>().udCurrencyConversion;
       user.click(box);

@@ -141,13 +141,15 @@ TEST_F(ListViewTest, AHeaderHasTheStylesOfTheListAndKeepsWhatMakesItAWindow) {
   };
   show([&] {
     const LONG_PTR before = style();
-    EXPECT_EQ(before & 0xFFFF, HDS_BUTTONS | HDS_FULLDRAG);
+    EXPECT_EQ(before & (HDS_BUTTONS | HDS_FULLDRAG), HDS_BUTTONS | HDS_FULLDRAG);
     EXPECT_NE(before & WS_CHILD, 0);
     EXPECT_NE(before & WS_VISIBLE, 0);
     list.setHeaderStyle(list.headerStyle() ^ ui::kHeaderButtons);
     EXPECT_EQ(style(), before & ~LONG_PTR{HDS_BUTTONS});
     list.setHeaderStyle(list.headerStyle() ^ ui::kHeaderButtons);
     EXPECT_EQ(style(), before);
+    list.setHeaderStyle(0);
+    EXPECT_EQ(style(), before & ~LONG_PTR{HDS_BUTTONS | HDS_FULLDRAG});
   });
 }
 
@@ -155,8 +157,8 @@ TEST_F(ListViewTest, IconsComeFromTheImageListAndARowWithoutOneShowsNone) {
   list.setRow(2, {{u"none"}, ui::PictureId::none});
   list.setRow(3, {{u"a picture of no list"}, ui::PictureId::key});
   show([&] {
-    const auto images = reinterpret_cast<HIMAGELIST>(
-        SendMessageW(window(), LVM_GETIMAGELIST, LVSIL_SMALL, 0));
+    const auto images =
+        reinterpret_cast<HIMAGELIST>(SendMessageW(window(), LVM_GETIMAGELIST, LVSIL_SMALL, 0));
     EXPECT_EQ(ImageList_GetImageCount(images), 2);
     const auto icon = [&](int row) {
       LVITEMW item{};
