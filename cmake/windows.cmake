@@ -100,6 +100,10 @@ endfunction()
 tillora_windows_program(TilloraAdministrator GUI
   FOLDER host/app
   LINK tillora_shop tillora_win32 tillora_core)
+if(TARGET TilloraAdministrator)
+  # The start-up entry that the options dialog writes starts the program named after its title.
+  set_target_properties(TilloraAdministrator PROPERTIES OUTPUT_NAME "Tillora Administrator")
+endif()
 tillora_windows_program(TilloraTerminal GUI FOLDER host/terminal LINK tillora_core)
 tillora_windows_program(cpp_client FOLDER clients/cpp)
 tillora_windows_program(cpp_late_client FOLDER clients/cpp_late_bound)

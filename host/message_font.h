@@ -17,6 +17,7 @@ class MessageFont {
   MessageFont& operator=(const MessageFont&) = delete;
   ~MessageFont() { DeleteObject(font_); }
 
+  HFONT handle() const { return font_; }
   void applyTo(HWND control) const {
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
   }

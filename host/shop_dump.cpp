@@ -6,9 +6,11 @@
 
 #include "component/option_table.h"
 #include "host/column_value.h"
+#include "host/option_list.h"
 #include "host/shop_schema.h"
 #include "host/stored_options.h"
 #include "host/text_encoding.h"
+#include "host/value_text.h"
 
 namespace tillora::host {
 namespace {
@@ -36,39 +38,19 @@ std::string inQuotes(TextView text) {
   return out.str();
 }
 
-std::string money(Money amount) {
-  constexpr std::int64_t kUnit = 10000;
-  const bool negative = amount.tenThousandths < 0;
-  // The magnitude of the most negative amount fits only without a sign.
-  const auto magnitude = negative ? 0 - static_cast<std::uint64_t>(amount.tenThousandths)
-                                  : static_cast<std::uint64_t>(amount.tenThousandths);
-  std::ostringstream out;
-  out << (negative ? "-" : "") << magnitude / kUnit << '.' << std::setw(4) << std::setfill('0')
-      << magnitude % kUnit;
-  return out.str();
-}
-
 struct Printed {
   std::string operator()(std::monostate) const { return "(none)"; }
   std::string operator()(bool value) const { return value ? "True" : "False"; }
   std::string operator()(std::uint8_t value) const { return std::to_string(value); }
   std::string operator()(std::int16_t value) const { return std::to_string(value); }
   std::string operator()(std::int32_t value) const { return std::to_string(value); }
-  std::string operator()(float value) const {
-    std::ostringstream out;
-    out << std::setprecision(9) << value;
-    return out.str();
-  }
-  std::string operator()(Money value) const { return money(value); }
+  std::string operator()(float value) const { return singleText(value); }
+  std::string operator()(Money value) const { return amountText(value); }
   std::string operator()(const Text& value) const { return inQuotes(value); }
 };
 
-bool isPassword(const OptionInfo& option) { return TextView(option.name).starts_with(u"Password"); }
-
 std::string printedOption(const OptionInfo& option, const Value& value) {
-  if (!isPassword(option)) return std::visit(Printed{}, value);
-  const auto* password = std::get_if<Text>(&value);
-  return password != nullptr && !password->empty() ? "(set)" : "(not set)";
+  return isPassword(option) ? toUtf8(shownValue(option, value)) : std::visit(Printed{}, value);
 }
 
 void dumpOptions(ShopFile& file, std::ostream& out) {

@@ -2,10 +2,14 @@
 
 #include <array>
 #include <memory>
+#include <span>
+#include <utility>
 
 #include "host/shop_settings.h"
 #include "host/shop_table.h"
 #include "host/stored_options.h"
+#include "operations/clsRandomPrice.h"
+#include "operations/report_captions.h"
 
 namespace tillora::host {
 namespace {
@@ -142,6 +146,58 @@ void seedWebSites(ShopFile& file) {
   }
 }
 
+void seedRandomPrices(ShopFile& file) {
+  struct Row {
+    std::int32_t prefix;
+    std::int32_t format;
+    std::int32_t options;
+    bool inactive;
+  };
+  constexpr std::array kRows = {
+      Row{20, 1, kPriceIncludesTax, false},
+      Row{21, 2, kPriceIncludesTax | kCalculateUnitOfMeasure, false},
+      Row{22, 1, kPriceIncludesTax, true},
+      Row{23, 1, kPriceIncludesTax, true},
+      Row{24, 1, kPriceIncludesTax, true},
+      Row{25, 1, kPriceIncludesTax, true},
+      Row{26, 1, kPriceIncludesTax, true},
+      Row{27, 1, kPriceIncludesTax, true},
+      Row{28, 1, kPriceIncludesTax, true},
+      Row{29, 1, kPriceIncludesTax, true},
+      Row{2, 3, kPriceIncludesTax, true},
+  };
+  ShopTable table(borrowed(file), tables::randomPrices);
+  for (const Row& row : kRows) {
+    table.addNew();
+    table.set(fields::randomPrice::Prefix, row.prefix);
+    table.set(fields::randomPrice::FormatID, row.format);
+    table.set(fields::randomPrice::OptionBits, row.options);
+    table.set(fields::randomPrice::UOMUnitCaption, Text(u"kg"));
+    table.set(fields::randomPrice::UOMPriceUnitCaption, Text(u"/kg"));
+    table.set(fields::randomPrice::Inactive, row.inactive);
+    table.update();
+  }
+}
+
+void seedCurrencies(ShopFile& file) {
+  ShopTable table(borrowed(file), tables::currencies);
+  for (const char16_t* name : {u"Local", u"Foreign"}) {
+    table.addNew();
+    table.set(fields::currency::Name, Text(name));
+    table.update();
+  }
+}
+
+void seedReportCaptions(ShopFile& file) {
+  const auto seed = [&file](std::span<const ReportCaption> captions) {
+    for (const ReportCaption& caption : captions) {
+      writeSetting(file, caption.setting, caption.standard, u"SettingsStore");
+    }
+  };
+  seed(kReportTitles);
+  seed(kReportDetails);
+}
+
 void seedString(ShopFile& file, std::int64_t number, TextView text) {
   Statement row = file.writingStatement("INSERT INTO strings (Number, Value) VALUES (?1, ?2)",
                                         u"ResourceStrings");
@@ -150,8 +206,103 @@ void seedString(ShopFile& file, std::int64_t number, TextView text) {
   row.execute();
 }
 
-void seedOption(ShopFile& file, OptionId option, const Value& value) {
-  writeOption(file, optionInfo(option), value);
+template <OptionType type>
+void seedOption(ShopFile& file, const Option<type>& option, typename Option<type>::Type value) {
+  writeOption(file, optionInfo(option.id), Value(std::move(value)));
+}
+
+void seedCompany(ShopFile& file) {
+  seedOption(file, options::CompanyName, u"Harbour Street Pharmacy & Fuel");
+  seedOption(file, options::CompanyAddress, u"12 Harbour Street\r\nWindmere NSW 2999");
+  seedOption(file, options::CompanyPhone, u"(02) 5550 0142");
+  seedOption(file, options::CompanyFax, u"(02) 5550 0143");
+  seedOption(file, options::CompanyEmail, u"counter@harbour-street.example");
+  seedOption(file, options::CompanyABN, u"51824753556");
+  seedOption(file, options::CompanyACN, u"004085616");
+  seedOption(file, options::LVClass, u"Online and mail orders");
+  seedOption(file, options::LVSummariseBits, 3);
+}
+
+void seedListColumns(ShopFile& file) {
+  seedOption(file, options::SalesPersonListColumns, 0x19);
+  seedOption(file, options::ProductListColumns, 0x6399);
+  seedOption(file, options::CustomerListColumns, 0x26B206);
+  seedOption(file, options::LaybyCustomerListColumns, 0x794);
+  seedOption(file, options::CurrencyListColumns, 0x7A);
+}
+
+void seedReceipts(ShopFile& file) {
+  seedOption(file, options::TransactionOptionBits, 0x5E7);
+  for (const auto* caption : {&options::TerminalIDCaption,
+                              &options::TransactionNumberCaption,
+                              &options::SalesPersonCaption,
+                              &options::ItemsSoldCaption,
+                              &options::TotalCaption,
+                              &options::ChangeCaption,
+                              &options::BalanceDueCaption,
+                              &options::LaybyOpeningBalanceCaption,
+                              &options::LaybyClosingBalanceCaption,
+                              &options::LaybyDateDueCaption,
+                              &options::TaxTotalCaption,
+                              &options::TaxedSellPriceCaption,
+                              &options::TaxedWholesaleCaption,
+                              &options::TaxExemptCaption,
+                              &options::ItemTaxCaption,
+                              &options::TotalExTaxCaption,
+                              &options::RoundedCaption,
+                              &options::RoundingVarianceCaption,
+                              &options::PumpPriceUnitCaption,
+                              &options::PumpVolumeUnitCaption}) {
+    seedOption(file, *caption, caption->defaultValue);
+  }
+}
+
+void seedSales(ShopFile& file) {
+  seedOption(file, options::RoundingItem, u"Charges:Cash Rounding");
+  seedOption(file, options::RoundingStep, Money{500});
+  seedOption(file, options::RoundingDirection, 1);
+  seedOption(file, options::RoundingFlags, 0);
+  seedOption(file, options::TaxRoundingMode, 1);
+  seedOption(file, options::TaxRoundingDirection, 0);
+  seedOption(file, options::DefaultCurrencyMargin, 2.5F);
+  seedOption(file, options::RandomPriceScanningFlags, 1);
+  seedOption(file, options::LaybyStartNumber, 1042);
+  seedOption(file, options::LaybyTermDays, 90);
+  seedOption(file, options::LaybyHistoryDays, 180);
+  seedOption(file, options::LaybyTermsText, kDefaultLaybyTerms);
+  seedOption(file, options::PumpOptionBits, 1);
+}
+
+void seedEndOfDay(ShopFile& file) {
+  seedOption(file, options::EODOptionFlags, 0x131);
+  seedOption(file, options::EODReconcileTotalFlags, 0xF);
+  seedOption(file, options::EODDefaultReportBits, 0x203);
+  seedOption(file, options::EODHistoryDays, 365);
+  seedOption(file, options::TimeReportPeriod, 2);
+  seedOption(file, options::PrintNRGT, true);
+}
+
+void seedDispensing(ShopFile& file) {
+  seedOption(file, options::FREDLinkActive, true);
+  seedOption(file, options::FREDDataFile, u"C:\\FRED\\pos.dat");
+  seedOption(file, options::FREDPollSeconds, std::int16_t{15});
+}
+
+/// The passwords of four protected functions, so that the dialogs which change them can be tried;
+/// the other functions ask for none.
+void seedPasswords(ShopFile& file) {
+  seedOption(file, options::AdminSecurityBits, 16 | 64);
+  seedOption(file, options::PasswordDeleteTerminal, u"terminal");
+  seedOption(file, options::PasswordChangePrices, u"prices");
+  seedOption(file, options::TerminalSecurityBits, 1 | 4);
+  seedOption(file, options::PasswordEndOfDay, u"evening");
+  seedOption(file, options::PasswordGlobalOverride, u"manager");
+  for (const auto* none : {&options::PasswordStartAdmin, &options::PasswordTransferData,
+                           &options::PasswordPostTransactions, &options::PasswordCompactDatabase,
+                           &options::PasswordAdminOptions, &options::PasswordPromotions,
+                           &options::PasswordTerminalOptions}) {
+    seedOption(file, *none, Text());
+  }
 }
 
 }  // namespace
@@ -172,19 +323,17 @@ void seedShop(ShopFile& file) {
   seedTerminals(file);
   seedGrades(file);
   seedWebSites(file);
-  seedOption(file, OptionId::CompanyName, Text(u"Harbour Street Pharmacy & Fuel"));
-  seedOption(file, OptionId::CompanyAddress, Text(u"12 Harbour Street\r\nWindmere NSW 2999"));
-  seedOption(file, OptionId::CompanyPhone, Text(u"(02) 5550 0142"));
-  seedOption(file, OptionId::CompanyEmail, Text(u"counter@harbour-street.example"));
-  seedOption(file, OptionId::CompanyABN, Text(u"51824753556"));
-  seedOption(file, OptionId::CompanyACN, Text(u"004085616"));
-  seedOption(file, OptionId::LVClass, Text(u"Online and mail orders"));
-  seedOption(file, OptionId::LVSummariseBits, std::int32_t{1});
-  seedOption(file, OptionId::RoundingItem, Text(u"Charges:Cash Rounding"));
-  seedOption(file, OptionId::RoundingStep, Money{500});
-  seedOption(file, OptionId::DefaultCurrencyMargin, 2.5F);
-  seedOption(file, OptionId::PumpOptionBits, std::int32_t{1});
-  seedOption(file, OptionId::TaxExemptCaption, Text());
+  seedRandomPrices(file);
+  seedCurrencies(file);
+  seedReportCaptions(file);
+  writeSetting(file, setting_names::dataFile, u"C:\\Ledvane\\Harbour Street.lvd", u"JetDatabase");
+  seedCompany(file);
+  seedListColumns(file);
+  seedReceipts(file);
+  seedSales(file);
+  seedEndOfDay(file);
+  seedDispensing(file);
+  seedPasswords(file);
 }
 
 }  // namespace tillora::host

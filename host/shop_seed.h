@@ -10,8 +10,9 @@ class ShopFile;
 
 /// Currency format and resource strings: what the machine has before any shop exists.
 void seedSettings(ShopFile& file);
-/// A pharmacy with fuel pumps: classes, accounts, payment items, terminals, grades, web sites, a
-/// few options. Currencies and barcode formats are left empty, for the options dialog to fill.
+/// A pharmacy with fuel pumps that has been in use: its tables have rows, and every option and
+/// every caption of a report is stored as the options dialog stores it. A save without an edit
+/// changes nothing.
 void seedShop(ShopFile& file);
 /// The shop's own catalogue of some sixty items.
 void seedItems(ShopFile& file);

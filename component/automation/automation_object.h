@@ -8,6 +8,7 @@
 #include <atomic>
 
 #include "component/automation/com_error.h"
+#include "component/automation/member_call.h"
 #include "component/automation/module.h"
 
 namespace tillora::automation {
@@ -66,8 +67,8 @@ class AutomationObject : public Dual, public IProvideClassInfo2, public ISupport
                                    DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                    UINT* argument) override {
     if (id != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    return typeInfo_->Invoke(static_cast<Dual*>(this), member, acceptedFlags(member, flags),
-                             parameters, result, exception, argument);
+    return callMember(*typeInfo_.get(), static_cast<Dual*>(this), member, flags, parameters, result,
+                      exception, argument);
   }
 
   // IProvideClassInfo2
@@ -91,7 +92,7 @@ class AutomationObject : public Dual, public IProvideClassInfo2, public ISupport
   // ISupportErrorInfo
 
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override {
-    return id == Class::kInterfaceId ? S_OK : S_FALSE;
+    return setsErrorInfo(id) ? S_OK : S_FALSE;
   }
 
  protected:
@@ -100,8 +101,10 @@ class AutomationObject : public Dual, public IProvideClassInfo2, public ISupport
 
   /// An interface beyond the common ones; null for none. No reference is added.
   virtual void* findOwnInterface(REFIID) { return nullptr; }
-  /// The kinds of call that a call is let pass as.
-  virtual WORD acceptedFlags(DISPID, WORD flags) const { return flags; }
+  /// Whether failures of the interface's own members come with error information.
+  virtual bool setsErrorInfo(REFIID id) const {
+    return id == Class::kInterfaceId || id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2;
+  }
 
  private:
   static constexpr ULONG kDying = 0x40000000;

@@ -8,9 +8,8 @@ using win32::ComPtr;
 
 HRESULT ClassFactory::QueryInterface(REFIID id, void** object) {
   if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
-  *object = static_cast<IClassFactory*>(this);
+  *object = findInterface(id);
+  if (*object == nullptr) return E_NOINTERFACE;
   AddRef();
   return S_OK;
 }

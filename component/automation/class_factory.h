@@ -7,11 +7,12 @@
 #include <atomic>
 
 #include "component/automation/module.h"
+#include "component/automation/with_error_info.h"
 
 namespace tillora::automation {
 
 /// Makes Options objects. Created with one reference, on the heap.
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public WithErrorInfo<IClassFactory> {
  public:
   ClassFactory() = default;
   ClassFactory(const ClassFactory&) = delete;

@@ -34,9 +34,8 @@ bool ConnectionPoint::isAdvised(DWORD cookie) const {
 
 HRESULT ConnectionPoint::QueryInterface(REFIID id, void** object) {
   if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (id != IID_IUnknown && id != IID_IConnectionPoint) return E_NOINTERFACE;
-  *object = static_cast<IConnectionPoint*>(this);
+  *object = findInterface(id);
+  if (*object == nullptr) return E_NOINTERFACE;
   AddRef();
   return S_OK;
 }

@@ -4,6 +4,7 @@
 #include <ranges>
 
 #include "component/automation/host_failure.h"
+#include "support/win32/value_conversion.h"
 
 namespace tillora::automation {
 
@@ -82,14 +83,12 @@ Text DispatchObject::text(const Variant& value, const char16_t* member) const {
 Variant DispatchObject::converted(const Variant& value, VARTYPE type,
                                   const char16_t* member) const {
   Variant result;
-  // Not every platform header has the source as const, though none changes it.
-  const HRESULT changed = VariantChangeTypeEx(result.out(), const_cast<VARIANT*>(&value.get()),
-                                              LOCALE_USER_DEFAULT, 0, type);
+  const HRESULT changed = win32::changeType(result, value.get(), type);
   if (SUCCEEDED(changed)) return result;
   if (changed == DISP_E_OVERFLOW) {
     throw failure(error::overflow, member, u"gave a value that is too large");
   }
-  if (changed == DISP_E_TYPEMISMATCH || changed == DISP_E_BADVARTYPE) {
+  if (changed == DISP_E_TYPEMISMATCH) {
     throw failure(error::typeMismatch, member, u"gave a value of another type");
   }
   throw plainFailure(changed, name_, member);

@@ -9,14 +9,22 @@
 #include "component/automation/com_error.h"
 #include "component/automation/registration.h"
 #include "support/win32/com_ptr.h"
+#include "support/win32/thread_storage.h"
 
 using tillora::automation::ClassFactory;
 using tillora::automation::guarded;
 using tillora::automation::ModuleLock;
 using tillora::automation::registerServer;
-using tillora::automation::RegistrationScope;
 using tillora::automation::unregisterServer;
 using tillora::win32::ComPtr;
+using tillora::win32::RegistrationScope;
+
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
+  if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
+    tillora::win32::freeThreadStorage();
+  }
+  return TRUE;
+}
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   if (object == nullptr) return E_POINTER;

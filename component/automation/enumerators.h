@@ -10,6 +10,7 @@
 
 #include "component/automation/com_error.h"
 #include "component/automation/module.h"
+#include "component/automation/with_error_info.h"
 #include "support/win32/com_ptr.h"
 
 namespace tillora::automation {
@@ -17,7 +18,7 @@ namespace tillora::automation {
 /// A COM enumerator over a copy of some items. `Traits` names the interface and gives an item out
 /// with a reference of its own. Created with one reference, on the heap.
 template <class Traits>
-class Enumerator final : public Traits::Interface {
+class Enumerator final : public WithErrorInfo<typename Traits::Interface> {
  public:
   using Item = typename Traits::Item;
   using Interface = typename Traits::Interface;
@@ -28,9 +29,8 @@ class Enumerator final : public Traits::Interface {
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (id != IID_IUnknown && id != __uuidof(Interface)) return E_NOINTERFACE;
-    *object = static_cast<Interface*>(this);
+    *object = this->findInterface(id);
+    if (*object == nullptr) return E_NOINTERFACE;
     AddRef();
     return S_OK;
   }

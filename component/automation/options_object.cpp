@@ -1,8 +1,5 @@
 #include "component/automation/options_object.h"
 
-#include <algorithm>
-#include <array>
-
 #include "component/automation/enumerators.h"
 #include "component/automation/host_adapters.h"
 #include "support/win32/bstr.h"
@@ -14,7 +11,6 @@ using win32::ComPtr;
 namespace {
 
 constexpr DISPID kOptionsChanged = 1;
-constexpr std::array<DISPID, 5> kObjectProperties = {1, 2, 5, 7, 9};
 
 /// Replaces a host object, and lets go of the former one when all is done: that may call back.
 template <class Interface>
@@ -110,10 +106,8 @@ void* OptionsObject::findOwnInterface(REFIID id) {
   return nullptr;
 }
 
-WORD OptionsObject::acceptedFlags(DISPID member, WORD flags) const {
-  // Some clients assign objects with a plain put.
-  const bool isObject = std::ranges::find(kObjectProperties, member) != kObjectProperties.end();
-  return isObject && flags == DISPATCH_PROPERTYPUT ? WORD{DISPATCH_PROPERTYPUTREF} : flags;
+bool OptionsObject::setsErrorInfo(REFIID id) const {
+  return AutomationObject::setsErrorInfo(id) || id == IID_IConnectionPointContainer;
 }
 
 }  // namespace tillora::automation

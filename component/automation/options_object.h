@@ -48,7 +48,7 @@ class OptionsObject final : public AutomationObject<OptionsObject, _Options>,
   ~OptionsObject() override;
 
   void* findOwnInterface(REFIID id) override;
-  WORD acceptedFlags(DISPID member, WORD flags) const override;
+  bool setsErrorInfo(REFIID id) const override;
 
   std::unique_ptr<Services> services_;
   ConnectionPoint events_;

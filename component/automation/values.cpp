@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "support/win32/value_conversion.h"
+
 namespace tillora::automation {
 
 using win32::Variant;
@@ -54,8 +56,7 @@ Value sameType(const VARIANT& value) {
 bool isTextWithout(VARTYPE type, const Variant& value) {
   if (value.type() != VT_BSTR) return false;
   Variant said;
-  return VariantChangeTypeEx(said.out(), const_cast<VARIANT*>(&value.get()), LOCALE_USER_DEFAULT, 0,
-                             type) == DISP_E_TYPEMISMATCH;
+  return win32::changeType(said, value.get(), type) == DISP_E_TYPEMISMATCH;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <new>
 #include <string>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "host/app/main_window.h"
 #include "host/app/options_session.h"
 #include "host/command_line.h"
+#include "host/text_encoding.h"
 #include "support/win32/wide_text.h"
 
 namespace {
@@ -78,6 +80,8 @@ bool attempt(EventLog& log, MainWindow* window, Action&& action) {
     if (window != nullptr) window->showError(error.description());
   } catch (const std::bad_alloc&) {
     log.write(u"Out of memory");
+  } catch (const std::exception& error) {
+    log.write(u"Error: " + fromUtf8(error.what()));
   }
   return false;
 }
@@ -97,13 +101,23 @@ int runWindow(const CommandLine& line, const Text& database, EventLog& log, HINS
               int show) {
   std::optional<OptionsSession> session;
   MainWindow* shown = nullptr;
+  std::function<void(bool)> refresh;
   const auto showOptions = [&](std::int16_t tab, bool firstUse) {
-    return attempt(log, shown, [&] {
+    const bool done = attempt(log, shown, [&] {
       if (session) session->showOptions(tab, firstUse);
     });
+    // A failure after the commit ends the dialog without the event.
+    if (!done) refresh(false);
+    return done;
   };
   MainWindow window(program, {.options = [&](std::int16_t tab) { showOptions(tab, false); },
-                              .firstUse = [&] { showOptions(0, true); }});
+                              .firstUse = [&] { showOptions(0, true); },
+                              .optionsSaved = [&] { refresh(false); }});
+  refresh = [&](bool afterSave) {
+    attempt(log, nullptr, [&] {
+      if (session) window.showOptions(session->storedOptions(), afterSave);
+    });
+  };
   log.onLine([&window](const Text& time, const Text& text) { window.addLine(time, text); });
   window.setDatabase(database);
   window.show(show);
@@ -111,8 +125,9 @@ int runWindow(const CommandLine& line, const Text& database, EventLog& log, HINS
   // A program that ends by itself must not wait for somebody to close a message.
   shown = line.opensDialog() ? nullptr : &window;
   const bool opened = attempt(log, shown, [&] {
-    session.emplace(log);
+    session.emplace(log, [&refresh] { refresh(true); });
     session->openShop(database, line.items.value_or(0), line.firstUse);
+    window.showOptions(session->storedOptions(), false);
   });
   int code = 0;
   if (!line.opensDialog()) {

@@ -2,9 +2,13 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <string>
 #include <utility>
 
 #include "host/app/resource.h"
+#include "host/options_saved_message.h"
+#include "host/text_encoding.h"
 #include "support/win32/wide_text.h"
 
 namespace tillora::host::app {
@@ -15,13 +19,25 @@ namespace {
 
 constexpr const wchar_t* kClass = L"TilloraAdministrator";
 constexpr const wchar_t* kTitle = L"Tillora Administrator";
-constexpr int kTimeWidth = 140;
 constexpr int kTabs = 12;
+constexpr ReportList::Column kEventColumns[] = {{u"Time", 140}, {u"What happened", 200}};
+
+// Pixels at 96 DPI.
+constexpr int kWidth = 900;
+constexpr int kHeight = 640;
+constexpr int kLeastWidth = 480;
+constexpr int kLeastHeight = 360;
+constexpr int kGap = 7;
+constexpr int kButtonWidth = 90;
+constexpr int kButtonMargin = 5;  ///< above and below its text
+constexpr int kLabelGap = 2;      ///< between a label and its list
 
 }  // namespace
 
 MainWindow::MainWindow(HINSTANCE program, Commands commands)
-    : program_(program), commands_(std::move(commands)) {
+    : program_(program),
+      commands_(std::move(commands)),
+      optionsSavedMessage_(RegisterWindowMessageW(OptionsSavedMessage::kName)) {
   const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
 
@@ -35,12 +51,16 @@ MainWindow::MainWindow(HINSTANCE program, Commands commands)
   description.hInstance = program;
   description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
+  description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   description.lpszMenuName = MAKEINTRESOURCEW(IDM_MAIN);
   description.lpszClassName = kClass;
   RegisterClassExW(&description);
-  CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, scaled(900),
-                  scaled(640), nullptr, nullptr, program, this);
+  RECT work{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  CreateWindowExW(
+      WS_EX_CONTROLPARENT, kClass, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+      CW_USEDEFAULT, std::min<int>(scaled(kWidth), work.right - work.left),
+      std::min<int>(scaled(kHeight), work.bottom - work.top), nullptr, nullptr, program, this);
 }
 
 MainWindow::~MainWindow() {
@@ -50,39 +70,68 @@ MainWindow::~MainWindow() {
 
 int MainWindow::scaled(int pixels) const { return MulDiv(pixels, dpi_, USER_DEFAULT_SCREEN_DPI); }
 
-void MainWindow::createControls() {
-  list_ = CreateWindowExW(0, WC_LISTVIEWW, L"",
-                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
-                              LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
-                          0, 0, 0, 0, window_, nullptr, program_, nullptr);
-  ListView_SetExtendedListViewStyle(list_,
-                                    LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
-  status_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
-                            0, 0, window_, nullptr, program_, nullptr);
-  font_.applyTo(list_);
-  font_.applyTo(status_);
-
-  int position = 0;
-  for (const auto* caption : {u"Time", u"What happened"}) {
-    LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH;
-    column.pszText = const_cast<wchar_t*>(wide(caption));
-    column.cx = scaled(kTimeWidth);
-    ListView_InsertColumn(list_, position, &column);
-    ++position;
-  }
+HWND MainWindow::createControl(const wchar_t* windowClass, const wchar_t* text, DWORD style,
+                               int id) {
+  return CreateWindowExW(0, windowClass, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
+                         reinterpret_cast<HMENU>(INT_PTR{id}), program_, nullptr);
 }
 
+// Each label stands before the list that its access key leads to.
+void MainWindow::createControls() {
+  button_ = createControl(L"BUTTON", L"&Options...", WS_TABSTOP | BS_DEFPUSHBUTTON, IDM_OPTIONS);
+  optionsLabel_ = createControl(L"STATIC", L"&Stored options", SS_LEFT, 0);
+  options_.create(window_, IDC_STORED_OPTIONS, dpi_);
+  eventsLabel_ = createControl(L"STATIC", L"&What happened", SS_LEFT, 0);
+  events_.create(window_, IDC_EVENTS, kEventColumns, dpi_);
+  status_ = createControl(STATUSCLASSNAMEW, L"", SBARS_SIZEGRIP, 0);
+  focus_ = button_;
+  takeFont();
+}
+
+void MainWindow::takeFont() {
+  font_.emplace();
+  for (const HWND control : {button_, optionsLabel_, eventsLabel_, events_.window(), status_}) {
+    font_->applyTo(control);
+  }
+  options_.setFont(font_->handle());
+}
+
+int MainWindow::lineHeight() const {
+  const HDC context = GetDC(window_);
+  const HGDIOBJ before = SelectObject(context, font_->handle());
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(context, &metrics);
+  SelectObject(context, before);
+  ReleaseDC(window_, context);
+  return metrics.tmHeight;
+}
+
+// From top to bottom: the button, and with their labels the options and, in a third of what is
+// left, the events.
 void MainWindow::layOut() {
   SendMessageW(status_, WM_SIZE, 0, 0);
   RECT client;
   RECT status;
   GetClientRect(window_, &client);
   GetWindowRect(status_, &status);
-  const int height = client.bottom - (status.bottom - status.top);
-  MoveWindow(list_, 0, 0, client.right, height, TRUE);
-  const int rest = client.right - scaled(kTimeWidth) - GetSystemMetrics(SM_CXVSCROLL);
-  ListView_SetColumnWidth(list_, 1, rest);
+  const int gap = scaled(kGap);
+  const int label = lineHeight() + scaled(kLabelGap);
+  const int buttonHeight = lineHeight() + 2 * scaled(kButtonMargin);
+  const int left = gap;
+  const int right = std::max<int>(client.right - gap, left);
+  const int bottom = client.bottom - (status.bottom - status.top) - gap;
+  const int listsTop = gap + buttonHeight + gap;
+  const int lists = std::max(bottom - listsTop - 2 * label - gap, 0);
+  const int optionsTop = listsTop + label;
+  const int optionsBottom = optionsTop + lists * 2 / 3;
+  const int eventsLabelTop = optionsBottom + gap;
+
+  MoveWindow(button_, left, gap, scaled(kButtonWidth), buttonHeight, TRUE);
+  MoveWindow(optionsLabel_, left, listsTop, right - left, label, TRUE);
+  options_.setBounds({left, optionsTop, right, optionsBottom});
+  MoveWindow(eventsLabel_, left, eventsLabelTop, right - left, label, TRUE);
+  events_.setBounds(
+      {left, eventsLabelTop + label, right, std::max(bottom, eventsLabelTop + label)});
 }
 
 void MainWindow::show(int how) {
@@ -95,20 +144,24 @@ int MainWindow::run() {
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     if (TranslateAcceleratorW(window_, keys, &message) != 0) continue;
+    if (IsDialogMessageW(window_, &message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
   return static_cast<int>(message.wParam);
 }
 
+void MainWindow::showOptions(const std::vector<Text>& values, bool afterSave) {
+  const int changed = options_.update(values, afterSave);
+  Text label = u"&Stored options";
+  if (changed > 0) {
+    label += u" (" + fromUtf8(std::to_string(changed)) + u" changed by the last save)";
+  }
+  SetWindowTextW(optionsLabel_, wide(label));
+}
+
 void MainWindow::addLine(const Text& time, const Text& line) {
-  LVITEMW row{};
-  row.mask = LVIF_TEXT;
-  row.iItem = ListView_GetItemCount(list_);
-  row.pszText = const_cast<wchar_t*>(wide(time));
-  const int index = ListView_InsertItem(list_, &row);
-  ListView_SetItemText(list_, index, 1, const_cast<wchar_t*>(wide(line)));
-  ListView_EnsureVisible(list_, index, FALSE);
+  events_.show(events_.addRow({time, line}));
 }
 
 void MainWindow::setDatabase(const Text& path) { SetWindowTextW(status_, wide(path)); }
@@ -137,7 +190,25 @@ void MainWindow::command(int id) {
   }
 }
 
+LRESULT MainWindow::notified(const NMHDR& notification) {
+  if (notification.hwndFrom != options_.window()) return 0;
+  if (notification.code == NM_CUSTOMDRAW) {
+    // The list view hands over its own structure, to be changed.
+    return options_.customDraw(
+        *reinterpret_cast<NMLVCUSTOMDRAW*>(const_cast<NMHDR*>(&notification)));
+  }
+  if (notification.code == NM_DBLCLK) {
+    const int row = reinterpret_cast<const NMITEMACTIVATE*>(&notification)->iItem;
+    if (const std::int16_t tab = options_.tabOfRow(row); tab > 0) commands_.options(tab);
+  }
+  return 0;
+}
+
 LRESULT MainWindow::handle(UINT message, WPARAM wideParameter, LPARAM other) {
+  if (message == optionsSavedMessage_ && message != 0) {
+    commands_.optionsSaved();
+    return 0;
+  }
   switch (message) {
     case WM_CREATE:
       createControls();
@@ -145,12 +216,42 @@ LRESULT MainWindow::handle(UINT message, WPARAM wideParameter, LPARAM other) {
     case WM_SIZE:
       layOut();
       return 0;
-    case WM_SETFOCUS:
-      SetFocus(list_);
+    case WM_GETMINMAXINFO:
+      reinterpret_cast<MINMAXINFO*>(other)->ptMinTrackSize = {scaled(kLeastWidth),
+                                                              scaled(kLeastHeight)};
       return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wideParameter) == WA_INACTIVE) {
+        if (const HWND focus = GetFocus(); IsChild(window_, focus)) focus_ = focus;
+      }
+      return DefWindowProcW(window_, message, wideParameter, other);
+    case WM_SETFOCUS:
+      SetFocus(focus_);
+      return 0;
+    case WM_SETTINGCHANGE:
+      if (wideParameter == SPI_SETNONCLIENTMETRICS) {
+        takeFont();
+        layOut();
+      }
+      return 0;
+    case WM_SYSCOLORCHANGE:
+      // Lists learn of it from their parent only.
+      SendMessageW(options_.window(), message, wideParameter, other);
+      SendMessageW(events_.window(), message, wideParameter, other);
+      return 0;
+    case WM_NOTIFY:
+      return notified(*reinterpret_cast<const NMHDR*>(other));
     case WM_COMMAND:
       command(LOWORD(wideParameter));
       return 0;
+    case WM_NEXTDLGCTL: {  // an access key
+      const bool isControl = LOWORD(other) != FALSE;
+      SetFocus(isControl ? reinterpret_cast<HWND>(wideParameter)
+                         : GetNextDlgTabItem(window_, GetFocus(), wideParameter != 0));
+      return 0;
+    }
+    case DM_GETDEFID:
+      return MAKELRESULT(IDM_OPTIONS, DC_HASDEFID);
     case WM_DESTROY:
       window_ = nullptr;
       PostQuitMessage(0);
@@ -161,7 +262,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wideParameter, LPARAM other) {
 }
 
 LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wideParameter,
-                                       LPARAM other) {
+                                       LPARAM other) noexcept {
   if (message == WM_NCCREATE) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(other);
     auto* self = static_cast<MainWindow*>(creation->lpCreateParams);
@@ -172,7 +273,14 @@ LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM widePar
   if (self == nullptr || self->window_ == nullptr) {
     return DefWindowProcW(window, message, wideParameter, other);
   }
-  return self->handle(message, wideParameter, other);
+  try {
+    return self->handle(message, wideParameter, other);
+  } catch (...) {
+    // The system must see no exception. Commands report their failures themselves; what is left is
+    // memory that runs out while something is shown.
+    MessageBeep(MB_ICONERROR);
+    return 0;
+  }
 }
 
 }  // namespace tillora::host::app

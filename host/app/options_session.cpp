@@ -1,11 +1,42 @@
 #include "host/app/options_session.h"
 
+#include <utility>
+
 #include "host/app/options_events.h"
+#include "host/option_list.h"
 
 namespace tillora::host::app {
 
-OptionsSession::OptionsSession(EventLog& log)
-    : log_(log), shop_(createObject(u"TilloraHost.Shop")) {}
+namespace {
+
+/// A password's text is not looked at: that it has one is enough.
+Value shownPartOf(const OptionInfo& option, const Variant& value) {
+  const VARIANT& held = value.get();
+  switch (value.type()) {
+    case VT_BOOL:
+      return held.boolVal != VARIANT_FALSE;
+    case VT_UI1:
+      return std::uint8_t{held.bVal};
+    case VT_I2:
+      return std::int16_t{held.iVal};
+    case VT_I4:
+      return std::int32_t{held.lVal};
+    case VT_R4:
+      return held.fltVal;
+    case VT_CY:
+      return Money{held.cyVal.int64};
+    case VT_BSTR:
+      if (isPassword(option)) return Text(SysStringLen(held.bstrVal) == 0 ? 0 : 1, u'*');
+      return Bstr::textOf(held.bstrVal);
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+OptionsSession::OptionsSession(EventLog& log, std::function<void()> saved)
+    : log_(log), saved_(std::move(saved)), shop_(createObject(u"TilloraHost.Shop")) {}
 
 void OptionsSession::openShop(const Text& database, std::int32_t items, bool firstUse) {
   if (firstUse) {
@@ -24,6 +55,7 @@ void OptionsSession::showOptions(std::int16_t tab, bool firstUse) {
   const OptionsEvents events(*options.get(), [this](std::int32_t mask) {
     log_.write(u"OptionsChanged " + hexadecimal(static_cast<std::uint32_t>(mask)) + u": " +
                namesOfChanges(mask));
+    if (saved_) saved_();
   });
 
   // 2. Hand over the host's objects and say how to open, in any order.
@@ -55,5 +87,17 @@ void OptionsSession::setOption(const Text& name, const Text& value) {
 }
 
 Text OptionsSession::dump() { return shop_.text(u"Dump"); }
+
+std::vector<Text> OptionsSession::storedOptions() {
+  const Late record = shop_.object(u"Database").object(u"OptionsRecord");
+  std::vector<Text> values;
+  values.reserve(kOptionTable.size());
+  for (const OptionInfo& option : kOptionTable) {
+    const Variant value = record.call(option.name);
+    const bool isNone = record.call(u"NoValue").get().boolVal != VARIANT_FALSE;
+    values.push_back(shownValue(option, isNone ? Value() : shownPartOf(option, value)));
+  }
+  return values;
+}
 
 }  // namespace tillora::host::app

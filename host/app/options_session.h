@@ -2,6 +2,9 @@
 
 #include <TilloraOptions.h>
 
+#include <functional>
+#include <vector>
+
 #include "host/app/automation.h"
 #include "host/app/event_log.h"
 
@@ -11,7 +14,8 @@ namespace tillora::host::app {
 /// This is the part to copy into a host program.
 class OptionsSession {
  public:
-  explicit OptionsSession(EventLog& log);
+  /// `saved` is called after each save of the options dialog, while that is still open.
+  explicit OptionsSession(EventLog& log, std::function<void()> saved = nullptr);
 
   /// Opens the shop's database; makes it where there is none, with `items` made-up items where that
   /// is above 0, or without any stored option and row where it is to be used for the first time.
@@ -25,9 +29,13 @@ class OptionsSession {
   void setOption(const Text& name, const Text& value);
   /// All that the shop stores, as text.
   Text dump();
+  /// What is stored for each option, in the order of the option table, as text for people
+  /// (shownValue()).
+  std::vector<Text> storedOptions();
 
  private:
   EventLog& log_;
+  std::function<void()> saved_;
   Late shop_;
 };
 

@@ -8,3 +8,6 @@
 #define IDM_ABOUT 104
 /* Options on tab 1 is IDM_OPTIONS_TAB + 1, and so on. */
 #define IDM_OPTIONS_TAB 200
+
+#define IDC_STORED_OPTIONS 300
+#define IDC_EVENTS 301

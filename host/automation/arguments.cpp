@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "support/win32/value_conversion.h"
+
 namespace tillora::host::automation {
 
 using win32::Bstr;
@@ -25,9 +27,7 @@ bool Arguments::missing(UINT index) const {
 
 Variant Arguments::converted(UINT index, VARTYPE type) const {
   Variant result;
-  // The source parameter lacks a const in some platform headers.
-  const HRESULT changed = VariantChangeTypeEx(result.out(), const_cast<VARIANT*>(&value(index)),
-                                              LOCALE_USER_DEFAULT, 0, type);
+  const HRESULT changed = win32::changeType(result, value(index), type);
   if (changed == E_OUTOFMEMORY) throw std::bad_alloc();
   if (FAILED(changed)) throw CallRefused{changed, position(index)};
   return result;

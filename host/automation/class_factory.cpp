@@ -9,15 +9,15 @@
 
 namespace tillora::host::automation {
 
-const CreatableClass kShopClass{CLSID_Shop, u"TilloraHost.Shop", u"Tillora Shop",
+const CreatableClass kShopClass{{CLSID_Shop, u"TilloraHost.Shop", u"Tillora Shop"},
                                 []() -> IDispatch* { return new ShopObject; }};
-const CreatableClass kHostMessageBoxClass{CLSID_ShopMessageBox, u"TilloraHost.HostMessageBox",
-                                          u"Tillora Message Box",
-                                          []() -> IDispatch* { return new HostMessageBoxObject; }};
+const CreatableClass kHostMessageBoxClass{
+    {CLSID_ShopMessageBox, u"TilloraHost.HostMessageBox", u"Tillora Message Box"},
+    []() -> IDispatch* { return new HostMessageBoxObject; }};
 
 const CreatableClass* findClass(const CLSID& id) {
   for (const CreatableClass* known : {&kShopClass, &kHostMessageBoxClass}) {
-    if (known->id == id) return known;
+    if (known->registered.id == id) return known;
   }
   return nullptr;
 }

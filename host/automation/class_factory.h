@@ -7,14 +7,13 @@
 #include <atomic>
 
 #include "host/automation/module.h"
+#include "support/win32/server_registration.h"
 
 namespace tillora::host::automation {
 
 /// A class that programs create.
 struct CreatableClass {
-  const CLSID& id;
-  const char16_t* programId;  ///< without its version
-  const char16_t* title;
+  win32::ServerClass registered;
   /// A new object with one reference.
   IDispatch* (*create)();
 };

@@ -6,14 +6,22 @@
 #include "host/automation/class_factory.h"
 #include "host/automation/registration.h"
 #include "support/win32/com_ptr.h"
+#include "support/win32/thread_storage.h"
 
 using tillora::host::automation::ClassFactory;
 using tillora::host::automation::findClass;
 using tillora::host::automation::ModuleLock;
 using tillora::host::automation::registerServer;
-using tillora::host::automation::RegistrationScope;
 using tillora::host::automation::unregisterServer;
 using tillora::win32::ComPtr;
+using tillora::win32::RegistrationScope;
+
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
+  if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
+    tillora::win32::freeThreadStorage();
+  }
+  return TRUE;
+}
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   if (object == nullptr) return E_POINTER;

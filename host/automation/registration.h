@@ -1,16 +1,12 @@
 #pragma once
 
-#include <windows.h>
+#include "support/win32/registered_classes.h"
 
 namespace tillora::host::automation {
 
-enum class RegistrationScope { machine, user };
-
-/// Writes the creatable classes, their program ids and the type library. What a failed attempt
-/// wrote is removed again.
-HRESULT registerServer(RegistrationScope scope) noexcept;
-
-/// Removes what registerServer writes; nothing there is no failure.
-HRESULT unregisterServer(RegistrationScope scope) noexcept;
+/// Registers the classes of this host that programs create and the type library, and removes them
+/// again.
+HRESULT registerServer(win32::RegistrationScope scope) noexcept;
+HRESULT unregisterServer(win32::RegistrationScope scope) noexcept;
 
 }  // namespace tillora::host::automation

@@ -98,7 +98,8 @@ LRESULT TerminalWindow::handle(UINT message, WPARAM wide, LPARAM other) {
   return DefWindowProcW(window_, message, wide, other);
 }
 
-LRESULT CALLBACK TerminalWindow::procedure(HWND window, UINT message, WPARAM wide, LPARAM other) {
+LRESULT CALLBACK TerminalWindow::procedure(HWND window, UINT message, WPARAM wide,
+                                           LPARAM other) noexcept {
   if (message == WM_NCCREATE) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(other);
     auto* self = static_cast<TerminalWindow*>(creation->lpCreateParams);
@@ -109,7 +110,11 @@ LRESULT CALLBACK TerminalWindow::procedure(HWND window, UINT message, WPARAM wid
   if (self == nullptr || self->window_ == nullptr) {
     return DefWindowProcW(window, message, wide, other);
   }
-  return self->handle(message, wide, other);
+  try {
+    return self->handle(message, wide, other);
+  } catch (...) {  // memory that runs out; the system must see no exception
+    return 0;
+  }
 }
 
 }  // namespace tillora::host::terminal

@@ -28,7 +28,7 @@ class TerminalWindow {
   int run(int show);
 
  private:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM other);
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM other) noexcept;
   LRESULT handle(UINT message, WPARAM wide, LPARAM other);
   void optionsSaved(DateTime when);
   void addLine(const Text& line);

@@ -71,6 +71,61 @@ class ShopRoundTrip : public OptionsTest {
   std::unique_ptr<host::Shop> shop;
 };
 
+class SeededShop : public ShopRoundTrip {
+ protected:
+  std::vector<std::string> dumped() const {
+    std::ostringstream out;
+    shop->dump(out);
+    std::vector<std::string> lines;
+    std::istringstream in(out.str());
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+  }
+};
+
+TEST_F(SeededShop, OpeningAndClosingTheDialogChangesNothing) {
+  const auto before = dumped();
+  open([&](frmOptions&) { user.accessKey(u'o'); });
+  EXPECT_EQ(dumped(), before);
+  EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(SeededShop, ASaveChangesTheEditedValueAloneAndRaisesNoBit) {
+  const auto before = dumped();
+  open([&](frmOptions&) {
+    user.selectAll();
+    user.type(u"Corner Shop");
+    user.accessKey(u'o');
+  });
+  const auto after = dumped();
+  ASSERT_EQ(after.size(), before.size());
+  std::vector<std::string> different;
+  for (std::size_t i = 0; i < after.size(); ++i) {
+    if (after[i] != before[i]) different.push_back(after[i]);
+  }
+  EXPECT_EQ(different, std::vector<std::string>{"CompanyName = \"Corner Shop\""});
+  EXPECT_EQ(changes, std::vector<std::int32_t>{0});
+}
+
+TEST_F(SeededShop, EveryTabWithCheckBoxesShowsATickedOne) {
+  openOn(TabPage::security, [&](frmOptions& dialog) {
+    const auto anyTicked = [](const auto& boxes) {
+      bool ticked = false;
+      for (const auto& [index, box] : boxes) ticked |= box->value();
+      return ticked;
+    };
+    EXPECT_TRUE(anyTicked(dialog.tab<LedvaneLink>().chkLedvane));
+    EXPECT_TRUE(anyTicked(dialog.tab<TransactionOptions>().chkTransaction));
+    EXPECT_TRUE(anyTicked(dialog.tab<RandomPrice>().chkRandomPrice));
+    EXPECT_TRUE(anyTicked(dialog.tab<EndOfDay>().chkEOD));
+    EXPECT_TRUE(anyTicked(dialog.tab<EndOfDay>().chkEODReconcile));
+    EXPECT_TRUE(anyTicked(dialog.tab<EndOfDay>().chkReports));
+    EXPECT_TRUE(anyTicked(dialog.tab<PumpGrades>().chkPump));
+    EXPECT_TRUE(anyTicked(dialog.tab<Passwords>().chkSecurity));
+    EXPECT_TRUE(anyTicked(dialog.tab<FredLink>().chkDispense));
+  });
+}
+
 TEST_F(ShopRoundTrip, CompanyDetailsSurviveTheProgram) {
   const Text name = u"O'Neil; a|b;c \u00e9\u4e2d \"quoted\"";
   edit([&](frmOptions& dialog) {
@@ -378,14 +433,14 @@ TEST_F(ShopRoundTrip, PasswordsSurviveTheProgramAndAreNotDumped) {
   };
   set(Passwords::startAdmin, {u"O'Ne;l|\"\u00c9\u4e2d", u"o'ne;l|\"\u00e9\u4e2d"});
   EXPECT_EQ(stored(options::PasswordStartAdmin), u"o'ne;l|\"\u00e9\u4e2d");
-  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 16 | 32 | 64);
   std::ostringstream dump;
   shop->dump(dump);
   EXPECT_NE(dump.str().find("PasswordStartAdmin = (set)"), std::string::npos);
   EXPECT_EQ(dump.str().find("o'ne"), std::string::npos);
   set(Passwords::startAdmin, {u"O'NE;L|\"\u00c9\u4e2d", u"", u""});
   EXPECT_EQ(stored(options::PasswordStartAdmin), u"");
-  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 32);
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::AdminSecurityBits), 16 | 32 | 64);
   EXPECT_TRUE(boxes.shown.empty());
 }
 
@@ -410,7 +465,7 @@ TEST_F(ShopRoundTrip, BarcodeFormatsSurviveTheProgram) {
     user.accessKey(u'o');
   });
   reopen();
-  EXPECT_EQ(shop->database()->optionsRecord()->get(options::RandomPriceScanningFlags), 1);
+  EXPECT_EQ(shop->database()->optionsRecord()->get(options::RandomPriceScanningFlags), 0);
   const auto table = shop->database()->randomPriceTable();
   int count = 0;
   for (; !table->atEnd(); table->moveNext()) ++count;
@@ -430,6 +485,7 @@ TEST_F(ShopRoundTrip, StrangeBarcodeFormatsAreShownAndKept) {
     std::int32_t format;
   };
   const std::vector<Row> strange = {{2, 9}, {100, 0}, {2, 4}, {-7, 3}};
+  shop->file().execute("DELETE FROM random_prices", u"Test");
   {
     const auto table = shop->database()->randomPriceTable();
     for (const Row& row : strange) {
@@ -566,7 +622,6 @@ TEST_F(ShopRoundTrip, AFailureWhileSavingLeavesTheOldState) {
 }
 
 TEST_F(ShopRoundTrip, ASaveWhileAnotherProgramSavesIsAClearErrorAndLosesNothing) {
-  open([](frmOptions&) {});  // stores the barcode formats that every shop has
   const Text before = stored(options::CompanyName);
   host::Shop other = openAnother();
   auto saving = other.database()->optionsRecord();

@@ -7,7 +7,7 @@ source ./client_steps.sh
 readonly STORED=wren7stored TYPED=Robin8Typed
 database=$(windows_path "$TMPDIR/shop.db")
 administrator() {
-  "$WINE" "$BUILD/TilloraAdministrator.exe" --database "$database" \
+  "$WINE" "$BUILD/Tillora Administrator.exe" --database "$database" \
     --log "$(windows_path "$TMPDIR/events.log")" "$@" >>"$TMPDIR/printed.txt" 2>&1 </dev/null
 }
 # says NAME FILE LINE: the file has this line.
@@ -27,7 +27,7 @@ says the_log_names_the_option events.log 'Stored option PasswordAdminOptions'
 administrator --set-option NoSuchOption "$STORED" || true
 says the_log_tells_of_a_refusal events.log 'NoSuchOption'
 
-client "$BUILD/TilloraAdministrator.exe" --database "$database" \
+client "$BUILD/Tillora Administrator.exe" --database "$database" \
   --log "$(windows_path "$TMPDIR/events.log")" --options 11
 drive wait Options 60 -- press Options 'Passwor&d...' -- wait 'Password to access Options' 10 \
   -- type "$STORED" -- key TAB -- type "$TYPED" -- key TAB -- type "$TYPED" -- texts \

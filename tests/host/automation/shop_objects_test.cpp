@@ -81,21 +81,24 @@ TEST_F(ShopObjectsTest, EveryOptionIsAPropertyOfTheRecord) {
 }
 
 TEST_F(ShopObjectsTest, TheRecordTellsNoValueFromZero) {
-  const LateBound record = database_.object(L"OptionsRecord");
-  EXPECT_EQ(record.call(L"TaxExemptCaption").text(), u"");
-  EXPECT_EQ(record.call(L"NoValue").value.get().boolVal, VARIANT_FALSE);
-  const Answer missing = record.call(L"TotalCaption");
-  EXPECT_EQ(missing.value.type(), VT_BSTR);
-  EXPECT_EQ(missing.text(), u"");
-  EXPECT_EQ(record.call(L"NoValue").value.get().boolVal, VARIANT_TRUE);
-  EXPECT_EQ(record.call(L"FREDPollSeconds").value.type(), VT_I2);
-  EXPECT_EQ(record.call(L"TaxRoundingMode").value.type(), VT_UI1);
-  EXPECT_EQ(record.call(L"PrintNRGT").value.type(), VT_BOOL);
-  EXPECT_EQ(record.call(L"EODOptionFlags").value.type(), VT_I4);
-  const Answer step = record.call(L"RoundingStep");
+  const LateBound stored = database_.object(L"OptionsRecord");
+  EXPECT_EQ(stored.call(L"TaxExemptCaption").text(), u"");
+  EXPECT_EQ(stored.call(L"NoValue").value.get().boolVal, VARIANT_FALSE);
+  const Answer step = stored.call(L"RoundingStep");
   EXPECT_EQ(step.value.type(), VT_CY);
   EXPECT_EQ(step.value.get().cyVal.int64, 500);
-  EXPECT_EQ(record.call(L"DefaultCurrencyMargin").value.get().fltVal, 2.5F);
+  EXPECT_EQ(stored.call(L"DefaultCurrencyMargin").value.get().fltVal, 2.5F);
+
+  ASSERT_EQ(shop_.call(L"CreateEmpty", path("empty.db")).result, S_OK);
+  const LateBound empty = shop_.object(L"Database").object(L"OptionsRecord");
+  const Answer missing = empty.call(L"TotalCaption");
+  EXPECT_EQ(missing.value.type(), VT_BSTR);
+  EXPECT_EQ(missing.text(), u"");
+  EXPECT_EQ(empty.call(L"NoValue").value.get().boolVal, VARIANT_TRUE);
+  EXPECT_EQ(empty.call(L"FREDPollSeconds").value.type(), VT_I2);
+  EXPECT_EQ(empty.call(L"TaxRoundingMode").value.type(), VT_UI1);
+  EXPECT_EQ(empty.call(L"PrintNRGT").value.type(), VT_BOOL);
+  EXPECT_EQ(empty.call(L"EODOptionFlags").value.type(), VT_I4);
 }
 
 TEST_F(ShopObjectsTest, TheRecordConvertsWhatItIsGiven) {
@@ -107,6 +110,13 @@ TEST_F(ShopObjectsTest, TheRecordConvertsWhatItIsGiven) {
   EXPECT_EQ(record.put(L"CompanyName", Text(u"a\0b", 3)).result, S_OK);
   EXPECT_EQ(record.put(L"FREDPollSeconds", std::int32_t{40000}).result, DISP_E_OVERFLOW);
   EXPECT_EQ(record.put(L"FREDPollSeconds", u"many").result, DISP_E_TYPEMISMATCH);
+  Variant beyondLong;
+  beyondLong.address()->vt = VT_UI4;
+  beyondLong.address()->ulVal = 0xFFFFFFFF;
+  EXPECT_EQ(
+      record.invoke(record.id(L"EODHistoryDays"), DISPATCH_PROPERTYPUT, {std::move(beyondLong)})
+          .result,
+      DISP_E_OVERFLOW);
   EXPECT_EQ(record.call(L"Commit").result, S_OK);
 
   const LateBound again = database_.object(L"OptionsRecord");

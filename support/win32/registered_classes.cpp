@@ -1,15 +1,13 @@
-#include "component/automation/registered_classes.h"
+#include "support/win32/registered_classes.h"
 
 #include <memory>
+#include <new>
 #include <type_traits>
 
-#include "component/automation/com_error.h"
 #include "support/win32/wide_text.h"
+#include "ui/error.h"
 
-namespace tillora::automation {
-
-using win32::wide;
-
+namespace tillora::win32 {
 namespace {
 
 struct KeyCloser {
@@ -18,7 +16,7 @@ struct KeyCloser {
 using OwnedKey = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 
 void throwIfRegistryFailed(LSTATUS status, const char16_t* function) {
-  throwIfFailed(HRESULT_FROM_WIN32(static_cast<unsigned long>(status)), function);
+  requireRegistered(HRESULT_FROM_WIN32(static_cast<unsigned long>(status)), function);
 }
 
 Text pathOf(const Text& key) { return u"Software\\Classes\\" + key; }
@@ -33,6 +31,12 @@ OwnedKey open(HKEY root, const Text& path, REGSAM access) {
 }
 
 }  // namespace
+
+void requireRegistered(HRESULT result, const char16_t* function) {
+  if (SUCCEEDED(result)) return;
+  if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+  throw Error(result, u"Registration", Text(function) + u" failed.");
+}
 
 void RegisteredClasses::write(const Text& key, const char16_t* name, const Text& value) const {
   HKEY created = nullptr;
@@ -72,4 +76,4 @@ void RegisteredClasses::removeIfEmpty(const Text& key) const {
   if (keys == 0 && values == 0) remove(key);
 }
 
-}  // namespace tillora::automation
+}  // namespace tillora::win32

@@ -1,4 +1,4 @@
-#include "component/automation/type_library_registration.h"
+#include "support/win32/type_library_registration.h"
 
 #include <oleauto.h>
 
@@ -6,16 +6,17 @@
 #include <array>
 #include <vector>
 
-#include "TilloraOptions.h"
-#include "component/automation/com_error.h"
-#include "component/automation/module.h"
 #include "support/win32/bstr.h"
+#include "support/win32/com_ptr.h"
 #include "support/win32/wide_text.h"
 
-namespace tillora::automation {
+namespace tillora::win32 {
 
-using win32::Bstr;
-using win32::ComPtr;
+Text guidText(const GUID& guid) {
+  wchar_t text[40];
+  const int length = StringFromGUID2(guid, text, 40);
+  return fromWide(text, static_cast<std::size_t>(length) - 1);
+}
 
 namespace {
 
@@ -38,14 +39,14 @@ std::vector<Interface> interfacesOf(ITypeLib& library) {
   std::vector<Interface> found;
   for (UINT index = 0; index < library.GetTypeInfoCount(); ++index) {
     TYPEKIND kind{};
-    throwIfFailed(library.GetTypeInfoType(index, &kind), u"GetTypeInfoType");
+    requireRegistered(library.GetTypeInfoType(index, &kind), u"GetTypeInfoType");
     if (kind != TKIND_DISPATCH && kind != TKIND_INTERFACE) continue;
     ComPtr<ITypeInfo> info;
-    throwIfFailed(library.GetTypeInfo(index, info.out()), u"GetTypeInfo");
+    requireRegistered(library.GetTypeInfo(index, info.out()), u"GetTypeInfo");
     Bstr name;
     info->GetDocumentation(MEMBERID_NIL, name.out(), nullptr, nullptr, nullptr);
     TYPEATTR* attributes = nullptr;
-    throwIfFailed(info->GetTypeAttr(&attributes), u"GetTypeAttr");
+    requireRegistered(info->GetTypeAttr(&attributes), u"GetTypeAttr");
     const GUID id = attributes->guid;
     const bool isDual = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
     info->ReleaseTypeAttr(attributes);
@@ -57,22 +58,25 @@ std::vector<Interface> interfacesOf(ITypeLib& library) {
 Text versionText(const TLIBATTR& attributes) {
   wchar_t text[16];
   const int length = wsprintfW(text, L"%x.%x", attributes.wMajorVerNum, attributes.wMinorVerNum);
-  return win32::fromWide(text, static_cast<std::size_t>(length));
+  return fromWide(text, static_cast<std::size_t>(length));
 }
 
-/// Names and keys of the type library.
+/// The type library inside a module, with its names and keys.
 struct Library {
-  ComPtr<ITypeLib> library = loadTypeLibrary();
-  Text id = guidText(LIBID_TilloraOptions);
+  ComPtr<ITypeLib> library;
+  Text id;
   Text title;
   Text version;
 
-  Library() {
+  explicit Library(const Text& modulePath) {
+    requireRegistered(LoadTypeLibEx(wide(modulePath), REGKIND_NONE, library.out()),
+                      u"LoadTypeLibEx");
     Bstr help;
     library->GetDocumentation(MEMBERID_NIL, nullptr, help.out(), nullptr, nullptr);
     title = help.text();
     TLIBATTR* attributes = nullptr;
-    throwIfFailed(library->GetLibAttr(&attributes), u"GetLibAttr");
+    requireRegistered(library->GetLibAttr(&attributes), u"GetLibAttr");
+    id = guidText(attributes->guid);
     version = versionText(*attributes);
     library->ReleaseTLibAttr(attributes);
   }
@@ -84,20 +88,14 @@ struct Library {
 
 }  // namespace
 
-Text guidText(const GUID& guid) {
-  wchar_t text[40];
-  const int length = StringFromGUID2(guid, text, 40);
-  return win32::fromWide(text, static_cast<std::size_t>(length) - 1);
-}
-
-void registerTypeLibrary(RegistrationScope scope) {
-  const Library library;
+void registerTypeLibrary(const Text& modulePath, RegistrationScope scope) {
+  const Library library(modulePath);
   const RegisteredClasses classes(scope);
-  const Text path = modulePath();
   classes.write(library.versionKey(), nullptr, library.title);
-  classes.write(library.neutralKey() + u"\\" + kPlatform, nullptr, path);
+  classes.write(library.neutralKey() + u"\\" + kPlatform, nullptr, modulePath);
   classes.write(library.versionKey() + u"\\FLAGS", nullptr, u"0");
-  classes.write(library.versionKey() + u"\\HELPDIR", nullptr, path.substr(0, path.rfind(u'\\')));
+  classes.write(library.versionKey() + u"\\HELPDIR", nullptr,
+                modulePath.substr(0, modulePath.rfind(u'\\')));
   for (const Interface& described : interfacesOf(*library.library.get())) {
     for (const View view : kViews) {
       const RegisteredClasses interfaces(scope, view);
@@ -111,8 +109,8 @@ void registerTypeLibrary(RegistrationScope scope) {
   }
 }
 
-void unregisterTypeLibrary(RegistrationScope scope) {
-  const Library library;
+void unregisterTypeLibrary(const Text& modulePath, RegistrationScope scope) {
+  const Library library(modulePath);
   const RegisteredClasses classes(scope);
   const Text others = library.neutralKey() + u"\\" + kOtherPlatform;
   classes.remove(library.neutralKey() + u"\\" + kPlatform);
@@ -130,4 +128,4 @@ void unregisterTypeLibrary(RegistrationScope scope) {
   }
 }
 
-}  // namespace tillora::automation
+}  // namespace tillora::win32

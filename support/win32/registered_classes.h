@@ -2,10 +2,14 @@
 
 #include <windows.h>
 
-#include "component/automation/registration.h"
 #include "ui/text.h"
 
-namespace tillora::automation {
+namespace tillora::win32 {
+
+enum class RegistrationScope { machine, user };
+
+/// Throws where a function of the system failed: std::bad_alloc or an Error that names it.
+void requireRegistered(HRESULT result, const char16_t* function);
 
 /// The registered classes of the machine or of the user. Keys are named below Software\Classes;
 /// failures are Errors that name the system's function.
@@ -32,4 +36,4 @@ class RegisteredClasses {
   DWORD view_;
 };
 
-}  // namespace tillora::automation
+}  // namespace tillora::win32
