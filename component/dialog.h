@@ -16,14 +16,15 @@ class Dialog : public ui::Form {
 /// unless it was cancelled.
 class EditDialog : public Dialog {
  public:
-  /// How the dialog was closed last: anything but acceptAndClose() is cancelling, the close box
-  /// too.
+  /// How the dialog was closed: anything but acceptAndClose() is cancelling, the close box too.
+  /// False from each showModal() until then.
   bool Cancelled() const { return cancelled_; }
 
  protected:
   using Dialog::Dialog;
   void acceptAndClose();
   void cancelAndClose();
+  void onShowModal() override { cancelled_ = false; }
   void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
 
  private:

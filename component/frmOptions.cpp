@@ -43,7 +43,7 @@ frmOptions::frmOptions(Platform platform)
       tabOptions(add<ui::TabStrip>()),
       ilstImages({ui::PictureId::active, ui::PictureId::inactive}),
       platform_(std::move(platform)),
-      messages_(platform_.messageBoxes) {
+      messages_(platform_.screen, platform_.messageBoxes) {
   makeFrame();
   tabs_ = std::make_unique<Tabs>(static_cast<OptionsDialog&>(*this));
 }
@@ -125,16 +125,6 @@ void frmOptions::onResize() {
 }
 
 void frmOptions::onQueryUnload(bool& /*cancel*/, ui::UnloadMode /*mode*/) {
-  if (hostUses_ == 0) releaseHost();
-}
-
-frmOptions::HostInUse::HostInUse(frmOptions& dialog) : dialog_(dialog) { ++dialog_.hostUses_; }
-
-frmOptions::HostInUse::~HostInUse() {
-  if (--dialog_.hostUses_ == 0 && !dialog_.isLoaded()) dialog_.releaseHost();
-}
-
-void frmOptions::releaseHost() {
   host_.database.reset();
   host_.settings.reset();
   host_.app.reset();

@@ -49,18 +49,6 @@ class frmOptions final : public Dialog, private OptionsDialog {
   const Platform& platform() const override { return platform_; }
   const HostObjects& host() const override { return host_; }
   const ui::ImageList& images() const override { return ilstImages; }
-  /// Lets a save that runs go on with the host's objects where the dialog is closed meanwhile: they
-  /// are released at its end then.
-  class HostInUse {
-   public:
-    explicit HostInUse(frmOptions& dialog);
-    HostInUse(const HostInUse&) = delete;
-    HostInUse& operator=(const HostInUse&) = delete;
-    ~HostInUse();
-
-   private:
-    frmOptions& dialog_;
-  };
   std::int16_t GetNumberOfFiles(TextView pattern) const override;
 
  private:
@@ -84,14 +72,12 @@ class frmOptions final : public Dialog, private OptionsDialog {
   void tabClick();
   void commandClick(int index);
   void close();
-  void releaseHost();
   void showHelp();
 
   Platform platform_;
   HostObjects host_;
   Messages messages_;
   std::unique_ptr<Tabs> tabs_;
-  int hostUses_ = 0;
   bool loading_ = false;
 };
 

@@ -12,6 +12,7 @@ bool Messages::ask(TextView text, TextView title) {
 
 MessageResult Messages::show(TextView text, std::int32_t style, TextView title,
                              TextView secondaryText) {
+  if (!screen_.canShow()) return MessageResult::cancel;
   const std::unique_ptr<HostMessageBox> box = boxes_.create();
   box->setSettingsStore(settings_);
   return box->show(text, style, title, secondaryText);

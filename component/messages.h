@@ -8,10 +8,11 @@
 namespace tillora {
 
 /// Shows messages of the dialogs: each through a message box of its own, given the host's settings
-/// first.
+/// first. Nothing is shown over a dialog whose window is gone; a question is then not answered by
+/// Yes.
 class Messages {
  public:
-  explicit Messages(MessageBoxes& boxes) : boxes_(boxes) {}
+  Messages(const ui::Screen& screen, MessageBoxes& boxes) : screen_(screen), boxes_(boxes) {}
 
   void setSettings(std::shared_ptr<SettingsStore> settings) { settings_ = std::move(settings); }
 
@@ -23,6 +24,7 @@ class Messages {
  private:
   MessageResult show(TextView text, std::int32_t style, TextView title, TextView secondaryText);
 
+  const ui::Screen& screen_;
   MessageBoxes& boxes_;
   std::shared_ptr<SettingsStore> settings_;
 };

@@ -33,16 +33,23 @@ Options::Options(Platform platform) : platform_(std::move(platform)) {}
 
 bool Options::ShowOptions() {
   const OpenDialog open;
+  const ui::ScreenSession session(platform_.screen);
   frmOptions dialog(platform_);
   dialog.changed = [this](std::int32_t& mask) { OptionsChanged.raise(mask); };
   dialog.FirstUse = FirstUse;
   dialog.LVFileExtension = LVFileExtension;
   dialog.setHost({DBJetObject, AppObject, MsgSndObject, ResourceObject, SettingsObject});
-  if (SelectedTab > 0) {
-    dialog.load();
-    dialog.tabOptions.setSelected(SelectedTab);
+  try {
+    if (SelectedTab > 0) {
+      dialog.load();
+      dialog.tabOptions.setSelected(SelectedTab);
+    }
+    dialog.showModal();
+  } catch (...) {
+    // What was committed is changed, whatever failed afterwards.
+    if (dialog.ChangedDataFile) changedDataFile_ = true;
+    throw;
   }
-  dialog.showModal();
   changedDataFile_ = dialog.ChangedDataFile;
   return true;
 }

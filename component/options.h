@@ -35,7 +35,8 @@ class Options {
   /// The user's regional settings, for the dialogs to come.
   void setNumbers(NumberLocale numbers) { platform_.numbers = std::move(numbers); }
 
-  /// The last ShowOptions that returned changed the accounting package's data file.
+  /// The last ShowOptions changed the accounting package's data file. One that failed leaves what
+  /// was said before, unless a save of its dialog had committed another data file.
   bool ChangedDataFile() const { return changedDataFile_; }
 
   /// Shows the dialog and returns True when it has closed. Failures of the host's objects are

@@ -9,7 +9,6 @@ bool SaveOptions(frmOptions& dialog) {
   OptionChanges changes;
   {
     const ui::BusyPointer busy(dialog.screen());
-    const frmOptions::HostInUse inUse(dialog);
     const HostObjects& host = dialog.host();
 
     const Text title = requireObject(host.app, u"AppObject").title();

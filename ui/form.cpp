@@ -37,6 +37,8 @@ void Form::showModal() {
   if (shown_) {
     throw Error(error::alreadyShown, u"TilloraOptions.Options", u"The form is already shown.");
   }
+  closing_.reset();
+  onShowModal();
   load();
   if (!loaded_) return;
   onResize();
@@ -74,6 +76,15 @@ void Form::unload(UnloadMode mode) {
   onUnload();
 }
 
+void Form::end() {
+  hide();
+  if (isBusy()) {
+    closing_ = UnloadMode::system;
+  } else {
+    unload(UnloadMode::system);
+  }
+}
+
 void Form::onQueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
 
 void Form::edited(Control& /*control*/) {}
@@ -87,6 +98,20 @@ void Form::setDefaultButton(CommandButton* button) {
   if (button != nullptr) button->notify(Property::defaultness);
 }
 
-void Form::userClose() { unload(UnloadMode::user); }
+void Form::closeIfAsked() {
+  if (const auto mode = std::exchange(closing_, std::nullopt)) unload(*mode);
+}
+
+void Form::userClose() {
+  if (isBusy()) {
+    closing_ = UnloadMode::user;
+  } else {
+    unload(UnloadMode::user);
+  }
+}
+
+void Form::userHelp() {
+  userDoes([this] { help.raise(); });
+}
 
 }  // namespace tillora::ui

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <concepts>
+#include <optional>
 #include <vector>
 
 #include "ui/buttons.h"
@@ -10,8 +12,9 @@ namespace tillora::ui {
 
 /// How a form came to be unloaded.
 enum class UnloadMode : std::uint8_t {
-  user = 0,  ///< the window's close box, Alt+F4 or its system menu
-  code = 1,  ///< the form's own code
+  user = 0,    ///< the window's close box, Alt+F4 or its system menu
+  code = 1,    ///< the form's own code
+  system = 2,  ///< its window is gone with its owner, or the program or the session ends
 };
 
 /// A window with controls: which control has the focus and whether it may lose it, tab order,
@@ -21,7 +24,9 @@ enum class UnloadMode : std::uint8_t {
 /// it again loads it anew.
 ///
 /// What the user does enters through the `user...` functions, be it from real windows or from a
-/// test; each answers whether the form has dealt with it.
+/// test; each answers whether the form has dealt with it. One thing is done at a time: while its
+/// handlers run, a save or another form included, nothing else is done, even if a host program lets
+/// messages pass meanwhile.
 class Form : public Container {
  public:
   Form(Screen& screen, Text caption);
@@ -51,6 +56,9 @@ class Form : public Container {
   void hide();
   /// Asks onQueryUnload, then hides the form and runs onUnload. Nothing if the form is not loaded.
   void unload(UnloadMode mode = UnloadMode::code);
+  /// Hides the form and unloads it, whatever it would rather do. While a handler runs it is hidden
+  /// only; it is unloaded when the handler has returned.
+  void end();
 
   // Focus.
 
@@ -74,18 +82,34 @@ class Form : public Container {
 
   // The user.
 
+  /// Something that the user did is being done.
+  bool isBusy() const { return busy_; }
+  /// Does what the user did with a control. False where the form is busy: then it is not done.
+  template <std::invocable F>
+  bool userDoes(F&& act) {
+    if (busy_) return false;
+    {
+      const Busy busy(busy_);
+      act();
+    }
+    closeIfAsked();
+    return true;
+  }
   /// Tab, Ctrl+Tab between pages, Enter, Esc, arrows between buttons, then the control's keyDown.
   /// True where the key is used up and the control must not see it.
   bool userKeyDown(Key key, Modifiers modifiers);
-  /// The control's keyPress. The character to type, or 0 for none.
+  /// The keyPress of the control with the focus. The character to type, or 0 for none.
   char16_t userCharacter(char16_t character);
+  /// The same for a control that had the focus when the key went down.
+  char16_t userCharacter(Control* control, char16_t character);
   /// Alt and a character: moves through the controls that have it as access key. False for none.
   bool userAccessKey(char16_t character);
   /// The mouse went down on a control: false where it must not see it, since validation refused.
   bool userMouseDown(Control& control);
-  /// The close box.
+  /// The close box. While the form is busy the close is remembered, and follows what is being done.
   void userClose();
   /// F1 anywhere on the form.
+  void userHelp();
   Event<> help;
 
   // The view.
@@ -100,6 +124,8 @@ class Form : public Container {
   virtual void edited(Control& control);
 
  protected:
+  /// showModal was called; onLoad may follow.
+  virtual void onShowModal() {}
   virtual void onLoad() {}
   /// At the latest when the form is first shown, and after every change of its size.
   virtual void onResize() {}
@@ -116,17 +142,31 @@ class Form : public Container {
   friend class Control;
   friend class CommandButton;
 
+  class Busy {
+   public:
+    explicit Busy(bool& busy) : busy_(busy) { busy_ = true; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    ~Busy() { busy_ = false; }
+
+   private:
+    bool& busy_;
+  };
+  void closeIfAsked();
+
   /// All controls, each container's after it, in order of creation.
   std::vector<Control*> inTabOrder() const;
   /// Gives the focus away from a control that can no longer have it.
   void releaseFocus();
   void moveFocus(Control* to);
+  bool keyDown(Key key, Modifiers modifiers);
   bool pressOnEnter(Modifiers modifiers);
   bool moveByArrow(Key key);
   bool stepUpDown(Key key);
   bool switchTab(bool forward);
   /// Where an access key leads: a label's or a frame caption's to the control that follows it.
   Control* accessTarget(Control& owner) const;
+  bool accessKey(char16_t character);
   void useAccessKey(Control& owner);
 
   Screen& screen_;
@@ -138,6 +178,8 @@ class Form : public Container {
   CommandButton* default_ = nullptr;
   CommandButton* cancel_ = nullptr;
   int helpContext_ = 0;
+  std::optional<UnloadMode> closing_;  // remembered until the form is no longer busy
+  bool busy_ = false;
   bool loaded_ = false;
   bool shown_ = false;
   bool validating_ = false;

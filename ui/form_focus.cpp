@@ -122,6 +122,12 @@ void Form::releaseFocus() {
 }
 
 bool Form::userKeyDown(Key key, Modifiers modifiers) {
+  bool used = true;
+  userDoes([&] { used = keyDown(key, modifiers); });
+  return used;
+}
+
+bool Form::keyDown(Key key, Modifiers modifiers) {
   if (key == Key::tab && !modifiers.alt) {
     if (modifiers.ctrl) return switchTab(!modifiers.shift);
     Control* next = nextInTabOrder(active_, !modifiers.shift);
@@ -200,13 +206,23 @@ bool Form::switchTab(bool forward) {
   return true;
 }
 
-char16_t Form::userCharacter(char16_t character) {
-  if (active_ != nullptr) active_->keyPress.raise(character);
+char16_t Form::userCharacter(char16_t character) { return userCharacter(active_, character); }
+
+char16_t Form::userCharacter(Control* control, char16_t character) {
+  const bool done = userDoes([&] {
+    if (control != nullptr) control->keyPress.raise(character);
+  });
   // Ctrl+Backspace types it, and no text means it.
-  return character == kDeleteCharacter ? char16_t{0} : character;
+  return !done || character == kDeleteCharacter ? char16_t{0} : character;
 }
 
 bool Form::userAccessKey(char16_t character) {
+  bool used = true;
+  userDoes([&] { used = accessKey(character); });
+  return used;
+}
+
+bool Form::accessKey(char16_t character) {
   const std::optional<char16_t> key = accessKeyOf(Text{u'&', character});
   const std::vector<Control*> order = inTabOrder();
   std::vector<Control*> owners;
@@ -246,9 +262,17 @@ void Form::useAccessKey(Control& owner) {
 }
 
 bool Form::userMouseDown(Control& control) {
-  if (!control.effectivelyEnabled()) return true;
-  if (control.kind() == Kind::upDown) return validatePending();
-  return !control.canFocus() || setFocus(control);
+  bool seen = false;
+  userDoes([&] {
+    if (!control.effectivelyEnabled()) {
+      seen = true;
+    } else if (control.kind() == Kind::upDown) {
+      seen = validatePending();
+    } else {
+      seen = !control.canFocus() || setFocus(control);
+    }
+  });
+  return seen;
 }
 
 }  // namespace tillora::ui

@@ -40,6 +40,9 @@ class Screen {
   /// Shows the form over all others of the thread, which cannot be reached meanwhile, and returns
   /// when the form is no longer shown. A failure inside a handler ends the run and is thrown here.
   virtual void runModal(Form& form) = 0;
+  /// False once the window of the form on top is gone: what its handlers were still to show is not
+  /// shown. A form that is run all the same ends at once.
+  virtual bool canShow() const { return true; }
 
   virtual Pointer pointer() const = 0;
   virtual void setPointer(Pointer pointer) = 0;
@@ -58,6 +61,24 @@ class Screen {
   virtual std::vector<std::size_t> listOrder(std::span<const TextView> texts) const = 0;
   /// A signal that a key was not accepted.
   virtual void beep() = 0;
+
+ protected:
+  friend class ScreenSession;
+  virtual void beginSession() {}
+  virtual void endSession() noexcept {}
+};
+
+/// While one lives, forms are made and shown for the screen as it was at its start: its resolution,
+/// fonts and sizes. One at a time.
+class ScreenSession {
+ public:
+  explicit ScreenSession(Screen& screen) : screen_(screen) { screen_.beginSession(); }
+  ScreenSession(const ScreenSession&) = delete;
+  ScreenSession& operator=(const ScreenSession&) = delete;
+  ~ScreenSession() { screen_.endSession(); }
+
+ private:
+  Screen& screen_;
 };
 
 }  // namespace tillora::ui

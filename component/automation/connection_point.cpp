@@ -5,6 +5,7 @@
 #include "component/automation/com_error.h"
 #include "component/automation/enumerators.h"
 #include "component/automation/host_failure.h"
+#include "ui/win32/dpi_context.h"
 
 namespace tillora::automation {
 
@@ -12,6 +13,7 @@ using win32::ComPtr;
 
 void ConnectionPoint::raise(DISPID event, std::int32_t& value) {
   const std::vector<Listener> present = listeners_;
+  const ui::win32::ProgramsScaling scaling;
   for (const Listener& listener : present) {
     if (!isAdvised(listener.cookie)) continue;
     LONG changeable = value;

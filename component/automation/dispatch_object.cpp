@@ -5,6 +5,7 @@
 
 #include "component/automation/host_failure.h"
 #include "support/win32/value_conversion.h"
+#include "ui/win32/dpi_context.h"
 
 namespace tillora::automation {
 
@@ -142,6 +143,7 @@ HRESULT DispatchObject::invokeOnce(const Member& member, WORD flags, DISPPARAMS&
                                    Variant& result, EXCEPINFO* exception) {
   // A host that fails without error information must not be credited with someone else's.
   SetErrorInfo(0, nullptr);
+  const ui::win32::ProgramsScaling scaling;
   VARIANT* const wanted =
       (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 ? nullptr : result.out();
   if (member.viaNamesEx) {

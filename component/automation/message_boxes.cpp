@@ -8,6 +8,7 @@
 #include "component/automation/host_failure.h"
 #include "support/win32/platform_message_box.h"
 #include "support/win32/wide_text.h"
+#include "ui/win32/dpi_context.h"
 
 namespace tillora::automation {
 
@@ -16,6 +17,7 @@ std::unique_ptr<HostMessageBox> AutomationMessageBoxes::create() {
   if (FAILED(CLSIDFromProgID(win32::wide(programId_), &hostClass))) {
     return std::make_unique<win32::PlatformMessageBox>(owner_());
   }
+  const ui::win32::ProgramsScaling scaling;
   win32::ComPtr<IDispatch> box;
   const HRESULT created =
       CoCreateInstance(hostClass, nullptr, CLSCTX_SERVER, IID_IDispatch, box.outVoid());

@@ -15,6 +15,18 @@ bool isFile(const Text& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+void startProgram(const Text& program, const Text& commandLine) {
+  Text line = commandLine;  // the platform may write into it
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION started{};
+  if (CreateProcessW(wide(program), reinterpret_cast<wchar_t*>(line.data()), nullptr, nullptr,
+                     FALSE, 0, nullptr, nullptr, &start, &started)) {
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+  }
+}
+
 }  // namespace
 
 Text helpViewerPath() {
@@ -33,18 +45,10 @@ Text helpCommandLine(TextView file, int context) {
   return line;
 }
 
+HelpViewer::HelpViewer() : HelpViewer(&startProgram) {}
+
 void HelpViewer::show(TextView file, int context) {
-  const Text path(file);
-  if (!isFile(path)) return;
-  Text line = helpCommandLine(file, context);
-  STARTUPINFOW start{};
-  start.cb = sizeof start;
-  PROCESS_INFORMATION viewer{};
-  if (CreateProcessW(wide(helpViewerPath()), reinterpret_cast<wchar_t*>(line.data()), nullptr,
-                     nullptr, FALSE, 0, nullptr, nullptr, &start, &viewer)) {
-    CloseHandle(viewer.hThread);
-    CloseHandle(viewer.hProcess);
-  }
+  if (isFile(Text(file))) start_(helpViewerPath(), helpCommandLine(file, context));
 }
 
 }  // namespace tillora::win32

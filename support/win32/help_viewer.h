@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "component/platform.h"
 
 namespace tillora::win32 {
@@ -8,8 +10,16 @@ namespace tillora::win32 {
 /// the component is unloaded.
 class HelpViewer final : public Help {
  public:
+  /// Starts a program with a command line and does not wait for it.
+  using Start = std::function<void(const Text& program, const Text& commandLine)>;
+  HelpViewer();
+  explicit HelpViewer(Start start) : start_(std::move(start)) {}
+
   /// Nothing where the file does not exist; a viewer that cannot be started is no failure.
   void show(TextView file, int context) override;
+
+ private:
+  Start start_;
 };
 
 /// Full path of the viewer.

@@ -83,6 +83,10 @@ bool HeadlessUser::reach(ui::Control& control) const {
   return form()->userMouseDown(control);
 }
 
+void HeadlessUser::mouse(ui::Control& control, const std::function<void()>& act) {
+  if (reach(control)) control.form().userDoes(act);
+}
+
 void HeadlessUser::press(Key key, ui::Modifiers modifiers) {
   ui::Form* top = form();
   if (top == nullptr) return;
@@ -95,27 +99,30 @@ void HeadlessUser::press(Key key, ui::Modifiers modifiers) {
     return;
   }
   if (key == Key::f1) {
-    top->help.raise();
+    top->userHelp();
     return;
   }
   ui::Control* target = top->activeControl();
   if (top->userKeyDown(key, modifiers) || target == nullptr) return;
-  useKey(*target, key, modifiers);
+  if (target->kind() == Kind::textBox) {
+    useKey(static_cast<ui::TextBox&>(*target), key, modifiers);
+  } else {
+    top->userDoes([&] { useKey(*target, key); });
+  }
 }
 
-void HeadlessUser::useKey(ui::Control& control, Key key, ui::Modifiers modifiers) {
+void HeadlessUser::useKey(ui::TextBox& box, Key key, ui::Modifiers modifiers) {
+  if (key == Key::del) {
+    box.form().userDoes([&] { deleteForward(box); });
+  } else if (const char16_t character = characterOf(key, modifiers)) {
+    typeCharacter(character);
+  } else {
+    moveCaret(box, key, modifiers);
+  }
+}
+
+void HeadlessUser::useKey(ui::Control& control, Key key) {
   switch (control.kind()) {
-    case Kind::textBox: {
-      auto& box = static_cast<ui::TextBox&>(control);
-      if (key == Key::del) {
-        deleteForward(box);
-      } else if (const char16_t character = characterOf(key, modifiers)) {
-        typeCharacter(character);
-      } else {
-        moveCaret(box, key, modifiers);
-      }
-      break;
-    }
     case Kind::checkBox:
       if (key == Key::space) {
         auto& box = static_cast<ui::CheckBox&>(control);
@@ -173,11 +180,13 @@ void HeadlessUser::typeCharacter(char16_t character) {
   if (character == 1) {
     box.userSelected(0, static_cast<int>(box.text().size()));
   } else if (character == 0x16) {
-    bool used = false;
-    if (!box.locked()) box.paste.raise(clipboard_, used);
-    if (!used) pasteInto(box, clipboard_);
+    target.form().userDoes([&] {
+      bool used = false;
+      if (!box.locked()) box.paste.raise(clipboard_, used);
+      if (!used) pasteInto(box, clipboard_);
+    });
   } else {
-    typeInto(box, character);
+    target.form().userDoes([&] { typeInto(box, character); });
   }
 }
 
@@ -198,30 +207,31 @@ void HeadlessUser::accessKey(char16_t letter) {
 }
 
 void HeadlessUser::click(ui::Control& control) {
-  if (!reach(control)) return;
-  switch (control.kind()) {
-    case Kind::commandButton:
-      static_cast<ui::CommandButton&>(control).press();
-      break;
-    case Kind::checkBox: {
-      auto& box = static_cast<ui::CheckBox&>(control);
-      box.setValue(!box.value());
-      break;
+  mouse(control, [&] {
+    switch (control.kind()) {
+      case Kind::commandButton:
+        static_cast<ui::CommandButton&>(control).press();
+        break;
+      case Kind::checkBox: {
+        auto& box = static_cast<ui::CheckBox&>(control);
+        box.setValue(!box.value());
+        break;
+      }
+      case Kind::optionButton:
+        static_cast<ui::OptionButton&>(control).setValue(true);
+        break;
+      default:
+        break;
     }
-    case Kind::optionButton:
-      static_cast<ui::OptionButton&>(control).setValue(true);
-      break;
-    default:
-      break;
-  }
+  });
 }
 
 void HeadlessUser::clickTab(ui::TabStrip& tabs, int tab) {
-  if (reach(tabs)) tabs.setSelected(tab);
+  mouse(tabs, [&] { tabs.setSelected(tab); });
 }
 
 void HeadlessUser::clickRow(ui::ListView& list, int row) {
-  if (reach(list)) list.setSelectedRow(row);
+  mouse(list, [&] { list.setSelectedRow(row); });
 }
 
 void HeadlessUser::doubleClickRow(ui::ListView& list, int row) {
@@ -229,28 +239,32 @@ void HeadlessUser::doubleClickRow(ui::ListView& list, int row) {
   if (list.selectedRow() != row) return;
   int y = 0;
   while (list.hitTest({0, y}) != row) y += 15;
-  list.mouse.raise({0, y});
-  list.doubleClick.raise();
+  mouse(list, [&] {
+    list.mouse.raise({0, y});
+    list.doubleClick.raise();
+  });
 }
 
 void HeadlessUser::doubleClickBelow(ui::ListView& list) {
-  if (!reach(list)) return;
-  list.mouse.raise({0, 1000000});
-  list.doubleClick.raise();
+  mouse(list, [&] {
+    list.mouse.raise({0, 1000000});
+    list.doubleClick.raise();
+  });
 }
 
 void HeadlessUser::clickCheck(ui::CheckListBox& list, int row) {
-  if (!reach(list)) return;
-  list.setListIndex(row);
-  list.setChecked(row, !list.checked(row));
+  mouse(list, [&] {
+    list.setListIndex(row);
+    list.setChecked(row, !list.checked(row));
+  });
 }
 
 void HeadlessUser::choose(ui::ComboBox& combo, int item) {
-  if (reach(combo)) combo.userChose(item);
+  mouse(combo, [&] { combo.userChose(item); });
 }
 
 void HeadlessUser::spin(ui::UpDown& upDown, int direction) {
-  if (reach(upDown)) upDown.spin(direction);
+  mouse(upDown, [&] { upDown.spin(direction); });
 }
 
 void HeadlessUser::closeWindow(ui::Form& form) {

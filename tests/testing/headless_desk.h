@@ -56,7 +56,9 @@ class HeadlessUser final : public User {
   ui::Form* form() const;
   bool reach(ui::Control& control) const;
   void typeCharacter(char16_t character);
-  void useKey(ui::Control& control, ui::Key key, ui::Modifiers modifiers);
+  void mouse(ui::Control& control, const std::function<void()>& act);
+  void useKey(ui::TextBox& box, ui::Key key, ui::Modifiers modifiers);
+  void useKey(ui::Control& control, ui::Key key);
 
   HeadlessScreen& screen_;
   Text clipboard_;

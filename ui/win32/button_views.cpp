@@ -26,7 +26,7 @@ void CheckBoxView::show(Property what) {
 }
 
 void CheckBoxView::command(WORD code) {
-  if (code == BN_CLICKED) control().setValue(!control().value());
+  if (code == BN_CLICKED) userDoes([this] { control().setValue(!control().value()); });
 }
 
 void OptionButtonView::create(HWND parent) {
@@ -43,7 +43,7 @@ void OptionButtonView::show(Property what) {
 }
 
 void OptionButtonView::command(WORD code) {
-  if (code == BN_CLICKED && !isEcho()) control().setValue(true);
+  if (code == BN_CLICKED) userDoes([this] { control().setValue(true); });
 }
 
 LRESULT OptionButtonView::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -56,7 +56,7 @@ LRESULT OptionButtonView::message(UINT message, WPARAM wParam, LPARAM lParam) {
 void CommandButtonView::create(HWND parent) { createWindow(parent, {WC_BUTTONW, BS_PUSHBUTTON}); }
 
 void CommandButtonView::command(WORD code) {
-  if (code == BN_CLICKED) control().press();
+  if (code == BN_CLICKED) userDoes([this] { control().press(); });
 }
 
 }  // namespace tillora::ui::win32

@@ -70,9 +70,15 @@ void CheckListView::showChoice() {
 }
 
 LRESULT CheckListView::notify(NMHDR& header) {
-  if (header.code != LVN_ITEMCHANGED || !isUsers()) return 0;
+  if (header.code != LVN_ITEMCHANGED) return 0;
   const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
-  if ((change.uChanged & LVIF_STATE) == 0 || change.iItem < 0) return 0;
+  if ((change.uChanged & LVIF_STATE) != 0 && change.iItem >= 0) {
+    userDoes([&] { stateChanged(change); });
+  }
+  return 0;
+}
+
+void CheckListView::stateChanged(const NMLISTVIEW& change) {
   const UINT changed = change.uOldState ^ change.uNewState;
   // A tick takes the selection bar to its row, so that the keys go on from there.
   const bool ticked = (changed & LVIS_STATEIMAGEMASK) != 0;
@@ -81,7 +87,11 @@ LRESULT CheckListView::notify(NMHDR& header) {
   if (ticked) {
     control().setChecked(change.iItem, (change.uNewState & LVIS_STATEIMAGEMASK) == stateOf(true));
   }
-  return 0;
+}
+
+void CheckListView::takeBack() {
+  const Echo echo(*this);
+  showRows();
 }
 
 int CheckListView::rowAt(POINT point) const {

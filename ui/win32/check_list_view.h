@@ -14,7 +14,11 @@ class CheckListView final : public ViewOf<CheckListBox> {
   LRESULT notify(NMHDR& header) override;
   int rowAt(POINT point) const override;
 
+ protected:
+  void takeBack() override;
+
  private:
+  void stateChanged(const NMLISTVIEW& change);
   void showRows();
   void showChoice();
 };

@@ -71,15 +71,10 @@ void ComboView::showChoice() {
 void ComboView::command(WORD code) {
   switch (code) {
     case CBN_SELCHANGE:
-      if (!isDropped()) control().setListIndex(chosen());
+      if (!isDropped()) userDoes([this] { control().setListIndex(chosen()); });
       break;
     case CBN_SELENDOK:
-      // Some platforms send it for keys in the closed box too, which may have changed nothing.
-      if (isDropped() && chosen() >= 0) {
-        control().userChose(chosen());
-      } else {
-        control().setListIndex(chosen());
-      }
+      userDoes([this] { choiceMade(); });
       break;
     case CBN_SELENDCANCEL:
     case CBN_CLOSEUP:
@@ -87,6 +82,15 @@ void ComboView::command(WORD code) {
       break;
     default:
       break;
+  }
+}
+
+void ComboView::choiceMade() {
+  // Some platforms report it for keys in the closed box too, which may have changed nothing.
+  if (isDropped() && chosen() >= 0) {
+    control().userChose(chosen());
+  } else {
+    control().setListIndex(chosen());
   }
 }
 

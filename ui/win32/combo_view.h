@@ -20,11 +20,13 @@ class ComboView final : public ViewOf<ComboBox> {
 
  protected:
   RECT pixelBounds() const override;
+  void takeBack() override { showChoice(); }
 
  private:
   void addItems(std::size_t first);
   void showItems();
   void showChoice();
+  void choiceMade();
   int chosen() const { return static_cast<int>(send(CB_GETCURSEL)); }
   bool isDropped() const { return send(CB_GETDROPPEDSTATE) != 0; }
 };

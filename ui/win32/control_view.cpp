@@ -65,7 +65,9 @@ void ControlView::show(Property what) {
   }
 }
 
-bool ControlView::isUsers() const { return !isEcho() && dialog_.form().isShown(); }
+Form& ControlView::form() const { return dialog_.form(); }
+
+bool ControlView::takesInput() const { return dialog_.takesInput(); }
 
 HBRUSH ControlView::colours(HDC dc) {
   SetTextColor(dc, control_.effectivelyEnabled() ? toColorRef(control_.foreColour())
@@ -88,6 +90,7 @@ LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam
     view.window_ = nullptr;
     return DefSubclassProc(window, message, wParam, lParam);
   }
+  if (view.dialog_.holdsOff(message)) return 0;
   if (message == WM_SETCURSOR && view.dialog_.showPointer()) return TRUE;
   return view.dialog_.walled([&] { return view.message(message, wParam, lParam); });
 }

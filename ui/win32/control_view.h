@@ -1,8 +1,9 @@
 #pragma once
 
+#include <concepts>
 #include <optional>
 
-#include "ui/control.h"
+#include "ui/form.h"
 #include "ui/win32/handles.h"
 
 namespace tillora::ui::win32 {
@@ -84,10 +85,23 @@ class ControlView {
     ControlView& view_;
   };
   bool isEcho() const { return echoes_ > 0; }
-  /// A notification now is the user's doing, on a form that is still shown.
-  bool isUsers() const;
+  /// Does what the user did with the window, unless it is an echo. Where the form takes no input
+  /// now it is taken back.
+  template <std::invocable F>
+  void userDoes(F&& act) {
+    if (isEcho()) return;
+    if (takesInput()) {
+      form().userDoes(act);
+    } else {
+      takeBack();
+    }
+  }
+  /// Shows the control's value in place of what the window has by now.
+  virtual void takeBack() {}
 
  private:
+  Form& form() const;
+  bool takesInput() const;
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                     UINT_PTR id, DWORD_PTR data);
 

@@ -48,7 +48,7 @@ void DialogWindow::reconcileFocus() {
     if (Control* active = form_.activeControl()) {
       if (ControlView* view = viewOf(*active)) view->readBack();
     }
-    form_.setFocus(landed->control());
+    form_.userDoes([&] { form_.setFocus(landed->control()); });
   }
   applyFocus();
 }
@@ -125,7 +125,7 @@ bool DialogWindow::character(MSG& message) {
   auto typed = static_cast<char16_t>(message.wParam);
   if (view && &view->control() != form_.activeControl()) {
     // The key's own handler moved the focus on: the character still belongs where it was typed.
-    view->control().keyPress.raise(typed);
+    typed = form_.userCharacter(&view->control(), typed);
   } else {
     typed = form_.userCharacter(typed);
   }

@@ -2,7 +2,9 @@
 #include <utility>
 
 #include "ui/win32/dialog_window.h"
+#include "ui/win32/modal_run.h"
 #include "ui/win32/screen.h"
+#include "ui/win32/thread_windows.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -16,11 +18,45 @@ BOOL CALLBACK forwardColourChange(HWND window, LPARAM /*unused*/) {
 
 void DialogWindow::fail(std::exception_ptr failure) noexcept { screen_.fail(std::move(failure)); }
 
+bool DialogWindow::takesInput() const {
+  return form_.isShown() && !form_.isBusy() && screen_.topWindow() == window_;
+}
+
+bool DialogWindow::holdsOff(UINT message) const {
+  switch (message) {
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_SYSCHAR:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MOUSEWHEEL:
+    case WM_CONTEXTMENU:
+      return !takesInput();
+    default:
+      return false;
+  }
+}
+
+// Closed underneath what is shown over it, a form would leave that behind: the close goes to the
+// one on top.
+void DialogWindow::close() {
+  if (!form_.isShown()) return;
+  const HWND top = screen_.topWindow();
+  const HWND over = top != window_ ? top : IsWindowEnabled(window_) ? nullptr : windowOver(window_);
+  if (over) {
+    PostMessageW(over, WM_CLOSE, 0, 0);
+  } else {
+    form_.userClose();
+  }
+}
+
 std::optional<LRESULT> DialogWindow::route(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
       if (ControlView* view = viewAt(reinterpret_cast<HWND>(lParam))) {
-        if (form_.isShown()) view->command(HIWORD(wParam));
+        view->command(HIWORD(wParam));
         return 0;
       }
       return std::nullopt;
@@ -44,12 +80,16 @@ std::optional<LRESULT> DialogWindow::route(UINT message, WPARAM wParam, LPARAM l
 
 std::optional<LRESULT> DialogWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_SYSCOMMAND:
+      if ((wParam & 0xFFF0) != SC_CLOSE) return std::nullopt;
+      close();  // the platform itself does nothing where the window is disabled
+      return 0;
     case WM_CLOSE:
-      if (form_.isShown()) form_.userClose();
+      close();
       return 0;
     case WM_COMMAND:
       // Without a window it comes from accessibility tools and automation.
-      if (lParam == 0 && LOWORD(wParam) == IDCANCEL && form_.isShown()) form_.userClose();
+      if (lParam == 0 && LOWORD(wParam) == IDCANCEL) close();
       return route(message, wParam, lParam).value_or(0);
     case WM_ACTIVATE:
       if (LOWORD(wParam) != WA_INACTIVE) applyFocus();
@@ -65,8 +105,21 @@ std::optional<LRESULT> DialogWindow::message(UINT message, WPARAM wParam, LPARAM
       EnumChildWindows(window_, &forwardColourChange, 0);
       return std::nullopt;
     case WM_HELP:
-      if (form_.isShown()) form_.help.raise();
+      if (takesInput()) form_.userHelp();
       return TRUE;
+    case WM_ENTERIDLE:
+      // A form over this one has nothing to do: neither has the host.
+      SendMessageW(GetWindow(window_, GW_OWNER), message, wParam, lParam);
+      return 0;
+    case WM_ENDSESSION:
+      if (wParam) screen_.sessionEnds();
+      return 0;
+    case WM_DESTROY:
+      if (ModalRun* run = screen_.runOf(form_)) run->windowGone();
+      return std::nullopt;
+    case WM_NCDESTROY:
+      window_ = toolTips_ = nullptr;
+      return std::nullopt;
     case WM_SETCURSOR:
       return showPointer() ? std::optional<LRESULT>(TRUE) : std::nullopt;
     default:

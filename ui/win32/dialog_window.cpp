@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ui/lists.h"
+#include "ui/win32/modal_run.h"
 #include "ui/win32/pictures.h"
 #include "ui/win32/screen.h"
 #include "ui/win32/view_factory.h"
@@ -51,12 +52,17 @@ DialogWindow::DialogWindow(Screen& screen, Form& form, HWND owner) : screen_(scr
     SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     createChildren(form, window_);
   } catch (...) {
-    DestroyWindow(window_);
+    destroy();
     throw;
   }
 }
 
-DialogWindow::~DialogWindow() { DestroyWindow(window_); }
+DialogWindow::~DialogWindow() { destroy(); }
+
+// Without window_ its messages are nobody's.
+void DialogWindow::destroy() {
+  if (window_) DestroyWindow(std::exchange(window_, nullptr));
+}
 
 const Metrics& DialogWindow::metrics() const { return screen_.metrics(); }
 
@@ -159,7 +165,7 @@ void DialogWindow::changed(const Control& control, Property what) {
     if (what == Property::bounds) resize();
     if (what == Property::enabled) changedWithin(form_, what);
     if (what == Property::visible) {
-      screen_.hidden(form_);
+      if (ModalRun* run = screen_.runOf(form_)) run->leaveScreen();
       PostMessageW(window_, WM_NULL, 0, 0);  // ends the wait
     }
     return;

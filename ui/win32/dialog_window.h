@@ -66,6 +66,11 @@ class DialogWindow final : public FormView {
   HIMAGELIST imagesOf(const ui::ImageList& images);
   /// The platform put the focus into a control's window.
   void focusLanded(Control& control);
+  /// What the user does now reaches the form: it is shown, on top, and not busy.
+  bool takesInput() const;
+  /// A message by which the user does something with a window of the form, which takes no input
+  /// now.
+  bool holdsOff(UINT message) const;
   /// Shows the hourglass; false for the standard pointer, which each window knows best.
   bool showPointer() const;
   /// Runs code that may fail where no exception may pass; a failure ends the form's modal run.
@@ -90,6 +95,8 @@ class DialogWindow final : public FormView {
   static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
   void fail(std::exception_ptr failure) noexcept;
+  void close();
+  void destroy();
   void place(HWND owner);
   void resize();
   void create(Control& control, HWND parent);

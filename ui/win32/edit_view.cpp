@@ -101,7 +101,10 @@ void EditView::showEditing() {
 }
 
 void EditView::command(WORD code) {
-  if (code != EN_CHANGE || isEcho()) return;
+  if (code == EN_CHANGE) userDoes([this] { edited(); });
+}
+
+void EditView::edited() {
   DWORD start = 0;
   DWORD end = 0;
   send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), &end);

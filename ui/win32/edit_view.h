@@ -23,9 +23,11 @@ class EditView final : public ViewOf<TextBox> {
  protected:
   Text windowText() const override;
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void takeBack() override { show(Property::text); }
 
  private:
   bool isMasked() const { return control().passwordCharacter() != 0; }
+  void edited();
   Text editedText() const;
   /// Offers what is about to be pasted to the box; true where it wants it kept from the window.
   bool pasteIsUsed();

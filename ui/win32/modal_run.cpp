@@ -1,32 +1,31 @@
 #include "ui/win32/modal_run.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "ui/win32/screen.h"
+#include "ui/win32/thread_windows.h"
 
 namespace tillora::ui::win32 {
 namespace {
 
-BOOL CALLBACK firstUsable(HWND window, LPARAM found) {
-  if (!IsWindowVisible(window) || !IsWindowEnabled(window) || GetWindow(window, GW_OWNER)) {
-    return TRUE;
-  }
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
+bool isMainWindow(HWND window) {
+  return IsWindowVisible(window) && IsWindowEnabled(window) && !GetWindow(window, GW_OWNER);
 }
 
 // The active window of the thread or, while another program is active, its main window.
 HWND hostWindow() {
-  HWND host = GetActiveWindow();
-  if (!host) EnumThreadWindows(GetCurrentThreadId(), &firstUsable, reinterpret_cast<LPARAM>(&host));
-  return host ? GetAncestor(host, GA_ROOT) : nullptr;
+  if (const HWND active = GetActiveWindow()) return GetAncestor(active, GA_ROOT);
+  const std::vector<HWND> windows = threadWindows();
+  const auto found = std::ranges::find_if(windows, &isMainWindow);
+  return found == windows.end() ? nullptr : *found;
 }
 
-BOOL CALLBACK collectEnabled(HWND window, LPARAM found) {
-  if (IsWindowVisible(window) && IsWindowEnabled(window)) {
-    reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-  }
-  return TRUE;
+// Windows of an input method serve whatever has the focus.
+bool isOfInputMethod(HWND window) {
+  wchar_t name[8] = L"";
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return lstrcmpiW(name, L"IME") == 0 || (GetClassLongPtrW(window, GCL_STYLE) & CS_IME) != 0;
 }
 
 }  // namespace
@@ -59,10 +58,12 @@ void ModalRun::leaveScreen() {
 }
 
 void ModalRun::run() {
+  // Those of the dialog (drop-down lists, tool tips) come later.
+  std::vector<HWND> others = threadWindows();
   dialog_ = std::make_unique<DialogWindow>(screen_, form_, owner_);
   throwFailure();
   form_.attach(dialog_.get());
-  disableOthers();
+  disable(std::move(others));
   ShowWindow(dialog_->window(), SW_SHOW);
   form_.shown();
   if (screen_.modalShown) {
@@ -73,32 +74,59 @@ void ModalRun::run() {
   throwFailure();
 }
 
-void ModalRun::disableOthers() {
-  EnumThreadWindows(GetCurrentThreadId(), &collectEnabled, reinterpret_cast<LPARAM>(&disabled_));
-  std::erase(disabled_, dialog_->window());
-  for (const HWND window : disabled_) EnableWindow(window, FALSE);
+void ModalRun::disable(std::vector<HWND> others) {
+  std::erase_if(others,
+                [](HWND other) { return !IsWindowEnabled(other) || isOfInputMethod(other); });
+  disabled_ = std::move(others);
+  for (const HWND other : disabled_) EnableWindow(other, FALSE);
 }
 
 void ModalRun::dispatch(MSG& message) const {
+  if (CallMsgFilterW(&message, MSGF_DIALOGBOX)) return;
   if (dialog_->preTranslate(message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }
 
 void ModalRun::wait() {
-  MSG message{};
+  bool saidIdle = false;
   while (isRunning()) {
-    const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-    if (got < 0) throwLastError("GetMessageW");
-    if (got == 0) {
-      // The program is ending: so does the form, whatever it would rather do.
-      PostQuitMessage(static_cast<int>(message.wParam));
-      form_.unload();
-      form_.hide();
-      return;
+    MSG message{};
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      saidIdle = false;
+      if (message.message == WM_QUIT) {
+        // The program is ending: so does the form, whatever it would rather do.
+        PostQuitMessage(static_cast<int>(message.wParam));
+        form_.end();
+      } else {
+        dispatch(message);
+      }
+    } else if (!saidIdle) {
+      saidIdle = true;
+      sayIdle();
+    } else {
+      WaitMessage();
     }
-    dispatch(message);
   }
+}
+
+// As the platform's own dialogs do, for hosts that work while nothing else is to be done.
+void ModalRun::sayIdle() const {
+  if (!owner_) return;
+  SendMessageW(owner_, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(window()));
+}
+
+void ModalRun::windowGone() {
+  const HWND front = GetForegroundWindow();
+  const bool wasInFront =
+      !front || GetWindowThreadProcessId(front, nullptr) == GetCurrentThreadId();
+  gone_ = true;
+  form_.attach(nullptr);
+  leaveScreen();
+  if (wasInFront && owner_ && IsWindowVisible(owner_)) SetActiveWindow(owner_);
+  form_.end();
+  // Wakes whatever waits for messages over the form.
+  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
 void ModalRun::fail(std::exception_ptr failure) noexcept {

@@ -12,8 +12,9 @@ namespace tillora::ui::win32 {
 
 class Screen;
 
-/// One form shown modally: while it lives, every other window of the thread is disabled. Its end,
-/// in whatever way, leaves windows, focus and pointer as they were before.
+/// One form shown modally: while it lives, every other window of the thread that was there before
+/// is disabled, hidden ones included. Its end, in whatever way, leaves windows, focus and pointer
+/// as they were before.
 class ModalRun {
  public:
   ModalRun(Screen& screen, Form& form);
@@ -26,7 +27,8 @@ class ModalRun {
 
   Form& form() const { return form_; }
   const DialogWindow* dialog() const { return dialog_.get(); }
-  HWND window() const { return dialog_ ? dialog_->window() : nullptr; }
+  /// Null before it is made, and once it is gone.
+  HWND window() const { return dialog_ && !gone_ ? dialog_->window() : nullptr; }
   /// Shown, and nothing has failed.
   bool isRunning() const { return form_.isShown() && !failure_; }
   void dispatch(MSG& message) const;
@@ -34,10 +36,15 @@ class ModalRun {
   void fail(std::exception_ptr failure) noexcept;
   /// The form is not shown any more: its window goes, and the others of the thread are enabled.
   void leaveScreen();
+  /// The form's window is being destroyed by somebody else, its owner's end in most cases: ends the
+  /// form.
+  void windowGone();
+  bool isWindowGone() const { return gone_; }
 
  private:
   void wait();
-  void disableOthers();
+  void sayIdle() const;
+  void disable(std::vector<HWND> others);
   void throwFailure() const;
 
   Screen& screen_;
@@ -48,6 +55,7 @@ class ModalRun {
   std::vector<HWND> disabled_;
   std::unique_ptr<DialogWindow> dialog_;
   std::exception_ptr failure_;
+  bool gone_ = false;
 };
 
 }  // namespace tillora::ui::win32

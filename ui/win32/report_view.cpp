@@ -154,21 +154,24 @@ LRESULT ReportView::notify(NMHDR& header) {
     case LVN_ITEMCHANGED: {
       const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
       const bool selected = (change.uNewState & ~change.uOldState & LVIS_SELECTED) != 0;
-      if (isUsers() && selected && change.iItem >= 0 && change.iItem < control().count()) {
-        control().setSelectedRow(change.iItem);
+      if (selected && change.iItem >= 0 && change.iItem < control().count()) {
+        userDoes([&] { control().setSelectedRow(change.iItem); });
       }
       return 0;
     }
     case NM_CLICK:
-    case NM_RCLICK: {
+    case NM_RCLICK:
       // A click on the blank takes the selection away in the window only.
-      const Echo echo(*this);
-      showChoice();
+      takeBack();
       return 0;
-    }
     default:
       return 0;
   }
+}
+
+void ReportView::takeBack() {
+  const Echo echo(*this);
+  showChoice();
 }
 
 Point ReportView::toTwips(LPARAM position) const {
@@ -194,7 +197,7 @@ LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       const Point point = toTwips(lParam);
       control().mouse.raise(point);
       const LRESULT result = ControlView::message(message, wParam, lParam);
-      if (dialog().form().isShown()) control().doubleClick.raise();
+      userDoes([this] { control().doubleClick.raise(); });
       return result;
     }
     case WM_NOTIFY:

@@ -17,6 +17,7 @@ class ReportView final : public ViewOf<ListView> {
 
  protected:
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void takeBack() override;
 
  private:
   void showColumns();

@@ -18,7 +18,27 @@ Screen::Screen() {
 
 Screen::~Screen() = default;
 
-void Screen::runModal(Form& form) { ModalRun(*this, form).run(); }
+void Screen::runModal(Form& form) {
+  if (canShow()) {
+    ModalRun(*this, form).run();
+  } else {
+    form.end();
+  }
+}
+
+bool Screen::canShow() const { return runs_.empty() || !runs_.back()->isWindowGone(); }
+
+void Screen::beginSession() {
+  scaling_.emplace();
+  metrics_.reset();
+}
+
+void Screen::endSession() noexcept { scaling_.reset(); }
+
+const Metrics& Screen::metrics() const {
+  if (!metrics_) metrics_.emplace();
+  return *metrics_;
+}
 
 void Screen::setPointer(Pointer pointer) {
   pointer_ = pointer;
@@ -34,10 +54,8 @@ void Screen::beep() { MessageBeep(MB_OK); }
 HWND Screen::topWindow() const { return runs_.empty() ? nullptr : runs_.back()->window(); }
 
 HWND Screen::windowOf(const Control& control) const {
-  for (const ModalRun* run : runs_) {
-    if (&run->form() == &control.form() && run->dialog()) return run->dialog()->windowOf(control);
-  }
-  return nullptr;
+  const ModalRun* run = runOf(control.form());
+  return run && run->dialog() ? run->dialog()->windowOf(control) : nullptr;
 }
 
 void Screen::pumpUntilIdle() {
@@ -57,10 +75,15 @@ void Screen::pumpUntilIdle() {
   }
 }
 
-void Screen::hidden(const Form& form) {
+ModalRun* Screen::runOf(const Form& form) const {
   const auto run =
       std::ranges::find_if(runs_, [&](const ModalRun* shown) { return &shown->form() == &form; });
-  if (run != runs_.end()) (*run)->leaveScreen();
+  return run == runs_.end() ? nullptr : *run;
+}
+
+void Screen::sessionEnds() const {
+  // The others belong to it, and go with it.
+  if (!runs_.empty() && runs_.front()->window()) DestroyWindow(runs_.front()->window());
 }
 
 void Screen::fail(std::exception_ptr failure) noexcept {

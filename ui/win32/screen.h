@@ -2,10 +2,12 @@
 
 #include <exception>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "ui/screen.h"
+#include "ui/win32/dpi_context.h"
 #include "ui/win32/metrics.h"
 
 namespace tillora::ui::win32 {
@@ -21,19 +23,23 @@ class Screen final : public ui::Screen {
   ~Screen() override;
 
   void runModal(Form& form) override;
+  bool canShow() const override;
   Pointer pointer() const override { return pointer_; }
   void setPointer(Pointer pointer) override;
-  Size twipsPerPixel() const override { return metrics_.twipsPerPixel(); }
-  int textWidth(TextView text) const override { return metrics_.textWidth(text); }
-  int lineHeight() const override { return metrics_.lineHeight(); }
-  Rect tabClientArea(const TabStrip& tabs) const override { return metrics_.tabClientArea(tabs); }
+  Size twipsPerPixel() const override { return metrics().twipsPerPixel(); }
+  int textWidth(TextView text) const override { return metrics().textWidth(text); }
+  int lineHeight() const override { return metrics().lineHeight(); }
+  Rect tabClientArea(const TabStrip& tabs) const override { return metrics().tabClientArea(tabs); }
   std::vector<std::size_t> listOrder(std::span<const TextView> texts) const override;
   void beep() override;
 
-  const Metrics& metrics() const { return metrics_; }
+  /// Taken anew at the first use in each session.
+  const Metrics& metrics() const;
   /// The window of the form that is on top, the owner for message boxes and file dialogs; null
-  /// where no form is shown.
+  /// where no form is shown, or its window is gone.
   HWND topWindow() const;
+  /// The session of the user ends: takes the forms' windows away, and all that they own.
+  void sessionEnds() const;
   /// The window of a control of a form that is shown; null while it has none.
   HWND windowOf(const Control& control) const;
 
@@ -48,10 +54,13 @@ class Screen final : public ui::Screen {
   friend class ModalRun;
   /// Keeps a failure inside a window procedure for the modal run on top, which ends by throwing it.
   void fail(std::exception_ptr failure) noexcept;
-  /// This form was hidden.
-  void hidden(const Form& form);
+  /// The run of a form; null while it has none.
+  ModalRun* runOf(const Form& form) const;
+  void beginSession() override;
+  void endSession() noexcept override;
 
-  Metrics metrics_;
+  std::optional<SystemScaling> scaling_;
+  mutable std::optional<Metrics> metrics_;
   Pointer pointer_ = Pointer::standard;
   std::vector<ModalRun*> runs_;
 };

@@ -29,9 +29,11 @@ void TabView::showTabs() {
 void TabView::showChoice() { send(TCM_SETCURSEL, static_cast<WPARAM>(control().selected() - 1)); }
 
 LRESULT TabView::notify(NMHDR& header) {
-  if (header.code != TCN_SELCHANGE || !dialog().form().isShown()) return 0;
-  const auto chosen = static_cast<int>(send(TCM_GETCURSEL)) + 1;
-  if (chosen >= 1) control().setSelected(chosen);  // shows the choice, also where it is refused
+  if (header.code != TCN_SELCHANGE) return 0;
+  userDoes([this] {
+    const auto chosen = static_cast<int>(send(TCM_GETCURSEL)) + 1;
+    if (chosen >= 1) control().setSelected(chosen);  // shows the choice, also where it is refused
+  });
   return 0;
 }
 

@@ -13,6 +13,9 @@ class TabView final : public ViewOf<TabStrip> {
   void show(Property what) override;
   LRESULT notify(NMHDR& header) override;
 
+ protected:
+  void takeBack() override { showChoice(); }
+
  private:
   void showTabs();
   void showChoice();

@@ -15,10 +15,8 @@ void UpDownView::create(HWND parent) {
 
 LRESULT UpDownView::notify(NMHDR& header) {
   if (header.code != UDN_DELTAPOS) return 0;
-  if (dialog().form().isShown()) {
-    const auto& move = reinterpret_cast<const NMUPDOWN&>(header);
-    if (move.iDelta != 0) control().spin(move.iDelta > 0 ? 1 : -1);
-  }
+  const int delta = reinterpret_cast<const NMUPDOWN&>(header).iDelta;
+  if (delta != 0) userDoes([&] { control().spin(delta > 0 ? 1 : -1); });
   return TRUE;  // the window's own position stays
 }
 

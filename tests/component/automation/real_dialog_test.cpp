@@ -202,43 +202,6 @@ TEST_F(RealDialogTest, TheHostMayCallBackAndLetMessagesPassInsideTheEvent) {
   EXPECT_TRUE(IsWindowEnabled(owner));
 }
 
-TEST_F(RealDialogTest, AfterAFailureInAHostsOwnPumpNothingMoreCanBeDoneInTheDialog) {
-  auto options = create();
-  HWND dialog = nullptr;
-  HWND box = nullptr;
-  bool visibleAfterwards = true;
-  std::size_t commits = 0;
-  const auto listener = EventListener::make([&](LONG&) {
-    const HWND apply = FindWindowExW(dialog, nullptr, L"Button", L"&Apply");
-    const auto editAndApply = [&] {
-      SendMessageW(box, WM_CHAR, L'x', 1);
-      SendMessageW(apply, BM_CLICK, 0, 0);
-    };
-    host.failingCall = "commit";
-    editAndApply();
-    host.failingCall.clear();
-    visibleAfterwards = IsWindowVisible(dialog) != FALSE;
-    commits = host.callsStarting("commit").size();
-    editAndApply();
-    return S_OK;
-  });
-  const Listening listening(*options.get(), *listener.get());
-  DialogPerson person([&](HWND shown) {
-    dialog = shown;
-    DialogPerson::retype(L"Corner Shop");
-    box = testing::focusBeside(shown);
-    DialogPerson::press('A', true);
-  });
-  EXPECT_EQ(show(*options.get()), FakeHost::failure().number());
-  EXPECT_EQ(person.finish(), 1);
-  EXPECT_FALSE(visibleAfterwards);
-  EXPECT_EQ(commits, 2U);
-  EXPECT_EQ(host.callsStarting("commit").size(), 2U);
-  EXPECT_EQ(listener->heard, 1);
-  EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
-  EXPECT_TRUE(IsWindowEnabled(owner));
-}
-
 TEST_F(RealDialogTest, ADialogClosedByOkIsOffTheScreenBeforeTheHostsObjectsAreReleased) {
   auto options = create();
   HWND dialog = nullptr;

@@ -57,7 +57,7 @@ class FrmPasswordSetTest : public ::testing::Test {
   User& user = desk->user();
   FakeHost host;
   ScriptedMessageBoxes boxes{desk->screen()};
-  Messages messages{boxes};
+  Messages messages{desk->screen(), boxes};
   frmPasswordSet dialog{desk->screen(), messages};
 };
 

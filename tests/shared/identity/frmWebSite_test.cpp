@@ -29,7 +29,7 @@ class WebSiteDialogTest : public OptionsTest {
   ui::TextBox& url() { return form.txtWebSite[frmWebSite::url]; }
   ui::CommandButton& command(int index) { return form.cmdWebSite[index]; }
 
-  Messages messages{boxes};
+  Messages messages{desk->screen(), boxes};
   Platform platform = machine.platform(desk->screen(), boxes);
   frmWebSite form{platform, messages};
 };

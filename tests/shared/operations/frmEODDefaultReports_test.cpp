@@ -55,7 +55,7 @@ class EODDefaultReportsTest : public OptionsTest {
     boxes.shown.clear();
   }
 
-  Messages messages{boxes};
+  Messages messages{desk->screen(), boxes};
   std::vector<Text> titles;
 };
 

@@ -74,7 +74,7 @@ class ReportCaptionsDialogTest : public OptionsTest {
     EXPECT_TRUE(message.settingsGiven);
   }
 
-  Messages messages{boxes};
+  Messages messages{desk->screen(), boxes};
   std::vector<Text> titles;
   std::vector<Text> details;
 };

@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/testing/win32/gallery.h"
+#include "tests/testing/win32/windows_desk.h"
+#include "ui/win32/module.h"
+#include "ui/win32/raster.h"
+#include "ui/win32/thread_windows.h"
+
+// What only a real window shows: tool tips, masked texts, an arrow that is held down.
+namespace tillora::testing {
+namespace {
+
+class RealControlsTest : public ::testing::Test {
+ protected:
+  void show(const std::function<void()>& act) {
+    desk.whenShown([&](ui::Form&) { act(); });
+    gallery.showModal();
+  }
+  HWND window(const ui::Control& control) { return desk.windows().windowOf(control); }
+  /// Lets messages pass until it is so; a patient wait for the platform's timers.
+  bool soon(const std::function<bool()>& isSo) {
+    const ULONGLONG end = GetTickCount64() + 20000;
+    while (!isSo() && GetTickCount64() < end) {
+      MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
+      desk.windows().pumpUntilIdle();
+    }
+    return isSo();
+  }
+  /// The tool tips of the form.
+  HWND toolTips() {
+    for (const HWND tips : ui::win32::threadWindows()) {
+      wchar_t name[32] = L"";
+      GetClassNameW(tips, name, 32);
+      if (lstrcmpW(name, TOOLTIPS_CLASSW) == 0 && GetWindow(tips, GW_OWNER) == window(gallery)) {
+        return tips;
+      }
+    }
+    return nullptr;
+  }
+  std::wstring toolTipOf(const ui::Control& control) {
+    wchar_t text[128] = L"";
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = window(gallery);
+    tool.uId = reinterpret_cast<UINT_PTR>(window(control));
+    tool.lpszText = text;
+    SendMessageW(toolTips(), TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
+    return text;
+  }
+  static void moveTo(HWND control, POINT point) {
+    POINT onScreen = point;
+    ClientToScreen(control, &onScreen);
+    SetCursorPos(onScreen.x, onScreen.y);
+    PostMessageW(control, WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
+  }
+
+  WindowsDesk desk;
+  Gallery gallery{desk.screen()};
+  User& user = desk.user();
+};
+
+TEST_F(RealControlsTest, AToolTipPopsUpUnderTheMouse) {
+  show([&] {
+    ASSERT_NE(toolTips(), nullptr);
+    EXPECT_EQ(toolTipOf(gallery.name), L"A name of your choice");
+    SendMessageW(toolTips(), TTM_SETDELAYTIME, TTDT_INITIAL, 1);
+    EXPECT_FALSE(IsWindowVisible(toolTips()));
+    moveTo(window(gallery.name), {20, 8});
+    EXPECT_TRUE(soon([&] { return IsWindowVisible(toolTips()) != FALSE; }));
+  });
+}
+
+TEST_F(RealControlsTest, AToolTipFollowsItsControl) {
+  show([&] {
+    gallery.name.setToolTip(u"Another && one");
+    gallery.check.setToolTip(u"New");
+    EXPECT_EQ(toolTipOf(gallery.name), L"Another && one");
+    EXPECT_EQ(toolTipOf(gallery.check), L"New");
+    EXPECT_EQ(SendMessageW(toolTips(), TTM_GETTOOLCOUNT, 0, 0), 2);
+    gallery.check.setToolTip(u"");
+    EXPECT_EQ(SendMessageW(toolTips(), TTM_GETTOOLCOUNT, 0, 0), 1);
+  });
+}
+
+/// What the window shows, as pixels.
+std::vector<std::uint32_t> pictureOf(HWND control) {
+  RECT area{};
+  GetClientRect(control, &area);
+  const ui::win32::Raster raster(area.right, area.bottom);
+  const ui::win32::MemoryDc dc(CreateCompatibleDC(nullptr));
+  {
+    const ui::win32::Selection selected(dc.get(), raster.bitmap());
+    SendMessageW(control, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc.get()),
+                 PRF_CLIENT | PRF_ERASEBKGND);
+    GdiFlush();
+  }
+  return {raster.pixels().begin(), raster.pixels().end()};
+}
+
+TEST_F(RealControlsTest, APasswordLooksLikeAsManyStars) {
+  show([&] {
+    const HWND secret = window(gallery.secret);
+    EXPECT_EQ(SendMessageW(secret, EM_GETPASSWORDCHAR, 0, 0), L'*');
+    EXPECT_TRUE(GetWindowLongPtrW(secret, GWL_STYLE) & ES_PASSWORD);
+    // A plain box of the same size with stars in it.
+    RECT area{};
+    GetWindowRect(secret, &area);
+    const ui::win32::Window stars(
+        CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"******", WS_CHILD | ES_AUTOHSCROLL, 0, 0,
+                        area.right - area.left, area.bottom - area.top, GetParent(secret), nullptr,
+                        ui::win32::thisModule(), nullptr));
+    SendMessageW(stars.get(), WM_SETFONT, SendMessageW(secret, WM_GETFONT, 0, 0), FALSE);
+    const auto shown = pictureOf(secret);
+    EXPECT_EQ(shown, pictureOf(stars.get()));
+    SetWindowTextW(stars.get(), L"*****");
+    EXPECT_NE(shown, pictureOf(stars.get()));
+    SetWindowTextW(stars.get(), L"secret");
+    EXPECT_NE(shown, pictureOf(stars.get()));
+
+    user.click(gallery.secret);
+    user.selectAll();
+    user.type(u"abc");
+    user.click(gallery.name);
+    SetWindowTextW(stars.get(), L"***");
+    EXPECT_EQ(pictureOf(secret), pictureOf(stars.get()));
+    EXPECT_EQ(gallery.secret.text(), u"abc");
+  });
+}
+
+TEST_F(RealControlsTest, AnArrowOfAnUpDownThatIsHeldDownGoesOnStepByStep) {
+  std::vector<int> values;
+  gallery.upDown.change = [&] { values.push_back(gallery.upDown.value()); };
+  show([&] {
+    const HWND arrows = window(gallery.upDown);
+    const LPARAM up = MAKELPARAM(5, 3);
+    PostMessageW(arrows, WM_LBUTTONDOWN, MK_LBUTTON, up);
+    EXPECT_TRUE(soon([&] { return values.size() >= 4; }));
+    PostMessageW(arrows, WM_LBUTTONUP, 0, up);
+    EXPECT_TRUE(soon([&] { return GetCapture() != arrows; }));
+  });
+  ASSERT_GE(values.size(), 4U);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    EXPECT_EQ(values[i], static_cast<int>(i) + 1) << "one at a time";
+  }
+}
+
+}  // namespace
+}  // namespace tillora::testing

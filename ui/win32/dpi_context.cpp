@@ -1,0 +1,62 @@
+#include "ui/win32/dpi_context.h"
+
+namespace tillora::ui::win32 {
+namespace {
+
+// The platform's own names come with Windows 10; the library is to load on any.
+const HANDLE kSystemAware = reinterpret_cast<HANDLE>(INT_PTR{-2});
+constexpr int kPerMonitorAware = 2;
+
+/// The platform's functions; all null where it lacks one.
+struct Functions {
+  HANDLE(WINAPI* setThreadContext)(HANDLE) = nullptr;
+  HANDLE(WINAPI* threadContext)() = nullptr;
+  int(WINAPI* awarenessOf)(HANDLE) = nullptr;
+};
+
+template <class Function>
+bool find(Function& function, const char* name) {
+  function = reinterpret_cast<Function>(
+      reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleW(L"user32"), name)));
+  return function != nullptr;
+}
+
+Functions findFunctions() {
+  Functions found;
+  const bool all = find(found.setThreadContext, "SetThreadDpiAwarenessContext") &&
+                   find(found.threadContext, "GetThreadDpiAwarenessContext") &&
+                   find(found.awarenessOf, "GetAwarenessFromDpiAwarenessContext");
+  return all ? found : Functions{};
+}
+
+const Functions& functions() {
+  static const Functions found = findFunctions();
+  return found;
+}
+
+// The program's context while SystemScaling has changed it; else null.
+thread_local HANDLE programsContext = nullptr;
+
+}  // namespace
+
+SystemScaling::SystemScaling() : former_(nullptr) {
+  const Functions& call = functions();
+  if (!call.setThreadContext || call.awarenessOf(call.threadContext()) != kPerMonitorAware) return;
+  former_ = call.setThreadContext(kSystemAware);
+  programsContext = former_;
+}
+
+SystemScaling::~SystemScaling() {
+  if (!former_) return;
+  programsContext = nullptr;
+  functions().setThreadContext(former_);
+}
+
+ProgramsScaling::ProgramsScaling()
+    : ours_(programsContext ? functions().setThreadContext(programsContext) : nullptr) {}
+
+ProgramsScaling::~ProgramsScaling() {
+  if (ours_) functions().setThreadContext(ours_);
+}
+
+}  // namespace tillora::ui::win32
