@@ -26,6 +26,7 @@
 #include "support/win32/bstr.h"
 #include "support/win32/com_ptr.h"
 #include "tests/component/automation/event_listener.h"
+#include "tests/testing/win32/shown_dialogs.h"
 #include "ui/text.h"
 
 namespace tillora::testing {
@@ -132,28 +133,24 @@ int leaveAlive(DWORD apartment) {
   return 0;
 }
 
-struct Search {
-  HWND found = nullptr;
-};
-BOOL CALLBACK findDialog(HWND window, LPARAM search) {
-  wchar_t title[16] = L"";
+BOOL CALLBACK findDialog(HWND window, LPARAM found) {
   DWORD process = 0;
-  GetWindowTextW(window, title, 16);
   GetWindowThreadProcessId(window, &process);
+  wchar_t title[16] = L"";
+  GetWindowTextW(window, title, 16);
   if (process != GetCurrentProcessId() || std::wcscmp(title, L"Options") != 0 ||
       IsWindowVisible(window) == FALSE) {
     return TRUE;
   }
-  reinterpret_cast<Search*>(search)->found = window;
+  *reinterpret_cast<HWND*>(found) = window;
   return FALSE;
 }
 
-/// The component's dialog of this process, once it is shown.
-HWND waitForDialog() {
-  for (Search search;; Sleep(20)) {
-    EnumWindows(findDialog, reinterpret_cast<LPARAM>(&search));
-    if (search.found != nullptr) return search.found;
-  }
+/// The component's dialog of this process; null while none is shown.
+HWND dialog() {
+  HWND found = nullptr;
+  EnumWindows(findDialog, reinterpret_cast<LPARAM>(&found));
+  return found;
 }
 
 /// The objects of the reference host, which lies beside the component.
@@ -208,7 +205,10 @@ int showAndHear(const wchar_t* database, DWORD apartment) {
   {
     const auto options = createOver(database);
     if (!options) return 1;
-    const auto listener = EventListener::make([](LONG&) {
+    const auto listener = EventListener::make([thread = GetCurrentThreadId()](LONG&) {
+      std::printf("dialog: %s\n", GetWindowThreadProcessId(dialog(), nullptr) == thread
+                                      ? "in the caller's thread"
+                                      : "in another thread");
       std::printf("changes heard\n");
       return S_OK;
     });
@@ -216,14 +216,7 @@ int showAndHear(const wchar_t* database, DWORD apartment) {
     const auto point = connectionPoint(*options.get());
     std::printf("advise: 0x%08lX\n",
                 static_cast<unsigned long>(point->Advise(listener.get(), &cookie)));
-    std::thread watcher([thread = GetCurrentThreadId()] {
-      const HWND dialog = waitForDialog();
-      std::printf("dialog: %s\n", GetWindowThreadProcessId(dialog, nullptr) == thread
-                                      ? "in the caller's thread"
-                                      : "in another thread");
-    });
     printShow(*options.get());
-    watcher.join();
     point->Unadvise(cookie);
     std::printf("listener released: %s\n", yesOrNo(listener->references() == 1));
   }
@@ -236,11 +229,13 @@ int leaveOpen(const wchar_t* database) {
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   const auto options = createOver(database);
   if (!options) return 1;
-  std::thread([] {
-    waitForDialog();
-    std::printf("leaving\n");
+  ShownDialogs dialogs(GetCurrentThreadId());
+  std::thread([&dialogs] {
+    const bool shown =
+        dialogs.waitUntil(std::chrono::seconds(60), [] { return dialog() != nullptr; });
+    std::printf(shown ? "leaving\n" : "no dialog was shown\n");
     std::fflush(stdout);
-    ExitProcess(0);
+    ExitProcess(shown ? 0 : 4);
   }).detach();
   printShow(*options.get());
   return 2;  // the other thread should have ended it

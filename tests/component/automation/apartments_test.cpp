@@ -5,9 +5,9 @@
 
 #include "component/automation/dispatch_object.h"
 #include "tests/component/automation/automation_host.h"
-#include "tests/component/automation/dialog_person.h"
 #include "tests/component/automation/event_listener.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/win32/dialog_person.h"
 
 // The component belongs to a single-threaded apartment; hosts of other threads reach it through the
 // system, which needs the registered type library.
@@ -41,7 +41,7 @@ class WindowThread {
     id_ = started.get_future().get();
   }
   ~WindowThread() {
-    PostThreadMessageW(id_, WM_QUIT, 0, 0);
+    PostThreadMessageW(id_, kEnd, 0, 0);
     thread_.join();
   }
   WindowThread(const WindowThread&) = delete;
@@ -57,13 +57,17 @@ class WindowThread {
 
  private:
   static constexpr UINT kRun = WM_APP + 1;
+  static constexpr UINT kEnd = WM_APP + 2;
 
   static void loop(std::promise<DWORD>& started) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     MSG message;
     PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // makes the queue
     started.set_value(GetCurrentThreadId());
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    // It survives a WM_QUIT, with which a dialog that would not close may have been ended.
+    for (;;) {
+      if (GetMessageW(&message, nullptr, 0, 0) <= 0) continue;
+      if (message.hwnd == nullptr && message.message == kEnd) break;
       if (message.hwnd == nullptr && message.message == kRun) {
         (*reinterpret_cast<std::packaged_task<void()>*>(message.lParam))();
       } else {
@@ -144,10 +148,12 @@ TEST_F(ApartmentsTest, AHostInTheMultiThreadedApartmentIsServedFromTheObjectsOwn
       DWORD cookie = 0;
       const auto point = connectionPoint(*options.get());
       ASSERT_EQ(point->Advise(listener.get(), &cookie), S_OK);
-      DialogPerson person([&](HWND dialog) {
-        dialogThread = GetWindowThreadProcessId(dialog, nullptr);
-        renameAndApply();
-      });
+      DialogPerson person(
+          [&](HWND dialog) {
+            dialogThread = GetWindowThreadProcessId(dialog, nullptr);
+            renameAndApply();
+          },
+          1, owner.id());
       show(*options.get());
       EXPECT_EQ(person.finish(), 1);
       EXPECT_EQ(server.liveObjects(), 1);
@@ -203,10 +209,12 @@ TEST_F(ApartmentsTest, AnotherThreadMayShowTheDialogOfAThreadWithAMessageLoop) {
     ComPtr<_Options> proxy;
     ASSERT_EQ(CoGetInterfaceAndReleaseStream(passed, IID__Options, proxy.outVoid()), S_OK);
     EXPECT_NE(proxy.get(), options.get());
-    DialogPerson person([&](HWND dialog) {
-      dialogThread = GetWindowThreadProcessId(dialog, nullptr);
-      renameAndApply();
-    });
+    DialogPerson person(
+        [&](HWND dialog) {
+          dialogThread = GetWindowThreadProcessId(dialog, nullptr);
+          renameAndApply();
+        },
+        1, owner.id());
     show(*proxy.get());
     EXPECT_EQ(person.finish(), 1);
     VARIANT_BOOL changed = VARIANT_TRUE;
@@ -220,27 +228,6 @@ TEST_F(ApartmentsTest, AnotherThreadMayShowTheDialogOfAThreadWithAMessageLoop) {
     EXPECT_EQ(server.liveObjects(), 0);
     expectReleased(*objects);
     objects.reset();
-  });
-}
-
-BOOL CALLBACK closeDialog(HWND window, LPARAM closed) {
-  wchar_t title[16] = L"";
-  GetWindowTextW(window, title, 16);
-  if (std::wstring(title) != L"Options" || IsWindowVisible(window) == FALSE) return TRUE;
-  PostMessageW(window, WM_CLOSE, 0, 0);
-  *reinterpret_cast<bool*>(closed) = true;
-  return FALSE;
-}
-
-/// Closes the dialog of a thread as soon as it is shown.
-std::thread dialogCloser(DWORD thread) {
-  return std::thread([thread] {
-    bool closed = false;
-    for (int attempt = 0; attempt < 1000 && !closed; ++attempt) {
-      Sleep(10);
-      EnumThreadWindows(thread, closeDialog, reinterpret_cast<LPARAM>(&closed));
-    }
-    EXPECT_TRUE(closed);
   });
 }
 
@@ -258,9 +245,9 @@ TEST_F(ApartmentsTest, EachThreadMayHaveADialogOfItsOwn) {
         const auto another = server.create();
         give(*another.get(), others);
         EXPECT_EQ(server.liveObjects(), 2);
-        std::thread closer = dialogCloser(second.id());
+        DialogPerson otherPerson([](HWND) {});
         show(*another.get());
-        closer.join();
+        EXPECT_EQ(otherPerson.finish(), 1);
       });
       EXPECT_TRUE(IsWindow(dialog));
       EXPECT_TRUE(IsWindowEnabled(dialog));

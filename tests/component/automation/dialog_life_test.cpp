@@ -20,7 +20,7 @@
 #include "tests/component/automation/event_listener.h"
 #include "tests/component/automation/server_library.h"
 #include "tests/testing/options_test.h"
-#include "tests/testing/win32/watchdog.h"
+#include "tests/testing/win32/loop_watchdog.h"
 #include "tests/testing/win32/windows_desk.h"
 #include "ui/win32/thread_windows.h"
 
@@ -66,7 +66,7 @@ class SubDialogTest : public OptionsTest {
       }
       ++shown;
     };
-    const Watchdog watchdog;
+    const LoopWatchdog watchdog;
     EXPECT_TRUE(options_.ShowOptions());
     EXPECT_EQ(shown, presses.size() + 1);
     EXPECT_FALSE(IsWindow(owner));
@@ -151,7 +151,7 @@ class LibraryLifeTest : public ::testing::Test {
     steps = std::move(wanted);
     current = this;
     const UINT_PTR timer = SetTimer(nullptr, 0, 5, &tick);
-    const Watchdog watchdog;
+    const LoopWatchdog watchdog;
     VARIANT_BOOL shown = VARIANT_FALSE;
     const HRESULT result = options.ShowOptions(&shown);
     EXPECT_EQ(shown, SUCCEEDED(result) ? VARIANT_TRUE : VARIANT_FALSE);

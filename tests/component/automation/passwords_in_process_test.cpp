@@ -13,8 +13,8 @@
 
 #include "component/options_tab.h"
 #include "tests/component/automation/automation_host.h"
-#include "tests/component/automation/dialog_person.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/win32/dialog_person.h"
 #include "tests/testing/win32/other_program.h"
 #include "tests/testing/win32/process_memory.h"
 
@@ -104,7 +104,7 @@ class PasswordsInProcessTest : public ::testing::Test {
   ~PasswordsInProcessTest() override { DestroyWindow(owner_); }
 
   /// Shows the dialog to a person who does this; searches the memory when ShowOptions has returned.
-  HRESULT show(std::function<void()> act) {
+  HRESULT show(const std::function<void()>& act) {
     const auto options = server.create();
     options->putref_DBJetObject(automationHost.database.get());
     options->putref_AppObject(automationHost.app.get());
@@ -114,8 +114,9 @@ class PasswordsInProcessTest : public ::testing::Test {
     options->put_SelectedTab(static_cast<short>(TabPage::security));
     HRESULT result = E_FAIL;
     {
-      DialogPerson person([this, act = std::move(act)](HWND dialog) {
+      DialogPerson person([&](HWND dialog) {
         dialog_ = dialog;
+        person_ = &person;
         act();
       });
       VARIANT_BOOL shown = VARIANT_FALSE;
@@ -162,17 +163,7 @@ class PasswordsInProcessTest : public ::testing::Test {
     press(VK_RETURN);
     waitFor(kDialog);
   }
-  void waitFor(const wchar_t* title) {
-    for (int attempt = 0; attempt < 500; ++attempt) {
-      const HWND window = FindWindowW(nullptr, title);
-      if (window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window) &&
-          hasKeyboard(window)) {
-        return;
-      }
-      Sleep(10);
-    }
-    ADD_FAILURE() << "never shown: " << toUtf8(win32::fromWide(title));
-  }
+  void waitFor(const wchar_t* title) { EXPECT_TRUE(person_->waitFor(title)); }
 
   /// What another program reads in the windows, and what the tool tips say.
   void lookAround() {
@@ -219,6 +210,7 @@ class PasswordsInProcessTest : public ::testing::Test {
  private:
   HWND owner_;
   HWND dialog_ = nullptr;
+  DialogPerson* person_ = nullptr;
   std::string seen_;
   int toolTips_ = 0;
 };

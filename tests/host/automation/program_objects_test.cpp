@@ -4,6 +4,7 @@
 #include "host/automation/class_factory.h"
 #include "host/options_saved_message.h"
 #include "tests/host/automation/late_bound.h"
+#include "tests/testing/win32/dialog_person.h"
 
 namespace tillora::host::automation {
 namespace {
@@ -45,9 +46,9 @@ class Listener {
     heard_ = 0;
     const ULONGLONG end = GetTickCount64() + 5000;
     MSG message;
-    while (heard_ == 0 && GetTickCount64() < end) {
+    for (ULONGLONG now = GetTickCount64(); heard_ == 0 && now < end; now = GetTickCount64()) {
+      MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
       while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-      Sleep(1);
     }
     return heard_;
   }
@@ -76,55 +77,55 @@ TEST(MessageSenderObjectTest, EveryTopLevelWindowHearsTheTimeOfTheSave) {
   EXPECT_EQ(listener.wait(), when);
 }
 
-/// Presses a button of the message box with this title as soon as it is there.
+/// Reads the texts of the next message box of the thread and presses a button of it.
 class Presser {
  public:
-  Presser(const wchar_t* title, int button) {
-    title_ = title;
-    button_ = button;
-    texts_.clear();
-    timer_ = SetTimer(nullptr, 0, 20, tick);
-  }
-  Presser(const Presser&) = delete;
-  Presser& operator=(const Presser&) = delete;
-  ~Presser() { KillTimer(nullptr, timer_); }
+  explicit Presser(int button)
+      : person_([this, button](HWND box) {
+          wchar_t title[64]{};
+          GetWindowTextW(box, title, 64);
+          title_ = win32::fromWide(title);
+          EnumChildWindows(box, collect, reinterpret_cast<LPARAM>(&texts_));
+          PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        }) {}
 
-  static const Text& texts() { return texts_; }
+  /// All of them, each with a slash behind it.
+  const Text& texts() {
+    EXPECT_EQ(person_.finish(), 1);
+    return texts_;
+  }
+  /// After texts().
+  const Text& title() const { return title_; }
 
  private:
-  static BOOL CALLBACK collect(HWND child, LPARAM) {
+  static BOOL CALLBACK collect(HWND child, LPARAM texts) {
     wchar_t text[512];
-    texts_ += win32::fromWide(text, static_cast<std::size_t>(GetWindowTextW(child, text, 512)));
-    texts_ += u'/';
+    const auto length = static_cast<std::size_t>(GetWindowTextW(child, text, 512));
+    *reinterpret_cast<Text*>(texts) += win32::fromWide(text, length) + u'/';
     return TRUE;
   }
-  static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
-    const HWND box = FindWindowW(L"#32770", title_);
-    if (box == nullptr || !texts_.empty()) return;
-    EnumChildWindows(box, collect, 0);
-    PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button_), 0);
-  }
 
-  static inline const wchar_t* title_ = nullptr;
-  static inline int button_ = 0;
-  static inline Text texts_;
-  UINT_PTR timer_ = 0;
+  Text title_;
+  Text texts_;
+  testing::DialogPerson person_;
 };
 
 TEST(HostMessageBoxObjectTest, ShowsTheTextsAndReturnsTheButton) {
   const LateBound box = make(kHostMessageBoxClass);
   EXPECT_EQ(box.put(L"SettingsStore", static_cast<IDispatch*>(nullptr)).result, S_OK);
   {
-    const Presser presser(L"Delete grade", IDNO);
+    Presser presser(IDNO);
     const Answer answer =
         box.call(L"Show", u"Are you sure ?", std::int32_t{292}, u"Delete grade", u"It is used.");
     EXPECT_EQ(answer.value.get().lVal, IDNO);
-    EXPECT_NE(Presser::texts().find(u"Are you sure ?\r\n\r\nIt is used."), Text::npos)
-        << toUtf8(Presser::texts());
+    EXPECT_NE(presser.texts().find(u"Are you sure ?\r\n\r\nIt is used."), Text::npos)
+        << toUtf8(presser.texts());
+    EXPECT_EQ(presser.title(), u"Delete grade");
   }
-  const Presser presser(L"Tillora", IDOK);
+  Presser presser(IDOK);
   EXPECT_EQ(box.call(L"Show", u"Wrong.", std::int32_t{48}, u"Tillora").value.get().lVal, IDOK);
-  EXPECT_NE(Presser::texts().find(u"Wrong.\u002F"), Text::npos) << toUtf8(Presser::texts());
+  EXPECT_NE(presser.texts().find(u"Wrong./"), Text::npos) << toUtf8(presser.texts());
+  EXPECT_EQ(presser.title(), u"Tillora");
 }
 
 TEST(HostMessageBoxObjectTest, TheSecondaryTextMayBeLeftOut) {

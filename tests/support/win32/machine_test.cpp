@@ -10,19 +10,20 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <thread>
 
 #include "support/win32/code_page.h"
 #include "support/win32/file_dialogs.h"
 #include "support/win32/file_system.h"
 #include "support/win32/user_registry.h"
 #include "support/win32/wide_text.h"
+#include "tests/testing/win32/dialog_person.h"
 #include "ui/error.h"
 
 namespace tillora::win32 {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::DialogPerson;
 
 /// A folder with letters of several scripts in its name.
 class MachineTest : public ::testing::Test {
@@ -216,33 +217,17 @@ TEST_F(UserRegistryTest, WhatCannotBeDoneIsAnError) {
   EXPECT_THROW(key->removeValue(u"Missing"), Error);
 }
 
-/// Answers the dialog with this title from another thread.
-class Answer {
- public:
-  Answer(std::wstring title, const fs::path& file)
-      : thread_([title = std::move(title), file] {
-          HWND dialog = nullptr;
-          for (int i = 0; i < 200 && !IsWindowVisible(dialog); ++i) {
-            Sleep(50);
-            dialog = FindWindowW(nullptr, title.c_str());
-          }
-          Sleep(300);
-          if (!file.empty()) {
-            const std::wstring name = file.wstring();
-            for (const int box : {cmb13, edt1}) {
-              const HWND edit = GetDlgItem(dialog, box);
-              if (edit) SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-            }
-          }
-          PostMessageW(dialog, WM_COMMAND, file.empty() ? IDCANCEL : IDOK, 0);
-        }) {}
-  ~Answer() { thread_.join(); }
-  Answer(const Answer&) = delete;
-  Answer& operator=(const Answer&) = delete;
-
- private:
-  std::thread thread_;
-};
+/// Chooses a file in a file dialog, or none.
+void answer(HWND dialog, const fs::path& file) {
+  if (!file.empty()) {
+    const std::wstring name = file.wstring();
+    for (const int box : {cmb13, edt1}) {
+      const HWND edit = GetDlgItem(dialog, box);
+      if (edit) SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    }
+  }
+  PostMessageW(dialog, WM_COMMAND, file.empty() ? IDCANCEL : IDOK, 0);
+}
 
 TEST_F(MachineTest, AFileDialogAsksForExistingFilesAndFollowsShortcutsUnlessTheyAreWanted) {
   OPENFILENAMEW asked{};
@@ -272,7 +257,7 @@ TEST_F(MachineTest, AFileDialogAsksForExistingFilesAndFollowsShortcutsUnlessThey
 TEST_F(MachineTest, AShortcutThatWasChosenIsGivenItself) {
   write("news.url", "[InternetShortcut]\r\nURL=https://news.example/?a=1\r\n");
   SystemFileDialogs dialogs(nullptr);
-  const Answer answer(L"Choose a shortcut.", folder / "news.url");
+  DialogPerson person([&](HWND dialog) { answer(dialog, folder / "news.url"); });
   const std::optional<Text> chosen = dialogs.open({.title = u"Choose a shortcut.",
                                                    .filter = u"Shortcut (*.URL)",
                                                    .pattern = u"*.URL",
@@ -286,7 +271,7 @@ TEST_F(MachineTest, TheFileThatWasChosenIsGivenWithItsPath) {
   SystemFileDialogs dialogs(nullptr);
   wchar_t before[MAX_PATH];
   GetCurrentDirectoryW(MAX_PATH, before);
-  const Answer answer(L"Choose the file.", folder / "chosen.url");
+  DialogPerson person([&](HWND dialog) { answer(dialog, folder / "chosen.url"); });
   EXPECT_EQ(dialogs.open(
                 {.title = u"Choose the file.", .filter = u"Shortcut (*.URL)", .pattern = u"*.URL"}),
             path("chosen.url"));
@@ -297,7 +282,7 @@ TEST_F(MachineTest, TheFileThatWasChosenIsGivenWithItsPath) {
 
 TEST_F(MachineTest, ACancelledFileDialogGivesNone) {
   SystemFileDialogs dialogs(nullptr);
-  const Answer answer(L"Choose nothing.", {});
+  DialogPerson person([](HWND dialog) { answer(dialog, {}); });
   EXPECT_EQ(dialogs.open({.title = u"Choose nothing.", .filter = u"All files", .pattern = u"*.*"}),
             std::nullopt);
 }

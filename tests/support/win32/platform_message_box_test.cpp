@@ -4,35 +4,31 @@
 
 #include <windows.h>
 
-#include <thread>
 #include <vector>
 
 #include "support/win32/wide_text.h"
+#include "tests/testing/win32/dialog_person.h"
 
 namespace tillora::win32 {
 namespace {
 
-/// Waits for a message box with this title, reads its text and presses a button.
+using testing::DialogPerson;
+
+/// Reads the text of the next message box of the thread and presses a button of it.
 class Presser {
  public:
-  Presser(const wchar_t* title, int button)
-      : thread_([this, title, button] {
-          HWND box = nullptr;
-          for (int attempt = 0; attempt < 200 && box == nullptr; ++attempt) {
-            Sleep(10);
-            box = FindWindowW(L"#32770", title);
-          }
-          // One with another title must not wait for somebody for ever.
-          if (box == nullptr) box = FindWindowW(L"#32770", nullptr);
-          if (box == nullptr) return;
+  explicit Presser(int button)
+      : person_([this, button](HWND box) {
           lookAt(box);
           PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
         }) {}
 
   Text text() {
-    thread_.join();
+    EXPECT_EQ(person_.finish(), 1);
     return text_;
   }
+  /// After text(): the title of the box.
+  const Text& title() const { return title_; }
   /// Of the box's texts, after text(): none of them takes an ampersand for an access key.
   bool ampersandsShow() const { return ampersandsShow_; }
   /// After text(): all buttons can be seen and clicked.
@@ -40,6 +36,9 @@ class Presser {
 
  private:
   void lookAt(HWND box) {
+    wchar_t title[64]{};
+    GetWindowTextW(box, title, 64);
+    title_ = fromWide(title);
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromWindow(box, MONITOR_DEFAULTTOPRIMARY), &monitor);
@@ -65,28 +64,30 @@ class Presser {
 
   bool ampersandsShow_ = true;
   bool buttonsAreOnScreen_ = true;
+  Text title_;
   Text text_;
-  std::thread thread_;
+  DialogPerson person_;
 };
 
 TEST(PlatformMessageBoxTest, ShowsBothTextsAndSaysWhichButtonWasPressed) {
-  Presser presser(L"Box of the test", IDYES);
+  Presser presser(IDYES);
   PlatformMessageBox box(nullptr);
   box.setSettingsStore(nullptr);
   EXPECT_EQ(box.show(u"First.", message_style::questionYesNo, u"Box of the test", u"Second."),
             MessageResult::yes);
   EXPECT_NE(presser.text().find(u"First.\r\n\r\nSecond."), Text::npos);
+  EXPECT_EQ(presser.title(), u"Box of the test");
 }
 
 TEST(PlatformMessageBoxTest, AnswersOkAndNo) {
   {
-    Presser presser(L"Warning of the test", IDOK);
+    Presser presser(IDOK);
     EXPECT_EQ(PlatformMessageBox(nullptr).show(u"Text.", message_style::exclamation,
                                                u"Warning of the test", u""),
               MessageResult::ok);
     presser.text();
   }
-  Presser presser(L"Question of the test", IDNO);
+  Presser presser(IDNO);
   EXPECT_EQ(PlatformMessageBox(nullptr).show(u"Text.", message_style::questionYesNo,
                                              u"Question of the test", u""),
             MessageResult::no);
@@ -97,11 +98,12 @@ TEST(PlatformMessageBoxTest, WhateverTheTextHoldsStaysText) {
   const Text shown = u"100% %s%n%1 &File && <b> {0} \\n 'q' \"\r\nx after";
   Text odd = shown;
   odd[odd.rfind(u' ')] = u'\0';
-  Presser presser(L"A & B %s tail", IDYES);
+  Presser presser(IDYES);
   EXPECT_EQ(PlatformMessageBox(nullptr).show(odd, message_style::questionYesNo,
                                              Text(u"A & B %s\0tail", 13), odd),
             MessageResult::yes);
   EXPECT_NE(presser.text().find(shown + u"\r\n\r\n" + shown + u"|"), Text::npos);
+  EXPECT_EQ(presser.title(), u"A & B %s tail");
   EXPECT_TRUE(presser.ampersandsShow());
 }
 
@@ -110,7 +112,7 @@ TEST(PlatformMessageBoxTest, AVeryLongTextLeavesTheButtonsInReach) {
     Text text = u"It begins ";
     while (text.size() < 10000) text += part;
     text += u" and ends.";
-    Presser presser(L"Long text of the test", IDNO);
+    Presser presser(IDNO);
     EXPECT_EQ(PlatformMessageBox(nullptr).show(text, message_style::questionYesNo,
                                                u"Long text of the test", u"Really?"),
               MessageResult::no);

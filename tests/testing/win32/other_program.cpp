@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/win32/wide_text.h"
+
 namespace tillora::testing {
 namespace {
 
@@ -15,7 +17,7 @@ struct HandleCloser {
 };
 using Handle = std::unique_ptr<void, HandleCloser>;
 
-std::wstring beside(const wchar_t* name) {
+std::wstring beside(const std::wstring& name) {
   std::array<wchar_t, MAX_PATH> program{};
   const std::wstring whole(program.data(),
                            GetModuleFileNameW(nullptr, program.data(), program.size()));
@@ -24,7 +26,7 @@ std::wstring beside(const wchar_t* name) {
 
 }  // namespace
 
-std::string drive(const std::wstring& arguments) {
+ProgramRun runBeside(const std::wstring& name, const std::wstring& arguments) {
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   HANDLE ends[2]{};
   if (!CreatePipe(&ends[0], &ends[1], &inherited, 0)) throw std::runtime_error("CreatePipe");
@@ -37,26 +39,31 @@ std::string drive(const std::wstring& arguments) {
   startup.dwFlags = STARTF_USESTDHANDLES;
   startup.hStdOutput = startup.hStdError = writing.get();
   PROCESS_INFORMATION process{};
-  std::wstring line = L"\"" + beside(L"drive.exe") + L"\" " + arguments;
+  std::wstring line = L"\"" + beside(name) + L"\" " + arguments;
   if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
                       nullptr, &startup, &process)) {
-    throw std::runtime_error("drive.exe cannot be run: " + std::to_string(GetLastError()));
+    throw std::runtime_error(toUtf8(win32::fromWide(name.c_str())) +
+                             " cannot be run: " + std::to_string(GetLastError()));
   }
   const Handle running(process.hProcess);
   const Handle thread(process.hThread);
   writing.reset();
 
-  std::string printed;
+  ProgramRun run;
   std::array<char, 4096> part{};
   for (DWORD read = 0;
        ReadFile(reading.get(), part.data(), part.size(), &read, nullptr) && read != 0;) {
-    printed.append(part.data(), read);
+    run.printed.append(part.data(), read);
   }
   WaitForSingleObject(running.get(), INFINITE);
-  DWORD code = 1;
-  GetExitCodeProcess(running.get(), &code);
-  if (code != 0) throw std::runtime_error("drive.exe: " + printed);
-  return printed;
+  GetExitCodeProcess(running.get(), &run.exitCode);
+  return run;
+}
+
+std::string drive(const std::wstring& arguments) {
+  const ProgramRun run = runBeside(L"drive.exe", arguments);
+  if (run.exitCode != 0) throw std::runtime_error("drive.exe: " + run.printed);
+  return run.printed;
 }
 
 }  // namespace tillora::testing

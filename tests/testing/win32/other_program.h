@@ -4,8 +4,17 @@
 
 namespace tillora::testing {
 
-/// Runs drive.exe, which lies beside the test program, and gives what it printed (UTF-8); throws
-/// std::runtime_error where it cannot be run or fails.
+struct ProgramRun {
+  unsigned long exitCode = 0;
+  std::string printed;  ///< standard output and errors
+};
+
+/// Runs a program that lies beside the test program; throws std::runtime_error where it cannot be
+/// run.
+ProgramRun runBeside(const std::wstring& name, const std::wstring& arguments);
+
+/// Runs drive.exe and gives what it printed (UTF-8); throws std::runtime_error where it cannot be
+/// run or fails.
 std::string drive(const std::wstring& arguments);
 
 }  // namespace tillora::testing

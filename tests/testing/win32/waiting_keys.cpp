@@ -2,42 +2,33 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-
 #include "tests/testing/win32/key_strokes.h"
+#include "tests/testing/win32/thread_of_window.h"
 
 namespace tillora::testing {
 namespace {
 
 constexpr WORD kMark = VK_F24;
-constexpr UINT kPatience = 10000;
-constexpr UINT kPoll = 5;
+constexpr DWORD kPatience = 10000;  // milliseconds
 
-std::atomic<WORD> taken = 0;
-
-class Hook {
- public:
-  Hook(int kind, HOOKPROC procedure, DWORD thread)
-      : hook_(SetWindowsHookExW(kind, procedure, nullptr, thread)) {}
-  Hook(const Hook&) = delete;
-  Hook& operator=(const Hook&) = delete;
-  ~Hook() { UnhookWindowsHookEx(hook_); }
-
- private:
-  HHOOK hook_;
+/// What the hooks look for and report. They run on the thread of the window.
+struct Strike {
+  HWND front = nullptr;
+  WORD mark = 0;
+  HANDLE over = CreateEventW(nullptr, TRUE, FALSE, nullptr);
 };
-
-UINT strikeMessage() {
-  static const UINT message = RegisterWindowMessageW(L"TilloraOptionsTests.Strike");
-  return message;
+Strike& current() {
+  static Strike strike;
+  return strike;
 }
 
-// Struck on the window's own thread no key is apart from its modifiers: between them Wine may find
-// that they are up on the display's keyboard, and lets them go.
-LRESULT CALLBACK strikeOnItsThread(int code, WPARAM sender, LPARAM parameter) {
+LRESULT CALLBACK noticeEnd(int code, WPARAM sender, LPARAM parameter) {
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(parameter);
-  if (code == HC_ACTION && sent.message == strikeMessage()) {
-    sendInputs(*reinterpret_cast<const std::vector<INPUT>*>(sent.lParam));
+  if (code == HC_ACTION && sent.hwnd == current().front) {
+    const bool hidden =
+        sent.message == WM_WINDOWPOSCHANGED &&
+        (reinterpret_cast<const WINDOWPOS*>(sent.lParam)->flags & SWP_HIDEWINDOW) != 0;
+    if (hidden || sent.message == WM_DESTROY) SetEvent(current().over);
   }
   return CallNextHookEx(nullptr, code, sender, parameter);
 }
@@ -46,7 +37,8 @@ LRESULT CALLBACK takeMark(int code, WPARAM remove, LPARAM parameter) {
   auto& message = *reinterpret_cast<MSG*>(parameter);
   if (code == HC_ACTION && remove == PM_REMOVE && message.wParam == kMark &&
       (message.message == WM_KEYDOWN || message.message == WM_KEYUP)) {
-    if (message.message == WM_KEYUP) taken = LOBYTE(HIWORD(message.lParam));
+    const WORD mark = LOBYTE(HIWORD(message.lParam));
+    if (message.message == WM_KEYUP && mark == current().mark) SetEvent(current().over);
     message.message = WM_NULL;
   }
   return CallNextHookEx(nullptr, code, remove, parameter);
@@ -54,29 +46,26 @@ LRESULT CALLBACK takeMark(int code, WPARAM remove, LPARAM parameter) {
 
 }  // namespace
 
-// A last key, which nobody gets to see, is taken when the others have been dealt with.
+// A last key, which nobody gets to see, is taken when the others have been processed.
 void strikeAndWait(std::vector<INPUT> inputs) {
-  static WORD mark = 0;
-  mark = mark % 100 + 1;  // one that was left behind when its window closed is not taken for this
+  Strike& strike = current();
+  strike.mark =
+      strike.mark % 100 + 1;  // one that was left behind by a window that closed is another
   for (const bool up : {false, true}) {
     inputs.push_back(keyInput(kMark, up));
-    inputs.back().ki.wScan = mark;
+    inputs.back().ki.wScan = strike.mark;
   }
-  const HWND front = GetForegroundWindow();
-  const DWORD thread = GetWindowThreadProcessId(front, nullptr);
-  const Hook marks(WH_GETMESSAGE, &takeMark, thread);
-  {
-    const Hook strikes(WH_CALLWNDPROC, &strikeOnItsThread, thread);
-    SendMessageTimeoutW(front, strikeMessage(), 0, reinterpret_cast<LPARAM>(&inputs), SMTO_NORMAL,
-                        kPatience, nullptr);
-  }
-  for (UINT waited = 0; taken != mark && IsWindowVisible(front) != FALSE; waited += kPoll) {
-    if (waited >= kPatience) {
-      ADD_FAILURE() << "the window in front deals with no keys";
-      return;
-    }
-    Sleep(kPoll);
-  }
+  strike.front = GetForegroundWindow();
+  ResetEvent(strike.over);
+  const DWORD thread = GetWindowThreadProcessId(strike.front, nullptr);
+  const ThreadHook marks(WH_GETMESSAGE, &takeMark, thread);
+  const ThreadHook ends(WH_CALLWNDPROC, &noticeEnd, thread);
+  // Struck on the window's own thread no key is apart from its modifiers: between them Wine may find
+  // that they are up on the display's keyboard, and lets them go.
+  const bool struck = runOnThreadOf(strike.front, [&] { sendInputs(inputs); }, kPatience);
+  if (IsWindowVisible(strike.front) == FALSE) return;  // gone before anybody listened
+  if (struck && WaitForSingleObject(strike.over, kPatience) == WAIT_OBJECT_0) return;
+  ADD_FAILURE() << "the window in front does not process its keys";
 }
 
 }  // namespace tillora::testing

@@ -2,47 +2,38 @@
 
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <string>
 #include <thread>
 
 namespace tillora::testing {
 
-/// Fails a test that waits in a message loop for ever: ends the loops of its thread, as the
-/// program's end does.
-class Watchdog {
+/// Ends the test program when a single test takes too long, and says which test it was and what
+/// windows the program has: a test that hangs is a failure, not the end of the whole run.
+class Watchdog final : public ::testing::EmptyTestEventListener {
  public:
-  explicit Watchdog(std::chrono::seconds patience = std::chrono::seconds(30))
-      : thread_([this, patience, watched = GetCurrentThreadId()] { watch(patience, watched); }) {}
-  Watchdog(const Watchdog&) = delete;
-  Watchdog& operator=(const Watchdog&) = delete;
-  ~Watchdog() {
-    {
-      const std::lock_guard lock(mutex_);
-      over_ = true;
-    }
-    changed_.notify_one();
-    thread_.join();
-    EXPECT_FALSE(barked_) << "a message loop did not end";
-    MSG message{};
-    if (barked_) PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
-  }
+  /// The exit code of a program that was ended.
+  static constexpr unsigned kExitCode = 124;
+  /// Seconds that a test may take, where other than 300.
+  static constexpr const char* kVariable = "TILLORA_TEST_SECONDS";
+
+  void OnTestProgramStart(const ::testing::UnitTest& program) override;
+  void OnTestStart(const ::testing::TestInfo& test) override;
+  void OnTestEnd(const ::testing::TestInfo& test) override;
+  void OnTestProgramEnd(const ::testing::UnitTest& program) override;
 
  private:
-  void watch(std::chrono::seconds patience, DWORD watched) {
-    std::unique_lock lock(mutex_);
-    if (changed_.wait_for(lock, patience, [this] { return over_; })) return;
-    barked_ = true;
-    PostThreadMessageW(watched, WM_QUIT, 0, 0);
-  }
+  void watch();
+  [[noreturn]] void endProgram() const;
 
+  std::chrono::seconds limit_{300};
   std::mutex mutex_;
   std::condition_variable changed_;
-  bool over_ = false;
-  bool barked_ = false;
+  std::string test_;  // empty between tests
+  std::chrono::steady_clock::time_point end_;
+  bool stopped_ = false;
   std::thread thread_;
 };
 

@@ -56,6 +56,8 @@ class WindowsDesk final : public Desk {
 
  private:
   void shown(ui::Form& form);
+  /// Deals with all that the display still has to say about the focus.
+  void settle();
 
   ui::win32::Window host_;
   ui::win32::Screen screen_;

@@ -10,7 +10,7 @@
 
 #include "support/win32/platform_message_box.h"
 #include "tests/testing/win32/gallery.h"
-#include "tests/testing/win32/watchdog.h"
+#include "tests/testing/win32/loop_watchdog.h"
 #include "tests/testing/win32/windows_desk.h"
 #include "ui/win32/dpi_context.h"
 #include "ui/win32/module.h"
@@ -109,7 +109,7 @@ class ModalRunTest : public ::testing::Test {
         act();
       }
     };
-    const Watchdog watchdog;
+    const LoopWatchdog watchdog;
     level(0).showModal();
     EXPECT_EQ(shown, depth);
   }
@@ -481,7 +481,7 @@ class BusyFormTest : public ModalRunTest {
       gallery.apply.click = act;
       post(gallery.apply);
     };
-    const Watchdog watchdog;
+    const LoopWatchdog watchdog;
     gallery.showModal();
   }
   void post(const ui::Control& button) {
