@@ -19,6 +19,14 @@ class ShopTest : public ShopFixture {
     shop.dump(out);
     return out.str();
   }
+
+  static std::set<Text> accountNames(const Shop& shop) {
+    std::set<Text> names;
+    for (const auto table = shop.database()->accountTable(); !table->atEnd(); table->moveNext()) {
+      names.insert(std::get<Text>(table->get(fields::account::Name)));
+    }
+    return names;
+  }
 };
 
 TEST_F(ShopTest, SeedsABelievableShop) {
@@ -79,10 +87,97 @@ TEST_F(ShopTest, SeedsItemsOfEveryKind) {
   for (const char16_t* type : {u"STOCK", u"PART", u"GRP", u"OTHC", u"SERV"}) {
     EXPECT_GE(types[type], 2) << toUtf8(type);
   }
+  EXPECT_EQ(types[u"SUBT"], 1);
+  EXPECT_EQ(types.size(), 6U);
   for (const char16_t* kind : {u"INC", u"INC inactive", u"EXP", u"missing"}) {
     EXPECT_GE(otherChargeAccounts[kind], 1) << toUtf8(kind);
   }
   EXPECT_GE(withoutGroup, 1);
+}
+
+TEST_F(ShopTest, SeedsAccountsOfEveryKind) {
+  Shop shop = open();
+  std::map<Text, int> kinds;
+  int inactive = 0;
+  for (const auto accounts = shop.database()->accountTable(); !accounts->atEnd();
+       accounts->moveNext()) {
+    ++kinds[std::get<Text>(accounts->get(fields::account::AccountType))];
+    inactive += std::get<bool>(accounts->get(fields::account::Inactive)) ? 1 : 0;
+  }
+  EXPECT_EQ(kinds, (std::map<Text, int>{
+                       {u"INC", 7}, {u"BANK", 2}, {u"AR", 1}, {u"EXP", 2}, {u"LIAB", 3}}));
+  EXPECT_EQ(inactive, 1);
+}
+
+TEST_F(ShopTest, ThePartsOfASeededShopFitTogether) {
+  Shop shop = open();
+  const std::set<Text> accounts = accountNames(shop);
+
+  std::set<Text> groups;
+  std::set<Text> names;
+  std::set<Text> numbers;
+  for (const auto items = shop.database()->itemList(); !items->atEnd(); items->moveNext()) {
+    const Item item = items->current();
+    const Text where = u"in item " + item.name;
+    EXPECT_FALSE(item.description.empty()) << toUtf8(where);
+    if (item.itemType == u"GRP") groups.insert(item.name);
+    if (item.itemType == u"STOCK" && !item.group.empty()) {
+      EXPECT_TRUE(groups.contains(item.group)) << toUtf8(where);
+    }
+    EXPECT_TRUE(names.insert(item.group + u":" + item.name).second) << toUtf8(where);
+    if (!item.productNumber.empty()) {
+      EXPECT_EQ(item.productNumber.size(), 4U) << toUtf8(where);
+      EXPECT_TRUE(numbers.insert(item.productNumber).second) << toUtf8(where);
+    }
+    if (item.itemType != u"SUBT" && item.name != u"Lost Charge") {
+      EXPECT_TRUE(accounts.contains(item.account)) << toUtf8(where);
+    }
+  }
+  EXPECT_EQ(groups.size(), 7U);
+
+  const auto list = shop.database()->paymentItemList();
+  for (list->moveFirst(); !list->atEnd(); list->moveNext()) {
+    EXPECT_FALSE(list->current().description.empty());
+    EXPECT_TRUE(accounts.contains(list->current().account)) << toUtf8(list->current().name);
+  }
+
+  std::int32_t number = 0;
+  for (const auto grades = shop.database()->gradeTable(); !grades->atEnd(); grades->moveNext()) {
+    EXPECT_EQ(std::get<std::int32_t>(grades->get(fields::grade::GradeNumber)), ++number);
+    const Text product = std::get<Text>(grades->get(fields::grade::Product));
+    const bool isAssigned = names.contains(product);
+    EXPECT_TRUE(isAssigned || product == u"(None)") << toUtf8(product);
+    EXPECT_EQ(std::get<Text>(grades->get(fields::grade::Caption)).empty(), !isAssigned);
+  }
+  EXPECT_EQ(number, 4);
+
+  const auto options = shop.database()->optionsRecord();
+  EXPECT_TRUE(names.contains(options->getOrZero(options::RoundingItem)));
+}
+
+TEST_F(ShopTest, SeedsWebSitesThatAreUsedAndOnesThatAreNot) {
+  Shop shop = open();
+  const auto sites = shop.database()->webSiteTable();
+  std::vector<bool> inactive;
+  for (; !sites->atEnd(); sites->moveNext()) {
+    EXPECT_FALSE(std::get<Text>(sites->get(fields::webSite::Description)).empty());
+    EXPECT_TRUE(std::get<Text>(sites->get(fields::webSite::URL)).starts_with(u"https://"));
+    inactive.push_back(std::get<bool>(sites->get(fields::webSite::Inactive)));
+  }
+  EXPECT_EQ(inactive, (std::vector<bool>{false, true}));
+}
+
+TEST_F(ShopTest, SeedsOptionsOfACompany) {
+  Shop shop = open();
+  const auto options = shop.database()->optionsRecord();
+  for (const auto& option : {options::CompanyName, options::CompanyAddress, options::CompanyPhone,
+                             options::CompanyEmail}) {
+    EXPECT_FALSE(options->getOrZero(option).empty()) << toUtf8(optionInfo(option.id).name);
+  }
+  EXPECT_EQ(options->get(options::LVSummariseBits), 1);
+  EXPECT_EQ(options->get(options::PumpOptionBits), 1);
+  EXPECT_EQ(options->get(options::RoundingStep), Money{500});
+  EXPECT_EQ(options->get(options::DefaultCurrencyMargin), 2.5F);
 }
 
 TEST_F(ShopTest, ListsPaymentItems) {
@@ -167,6 +262,40 @@ TEST_F(ShopTest, DumpsWithoutPasswords) {
             "\n[strings]\n"
             "20000 = \"Local\"\n"
             "20001 = \"Foreign\"\n");
+}
+
+TEST_F(ShopTest, DumpsANumberWithTheDigitsThatTellItFromItsNeighbours) {
+  Shop shop = open({.seeded = false, .itemCount = std::nullopt});
+  const auto saving = shop.database()->optionsRecord();
+  saving->set(options::DefaultCurrencyMargin, 0.1F);
+  saving->commit();
+  EXPECT_NE(dump(shop).find("DefaultCurrencyMargin = 0.100000001\n"), std::string::npos);
+}
+
+TEST_F(ShopTest, MadeUpItemsAreNumberedAndGroupedAndOfEveryKind) {
+  Shop shop = open({.seeded = true, .itemCount = 251});
+  const std::set<Text> accounts = accountNames(shop);
+  std::map<Text, int> types;
+  std::set<Text> used;
+  std::set<Text> names;
+  std::int32_t number = 0;
+  for (const auto items = shop.database()->itemList(); !items->atEnd(); items->moveNext()) {
+    const Item item = items->current();
+    ++types[item.itemType];
+    used.insert(item.account);
+    names.insert(item.name);
+    EXPECT_EQ(item.productNumber, fromUtf8(std::to_string(++number)));
+    EXPECT_TRUE(item.name.ends_with(u"-" + item.productNumber)) << number;
+    EXPECT_TRUE(item.description.ends_with(u" " + item.productNumber)) << number;
+    EXPECT_EQ(item.group, number <= 250 ? u"Group 1" : u"Group 2") << number;
+    EXPECT_TRUE(accounts.contains(item.account)) << number;
+  }
+  EXPECT_EQ(number, 251);
+  EXPECT_EQ(names.size(), 251U);
+  EXPECT_EQ(used.size(), 5U);
+  EXPECT_EQ(types,
+            (std::map<Text, int>{
+                {u"STOCK", 151}, {u"PART", 25}, {u"GRP", 25}, {u"OTHC", 25}, {u"SERV", 25}}));
 }
 
 TEST_F(ShopTest, WalksAHundredThousandItems) {

@@ -202,6 +202,55 @@ TEST(FormatNumber, GeneralNumberShowsTheDigitsThatThereAre) {
   EXPECT_EQ(formatNumber(1234.5, u"General Number", kGermany), u"1234,5");
 }
 
+TEST(FormatNumber, AnEmptyOrMissingSectionIsTheFirstOne) {
+  EXPECT_EQ(format(0, u"0.0;(0)"), u"0.0");
+  EXPECT_EQ(format(0, u"0.0;(0);"), u"0.0");
+  EXPECT_EQ(format(-0.01, u"0.0;(0);"), u"0.0");
+  EXPECT_EQ(format(-5, u"0.0;"), u"-5.0");
+}
+
+TEST(FormatNumber, LiteralsMayHoldWhatHasAMeaningElsewhere) {
+  EXPECT_EQ(format(5, uR"(0\;0)"), u"0;5");
+  EXPECT_EQ(format(5, uR"(\00)"), u"05");
+  EXPECT_EQ(format(1234.5, uR"(0\.0.0)"), u"123.4.5");
+  EXPECT_EQ(format(5, uR"(0\"\\)"), uR"(5"\)");
+  EXPECT_EQ(format(5, uR"("\"0)"), uR"(\5)");
+  EXPECT_EQ(format(5, uR"(0")"), u"5");
+  EXPECT_EQ(format(5, uR"(0\)"), u"5");
+}
+
+TEST(FormatNumber, DigitsFillThePlaceholdersFromTheRight) {
+  EXPECT_EQ(format(12, u"0-0-0"), u"0-1-2");
+  EXPECT_EQ(format(12345, u"0-0-0"), u"123-4-5");
+  EXPECT_EQ(format(12, u"#-#-#"), u"-1-2");
+  EXPECT_EQ(format(7, u"#0#"), u"07");
+  EXPECT_EQ(format(0.25, u"0.0-0"), u"0.2-5");
+}
+
+TEST(FormatNumber, TheWholePartStandsBeforeAPointWithoutPlaceholders) {
+  EXPECT_EQ(format(12.5, u".0"), u"12.5");
+}
+
+TEST(FormatNumber, OnlyACommaBetweenWholeDigitsGroups) {
+  EXPECT_EQ(format(1234567, u",0"), u"1234567");
+  EXPECT_EQ(format(1234.5, u"0.0,0"), u"1234.50");
+  EXPECT_EQ(format(12, u"0,000"), u"0,012");
+  EXPECT_EQ(format(123456, u"#,##0"), u"123,456");
+}
+
+TEST(FormatNumber, RoundingMayAddADigit) {
+  EXPECT_EQ(format(0.95, u"0.0"), u"1.0");
+  EXPECT_EQ(format(0.95, u"#.#"), u"1.");
+  EXPECT_EQ(format(999.96, u"#,##0.0"), u"1,000.0");
+  EXPECT_EQ(format(0.5, u"0"), u"1");
+  EXPECT_EQ(format(0.04, u"0.0"), u"0.0");
+  EXPECT_EQ(format(0.06, u"0.0"), u"0.1");
+}
+
+TEST(FormatNumber, APercentSignAsALiteralDoesNotMultiply) {
+  EXPECT_EQ(format(0.125, uR"(0.0\%)"), u"0.1%");
+}
+
 TEST(FormatNumber, FollowsTheRegionalSettings) {
   EXPECT_EQ(formatNumber(1234.5, u"#,##0.00", kGermany), u"1.234,50");
 }

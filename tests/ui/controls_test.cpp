@@ -140,6 +140,31 @@ TEST_F(ControlsTest, RemovingARowAboveKeepsTheSelectedOne) {
   EXPECT_EQ(list.selectedRow(), 0);
 }
 
+TEST_F(ControlsTest, WhatHoldsTextToReadOrEditHasTheColoursOfAWindow) {
+  const auto expectWindowColours = [](const ui::Control& control) {
+    EXPECT_EQ(control.foreColour(), ui::kWindowText);
+    EXPECT_EQ(control.backColour(), ui::kWindowBackground);
+  };
+  expectWindowColours(form.add<ui::ListView>());
+  expectWindowColours(form.add<ui::TextBox>());
+}
+
+TEST_F(ControlsTest, AListRefusesRowsItDoesNotHave) {
+  auto& list = form.add<ui::ListView>();
+  list.addRow({{u"a"}});
+  for (const int row : {-1, 1}) {
+    EXPECT_THROW(list.setRow(row, {{u"b"}}), Error) << row;
+    EXPECT_THROW(list.removeRow(row), Error) << row;
+    EXPECT_THROW(list.ensureVisible(row), Error) << row;
+  }
+  EXPECT_THROW(list.setSelectedRow(-2), Error);
+  EXPECT_THROW(list.setSelectedRow(1), Error);
+  EXPECT_EQ(list.count(), 1);
+  EXPECT_EQ(list.text(0, 0), u"a");
+  EXPECT_EQ(list.selectedRow(), -1);
+  EXPECT_EQ(list.rowToShow(), -1);
+}
+
 TEST_F(ControlsTest, AMissingCellIsEmpty) {
   auto& list = form.add<ui::ListView>();
   list.addRow({{u"a"}});

@@ -133,5 +133,95 @@ TEST_F(LayoutTest, ButtonsStandAtTheBottomRightInTheirOrder) {
   EXPECT_LT(cancel.bounds().bottom(), 6000);
 }
 
+// At 96 DPI, 15 twips to the pixel. The text of the headless screen is 90 twips wide for each
+// character and 195 high.
+TEST_F(LayoutTest, ControlsHaveThePlatformsSizes) {
+  auto& tick = form.add<ui::CheckBox>(u"&Tick");
+  auto& choice = form.add<ui::OptionButton>(u"&Tick");
+  auto& ok = form.add<ui::CommandButton>(u"&OK");
+  auto& wide = form.add<ui::CommandButton>(u"Reset &All Captions");
+  Rows rows(form, {0, 0, 9000, 6000});
+  rows.row({{label}, {tick}, {choice}});
+  rows.row({{ok}, {wide}, {box, 600}});
+  EXPECT_EQ(label.bounds(), (ui::Rect{0, 22, 480, 195}));
+  EXPECT_EQ(tick.bounds(), (ui::Rect{570, 0, 660, 240}));
+  EXPECT_EQ(choice.bounds(), (ui::Rect{1320, 0, 660, 240}));
+  EXPECT_EQ(ok.bounds(), (ui::Rect{0, 315, 1125, 345}));
+  EXPECT_EQ(wide.bounds(), (ui::Rect{1215, 315, 1860, 345}));
+  EXPECT_EQ(box.bounds(), (ui::Rect{3165, 315, 600, 345}));
+  EXPECT_EQ(rows.bottom(), 735);
+  EXPECT_EQ(ui::fieldHeight(form), 315);
+  EXPECT_EQ(ui::fieldHeight(form, 3), 705);
+}
+
+TEST_F(LayoutTest, APageKeepsThePlatformsDistances) {
+  auto& second = form.add<ui::TextBox>();
+  auto& third = form.add<ui::TextBox>();
+  auto& list = form.add<ui::ListView>();
+  Rows rows = Rows::onPage(form);
+  rows.labelColumn({&label});
+  rows.field(label, {{box, Cell::kFill}});
+  rows.gap();
+  rows.row({{second, 1000}, {third, Cell::kFill}}, 300);
+  rows.block(list, 2000);
+  EXPECT_EQ(label.bounds(), (ui::Rect{150, 210, 480, 195}));
+  EXPECT_EQ(box.bounds(), (ui::Rect{720, 150, 8130, 315}));
+  EXPECT_EQ(second.bounds(), (ui::Rect{450, 600, 1000, 315}));
+  EXPECT_EQ(third.bounds(), (ui::Rect{1540, 600, 7310, 315}));
+  EXPECT_EQ(list.bounds(), (ui::Rect{150, 990, 8700, 2000}));
+  EXPECT_EQ(rows.bottom(), 3065);
+  EXPECT_EQ(Rows::restOfPage(form).bottom(), 3125);
+}
+
+TEST_F(LayoutTest, AGroupKeepsThePlatformsDistances) {
+  auto& frame = form.add<ui::Frame>(u"Group");
+  auto& inside = frame.add<ui::TextBox>();
+  Rows page(form, {100, 200, 5000, 3000});
+  Rows rows = page.group(frame);
+  rows.row({{inside, Cell::kFill}});
+  page.endGroup(frame, rows);
+  EXPECT_EQ(inside.bounds(), (ui::Rect{135, 270, 4730, 315}));
+  EXPECT_EQ(frame.bounds(), (ui::Rect{100, 200, 5000, 720}));
+  EXPECT_EQ(page.bottom(), 1055);
+}
+
+TEST_F(LayoutTest, ColumnsKeepThePlatformsDistances) {
+  auto& left = form.add<ui::ListView>();
+  auto& right = form.add<ui::ListView>();
+  Rows rows(form, {100, 200, 5000, 3000});
+  std::vector<Rows> columns = rows.columns({1500, Cell::kFill});
+  columns[0].block(left, 0);
+  columns[1].block(right, 0);
+  EXPECT_EQ(left.bounds(), (ui::Rect{100, 200, 1500, 3000}));
+  EXPECT_EQ(right.bounds(), (ui::Rect{1735, 200, 3365, 3000}));
+}
+
+TEST_F(LayoutTest, ColumnsWithoutOneThatFillsKeepTheirWidths) {
+  auto& left = form.add<ui::ListView>();
+  auto& right = form.add<ui::ListView>();
+  std::vector<Rows> columns = Rows(form, {0, 0, 5000, 3000}).columns({1500, 1000});
+  columns[0].block(left, 0);
+  columns[1].block(right, 0);
+  EXPECT_EQ(left.bounds().right(), 1500);
+  EXPECT_EQ(right.bounds().left, 1635);
+  EXPECT_EQ(right.bounds().width, 1000);
+}
+
+TEST_F(LayoutTest, WhatFillsAFullRowHasNoWidth) {
+  auto& second = form.add<ui::TextBox>();
+  Rows rows(form, {0, 0, 1000, 3000});
+  rows.row({{box, 1200}, {second, Cell::kFill}});
+  EXPECT_EQ(box.bounds().width, 1200);
+  EXPECT_EQ(second.bounds().width, 0);
+}
+
+TEST_F(LayoutTest, ButtonsKeepThePlatformsDistances) {
+  auto& ok = form.add<ui::CommandButton>(u"&OK");
+  auto& cancel = form.add<ui::CommandButton>(u"&Cancel");
+  EXPECT_EQ(Rows::buttonRow(form, {&ok, &cancel}), 5505);
+  EXPECT_EQ(cancel.bounds(), (ui::Rect{7725, 5505, 1125, 345}));
+  EXPECT_EQ(ok.bounds(), (ui::Rect{6510, 5505, 1125, 345}));
+}
+
 }  // namespace
 }  // namespace tillora::testing
