@@ -184,7 +184,7 @@ bool Form::stepUpDown(Key key) {
     if (control->kind() != Kind::upDown) continue;
     auto& upDown = static_cast<UpDown&>(*control);
     if (upDown.buddy() != active_) continue;
-    if (upDown.effectivelyEnabled() && userMouseDown(upDown)) upDown.spin(key == Key::up ? 1 : -1);
+    if (upDown.effectivelyEnabled() && validatePending()) upDown.spin(key == Key::up ? 1 : -1);
     return true;
   }
   return false;

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 
@@ -66,7 +67,7 @@ class ShopRoundTrip : public OptionsTest {
 
   const std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
-      (std::string("tillora-") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
+      ("tillora-round-trip-" + std::to_string(std::random_device{}()));
   const std::filesystem::path file_ = folder_ / "shop.db";
   std::unique_ptr<host::Shop> shop;
 };

@@ -31,8 +31,8 @@ class SharedInput {
 }  // namespace
 
 // Threads that share their input share the state of the keys, and that changes when a key is taken
-// from the queue, not when it is struck: once a last key that means nothing has been pressed and let
-// go, the ones before it have been processed.
+// from the queue, not when it is struck: once a last key that means nothing has been pressed and
+// let go, the ones before it have been processed.
 void strikeForOthers(std::vector<INPUT> inputs) {
   const HWND front = GetForegroundWindow();
   if (!front) throw std::runtime_error("no window is in front");

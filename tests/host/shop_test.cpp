@@ -174,7 +174,7 @@ TEST_F(ShopTest, SeedsOptionsOfACompany) {
                              options::CompanyEmail}) {
     EXPECT_FALSE(options->getOrZero(option).empty()) << toUtf8(optionInfo(option.id).name);
   }
-  EXPECT_EQ(options->get(options::LVSummariseBits), 1);
+  EXPECT_EQ(options->get(options::LVSummariseBits), 3);
   EXPECT_EQ(options->get(options::PumpOptionBits), 1);
   EXPECT_EQ(options->get(options::RoundingStep), Money{500});
   EXPECT_EQ(options->get(options::DefaultCurrencyMargin), 2.5F);

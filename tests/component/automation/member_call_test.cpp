@@ -26,19 +26,19 @@ constexpr WORD kPutRef = DISPATCH_PROPERTYPUTREF;
 constexpr WORD kMethod = DISPATCH_METHOD;
 constexpr WORD kAllFlags = kGet | kPut | kPutRef | kMethod;
 
-struct Answer {
+struct CallAnswer {
   HRESULT result;
   Variant value;
   UINT argument = 99;
 };
 
 /// A call as a client makes it that goes by ids.
-Answer invoke(IDispatch& object, DISPID member, WORD flags, VARIANT* value = nullptr) {
+CallAnswer invoke(IDispatch& object, DISPID member, WORD flags, VARIANT* value = nullptr) {
   DISPID newValue = DISPID_PROPERTYPUT;
   const bool isPut = value != nullptr && (flags & (kPut | kPutRef)) != 0;
   DISPPARAMS parameters{value, isPut ? &newValue : nullptr, value == nullptr ? 0U : 1U,
                         isPut ? 1U : 0U};
-  Answer answer{};
+  CallAnswer answer{};
   ExceptionInfo exception;
   answer.result =
       object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
@@ -161,7 +161,7 @@ TEST_F(MemberCallTest, OnlyObjectsArePutToObjectProperties) {
     for (const WORD flags : {kPut, kPutRef}) {
       std::vector<VARIANT> values = plainValues();
       for (VARIANT& value : values) {
-        const Answer answer = invoke(*object.get(), property, flags, &value);
+        const CallAnswer answer = invoke(*object.get(), property, flags, &value);
         EXPECT_EQ(answer.result, DISP_E_TYPEMISMATCH) << property << " type " << value.vt;
         EXPECT_EQ(answer.argument, 0U);
       }

@@ -306,11 +306,13 @@ struct Holdings {
   /// Whether `later` shows a leak of one for every so many of these dialogs. A platform's own stock
   /// of device contexts and handles grows and shrinks by a few.
   bool leaked(const Holdings& later, DWORD dialogs) const {
-    return later.windows != windows || later.gdi >= gdi + dialogs || later.handles >= handles + dialogs;
+    return later.windows != windows || later.gdi >= gdi + dialogs ||
+           later.handles >= handles + dialogs;
   }
 };
 
-/// Forty dialogs; a long run has as many as TILLORA_DIALOGS says (200: with TILLORA_TEST_SECONDS=900).
+/// Forty dialogs; a long run has as many as TILLORA_DIALOGS says (200: with
+/// TILLORA_TEST_SECONDS=900).
 int dialogsOfTheLongTest() {
   const char* const number = std::getenv("TILLORA_DIALOGS");
   return number == nullptr ? 40 : std::atoi(number);
@@ -362,9 +364,9 @@ TEST_F(RealDialogTest, ManyFullDialogsLeaveNothingBehind) {
   EXPECT_EQ(automationHost.settings->references(), 1U);
   const Holdings after;
   EXPECT_FALSE(before.leaked(after, static_cast<DWORD>(rounds / kPainted)))
-      << "windows " << before.windows.size() << " then " << after.windows.size()
-      << ", GDI objects " << before.gdi << " then " << after.gdi << ", handles " << before.handles
-      << " then " << after.handles;
+      << "windows " << before.windows.size() << " then " << after.windows.size() << ", GDI objects "
+      << before.gdi << " then " << after.gdi << ", handles " << before.handles << " then "
+      << after.handles;
   EXPECT_EQ(host.live, 5) << "only what the test itself holds";
 }
 

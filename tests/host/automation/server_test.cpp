@@ -8,7 +8,7 @@ namespace tillora::host::automation {
 namespace {
 
 /// TilloraHost.dll beside the test program, loaded without being registered.
-class ServerTest : public testing::Test {
+class ServerTest : public ::testing::Test {
  protected:
   ServerTest() : server_(LoadLibraryW(L"TilloraHost.dll")) {
     EXPECT_NE(server_, nullptr) << "TilloraHost.dll is not beside the tests";

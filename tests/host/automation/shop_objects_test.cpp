@@ -12,7 +12,7 @@
 namespace tillora::host::automation {
 namespace {
 
-class ShopObjectsTest : public testing::Test {
+class ShopObjectsTest : public ::testing::Test {
  protected:
   ShopObjectsTest() {
     folder_ = std::filesystem::temp_directory_path() /

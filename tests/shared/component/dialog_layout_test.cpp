@@ -93,7 +93,7 @@ class DialogLayout : public OptionsTest {
     form.showModal();
   }
 
-  Messages messages{boxes};
+  Messages messages{desk->screen(), boxes};
   Platform platform = machine.platform(desk->screen(), boxes);
 };
 

@@ -435,7 +435,7 @@ TEST_F(LedvaneLinkTest, TheChangeIsReportedOnceTheSaveIsCommitted) {
             (std::vector<std::pair<std::string, bool>>{{"commit", false}, {"send", true}}));
 }
 
-TEST_F(LedvaneLinkTest, WhenShowOptionsRaisesTheReportKeepsItsFormerValue) {
+TEST_F(LedvaneLinkTest, WhenShowOptionsRaisesTheReportTellsOnlyOfAFileThatWasCommitted) {
   for (const bool before : {false, true}) {
     host.dataFile = kStored;
     if (before) edit([&](frmOptions& dialog) { choose(dialog, u"E:\\Shop.lvd"); });
@@ -446,7 +446,7 @@ TEST_F(LedvaneLinkTest, WhenShowOptionsRaisesTheReportKeepsItsFormerValue) {
         choose(dialog, kOther);
         user.accessKey(u'o');
       });
-      EXPECT_EQ(options_.ChangedDataFile(), before) << call;
+      EXPECT_EQ(options_.ChangedDataFile(), before || call == "send") << call;
       host.failingCall.clear();
     }
   }

@@ -250,11 +250,11 @@ TEST_F(ReportCaptionsDialogTest, ARefusalLeadsToTheFirstBlankWithItsDefaultSelec
   };
   for (const Case& blank : {Case{{4, 9}, {}, 1, 4}, Case{{}, {33}, 2, 33}, Case{{}, {7, 8}, 2, 7},
                             Case{{11}, {0}, 1, 11}, Case{{0}, {}, 1, 0}}) {
-    show([&](Dialog& dialog) {
+    show([&](frmReportCaptions& dialog) {
       for (const int i : blank.titles) enter(dialog.txtReportTitleCaption[i], u"");
       user.clickTab(dialog.tabReportCaptions, 2);
       for (const int i : blank.details) enter(dialog.txtReportDetailCaption[i], u"");
-      user.click(dialog.cmdCommand[Dialog::ok]);
+      user.click(dialog.cmdCommand[frmReportCaptions::ok]);
       EXPECT_EQ(dialog.tabReportCaptions.selected(), blank.focusedTab);
       const ui::TextBox& box = blank.focusedTab == 1 ? dialog.txtReportTitleCaption[blank.focused]
                                                      : dialog.txtReportDetailCaption[blank.focused];
@@ -269,7 +269,7 @@ TEST_F(ReportCaptionsDialogTest, ARefusalLeadsToTheFirstBlankWithItsDefaultSelec
 }
 
 TEST_F(ReportCaptionsDialogTest, ARefusalSelectsTheTextOfTheBlankThatHadTheFocus) {
-  EXPECT_FALSE(show([&](Dialog& dialog) {
+  EXPECT_FALSE(show([&](frmReportCaptions& dialog) {
     user.press(Key::del);
     user.press(Key::enter);
     EXPECT_EQ(boxes.shown.size(), 1U);

@@ -525,17 +525,6 @@ TEST_F(PumpTest, ADoubleClickOnARowEditsItAndOneBelowDoesNothing) {
   });
 }
 
-TEST_F(PumpTest, WithoutASelectedRowEditAndDeleteDoNothing) {
-  host.grades = {grade(1)};
-  openTab([&](frmOptions& dialog) {
-    tab(dialog).ltvPump.setSelectedRow(-1);
-    user.click(tab(dialog).cmdPump[PumpGrades::edit]);
-    user.click(tab(dialog).cmdPump[PumpGrades::remove]);
-    EXPECT_EQ(tab(dialog).ltvPump.count(), 1);
-    EXPECT_FALSE(applyEnabled(dialog));
-  });
-}
-
 TEST_F(PumpTest, AProductThatNoLongerExistsIsKept) {
   host.grades = {grade(1, u"Fuel:Gone", u"G")};
   editTab([&](frmOptions& dialog) {

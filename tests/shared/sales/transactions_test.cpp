@@ -497,8 +497,9 @@ TEST_F(TransactionsTest, TheKeyOfTheTaxStatusLabelsWalksToTheirBoxesWhileTheyAre
 
 TEST_F(TransactionsTest, TheKeyOfTheTaxStatusLabelsPassesOverTheirBoxesWhileTheyAreDisabled) {
   openPage([&](frmOptions& dialog) {
-    const std::vector<ui::Control*> walk = {&check(dialog, Part::salesPersonCanChange),
-                                            &check(dialog, Part::printTaxStatus)};
+    const std::vector<ui::Control*> walk = {
+        &check(dialog, TransactionOptions::salesPersonCanChange),
+        &check(dialog, TransactionOptions::printTaxStatus)};
     for (int round = 0; round < 2; ++round) {
       for (const ui::Control* control : walk) {
         user.accessKey(u'e');
@@ -514,16 +515,16 @@ TEST_F(TransactionsTest, ASaveThatAnotherTabRefusesKeepsTicksAndCaptions) {
   saveDefaults();
   host.store(options::CurrencyListColumns, 0);
   openPage([&](frmOptions& dialog) {
-    user.click(check(dialog, Part::printTaxStatus));
-    user.click(box(dialog, Part::taxExempt));
+    user.click(check(dialog, TransactionOptions::printTaxStatus));
+    user.click(box(dialog, TransactionOptions::taxExempt));
     user.type(u"exempt");
-    user.click(check(dialog, Part::printTaxStatus));
+    user.click(check(dialog, TransactionOptions::printTaxStatus));
     user.click(dialog.cmdCommand[frmOptions::apply]);
     EXPECT_EQ(boxes.shown.size(), 1U);
     EXPECT_EQ(host.value(options::TaxExemptCaption), u"");
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::transactions));
     expectTaxLabels(dialog, false);
-    EXPECT_EQ(box(dialog, Part::taxExempt).text(), u"exempt");
+    EXPECT_EQ(box(dialog, TransactionOptions::taxExempt).text(), u"exempt");
   });
 }
 

@@ -60,9 +60,10 @@ void strikeAndWait(std::vector<INPUT> inputs) {
   const DWORD thread = GetWindowThreadProcessId(strike.front, nullptr);
   const ThreadHook marks(WH_GETMESSAGE, &takeMark, thread);
   const ThreadHook ends(WH_CALLWNDPROC, &noticeEnd, thread);
-  // Struck on the window's own thread no key is apart from its modifiers: between them Wine may find
-  // that they are up on the display's keyboard, and lets them go.
-  const bool struck = runOnThreadOf(strike.front, [&] { sendInputs(inputs); }, kPatience);
+  // Struck on the window's own thread no key is apart from its modifiers: between them Wine may
+  // find that they are up on the display's keyboard, and lets them go.
+  const bool struck = runOnThreadOf(
+      strike.front, [&] { sendInputs(inputs); }, kPatience);
   if (IsWindowVisible(strike.front) == FALSE) return;  // gone before anybody listened
   if (struck && WaitForSingleObject(strike.over, kPatience) == WAIT_OBJECT_0) return;
   ADD_FAILURE() << "the window in front does not process its keys";

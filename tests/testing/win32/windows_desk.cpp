@@ -18,8 +18,10 @@ void WindowsDesk::shown(ui::Form& form) {
   SetForegroundWindow(screen_.topWindow());
   screen_.pumpUntilIdle();
   const char* how = getenv("DESK_WAIT");
-  if (how && *how == 's') { if (++shown_ > 1) Sleep(20); }
-  else if (!how) settle();
+  if (how && *how == 's') {
+    if (++shown_ > 1) Sleep(20);
+  } else if (!how)
+    settle();
   screen_.pumpUntilIdle();
   if (steps_.empty()) {
     ++unexpected_;
