@@ -5,15 +5,14 @@
 //   wait TITLE SECONDS    until a top-level window with this title is visible, enabled and has the
 //                         keyboard
 //   gone TITLE SECONDS    until there is none
-//   front TITLE           brings the window to the front, with the keyboard
-//   type TEXT             types into the program in front, until it has processed every key
-//   key KEY...            strikes keys: ENTER, ALT+A, CTRL+SHIFT+TAB, F1, x; the same
+//   front TITLE           brings the window to the front
+//   type TEXT             types into the program in front
+//   key KEY...            strikes keys: ENTER, ALT+A, CTRL+SHIFT+TAB, F1, x
 //   press TITLE CAPTION   clicks the button with this caption (with its ampersand)
 //   close TITLE           the window's close box
 //   list                  the visible top-level windows: enabled or disabled, class, title
 //   text TITLE CLASS N    the text of the window's N-th visible child of a class, from 1
 //   texts                 class and text of every window of every program, hidden ones included
-//   hold                  keeps the desktop open until the program is killed; prints "holding"
 //   sleep MILLISECONDS
 //
 // Commands run in order; the first that fails ends with exit code 1 and says why.
@@ -26,7 +25,6 @@
 #include <string>
 #include <vector>
 
-#include "tests/drive/keys_of_others.h"
 #include "tests/drive/windows_of_others.h"
 #include "tests/testing/win32/key_strokes.h"
 
@@ -35,8 +33,9 @@ namespace {
 
 using Arguments = std::vector<std::wstring>;
 
+// What was struck must have arrived before the next thing is done.
+constexpr DWORD kSettleMilliseconds = 40;
 constexpr DWORD kPollMilliseconds = 20;
-constexpr double kFrontSeconds = 10;
 
 KeyStroke parseStroke(std::wstring text) {
   std::ranges::transform(text, text.begin(),
@@ -80,18 +79,11 @@ HWND need(const std::wstring& title) {
   return window;
 }
 
-/// Whether the keyboard is the window's, and its program processes what is struck.
-bool isReady(HWND window) {
-  if (!window || !IsWindowEnabled(window) || !hasKeyboard(window)) return false;
-  strikeForOthers({});
-  return hasKeyboard(window);
-}
-
 void waitFor(const std::wstring& title, bool shown, double seconds) {
   const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds * 1000);
   for (;;) {
     const HWND window = findWindow(title);
-    if (shown ? isReady(window) : !window) return;
+    if (shown ? window && IsWindowEnabled(window) && hasKeyboard(window) : !window) return;
     if (GetTickCount64() >= end) {
       if (!shown) throw std::runtime_error("still shown");
       throw std::runtime_error(window ? "never had the keyboard" : "never shown");
@@ -119,19 +111,23 @@ void run(const Arguments& words) {
     waitFor(argument(1), false, std::stod(argument(2)));
   } else if (command == L"front") {
     SetForegroundWindow(need(argument(1)));
-    waitFor(argument(1), true, kFrontSeconds);
+    Sleep(kSettleMilliseconds);
   } else if (command == L"type") {
     for (const wchar_t character : argument(1)) {
-      strikeForOthers(inputsOf(character));
+      strikeCharacter(character);
+      Sleep(kSettleMilliseconds / 4);
     }
+    Sleep(kSettleMilliseconds);
   } else if (command == L"key") {
     for (std::size_t i = 1; i < words.size(); ++i) {
-      strikeForOthers(inputsOf(parseStroke(words[i])));
+      strike(parseStroke(words[i]));
+      Sleep(kSettleMilliseconds);
     }
   } else if (command == L"press") {
     const HWND button = findChild(need(argument(1)), L"Button", argument(2));
     if (!button) throw std::runtime_error("no such button");
     PostMessageW(button, BM_CLICK, 0, 0);
+    Sleep(kSettleMilliseconds);
   } else if (command == L"close") {
     PostMessageW(need(argument(1)), WM_SYSCOMMAND, SC_CLOSE, 0);
   } else if (command == L"list") {
@@ -145,11 +141,6 @@ void run(const Arguments& words) {
     for (const HWND window : allWindows()) {
       std::wprintf(L"%ls\t%ls\n", classOf(window).c_str(), textOf(window).c_str());
     }
-  } else if (command == L"hold") {
-    GetDesktopWindow();
-    std::wprintf(L"holding\n");
-    std::fflush(stdout);
-    Sleep(INFINITE);
   } else if (command == L"sleep") {
     Sleep(std::stoul(argument(1)));
   } else {

@@ -93,6 +93,11 @@ TEST(DialogPersonTest, ADialogHasTheKeyboardWhenItIsUsed) {
   EXPECT_TRUE(inFront);
 }
 
+void CALLBACK showInner(HWND, UINT, UINT_PTR id, DWORD) {
+  KillTimer(nullptr, id);
+  MessageBoxW(GetActiveWindow(), L"Text", L"Inner", MB_OK);
+}
+
 TEST(DialogPersonTest, ADialogWithinAnotherIsLeftToWhatIsDoneInIt) {
   int acts = 0;
   bool found = false;
@@ -105,10 +110,7 @@ TEST(DialogPersonTest, ADialogWithinAnotherIsLeftToWhatIsDoneInIt) {
   });
   TestDialog outer(L"A dialog");
   // Shown by the thread while the outer one runs.
-  const UINT_PTR timer = SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR id, DWORD) {
-    KillTimer(nullptr, id);
-    MessageBoxW(GetActiveWindow(), L"Text", L"Inner", MB_OK);
-  });
+  const UINT_PTR timer = SetTimer(nullptr, 0, 0, &showInner);
   outer.run(Closing::atOnce);
   KillTimer(nullptr, timer);
   EXPECT_EQ(person.finish(), 1);

@@ -12,7 +12,10 @@ using ui::Key;
 class PasteTest : public ::testing::Test {
  protected:
   void show(const std::function<void()>& step) {
-    desk.whenShown([&](ui::Form&) { step(); });
+    desk.whenShown([&](ui::Form&) {
+      user.click(box);
+      step();
+    });
     gallery.showModal();
   }
   void listen(bool keepsFromBox) {
