@@ -19,7 +19,7 @@ using tillora::automation::unregisterServer;
 using tillora::win32::ComPtr;
 using tillora::win32::RegistrationScope;
 
-BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
   if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
     tillora::win32::freeThreadStorage();
   }
