@@ -14,7 +14,7 @@ out=${2:?usage: tour.sh BUILD OUT [DPI]}
 dpi=${3:-96}
 readonly TABS=12
 readonly NEW_NAME="Corner Store 2"
-program=$build/Tillora Administrator.exe
+program="$build/Tillora Administrator.exe"
 [ -e "$program" ] || die "$program was not built"
 
 mkdir -p "$out"
