@@ -63,7 +63,8 @@ void TextBox::setSelText(TextView text) {
   Text whole;
   whole.reserve(before.size() - static_cast<std::size_t>(selLength_) + text.size());
   whole.append(before.substr(0, static_cast<std::size_t>(selStart_))).append(text);
-  whole.append(before.substr(static_cast<std::size_t>(selStart_ + selLength_)));
+  whole.append(
+      before.substr(static_cast<std::size_t>(selStart_) + static_cast<std::size_t>(selLength_)));
   text_.take(whole);
   userSelected(selStart_ + static_cast<int>(text.size()), 0);
   notify(Property::text);
