@@ -134,8 +134,11 @@ void EditView::readBack() {
 bool EditView::pasteIsUsed() {
   if (!control().paste || control().locked()) return false;
   readBack();
-  bool used = false;
-  control().paste.raise(Clipboard(window()).text(), used);
+  bool used = true;  // also while nothing can be edited
+  userDoes([&] {
+    used = false;
+    control().paste.raise(Clipboard(window()).text(), used);
+  });
   return used;
 }
 

@@ -577,6 +577,24 @@ TEST_F(BusyFormTest, WhatAnotherProgramPutsIntoItsWindowsIsTakenBack) {
   EXPECT_EQ(gallery.tabs.selected(), 2);
 }
 
+TEST_F(BusyFormTest, NothingIsPastedIntoABoxThatTakesWhatIsPastedItself) {
+  int pasted = 0;
+  gallery.name.paste = [&](TextView, bool& used) {
+    ++pasted;
+    used = true;
+    gallery.name.setSelText(u"pasted");
+  };
+  inAHandler([&] {
+    SendMessageW(window(gallery.name), WM_PASTE, 0, 0);
+    EXPECT_EQ(pasted, 0);
+    // The handler has returned when this comes.
+    PostMessageW(window(gallery.name), WM_PASTE, 0, 0);
+    close();
+  });
+  EXPECT_EQ(pasted, 1);
+  EXPECT_EQ(gallery.name.text(), u"pasted");
+}
+
 TEST_F(BusyFormTest, AChoiceThatAnotherProgramMakesInAComboBoxIsTakenBack) {
   inAHandler([&] {
     const HWND combo = window(gallery.combo);
