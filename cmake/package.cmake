@@ -32,6 +32,7 @@ if(WIN32)
   set(CPACK_PACKAGE_FILE_NAME ${PROJECT_NAME}-${PROJECT_VERSION})
   set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build)
   set(CPACK_VERBATIM_VARIABLES ON)
+  set(CPACK_MONOLITHIC_INSTALL ON)  # the tests are a component of their own, and not in here
   foreach(preset windows-x64 windows-x86)
     list(APPEND CPACK_INSTALL_CMAKE_PROJECTS
       ${PROJECT_SOURCE_DIR}/build/${preset} ${PROJECT_NAME} ALL /)

@@ -10,7 +10,6 @@
 namespace tillora::host {
 namespace {
 
-constexpr TextView kObject = u"JetDatabase";
 constexpr std::size_t kMostConditions = 32;
 constexpr std::int64_t kHighestChr = 127;
 
@@ -36,7 +35,7 @@ class Parser {
     const Text name = scanner_.name();
     const Column* column = table_.find(name);
     if (column == nullptr) {
-      fail(shop_error::unknownField, kObject,
+      fail(shop_error::unknownField, shop_object::database,
            u"The table has no field '" + name + u"' (criteria: " + scanner_.all() + u").");
     }
     return *column;
@@ -71,7 +70,7 @@ class Parser {
   Value converted(Value value, const Column& column) const {
     const bool isText = std::holds_alternative<Text>(value);
     if (isText != (column.field.type == FieldType::Text)) {
-      fail(shop_error::criteriaType, kObject,
+      fail(shop_error::criteriaType, shop_object::database,
            Text(u"The field '") + column.field.name + u"' cannot equal such a value (criteria: " +
                scanner_.all() + u").");
     }
@@ -98,7 +97,8 @@ Criteria::Criteria(TextView text, const TableSchema& table) {
   do {
     if (!values_.empty()) parser.expectAnd();
     if (values_.size() == kMostConditions) {
-      fail(shop_error::criteriaSyntax, kObject, u"The criteria have too many conditions.");
+      fail(shop_error::criteriaSyntax, shop_object::database,
+           u"The criteria have too many conditions.");
     }
     auto [column, value] = parser.condition();
     if (!values_.empty()) sql_ += " AND ";

@@ -98,7 +98,7 @@ Text CriteriaScanner::name() {
 }
 
 void CriteriaScanner::refuse(TextView expected) const {
-  fail(shop_error::criteriaSyntax, u"JetDatabase",
+  fail(shop_error::criteriaSyntax, shop_object::database,
        u"Syntax error in criteria at character " + decimalText(static_cast<std::int64_t>(at_) + 1) +
            u": " + Text(expected) + u" expected (criteria: " + Text(text_) + u").");
 }

@@ -4,6 +4,7 @@
 
 #include "host/shop_database.h"
 #include "host/shop_dump.h"
+#include "host/shop_error.h"
 #include "host/shop_schema.h"
 #include "host/shop_seed.h"
 #include "host/shop_settings.h"
@@ -12,10 +13,8 @@
 namespace tillora::host {
 namespace {
 
-constexpr TextView kObject = u"JetDatabase";
-
 void create(ShopFile& file, const ShopContents& contents) {
-  file.beginSave(&contents, kObject);
+  file.beginSave(&contents, shop_object::database);
   try {
     // Another program may have made the tables while this one waited.
     if (!hasTables(file)) {
@@ -28,7 +27,7 @@ void create(ShopFile& file, const ShopContents& contents) {
         seedItems(file);
       }
     }
-    file.commitSave(&contents, kObject);
+    file.commitSave(&contents, shop_object::database);
   } catch (...) {
     file.abandonSave(&contents);
     throw;

@@ -3,17 +3,14 @@
 #include <utility>
 
 #include "host/criteria.h"
+#include "host/shop_error.h"
 #include "host/shop_items.h"
 #include "host/shop_settings.h"
 #include "host/shop_table.h"
 #include "host/stored_options.h"
 
 namespace tillora::host {
-namespace {
-
-constexpr TextView kObject = u"JetDatabase";
-
-}  // namespace
+namespace {}  // namespace
 
 ShopDatabase::ShopDatabase(std::shared_ptr<ShopFile> file) : file_(std::move(file)) {}
 
@@ -49,19 +46,19 @@ std::unique_ptr<Cursor<PaymentItem>> ShopDatabase::paymentItemList() {
 
 std::int32_t ShopDatabase::terminalCount(TextView criteria) {
   const Criteria parsed(criteria, tables::terminals);
-  Statement count =
-      file_->statement("SELECT count(*) FROM terminals WHERE " + parsed.sql(), kObject);
+  Statement count = file_->statement("SELECT count(*) FROM terminals WHERE " + parsed.sql(),
+                                     shop_object::database);
   parsed.bind(count);
   count.step();
   return static_cast<std::int32_t>(count.integer(0));
 }
 
 Text ShopDatabase::dataFile() {
-  return readSetting(*file_, setting_names::dataFile, kObject).value_or(Text());
+  return readSetting(*file_, setting_names::dataFile, shop_object::database).value_or(Text());
 }
 
 void ShopDatabase::setDataFile(TextView path) {
-  writeSetting(*file_, setting_names::dataFile, path, kObject);
+  writeSetting(*file_, setting_names::dataFile, path, shop_object::database);
 }
 
 }  // namespace tillora::host

@@ -7,6 +7,7 @@
 #include "component/option_table.h"
 #include "host/column_value.h"
 #include "host/option_list.h"
+#include "host/shop_error.h"
 #include "host/shop_schema.h"
 #include "host/stored_options.h"
 #include "host/text_encoding.h"
@@ -14,8 +15,6 @@
 
 namespace tillora::host {
 namespace {
-
-constexpr TextView kObject = u"JetDatabase";
 
 /// A text in double quotes on one line.
 std::string inQuotes(TextView text) {
@@ -64,7 +63,7 @@ void dumpOptions(ShopFile& file, std::ostream& out) {
 
 void dumpPairs(ShopFile& file, std::ostream& out, const char* title, const char* sql) {
   out << '\n' << '[' << title << "]\n";
-  Statement rows = file.statement(sql, kObject);
+  Statement rows = file.statement(sql, shop_object::database);
   while (rows.step()) {
     out << toUtf8(rows.text(0)) << " = " << inQuotes(rows.text(1)) << '\n';
   }
@@ -74,11 +73,11 @@ void dumpTable(ShopFile& file, std::ostream& out, const TableSchema& table) {
   out << '\n' << '[' << table.name << "]\n";
   Statement rows = file.statement("SELECT " + columnList(table) + " FROM " +
                                       quotedName(fromUtf8(table.name)) + " ORDER BY rowid",
-                                  kObject);
+                                  shop_object::database);
   while (rows.step()) {
     int index = 0;
     for (const Column& column : table.columns) {
-      const Value value = readColumn(rows, index, column, kObject);
+      const Value value = readColumn(rows, index, column, shop_object::database);
       out << (index == 0 ? "" : ", ") << toUtf8(column.field.name) << " = "
           << std::visit(Printed{}, value);
       ++index;

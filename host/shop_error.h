@@ -28,7 +28,16 @@ inline constexpr std::int32_t criteriaType = basicError(3464);
 inline constexpr std::int32_t storage = basicError(3043);  ///< reading or writing the disk failed
 }  // namespace shop_error
 
-/// Raises an Error whose source is "TilloraHost." and the object's name.
+/// The objects of the type library, as the source of an error names them.
+namespace shop_object {
+inline constexpr TextView database = u"JetDatabase";
+inline constexpr TextView settings = u"SettingsStore";
+inline constexpr TextView strings = u"ResourceStrings";
+inline constexpr TextView table = u"ShopTable";
+inline constexpr TextView options = u"OptionsRecord";
+}  // namespace shop_object
+
+/// Raises an Error whose source is "TilloraHost." and the object's name (shop_object).
 [[noreturn]] void fail(std::int32_t number, TextView object, Text description);
 
 }  // namespace tillora::host

@@ -12,7 +12,6 @@
 namespace tillora::host {
 namespace {
 
-constexpr TextView kObject = u"JetDatabase";
 /// Criteria of many shapes must not pile up prepared statements for ever.
 constexpr std::size_t kMostStatements = 200;
 
@@ -34,40 +33,41 @@ std::shared_ptr<ShopFile> ShopFile::open(TextView path, std::chrono::millisecond
 }
 
 void ShopFile::connect(std::chrono::milliseconds busyTimeout) {
-  if (path_.empty()) fail(shop_error::cannotOpen, kObject, u"The shop database has no file name.");
+  if (path_.empty())
+    fail(shop_error::cannotOpen, shop_object::database, u"The shop database has no file name.");
   sqlite3* connection = nullptr;
   const int result = sqlite3_open_v2(toUtf8(path_).c_str(), &connection,
                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
   connection_.reset(connection);
   if (connection == nullptr) throw std::bad_alloc();
-  if (result != SQLITE_OK) raise(result, kObject);
+  if (result != SQLITE_OK) raise(result, shop_object::database);
   sqlite3_extended_result_codes(connection, 1);
   sqlite3_busy_timeout(connection, static_cast<int>(busyTimeout.count()));
-  if (sqlite3_db_readonly(connection, nullptr) == 1) raise(SQLITE_READONLY, kObject);
+  if (sqlite3_db_readonly(connection, nullptr) == 1) raise(SQLITE_READONLY, shop_object::database);
   execute(
       "PRAGMA encoding = 'UTF-16le'; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON;"
       "PRAGMA synchronous = FULL",
-      kObject);
+      shop_object::database);
 }
 
 void ShopFile::checkForDamage() {
-  Statement check = statement("PRAGMA quick_check(1)", kObject);
-  if (check.step() && check.text(0) != u"ok") raise(SQLITE_CORRUPT, kObject);
+  Statement check = statement("PRAGMA quick_check(1)", shop_object::database);
+  if (check.step() && check.text(0) != u"ok") raise(SQLITE_CORRUPT, shop_object::database);
 }
 
 void ShopFile::checkOwnership() {
-  Statement objects = statement("SELECT count(*) FROM sqlite_schema", kObject);
+  Statement objects = statement("SELECT count(*) FROM sqlite_schema", shop_object::database);
   if (!objects.step() || objects.integer(0) == 0) return;
-  Statement application = statement("PRAGMA application_id", kObject);
+  Statement application = statement("PRAGMA application_id", shop_object::database);
   application.step();
   if (application.integer(0) != kApplicationId) {
-    fail(shop_error::wrongVersion, kObject,
+    fail(shop_error::wrongVersion, shop_object::database,
          u"'" + path_ + u"' is a database of another program. Choose the shop's own database.");
   }
-  Statement version = statement("PRAGMA user_version", kObject);
+  Statement version = statement("PRAGMA user_version", shop_object::database);
   version.step();
   if (version.integer(0) > kSchemaVersion) {
-    fail(shop_error::wrongVersion, kObject,
+    fail(shop_error::wrongVersion, shop_object::database,
          u"The shop database '" + path_ +
              u"' was made by a newer version of this program. Install that version.");
   }
@@ -81,7 +81,7 @@ void ShopFile::useWriteAheadLog(std::chrono::milliseconds patience) {
          std::chrono::steady_clock::now() < end) {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
-  execute(kSwitch, kObject);
+  execute(kSwitch, shop_object::database);
 }
 
 void ShopFile::close() noexcept {

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "host/shop_error.h"
 #include "host/shop_file.h"
 #include "host/text_encoding.h"
 
 namespace tillora::host {
 namespace {
-
-constexpr TextView kObject = u"JetDatabase";
 
 constexpr std::array kClassColumns = {
     Column{fields::class_::Name},
@@ -61,7 +60,7 @@ void createTable(ShopFile& file, const TableSchema& table) {
     columns += column.field.type == FieldType::Text ? " TEXT" : " INTEGER";
   }
   const std::string create = "CREATE TABLE " + tableName + " (" + columns + ")";
-  file.execute(create.c_str(), kObject);
+  file.execute(create.c_str(), shop_object::database);
 
   for (const Column& column : table.columns) {
     if (!column.indexed) continue;
@@ -69,7 +68,7 @@ void createTable(ShopFile& file, const TableSchema& table) {
     std::string index = "CREATE INDEX ";
     index += quotedName(fromUtf8(table.name) + u"_by_" + column.field.name);
     index.append(" ON ").append(tableName).append(" (").append(columnName).append(")");
-    file.execute(index.c_str(), kObject);
+    file.execute(index.c_str(), shop_object::database);
   }
 }
 
@@ -125,14 +124,14 @@ void createTables(ShopFile& file) {
       "CREATE TABLE options (Name TEXT PRIMARY KEY NOT NULL, Value NOT NULL);"
       "CREATE TABLE settings (Name TEXT PRIMARY KEY NOT NULL, Value TEXT NOT NULL);"
       "CREATE TABLE strings (Number INTEGER PRIMARY KEY NOT NULL, Value TEXT NOT NULL);",
-      kObject);
+      shop_object::database);
   const std::string marks = "PRAGMA application_id = " + std::to_string(kApplicationId) +
                             "; PRAGMA user_version = " + std::to_string(kSchemaVersion);
-  file.execute(marks.c_str(), kObject);
+  file.execute(marks.c_str(), shop_object::database);
 }
 
 bool hasTables(ShopFile& file) {
-  Statement version = file.statement("PRAGMA user_version", kObject);
+  Statement version = file.statement("PRAGMA user_version", shop_object::database);
   return version.step() && version.integer(0) != 0;
 }
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <utility>
 
+#include "host/shop_error.h"
 #include "host/shop_settings.h"
 #include "host/shop_table.h"
 #include "host/stored_options.h"
@@ -191,7 +192,7 @@ void seedCurrencies(ShopFile& file) {
 void seedReportCaptions(ShopFile& file) {
   const auto seed = [&file](std::span<const ReportCaption> captions) {
     for (const ReportCaption& caption : captions) {
-      writeSetting(file, caption.setting, caption.standard, u"SettingsStore");
+      writeSetting(file, caption.setting, caption.standard, shop_object::settings);
     }
   };
   seed(kReportTitles);
@@ -200,7 +201,7 @@ void seedReportCaptions(ShopFile& file) {
 
 void seedString(ShopFile& file, std::int64_t number, TextView text) {
   Statement row = file.writingStatement("INSERT INTO strings (Number, Value) VALUES (?1, ?2)",
-                                        u"ResourceStrings");
+                                        shop_object::strings);
   row.bind(1, number);
   row.bind(2, text);
   row.execute();
@@ -308,10 +309,9 @@ void seedPasswords(ShopFile& file) {
 }  // namespace
 
 void seedSettings(ShopFile& file) {
-  constexpr TextView kObject = u"SettingsStore";
-  writeSetting(file, setting_names::decimalPlaces, u"2", kObject);
-  writeSetting(file, setting_names::currencyFormat, u"$#,##0.00", kObject);
-  writeSetting(file, setting_names::dispensingAvailable, u"True", kObject);
+  writeSetting(file, setting_names::decimalPlaces, u"2", shop_object::settings);
+  writeSetting(file, setting_names::currencyFormat, u"$#,##0.00", shop_object::settings);
+  writeSetting(file, setting_names::dispensingAvailable, u"True", shop_object::settings);
   seedString(file, 20000, u"Local");
   seedString(file, 20001, u"Foreign");
 }
@@ -326,7 +326,8 @@ void seedShop(ShopFile& file) {
   seedRandomPrices(file);
   seedCurrencies(file);
   seedReportCaptions(file);
-  writeSetting(file, setting_names::dataFile, u"C:\\Ledvane\\Harbour Street.lvd", u"JetDatabase");
+  writeSetting(file, setting_names::dataFile, u"C:\\Ledvane\\Harbour Street.lvd",
+               shop_object::database);
   seedCompany(file);
   seedListColumns(file);
   seedReceipts(file);

@@ -6,11 +6,7 @@
 #include "host/text_encoding.h"
 
 namespace tillora::host {
-namespace {
-
-constexpr TextView kObject = u"SettingsStore";
-
-}  // namespace
+namespace {}  // namespace
 
 std::optional<Text> readSetting(ShopFile& file, TextView name, TextView object) {
   Statement row = file.statement("SELECT Value FROM settings WHERE Name = ?1", object);
@@ -35,7 +31,8 @@ std::optional<std::int16_t> ShopSettings::decimalPlaces() {
   const std::optional<Text> places = setting(setting_names::decimalPlaces);
   if (!places) return std::nullopt;
   if (places->size() != 1 || places->front() < u'0' || places->front() > u'9') {
-    fail(error::typeMismatch, kObject, u"The setting 'DecimalPlaces' is not one digit.");
+    fail(error::typeMismatch, shop_object::settings,
+         u"The setting 'DecimalPlaces' is not one digit.");
   }
   return static_cast<std::int16_t>(places->front() - u'0');
 }
@@ -53,11 +50,11 @@ bool ShopSettings::dispensingAvailable() {
 }
 
 std::optional<Text> ShopSettings::setting(TextView name) {
-  return readSetting(*file_, name, kObject);
+  return readSetting(*file_, name, shop_object::settings);
 }
 
 void ShopSettings::setSetting(TextView name, TextView value) {
-  writeSetting(*file_, name, value, kObject);
+  writeSetting(*file_, name, value, shop_object::settings);
 }
 
 }  // namespace tillora::host

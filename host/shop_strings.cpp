@@ -6,19 +6,17 @@
 #include "support/numbers.h"
 
 namespace tillora::host {
-namespace {
-
-constexpr TextView kObject = u"ResourceStrings";
-
-}  // namespace
+namespace {}  // namespace
 
 ShopStrings::ShopStrings(std::shared_ptr<ShopFile> file) : file_(std::move(file)) {}
 
 Text ShopStrings::string(std::int32_t number) {
-  Statement row = file_->statement("SELECT Value FROM strings WHERE Number = ?1", kObject);
+  Statement row =
+      file_->statement("SELECT Value FROM strings WHERE Number = ?1", shop_object::strings);
   row.bind(1, std::int64_t{number});
   if (!row.step()) {
-    fail(shop_error::stringNotFound, kObject, u"There is no string " + decimalText(number) + u".");
+    fail(shop_error::stringNotFound, shop_object::strings,
+         u"There is no string " + decimalText(number) + u".");
   }
   return row.text(0);
 }

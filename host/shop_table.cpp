@@ -11,7 +11,6 @@
 namespace tillora::host {
 namespace {
 
-constexpr TextView kObject = u"ShopTable";
 constexpr std::int64_t kBeforeFirst = std::numeric_limits<std::int64_t>::min();
 
 }  // namespace
@@ -27,7 +26,8 @@ bool ShopTable::readRow(Statement& statement) {
   if (!statement.step()) return false;
   rowId_ = statement.integer(0);
   for (std::size_t i = 0; i < row_.size(); ++i) {
-    row_[i] = readColumn(statement, static_cast<int>(i) + 1, schema_.columns[i], kObject);
+    row_[i] =
+        readColumn(statement, static_cast<int>(i) + 1, schema_.columns[i], shop_object::table);
   }
   position_ = Position::onRow;
   return true;
@@ -35,7 +35,8 @@ bool ShopTable::readRow(Statement& statement) {
 
 void ShopTable::moveAfter(std::int64_t rowId) {
   editing_ = Editing::none;
-  Statement next = file_->statement(selectRows_ + "rowid > ?1 ORDER BY rowid LIMIT 1", kObject);
+  Statement next =
+      file_->statement(selectRows_ + "rowid > ?1 ORDER BY rowid LIMIT 1", shop_object::table);
   next.bind(1, rowId);
   if (!readRow(next)) position_ = Position::atEnd;
 }
@@ -44,7 +45,7 @@ void ShopTable::moveFirst() { moveAfter(kBeforeFirst); }
 
 void ShopTable::moveNext() {
   if (position_ == Position::atEnd) {
-    fail(shop_error::noCurrentRow, kObject, u"There is no current row to move on from.");
+    fail(shop_error::noCurrentRow, shop_object::table, u"There is no current row to move on from.");
   }
   moveAfter(rowId_);
 }
@@ -57,7 +58,7 @@ void ShopTable::find(TextView criteria, std::int64_t afterRowId) {
   const std::string position = std::to_string(parsed.parameterCount() + 1);
   Statement rows = file_->statement(
       selectRows_ + parsed.sql() + " AND rowid > ?" + position + " ORDER BY rowid LIMIT 1",
-      kObject);
+      shop_object::table);
   parsed.bind(rows);
   rows.bind(parsed.parameterCount() + 1, afterRowId);
   noMatch_ = !readRow(rows);
@@ -73,10 +74,10 @@ bool ShopTable::noMatch() { return noMatch_; }
 
 void ShopTable::requireRow() const {
   if (position_ == Position::atEnd) {
-    fail(shop_error::noCurrentRow, kObject, u"There is no current row.");
+    fail(shop_error::noCurrentRow, shop_object::table, u"There is no current row.");
   }
   if (position_ == Position::onDeletedRow) {
-    fail(shop_error::rowDeleted, kObject, u"The current row was deleted.");
+    fail(shop_error::rowDeleted, shop_object::table, u"The current row was deleted.");
   }
 }
 
@@ -93,7 +94,7 @@ void ShopTable::edit() {
 
 void ShopTable::update() {
   if (editing_ == Editing::none) {
-    fail(shop_error::noEditInProgress, kObject, u"Update without AddNew or Edit.");
+    fail(shop_error::noEditInProgress, shop_object::table, u"Update without AddNew or Edit.");
   }
   if (editing_ == Editing::added) {
     insertRow();
@@ -117,7 +118,7 @@ void ShopTable::insertRow() {
   Statement insert =
       file_->writingStatement("INSERT INTO " + quotedName(fromUtf8(schema_.name)) + " (" +
                                   columnList(schema_) + ") VALUES (" + places + ")",
-                              kObject);
+                              shop_object::table);
   bindRow(insert);
   insert.execute();
 }
@@ -132,12 +133,13 @@ void ShopTable::updateRow() {
   Statement change =
       file_->writingStatement("UPDATE " + quotedName(fromUtf8(schema_.name)) + " SET " +
                                   assignments + " WHERE rowid = ?" + std::to_string(rowParameter),
-                              kObject);
+                              shop_object::table);
   bindRow(change);
   change.bind(rowParameter, rowId_);
   change.execute();
   if (file_->changedRows() == 0) {
-    fail(shop_error::rowDeleted, kObject, u"The row was deleted by another program meanwhile.");
+    fail(shop_error::rowDeleted, shop_object::table,
+         u"The row was deleted by another program meanwhile.");
   }
   row_ = edited_;
 }
@@ -146,7 +148,8 @@ void ShopTable::remove() {
   requireRow();
   editing_ = Editing::none;
   Statement erase = file_->writingStatement(
-      "DELETE FROM " + quotedName(fromUtf8(schema_.name)) + " WHERE rowid = ?1", kObject);
+      "DELETE FROM " + quotedName(fromUtf8(schema_.name)) + " WHERE rowid = ?1",
+      shop_object::table);
   erase.bind(1, rowId_);
   erase.execute();
   position_ = Position::onDeletedRow;
@@ -155,7 +158,7 @@ void ShopTable::remove() {
 std::size_t ShopTable::columnIndex(Field field) const {
   const Column* const column = schema_.find(field.name);
   if (column == nullptr) {
-    fail(shop_error::unknownField, kObject,
+    fail(shop_error::unknownField, shop_object::table,
          u"The table '" + fromUtf8(schema_.name) + u"' has no field '" + field.name + u"'.");
   }
   return static_cast<std::size_t>(column - schema_.columns.data());
@@ -171,9 +174,10 @@ Value ShopTable::get(Field field) {
 void ShopTable::set(Field field, const Value& value) {
   const std::size_t index = columnIndex(field);
   if (editing_ == Editing::none) {
-    fail(shop_error::noEditInProgress, kObject, u"A field is set without AddNew or Edit.");
+    fail(shop_error::noEditInProgress, shop_object::table,
+         u"A field is set without AddNew or Edit.");
   }
-  edited_[index] = columnValue(value, schema_.columns[index], kObject);
+  edited_[index] = columnValue(value, schema_.columns[index], shop_object::table);
 }
 
 }  // namespace tillora::host

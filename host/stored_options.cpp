@@ -10,10 +10,8 @@
 namespace tillora::host {
 namespace {
 
-constexpr TextView kObject = u"OptionsRecord";
-
 [[noreturn]] void mismatch(const OptionInfo& option) {
-  fail(error::typeMismatch, kObject,
+  fail(error::typeMismatch, shop_object::options,
        Text(u"The option '") + option.name + u"' cannot hold such a value.");
 }
 
@@ -21,7 +19,7 @@ template <class Integer>
 Value wholeNumber(std::int64_t stored, const OptionInfo& option) {
   if (stored < std::numeric_limits<Integer>::min() ||
       stored > std::numeric_limits<Integer>::max()) {
-    fail(error::overflow, kObject,
+    fail(error::overflow, shop_object::options,
          Text(u"The number stored for the option '") + option.name + u"' is too large.");
   }
   return static_cast<Integer>(stored);
@@ -69,7 +67,8 @@ bool holdsTypeOf(const Value& value, OptionType type) {
 }
 
 void forget(ShopFile& file, const OptionInfo& option) {
-  Statement row = file.writingStatement("DELETE FROM options WHERE Name = ?1", kObject);
+  Statement row =
+      file.writingStatement("DELETE FROM options WHERE Name = ?1", shop_object::options);
   row.bind(1, TextView(option.name));
   row.execute();
 }
@@ -77,7 +76,7 @@ void forget(ShopFile& file, const OptionInfo& option) {
 }  // namespace
 
 Value readOption(ShopFile& file, const OptionInfo& option) {
-  Statement row = file.statement("SELECT Value FROM options WHERE Name = ?1", kObject);
+  Statement row = file.statement("SELECT Value FROM options WHERE Name = ?1", shop_object::options);
   row.bind(1, TextView(option.name));
   return row.step() ? storedValue(row, option) : Value();
 }
@@ -91,7 +90,7 @@ void writeOption(ShopFile& file, const OptionInfo& option, const Value& value) {
   Statement row = file.writingStatement(
       "INSERT INTO options (Name, Value) VALUES (?1, ?2) "
       "ON CONFLICT (Name) DO UPDATE SET Value = excluded.Value",
-      kObject);
+      shop_object::options);
   row.bind(1, TextView(option.name));
   std::visit(
       [&row](const auto& held) {
@@ -117,11 +116,11 @@ StoredOptions::~StoredOptions() { file_->abandonSave(this); }
 Value StoredOptions::read(OptionId option) { return readOption(*file_, optionInfo(option)); }
 
 void StoredOptions::write(OptionId option, const Value& value) {
-  file_->beginSave(this, kObject);
+  file_->beginSave(this, shop_object::options);
   writeOption(*file_, optionInfo(option), value);
 }
 
-void StoredOptions::commit() { file_->commitSave(this, kObject); }
+void StoredOptions::commit() { file_->commitSave(this, shop_object::options); }
 
 const OptionInfo* findOption(TextView name) {
   const auto* const found = std::ranges::find_if(

@@ -13,6 +13,7 @@ void wipe(void* memory, std::size_t bytes) {
 
 void wipe(Text& text) {
   // Up to the capacity: an older, longer text may have left its end there.
+  text.clear();
   text.resize(text.capacity());
   wipe(text.data(), text.size() * sizeof(char16_t));
   text.clear();

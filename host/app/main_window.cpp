@@ -89,11 +89,12 @@ void MainWindow::createControls() {
 }
 
 void MainWindow::takeFont() {
-  font_.emplace();
+  auto font = std::make_unique<MessageFont>();
   for (const HWND control : {button_, optionsLabel_, eventsLabel_, events_.window(), status_}) {
-    font_->applyTo(control);
+    font->applyTo(control);
   }
-  options_.setFont(font_->handle());
+  options_.setFont(font->handle());
+  font_ = std::move(font);  // the former goes when nothing uses it any more
 }
 
 int MainWindow::lineHeight() const {

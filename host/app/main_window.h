@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "host/app/options_view.h"
@@ -58,7 +58,7 @@ class MainWindow {
   HINSTANCE program_;
   Commands commands_;
   UINT optionsSavedMessage_;
-  std::optional<MessageFont> font_;
+  std::unique_ptr<MessageFont> font_;
   int dpi_ = USER_DEFAULT_SCREEN_DPI;
   HWND window_ = nullptr;
   HWND focus_ = nullptr;  ///< the control that had it when the window was last active

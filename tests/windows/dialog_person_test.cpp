@@ -34,6 +34,8 @@ class TestDialog {
   /// What the close box does: nothing, or destroys the window at once or after a while.
   enum class Closing { never, atOnce, slowly };
 
+  void refuseKeyboard() { takesKeyboard_ = false; }
+
   void run(Closing closing) {
     closing_ = closing;
     ShowWindow(window_, SW_SHOW);
@@ -59,6 +61,9 @@ class TestDialog {
       case WM_TIMER:
         DestroyWindow(window);
         return 0;
+      case WM_SETFOCUS:
+        if (!self->takesKeyboard_) SetFocus(nullptr);
+        return 0;
       default:
         return DefWindowProcW(window, message, wide, other);
     }
@@ -66,6 +71,7 @@ class TestDialog {
 
   HWND window_;
   Closing closing_ = Closing::atOnce;
+  bool takesKeyboard_ = true;
 };
 
 using Closing = TestDialog::Closing;
@@ -161,13 +167,13 @@ TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceWhereNoneIsComing)
   EXPECT_LT(std::chrono::steady_clock::now() - start, DialogPatience().toBeShown);
 }
 
-TEST(DialogPersonTest, ADialogThatAppearsTooLateIsClosedAndAFailure) {
+TEST(DialogPersonTest, ADialogThatNeverHasTheKeyboardIsClosedAndAFailure) {
   int acts = 0;
-  DialogPerson person([&](HWND) { ++acts; }, 1, GetCurrentThreadId(),
-                      {.toBeShown = 0ms, .toAct = 500ms, .toClose = 500ms});
-  // The person gives up before the dialog has the keyboard, if not before it is shown.
-  show(Closing::never);
-  EXPECT_NONFATAL_FAILURE(person.finish(), "1 of 1 dialogs were not used");
+  DialogPerson person([&](HWND) { ++acts; }, 1, GetCurrentThreadId(), kShort);
+  TestDialog dialog(L"A dialog");
+  dialog.refuseKeyboard();
+  dialog.run(Closing::atOnce);
+  EXPECT_NONFATAL_FAILURE(person.finish(), "the dialog \"A dialog\" never had the keyboard");
   EXPECT_EQ(acts, 0);
 }
 

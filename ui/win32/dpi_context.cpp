@@ -34,29 +34,34 @@ const Functions& functions() {
   return found;
 }
 
+HANDLE setThreadContext(HANDLE context) {
+  const auto set = functions().setThreadContext;
+  return set ? set(context) : nullptr;
+}
+
 // The program's context while SystemScaling has changed it; else null.
 thread_local HANDLE programsContext = nullptr;
 
 }  // namespace
 
-SystemScaling::SystemScaling() : former_(nullptr) {
+SystemScaling::SystemScaling() {
   const Functions& call = functions();
   if (!call.setThreadContext || call.awarenessOf(call.threadContext()) != kPerMonitorAware) return;
-  former_ = call.setThreadContext(kSystemAware);
+  former_ = setThreadContext(kSystemAware);
   programsContext = former_;
 }
 
 SystemScaling::~SystemScaling() {
   if (!former_) return;
   programsContext = nullptr;
-  functions().setThreadContext(former_);
+  setThreadContext(former_);
 }
 
 ProgramsScaling::ProgramsScaling()
-    : ours_(programsContext ? functions().setThreadContext(programsContext) : nullptr) {}
+    : ours_(programsContext ? setThreadContext(programsContext) : nullptr) {}
 
 ProgramsScaling::~ProgramsScaling() {
-  if (ours_) functions().setThreadContext(ours_);
+  if (ours_) setThreadContext(ours_);
 }
 
 }  // namespace tillora::ui::win32

@@ -15,7 +15,7 @@ class SystemScaling {
   ~SystemScaling();
 
  private:
-  HANDLE former_;  // null where nothing was changed
+  HANDLE former_ = nullptr;  // null where nothing was changed
 };
 
 /// While one lives, the thread is in the context that it had before SystemScaling: for calls of the
