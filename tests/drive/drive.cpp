@@ -5,7 +5,7 @@
 //   wait TITLE SECONDS    until a top-level window with this title is visible, enabled and has the
 //                         keyboard
 //   gone TITLE SECONDS    until there is none
-//   front TITLE           brings the window to the front
+//   front TITLE           brings the window to the front, with the keyboard
 //   type TEXT             types into the program in front
 //   key KEY...            strikes keys: ENTER, ALT+A, CTRL+SHIFT+TAB, F1, x
 //   press TITLE CAPTION   clicks the button with this caption (with its ampersand)
@@ -15,7 +15,8 @@
 //   texts                 class and text of every window of every program, hidden ones included
 //   sleep MILLISECONDS
 //
-// Commands run in order; the first that fails ends with exit code 1 and says why.
+// Commands run in order; the first that fails ends with exit code 1 and says why. After a key or a
+// click the next thing is done when the window in front has dealt with it, or is gone.
 #include <fcntl.h>
 #include <io.h>
 
@@ -33,9 +34,9 @@ namespace {
 
 using Arguments = std::vector<std::wstring>;
 
-// What was struck must have arrived before the next thing is done.
-constexpr DWORD kSettleMilliseconds = 40;
 constexpr DWORD kPollMilliseconds = 20;
+constexpr double kFrontSeconds = 10;
+constexpr ULONGLONG kMostBusyMilliseconds = 60'000;
 
 KeyStroke parseStroke(std::wstring text) {
   std::ranges::transform(text, text.begin(),
@@ -92,6 +93,22 @@ void waitFor(const std::wstring& title, bool shown, double seconds) {
   }
 }
 
+/// Does something that the window in front has to deal with, and waits for that. A window is
+/// painted when nothing else is waiting for its program.
+template <class Act>
+void actAndWait(Act act) {
+  const HWND front = GetForegroundWindow();
+  if (!front) throw std::runtime_error("no window is in front");
+  act();
+  const RECT corner{0, 0, 1, 1};
+  InvalidateRect(front, &corner, FALSE);
+  const ULONGLONG end = GetTickCount64() + kMostBusyMilliseconds;
+  while (GetUpdateRect(front, nullptr, FALSE)) {
+    if (GetTickCount64() >= end) throw std::runtime_error("the window in front is busy");
+    Sleep(1);
+  }
+}
+
 void list() {
   for (const HWND window : topLevelWindows()) {
     std::wprintf(L"%ls\t%ls\t%ls\n", IsWindowEnabled(window) ? L"enabled" : L"disabled",
@@ -111,23 +128,19 @@ void run(const Arguments& words) {
     waitFor(argument(1), false, std::stod(argument(2)));
   } else if (command == L"front") {
     SetForegroundWindow(need(argument(1)));
-    Sleep(kSettleMilliseconds);
+    waitFor(argument(1), true, kFrontSeconds);
   } else if (command == L"type") {
     for (const wchar_t character : argument(1)) {
-      strikeCharacter(character);
-      Sleep(kSettleMilliseconds / 4);
+      actAndWait([&] { sendInputs(inputsOf(character)); });
     }
-    Sleep(kSettleMilliseconds);
   } else if (command == L"key") {
     for (std::size_t i = 1; i < words.size(); ++i) {
-      strike(parseStroke(words[i]));
-      Sleep(kSettleMilliseconds);
+      actAndWait([&] { sendInputs(inputsOf(parseStroke(words[i]))); });
     }
   } else if (command == L"press") {
     const HWND button = findChild(need(argument(1)), L"Button", argument(2));
     if (!button) throw std::runtime_error("no such button");
-    PostMessageW(button, BM_CLICK, 0, 0);
-    Sleep(kSettleMilliseconds);
+    actAndWait([&] { PostMessageW(button, BM_CLICK, 0, 0); });
   } else if (command == L"close") {
     PostMessageW(need(argument(1)), WM_SYSCOMMAND, SC_CLOSE, 0);
   } else if (command == L"list") {

@@ -3,7 +3,6 @@
 # one can go without the other noticing, and with the last one every key is gone.
 #   BUILD64   the folder with the 64-bit programs; else beside BUILD
 set -euo pipefail
-source ./client_steps.sh
 source "$REPO/tools/common.sh"
 source "$REPO/tools/wine.sh"
 
@@ -21,7 +20,7 @@ register() {
   local bits=$1 program='C:\windows\system32\regsvr32.exe'
   shift
   [ "$bits" = 64 ] || program='C:\windows\syswow64\regsvr32.exe'
-  "$WINE" "$program" /s "$@" "$(windows_path "$(folder "$bits")/TilloraOptions.dll")" \
+  "$WINE" "$program" /s "$@" "$(wine_path "$(folder "$bits")/TilloraOptions.dll")" \
     >/dev/null 2>&1 </dev/null || echo "FAIL regsvr32_$bits $* ended with status $?"
 }
 
@@ -30,7 +29,7 @@ dump() {
   local root
   : >"$1"
   for root in HKEY_LOCAL_MACHINE HKEY_CURRENT_USER; do
-    "$WINE" regedit /E "$(windows_path "$1.$root")" "$root\\Software" >/dev/null 2>&1 </dev/null
+    "$WINE" regedit /E "$(wine_path "$1.$root")" "$root\\Software" >/dev/null 2>&1 </dev/null
     iconv -f UTF-16 -t UTF-8 "$1.$root" | tr -d '\r' >>"$1"
   done
 }
@@ -48,14 +47,19 @@ same() {
 # works BITS, fails BITS: a program of this bitness creates the component, also from a multi-threaded
 # apartment, where the system needs the registered interfaces.
 works() {
-  local name=$1 bits=$2 apartment
+  local name=$1 bits=$2 apartment line
   for apartment in sta mta; do
-    client "$(folder "$bits")/com_client.exe" create "$apartment"
-    finish "${name}_${bits}_$apartment"
-    printed "${name}_${bits}_${apartment}_bits" "bits: $bits"
-    printed "${name}_${bits}_${apartment}_name" 'create by name: 0x00000000'
-    printed "${name}_${bits}_${apartment}_library" \
-      "library: $(windows_path "$(folder "$bits")/TilloraOptions.dll")"
+    "$WINE" "$(folder "$bits")/com_client.exe" create "$apartment" 2>&1 </dev/null |
+      tr -d '\r' >"$TMPDIR/client.txt" || echo "FAIL ${name}_${bits}_$apartment the client fails"
+    for line in "bits: $bits" 'create by name: 0x00000000' \
+      "library: $(wine_path "$(folder "$bits")/TilloraOptions.dll")"; do
+      if grep -qxF -- "$line" "$TMPDIR/client.txt"; then
+        echo "ok ${name}_${bits}_$apartment $line"
+      else
+        echo "FAIL ${name}_${bits}_$apartment it does not print $line"
+        cat "$TMPDIR/client.txt"
+      fi
+    done
   done
 }
 fails() {

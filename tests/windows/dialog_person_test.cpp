@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 
+#include "tests/testing/win32/thread_of_window.h"
 #include "ui/win32/module.h"
 
 namespace tillora::testing {
@@ -34,8 +35,6 @@ class TestDialog {
   /// What the close box does: nothing, or destroys the window at once or after a while.
   enum class Closing { never, atOnce, slowly };
 
-  void refuseKeyboard() { takesKeyboard_ = false; }
-
   void run(Closing closing) {
     closing_ = closing;
     ShowWindow(window_, SW_SHOW);
@@ -61,9 +60,6 @@ class TestDialog {
       case WM_TIMER:
         DestroyWindow(window);
         return 0;
-      case WM_SETFOCUS:
-        if (!self->takesKeyboard_) SetFocus(nullptr);
-        return 0;
       default:
         return DefWindowProcW(window, message, wide, other);
     }
@@ -71,7 +67,6 @@ class TestDialog {
 
   HWND window_;
   Closing closing_ = Closing::atOnce;
-  bool takesKeyboard_ = true;
 };
 
 using Closing = TestDialog::Closing;
@@ -167,12 +162,19 @@ TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceWhereNoneIsComing)
   EXPECT_LT(std::chrono::steady_clock::now() - start, DialogPatience().toBeShown);
 }
 
+/// Lets no window be activated, after others have heard that it is about to be.
+LRESULT CALLBACK refuseActivation(int code, WPARAM window, LPARAM other) {
+  const LRESULT result = CallNextHookEx(nullptr, code, window, other);
+  return code == HCBT_ACTIVATE ? 1 : result;
+}
+
 TEST(DialogPersonTest, ADialogThatNeverHasTheKeyboardIsClosedAndAFailure) {
   int acts = 0;
   DialogPerson person([&](HWND) { ++acts; }, 1, GetCurrentThreadId(), kShort);
-  TestDialog dialog(L"A dialog");
-  dialog.refuseKeyboard();
-  dialog.run(Closing::atOnce);
+  {
+    const ThreadHook hook(WH_CBT, &refuseActivation, GetCurrentThreadId());
+    show();
+  }
   EXPECT_NONFATAL_FAILURE(person.finish(), "the dialog \"A dialog\" never had the keyboard");
   EXPECT_EQ(acts, 0);
 }

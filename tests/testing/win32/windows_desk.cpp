@@ -16,13 +16,10 @@ WindowsDesk::WindowsDesk()
 
 void WindowsDesk::shown(ui::Form& form) {
   SetForegroundWindow(screen_.topWindow());
+  // A dialog over another that is gone before the display has given it the focus would take the
+  // focus of the whole program with it.
   screen_.pumpUntilIdle();
-  const char* how = getenv("DESK_WAIT");
-  if (how && *how == 's') {
-    if (++shown_ > 1) Sleep(20);
-  } else if (!how)
-    settle();
-  screen_.pumpUntilIdle();
+  user_.settle();
   if (steps_.empty()) {
     ++unexpected_;
   } else {
@@ -32,13 +29,6 @@ void WindowsDesk::shown(ui::Form& form) {
   }
   user_.closeWindow(form);
   form.hide();  // one that would not close ends with its step all the same
-}
-
-void WindowsDesk::settle() {
-  POINT pointer{};
-  GetCursorPos(&pointer);
-  SetCursorPos(pointer.x ^ 1, pointer.y);
-  screen_.pumpUntilIdle();
 }
 
 std::unique_ptr<Desk> makeDesk() { return std::make_unique<WindowsDesk>(); }

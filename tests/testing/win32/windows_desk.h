@@ -28,9 +28,14 @@ class WindowsUser final : public User {
   void spin(ui::UpDown& upDown, int direction) override;
   void closeWindow(ui::Form& form) override;
 
+  /// Processes every event of the display about windows that were there before.
+  void settle();
+
  private:
   /// The window where the mouse can reach the control: visible, on the form on top. Null otherwise.
   HWND reach(const ui::Control& control) const;
+  /// Moves the pointer to a point of the screen; false where it is not on that window's form.
+  bool moveTo(HWND window, POINT at);
   /// Clicks at a point of the window's client area.
   void clickAt(HWND window, POINT point, int times = 1);
 
@@ -56,15 +61,12 @@ class WindowsDesk final : public Desk {
 
  private:
   void shown(ui::Form& form);
-  /// Deals with all that the display still has to say about the focus.
-  void settle();
 
   ui::win32::Window host_;
   ui::win32::Screen screen_;
   WindowsUser user_{screen_};
   std::deque<std::function<void(ui::Form&)>> steps_;
   int unexpected_ = 0;
-  int shown_ = 0;  // forms so far
 };
 
 }  // namespace tillora::testing

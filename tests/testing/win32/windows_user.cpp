@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -10,6 +12,8 @@ namespace {
 
 using ui::Key;
 using ui::Kind;
+
+constexpr ULONGLONG kMostUncovering = 10000;  // milliseconds
 
 void putOnClipboard(TextView text) {
   if (!OpenClipboard(nullptr)) return;
@@ -52,12 +56,39 @@ HWND WindowsUser::reach(const ui::Control& control) const {
   return GetAncestor(window, GA_ROOT) == screen_.topWindow() ? window : nullptr;
 }
 
+// Moving the pointer waits for the display, so that all its earlier events have arrived by then.
+void WindowsUser::settle() {
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  SetCursorPos(pointer.x ^ 1, pointer.y);
+  screen_.pumpUntilIdle();
+}
+
+// Wine puts a window on top when the display says that the pointer has entered it. A late event
+// about the window below, from between one dialog and the next, would send the click there.
+bool WindowsUser::moveTo(HWND window, POINT at) {
+  settle();
+  SetCursorPos(at.x, at.y);
+  const ULONGLONG end = GetTickCount64() + kMostUncovering;
+  const HWND wanted = GetAncestor(window, GA_ROOT);
+  while (GetAncestor(WindowFromPoint(at), GA_ROOT) != wanted) {
+    const ULONGLONG now = GetTickCount64();
+    if (now >= end) return false;
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+    screen_.pumpUntilIdle();
+  }
+  return true;
+}
+
 void WindowsUser::clickAt(HWND window, POINT point, int times) {
   // A time of our own: two clicks of a test are never taken for a double-click, however fast.
   static DWORD time = GetTickCount();
   time += 10 * GetDoubleClickTime();
   ClientToScreen(window, &point);
-  SetCursorPos(point.x, point.y);
+  if (!moveTo(window, point)) {
+    ADD_FAILURE() << "another window covers the one to be clicked";
+    return;
+  }
   std::vector<INPUT> inputs;
   for (int i = 0; i < times; ++i) {
     for (const DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
