@@ -9,8 +9,7 @@ tillora_program(windows_tests
 add_dependencies(windows_tests drive)
 tillora_resources(resources tests/windows
   ${TILLORA_IDL_DIR}/TilloraOptions.tlb
-  ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md
-  ${PROJECT_SOURCE_DIR}/tests/com_client/com_client.manifest)
+  ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md)
 target_sources(windows_tests PRIVATE ${resources})
 # Little optimisation: none at all leaves ten times the sections, and the linker a minute of work.
 target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Og>)

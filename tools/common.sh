@@ -83,15 +83,15 @@ have_windows_tools() {
   command -v wine >/dev/null && command -v x86_64-w64-mingw32-g++-posix >/dev/null
 }
 
-# build PRESET TARGET...
+# build PRESET LOG TARGET...: what goes wrong goes to the terminal too.
 build() {
-  local started=$SECONDS
-  say "building $1"
-  cmake --preset "$1" && cmake --build --preset "$1" --target "${@:2}" || return 1
-  say "built $1 in $((SECONDS - started)) s"
-}
-
-# build_errors LOG: what the compiler or the linker said.
-build_errors() {
-  grep -E -A6 '(error|FAILED): ' "$1" | grep -v '^\[' | head -40 >&2 || tail -40 "$1" >&2
+  local preset=$1 log=$2 started=$SECONDS
+  say "building $preset"
+  if cmake --preset "$preset" >"$log" 2>&1 && cmake --build --preset "$preset" --target "${@:3}" >>"$log" 2>&1; then
+    say "built $preset in $((SECONDS - started)) s"
+  else
+    grep -E -A6 '(error|FAILED): ' "$log" | grep -v '^\[' | head -40 >&2 || tail -40 "$log" >&2
+    warn "the build failed; see $log"
+    return 1
+  fi
 }

@@ -6,9 +6,6 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/common.sh
 
 for preset in windows-x64 windows-x86; do
-  build "$preset" TilloraOptions TilloraHost >"build/package-$preset.log" 2>&1 || {
-    build_errors "build/package-$preset.log"
-    die "the build failed"
-  }
+  build "$preset" "build/package-$preset.log" TilloraOptions TilloraHost
 done
 cpack --config build/windows-x64/CPackConfig.cmake -B "$(realpath -m "${1:-build}")"

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# setup.sh run|native|windows-x64|windows-x86...: installs the packages that these need and that are missing.
+# setup.sh run|native|windows-x64|windows-x86|package|tests...: installs the packages that these need and
+# that are missing; the presets' are those of their builds.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -8,10 +9,12 @@ for what in "$@"; do
   case $what in
     run) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools googletest wine wine64 xvfb xdotool imagemagick
       fonts-wine fonts-liberation) ;;
-    native) packages+=(g++ ccache googletest python3 clang-format clang-tidy-19 shellcheck) ;;
-    windows-x64) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools wine wine64 xvfb xdotool imagemagick
-      fonts-wine fonts-liberation ccache googletest python3 clang-tidy-19 binutils) ;;
-    windows-x86) packages+=(g++-mingw-w64-i686 zip unzip) ;;
+    native) packages+=(g++ ccache googletest) ;;
+    windows-x64) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools wine wine64 ccache googletest) ;;
+    windows-x86) packages+=(g++-mingw-w64-i686) ;;
+    package) packages+=(zip unzip binutils) ;;
+    tests) packages+=(xvfb imagemagick fonts-wine fonts-liberation python3 clang-format clang-tidy-19
+      shellcheck) ;;
   esac
 done
 install_packages "${packages[@]}"

@@ -12,10 +12,7 @@ stage=$(mktemp -d)
 at_exit "rm -rf '$stage'"
 for preset in windows-x64 windows-x86; do
   log=build/test-package-$preset.log
-  build "$preset" test_package >"$log" 2>&1 || {
-    build_errors "$log"
-    die "the build failed"
-  }
+  build "$preset" "$log" test_package
   # Without a date given, stripping would write the time of day into the programs.
   SOURCE_DATE_EPOCH=946684800 cmake --install "build/$preset" --component tests --strip \
     --prefix "$stage/$name" >>"$log"

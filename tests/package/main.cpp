@@ -30,7 +30,6 @@ constexpr const wchar_t* kNeedRegistration =
     L"OptionsServerTest.TheRegisteredClassIsCreatedByNameAndById:UnloadTest.*";
 // Of client_tests: those alone whose programs find the component by a manifest.
 constexpr const wchar_t* kNeedNoRegistration = L"*AProgramWithAManifest*";
-constexpr const wchar_t* kNeedMachineRegistry = L"OptionsRegistrationTest.*";
 // Tests write below it, and remove it unless they are ended in the middle.
 constexpr const wchar_t* kTestsKey = L"Software\\TilloraOptionsTest";
 
@@ -201,13 +200,7 @@ void TestRun::testRegistered(const Bitness& bitness) {
 void TestRun::test(const Bitness& bitness) {
   removeLeftovers(bitness);
   const RegisteredNow before;
-  std::wstring others = std::wstring(L"-") + kNeedRegistration;
-  if (scope_ == Scope::user) {
-    others += std::wstring(L":") + kNeedMachineRegistry;
-    skipTests(bitness, "windows_tests", kNeedMachineRegistry,
-              "it registers for the machine; see test.cmd machine");
-  }
-  runTests(bitness, "windows_tests", "windows", others);
+  runTests(bitness, "windows_tests", "windows", std::wstring(L"-") + kNeedRegistration);
   runTests(bitness, "client_tests", "manifest", kNeedNoRegistration);
   if (!isStopping()) testRegistered(bitness);
   RegDeleteTreeW(HKEY_CURRENT_USER, kTestsKey);

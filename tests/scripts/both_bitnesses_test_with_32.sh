@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The 64-bit and the 32-bit component side by side in one prefix: programs of either kind get theirs,
-# one can go without the other noticing, and with the last one every key is gone.
+# The 64-bit and the 32-bit servers side by side in one prefix: programs of either kind get theirs, one
+# can go without the other noticing, and with the last one every key is gone. Then a manifest beside
+# the program will do.
 #   BUILD64   the folder with the 64-bit programs; else beside BUILD
 set -euo pipefail
 source "$REPO/tools/common.sh"
@@ -15,13 +16,15 @@ wine_open both-bitnesses both || { echo "FAIL prefix it cannot be made"; exit 0;
 
 folder() { [ "$1" = 64 ] && echo "$BUILD64" || echo "$BUILD"; }
 
-# register BITS [regsvr32's switches...]: with the program of that bitness.
+# register BITS [regsvr32's switches...]: both servers, with the program of that bitness.
 register() {
-  local bits=$1 program='C:\windows\system32\regsvr32.exe'
+  local bits=$1 program='C:\windows\system32\regsvr32.exe' server
   shift
   [ "$bits" = 64 ] || program='C:\windows\syswow64\regsvr32.exe'
-  "$WINE" "$program" /s "$@" "$(wine_path "$(folder "$bits")/TilloraOptions.dll")" \
-    >/dev/null 2>&1 </dev/null || echo "FAIL regsvr32_$bits $* ended with status $?"
+  for server in TilloraOptions TilloraHost; do
+    "$WINE" "$program" /s "$@" "$(wine_path "$(folder "$bits")/$server.dll")" \
+      >/dev/null 2>&1 </dev/null || echo "FAIL regsvr32_$bits $* $server ended with status $?"
+  done
 }
 
 # dump FILE: the registries of the machine and of the user.
@@ -44,15 +47,15 @@ same() {
   fi
 }
 
-# works BITS, fails BITS: a program of this bitness creates the component, also from a multi-threaded
-# apartment, where the system needs the registered interfaces.
+# works NAME BITS [FOLDER]: a program of this bitness creates the component, also from a multi-threaded
+# apartment, where the system needs the registered interfaces; fails NAME BITS: it cannot.
 works() {
-  local name=$1 bits=$2 apartment line
+  local name=$1 bits=$2 folder=${3:-$(folder "$2")} apartment line
   for apartment in sta mta; do
-    "$WINE" "$(folder "$bits")/com_client.exe" create "$apartment" 2>&1 </dev/null |
+    "$WINE" "$folder/com_client.exe" create "$apartment" 2>&1 </dev/null |
       tr -d '\r' >"$TMPDIR/client.txt" || echo "FAIL ${name}_${bits}_$apartment the client fails"
     for line in "bits: $bits" 'create by name: 0x00000000' \
-      "library: $(wine_path "$(folder "$bits")/TilloraOptions.dll")"; do
+      "library: $(wine_path "$folder/TilloraOptions.dll")"; do
       if grep -qxF -- "$line" "$TMPDIR/client.txt"; then
         echo "ok ${name}_${bits}_$apartment $line"
       else
@@ -91,6 +94,14 @@ for first in 64 32; do
   fails without_both "$last"
   dump "$TMPDIR/after.reg"
   same "no_key_is_left_when_${first}_goes_first" "$TMPDIR/before.reg" "$TMPDIR/after.reg"
+done
+
+for bits in 64 32; do
+  beside=$TMPDIR/$bits
+  mkdir "$beside"
+  cp "$(folder "$bits")"/{com_client.exe,TilloraOptions.dll,TilloraOptions.Component.manifest} "$beside"
+  cp "$REPO/tests/com_client/com_client.manifest" "$beside/com_client.exe.manifest"
+  works with_a_manifest "$bits" "$beside"
 done
 
 for bits in 64 32; do

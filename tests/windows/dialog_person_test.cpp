@@ -18,6 +18,9 @@ constexpr DialogPatience kShort = {.toBeShown = 500ms, .toAct = 500ms, .toClose 
 /// A modal dialog of the tests; ends when its window is destroyed or the program is to quit.
 class TestDialog {
  public:
+  /// The message that makes it show a message box named "Inner".
+  static constexpr UINT kShowInner = WM_APP;
+
   explicit TestDialog(const wchar_t* title) {
     WNDCLASSW description{};
     description.lpfnWndProc = &TestDialog::procedure;
@@ -60,6 +63,9 @@ class TestDialog {
       case WM_TIMER:
         DestroyWindow(window);
         return 0;
+      case kShowInner:
+        MessageBoxW(window, L"Text", L"Inner", MB_OK);
+        return 0;
       default:
         return DefWindowProcW(window, message, wide, other);
     }
@@ -94,26 +100,17 @@ TEST(DialogPersonTest, ADialogHasTheKeyboardWhenItIsUsed) {
   EXPECT_TRUE(inFront);
 }
 
-void CALLBACK showInner(HWND, UINT, UINT_PTR id, DWORD) {
-  KillTimer(nullptr, id);
-  MessageBoxW(GetActiveWindow(), L"Text", L"Inner", MB_OK);
-}
-
 TEST(DialogPersonTest, ADialogWithinAnotherIsLeftToWhatIsDoneInIt) {
   int acts = 0;
   bool found = false;
   DialogPerson person([&](HWND dialog) {
     ++acts;
-    PostMessageW(dialog, WM_APP, 0, 0);
+    PostMessageW(dialog, TestDialog::kShowInner, 0, 0);
     found = person.waitFor(L"Inner");
     DialogPerson::press(VK_RETURN);
     EXPECT_TRUE(person.waitFor(L"A dialog"));
   });
-  TestDialog outer(L"A dialog");
-  // Shown by the thread while the outer one runs.
-  const UINT_PTR timer = SetTimer(nullptr, 0, 0, &showInner);
-  outer.run(Closing::atOnce);
-  KillTimer(nullptr, timer);
+  show();
   EXPECT_EQ(person.finish(), 1);
   EXPECT_EQ(acts, 1);
   EXPECT_TRUE(found);

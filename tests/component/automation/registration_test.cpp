@@ -7,8 +7,8 @@
 #include "support/win32/wide_text.h"
 #include "tests/component/automation/registry_snapshot.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/win32/scratch_registry.h"
 #include "tests/testing/win32/type_library_text.h"
-#include "ui/error.h"
 
 namespace tillora::automation {
 namespace {
@@ -32,20 +32,13 @@ struct Registry {
   }
 };
 
-/// Leaves the server as it was found: other tests need it registered.
+/// In the machine's own registry, tests/scripts/both_bitnesses_test_with_32.sh registers both
+/// servers.
 class OptionsRegistrationTest : public ::testing::Test {
  protected:
-  OptionsRegistrationTest() : wasRegistered(Registry().machine.mentions(kClassId)) {
-    server.unregisterServer();
-    server.install(false, L"user");
-  }
-  ~OptionsRegistrationTest() override {
-    if (wasRegistered) server.registerServer();
-  }
-
   Apartment apartment;
   ServerLibrary server;
-  bool wasRegistered;
+  testing::ScratchRegistry scratch;
 };
 
 TEST_F(OptionsRegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
@@ -98,71 +91,6 @@ TEST_F(OptionsRegistrationTest, OtherInstallCommandsAreRefused) {
   EXPECT_EQ(server.install(true, nullptr), S_OK);
   EXPECT_TRUE(Registry().machine.mentions(kClassId));
   EXPECT_EQ(server.install(false, nullptr), S_OK);
-  EXPECT_EQ(before.changesTo(Registry()), "");
-}
-
-/// The context of a program whose manifest names the component: resource 5 of the test program,
-/// with the component's own manifest beside it.
-class ProgramWithManifest {
- public:
-  ProgramWithManifest() {
-    const std::wstring server = ServerLibrary::path();
-    const std::wstring folder = server.substr(0, server.rfind(L'\\'));
-    wchar_t program[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    ACTCTXW wanted{};
-    wanted.cbSize = sizeof wanted;
-    wanted.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
-    wanted.lpSource = program;
-    wanted.lpResourceName = MAKEINTRESOURCEW(5);
-    wanted.lpAssemblyDirectory = folder.c_str();
-    context_ = CreateActCtxW(&wanted);
-    isActive_ = context_ != INVALID_HANDLE_VALUE && ActivateActCtx(context_, &cookie_) != FALSE;
-  }
-  ~ProgramWithManifest() {
-    if (isActive_) DeactivateActCtx(0, cookie_);
-    if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
-  }
-  ProgramWithManifest(const ProgramWithManifest&) = delete;
-  ProgramWithManifest& operator=(const ProgramWithManifest&) = delete;
-
-  bool isActive() const { return isActive_; }
-
- private:
-  HANDLE context_ = INVALID_HANDLE_VALUE;
-  ULONG_PTR cookie_ = 0;
-  bool isActive_ = false;
-};
-
-HRESULT createOptions(ComPtr<_Options>& options) {
-  return CoCreateInstance(CLSID_Options, nullptr, CLSCTX_INPROC_SERVER, IID__Options,
-                          options.outVoid());
-}
-
-TEST_F(OptionsRegistrationTest, AProgramsManifestMakesTheClassKnownWithoutRegistration) {
-  const Registry before;
-  ComPtr<_Options> options;
-  ASSERT_EQ(createOptions(options), REGDB_E_CLASSNOTREG);
-  {
-    const ProgramWithManifest context;
-    ASSERT_TRUE(context.isActive()) << "error " << GetLastError();
-    for (const wchar_t* name : {L"TilloraOptions.Options", L"TilloraOptions.Options.1"}) {
-      // In a context, a name may lead to an id of its own that stands for the class.
-      CLSID id{};
-      EXPECT_EQ(CLSIDFromProgID(name, &id), S_OK);
-      EXPECT_EQ(
-          CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID__Options, options.outVoid()),
-          S_OK);
-    }
-    ASSERT_EQ(createOptions(options), S_OK);
-    ComPtr<ITypeLib> library;
-    EXPECT_EQ(LoadRegTypeLib(LIBID_TilloraOptions, 1, 0, LOCALE_NEUTRAL, library.out()), S_OK);
-  }
-  VARIANT_BOOL value = VARIANT_TRUE;
-  EXPECT_EQ(options->get_ChangedDataFile(&value), S_OK);
-  EXPECT_EQ(options->ShowOptions(&value), error::objectNotSet);
-  options.reset();
-  EXPECT_EQ(createOptions(options), REGDB_E_CLASSNOTREG) << "outside the context";
   EXPECT_EQ(before.changesTo(Registry()), "");
 }
 

@@ -7,6 +7,7 @@
 #include "support/win32/type_library_registration.h"
 #include "support/win32/wide_text.h"
 #include "tests/component/automation/registry_snapshot.h"
+#include "tests/testing/win32/scratch_registry.h"
 
 namespace tillora::host::automation {
 namespace {
@@ -15,7 +16,6 @@ using tillora::testing::RegistrySnapshot;
 using win32::guidText;
 using win32::RegisteredClasses;
 using win32::RegistrationScope;
-using View = RegisteredClasses::View;
 
 struct Registry {
   RegistrySnapshot machine{HKEY_LOCAL_MACHINE};
@@ -27,22 +27,10 @@ struct Registry {
   }
 };
 
-constexpr bool kIs64 = sizeof(void*) == 8;
-constexpr View kOther = kIs64 ? View::of32 : View::of64;
-
-/// Leaves the server as it was found: other tests need it registered.
 class HostRegistrationTest : public ::testing::Test {
  protected:
-  HostRegistrationTest()
-      : server_(LoadLibraryW(L"TilloraHost.dll")),
-        wasRegistered_(RegisteredClasses(RegistrationScope::machine).exists(classKey())) {
-    unregister();
-    install(false, L"user");
-  }
-  ~HostRegistrationTest() override {
-    if (wasRegistered_) registerServer();
-    FreeLibrary(server_);
-  }
+  HostRegistrationTest() : server_(LoadLibraryW(L"TilloraHost.dll")) {}
+  ~HostRegistrationTest() override { FreeLibrary(server_); }
 
   HRESULT registerServer() const { return entry<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
   HRESULT unregister() const { return entry<HRESULT(WINAPI*)()>("DllUnregisterServer")(); }
@@ -51,8 +39,6 @@ class HostRegistrationTest : public ::testing::Test {
   }
 
   static Text classKey() { return u"CLSID\\" + guidText(CLSID_Shop); }
-  static Text interfaceKey() { return u"Interface\\" + guidText(DIID__Shop); }
-  static Text libraryKey() { return u"TypeLib\\" + guidText(LIBID_TilloraHost) + u"\\1.0"; }
 
  private:
   template <class Function>
@@ -61,7 +47,7 @@ class HostRegistrationTest : public ::testing::Test {
   }
 
   HMODULE server_;
-  bool wasRegistered_;
+  tillora::testing::ScratchRegistry scratch_;
 };
 
 TEST_F(HostRegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
@@ -83,51 +69,6 @@ TEST_F(HostRegistrationTest, PerUserRegistrationTouchesTheUsersKeysOnly) {
   EXPECT_EQ(before.machine.changesTo(Registry().machine), L"");
   ASSERT_EQ(install(false, L"user"), S_OK);
   EXPECT_EQ(before.changesTo(Registry()), "");
-}
-
-/// The keys that the server of the other bitness writes where both serve one machine.
-class OtherBitness {
- public:
-  OtherBitness() {
-    const Text classKey = u"CLSID\\" + guidText(CLSID_Shop);
-    other_.write(classKey + u"\\InprocServer32", nullptr, u"C:\\Other\\TilloraHost.dll");
-    shared_.write(u"TilloraHost.Shop\\CLSID", nullptr, guidText(CLSID_Shop));
-    shared_.write(library(), nullptr, u"C:\\Other\\TilloraHost.dll");
-    other_.write(u"Interface\\" + guidText(DIID__Shop), nullptr, u"_Shop");
-  }
-  ~OtherBitness() {
-    other_.remove(u"CLSID\\" + guidText(CLSID_Shop));
-    for (const RegisteredClasses* classes : {&shared_, &other_}) {
-      classes->remove(u"TilloraHost.Shop");
-      classes->remove(u"TypeLib\\" + guidText(LIBID_TilloraHost));
-      classes->remove(u"Interface\\" + guidText(DIID__Shop));
-    }
-  }
-  OtherBitness(const OtherBitness&) = delete;
-  OtherBitness& operator=(const OtherBitness&) = delete;
-
-  static Text library() {
-    return u"TypeLib\\" + guidText(LIBID_TilloraHost) + u"\\1.0\\0\\" +
-           (kIs64 ? u"win32" : u"win64");
-  }
-
- private:
-  RegisteredClasses shared_{RegistrationScope::machine};
-  RegisteredClasses other_{RegistrationScope::machine, kOther};
-};
-
-TEST_F(HostRegistrationTest, TheOtherBitnessKeepsItsInterfacesAndNames) {
-  const OtherBitness other;
-  const RegisteredClasses own(RegistrationScope::machine);
-  const RegisteredClasses others(RegistrationScope::machine, kOther);
-  ASSERT_EQ(registerServer(), S_OK);
-  ASSERT_EQ(unregister(), S_OK);
-  EXPECT_TRUE(others.exists(interfaceKey()));
-  EXPECT_TRUE(others.exists(classKey()) || !kIs64) << "32-bit systems have one place only";
-  EXPECT_TRUE(own.exists(OtherBitness::library()));
-  EXPECT_FALSE(own.exists(libraryKey() + u"\\0\\" + (kIs64 ? u"win64" : u"win32")));
-  EXPECT_TRUE(own.exists(u"TilloraHost.Shop\\CLSID") || !kIs64);
-  EXPECT_FALSE(own.exists(classKey()));
 }
 
 }  // namespace

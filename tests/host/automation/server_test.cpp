@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/automation/late_bound.h"
+#include "tests/testing/win32/scratch_registry.h"
 
 namespace tillora::host::automation {
 namespace {
@@ -73,9 +74,8 @@ TEST_F(ServerTest, RegistersForTheUserAndLeavesNoKey) {
   StringFromGUID2(CLSID_Shop, id, 40);
   const std::wstring shopKey = std::wstring(L"CLSID\\") + id + L"\\InprocServer32";
 
+  const testing::ScratchRegistry scratch;
   EXPECT_EQ(install(true, L"user"), S_OK);
-  ComPtr<ITypeLib> library;
-  EXPECT_EQ(LoadRegTypeLib(LIBID_TilloraHost, 1, 0, LOCALE_NEUTRAL, library.out()), S_OK);
   for (const wchar_t* key : kKeys) EXPECT_TRUE(userKeyExists(key)) << key;
   EXPECT_TRUE(userKeyExists(shopKey.c_str()));
   EXPECT_EQ(install(false, L"user"), S_OK);

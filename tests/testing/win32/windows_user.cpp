@@ -13,18 +13,28 @@ namespace {
 using ui::Key;
 using ui::Kind;
 
-constexpr ULONGLONG kMostUncovering = 10000;  // milliseconds
+constexpr ULONGLONG kMostWaiting = 10000;  // milliseconds
 
-void putOnClipboard(TextView text) {
-  if (!OpenClipboard(nullptr)) return;
+/// Another program may be reading it. A clipboard that nobody owns takes no data.
+bool openClipboard(HWND owner) {
+  const ULONGLONG end = GetTickCount64() + kMostWaiting;
+  while (!OpenClipboard(owner)) {
+    if (GetTickCount64() >= end) return false;
+    Sleep(1);
+  }
+  return true;
+}
+
+bool putOnClipboard(HWND owner, TextView text) {
+  if (!openClipboard(owner)) return false;
   EmptyClipboard();
   const std::size_t bytes = (text.size() + 1) * sizeof(char16_t);
-  if (const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes)) {
-    std::memcpy(GlobalLock(memory), text.data(), bytes - sizeof(char16_t));
-    GlobalUnlock(memory);
-    SetClipboardData(CF_UNICODETEXT, memory);
-  }
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
+  std::memcpy(GlobalLock(memory), text.data(), bytes - sizeof(char16_t));
+  GlobalUnlock(memory);
+  const bool put = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
   CloseClipboard();
+  return put;
 }
 
 POINT middleOf(const RECT& area) {
@@ -69,7 +79,7 @@ void WindowsUser::settle() {
 bool WindowsUser::moveTo(HWND window, POINT at) {
   settle();
   SetCursorPos(at.x, at.y);
-  const ULONGLONG end = GetTickCount64() + kMostUncovering;
+  const ULONGLONG end = GetTickCount64() + kMostWaiting;
   const HWND wanted = GetAncestor(window, GA_ROOT);
   while (GetAncestor(WindowFromPoint(at), GA_ROOT) != wanted) {
     const ULONGLONG now = GetTickCount64();
@@ -119,7 +129,10 @@ void WindowsUser::type(TextView text) {
 }
 
 void WindowsUser::paste(TextView text) {
-  putOnClipboard(text);
+  if (!putOnClipboard(screen_.topWindow(), text)) {
+    ADD_FAILURE() << "the clipboard cannot be set";
+    return;
+  }
   press(static_cast<Key>('V'), {.ctrl = true});
 }
 
