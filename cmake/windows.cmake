@@ -101,6 +101,7 @@ tillora_windows_program(TilloraAdministrator GUI
   FOLDER host/app
   LINK tillora_shop tillora_win32 tillora_core)
 if(TARGET TilloraAdministrator)
+  tillora_together(TilloraAdministrator REUSE tillora_win32)
   # The start-up entry that the options dialog writes starts the program named after its title.
   set_target_properties(TilloraAdministrator PROPERTIES OUTPUT_NAME "Tillora Administrator")
 endif()

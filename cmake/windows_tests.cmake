@@ -47,6 +47,7 @@ endforeach()
 
 # Clients in processes of their own, with a person at the dialog.
 tillora_windows_program(client_tests FOLDER tests/clients LINK tillora_testing gtest_main)
+tillora_together(client_tests REUSE tillora_testing)
 tillora_unit_tests(client_tests client_tests)
 tillora_at_desk(client_tests scripts)
 

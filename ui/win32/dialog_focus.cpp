@@ -1,15 +1,10 @@
 // The platform's focus and the form's, and user input on its way to the form.
 #include "ui/buttons.h"
 #include "ui/win32/dialog_window.h"
+#include "ui/win32/held_keys.h"
 
 namespace tillora::ui::win32 {
 namespace {
-
-bool isDown(int key) { return (GetKeyState(key) & 0x8000) != 0; }
-
-Modifiers modifiersDown() {
-  return {.shift = isDown(VK_SHIFT), .ctrl = isDown(VK_CONTROL), .alt = isDown(VK_MENU)};
-}
 
 // Modifiers by themselves, and keys that only carry a character or feed an input method.
 bool isNoStroke(WPARAM key) {
@@ -107,7 +102,7 @@ void DialogWindow::readBackActive() {
 
 bool DialogWindow::keyDown(const MSG& message) {
   const WPARAM key = message.wParam;
-  const Modifiers modifiers = modifiersDown();
+  const Modifiers modifiers = heldModifiers();
   showKeyboardCues(key, modifiers.alt);
   if (isNoStroke(key)) return false;
   const ControlView* view = viewAround(message.hwnd);

@@ -4,6 +4,7 @@
 
 #include "ui/masked_text.h"
 #include "ui/win32/dialog_window.h"
+#include "ui/win32/held_keys.h"
 #include "ui/win32/wide.h"
 
 namespace tillora::ui::win32 {
@@ -144,6 +145,10 @@ bool EditView::pasteIsUsed() {
 
 LRESULT EditView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_PASTE && pasteIsUsed()) return 0;
+  // An edit control may paste at this key without the message.
+  if (message == WM_KEYDOWN && wParam == VK_INSERT && heldModifiers() == Modifiers{.shift = true}) {
+    return send(WM_PASTE);
+  }
   const LRESULT result = ControlView::message(message, wParam, lParam);
   const bool movesCaret = message == WM_KEYDOWN || message == WM_CHAR ||
                           message == WM_LBUTTONDOWN || message == WM_LBUTTONUP ||
