@@ -2,7 +2,7 @@ tillora_program(native_tests
   SOURCES ${native_tests}
   LINK tillora_testing tillora_shop tillora_core gtest_main)
 tillora_together(native_tests REUSE tillora_testing)
-tillora_unit_tests(native_tests native_tests)
+tillora_unit_test_shards(native_tests 2)
 
 # Of the sources and documents, once for all presets.
 file(GLOB documents RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS

@@ -54,15 +54,24 @@ function(tillora_lint preset)
   set_tests_properties(lint PROPERTIES LABELS lint TIMEOUT 1800)
 endfunction()
 
-# tillora_unit_tests(<name> <program> <report path prefix> [<environment>...])
-function(tillora_unit_tests name program)
-  add_test(NAME ${name} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+# tillora_unit_tests(<test> <program> [<environment>...])
+function(tillora_unit_tests test program)
+  add_test(NAME ${test} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
   set(reports ${TILLORA_REPORTS})
   if(WIN32)
     set(reports Z:${reports})
   endif()
-  set_tests_properties(${name} PROPERTIES LABELS unit TIMEOUT 900
-    ENVIRONMENT "GTEST_OUTPUT=xml:${reports}/${name}.xml;GTEST_BRIEF=1;${ARGN}")
+  set_tests_properties(${test} PROPERTIES LABELS unit TIMEOUT 900
+    ENVIRONMENT "GTEST_OUTPUT=xml:${reports}/${test}.xml;GTEST_BRIEF=1;${ARGN}")
+endfunction()
+
+# tillora_unit_test_shards(<program> <count>): tests <program>-1, <program>-2, ... that share its tests.
+function(tillora_unit_test_shards program count)
+  foreach(shard RANGE 1 ${count})
+    math(EXPR index "${shard} - 1")
+    tillora_unit_tests(${program}-${shard} ${program}
+      GTEST_TOTAL_SHARDS=${count} GTEST_SHARD_INDEX=${index})
+  endforeach()
 endfunction()
 
 if(WIN32)

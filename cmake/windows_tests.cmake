@@ -19,12 +19,11 @@ tillora_together(windows_tests HEADERS TEST)
 # one after the other, desks run side by side. A desk closes when ctest ends.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(bits 64)
-  set(unit_desks 1 2)
+  set(unit_desks 2)
 else()
   set(bits 32)
   set(unit_desks 1)
 endif()
-list(LENGTH unit_desks shards)
 
 # tillora_at_desk(<test> <desk>)
 function(tillora_at_desk test desk)
@@ -38,11 +37,9 @@ function(tillora_at_desk test desk)
   set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT DESK=${bits}-${desk})
 endfunction()
 
-foreach(shard IN LISTS unit_desks)
-  math(EXPR index "${shard} - 1")
-  tillora_unit_tests(windows_tests-${shard} windows_tests
-    GTEST_TOTAL_SHARDS=${shards} GTEST_SHARD_INDEX=${index})
-  tillora_at_desk(windows_tests-${shard} ${shard})
+tillora_unit_test_shards(windows_tests ${unit_desks})
+foreach(desk RANGE 1 ${unit_desks})
+  tillora_at_desk(windows_tests-${desk} ${desk})
 endforeach()
 
 # Clients in processes of their own, with a person at the dialog.

@@ -79,6 +79,10 @@ debian_mirror() {
     'Label: Debian' | sort -u | head -1
 }
 
+# What joins the files of Debian's SQLite.
+# shellcheck disable=SC2034
+SQLITE_PACKAGES=(dpkg-dev tcl make gcc libc6-dev)
+
 have_windows_tools() {
   command -v wine >/dev/null && command -v x86_64-w64-mingw32-g++-posix >/dev/null
 }

@@ -32,7 +32,7 @@ from_package() {
 
 # The source package is not an amalgamation yet; its own makefile joins the files.
 from_debian() {
-  install_packages dpkg-dev tcl make gcc libc6-dev || return 1
+  install_packages "${SQLITE_PACKAGES[@]}" || return 1
   local release mirror
   release=$(. /etc/os-release && echo "$VERSION_CODENAME")
   mirror=$(debian_mirror "$release")

@@ -5,6 +5,8 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 packages=(cmake ninja-build)
+# For tools/fetch_sqlite.sh, which would wait for everything else to be installed.
+command -v npm >/dev/null || packages+=("${SQLITE_PACKAGES[@]}")
 for what in "$@"; do
   case $what in
     run) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools googletest wine wine64 xvfb xdotool imagemagick
