@@ -10,10 +10,6 @@ find_path(TILLORA_STDOLE_DIR stdole2.tlb
 # constants it declares; <name>.tlb lies beside the header.
 function(tillora_idl name folder)
   set(idl ${folder}/${name}.idl)
-  tillora_sources(present FOLDERS ${folder} PATTERN "${name}.idl")
-  if(NOT present)
-    return()
-  endif()
   if(NOT TILLORA_STDOLE_DIR)
     message(FATAL_ERROR "stdole2.tlb not found: install the package libwine")
   endif()
@@ -25,7 +21,7 @@ function(tillora_idl name folder)
   endif()
   # The definition takes its properties from the option table, so it depends on the tables too.
   file(GLOB tables CONFIGURE_DEPENDS
-    ${PROJECT_SOURCE_DIR}/component/*.inc ${PROJECT_SOURCE_DIR}/component/*.h
+    ${PROJECT_SOURCE_DIR}/component/contract/*.inc ${PROJECT_SOURCE_DIR}/component/contract/*.h
     ${PROJECT_SOURCE_DIR}/${folder}/*.inc ${PROJECT_SOURCE_DIR}/${folder}/*.idl)
   set(widl ${TILLORA_WIDL} ${bitness}
     -I ${PROJECT_SOURCE_DIR}/cmake/idl -I ${PROJECT_SOURCE_DIR} -L ${TILLORA_STDOLE_DIR})

@@ -21,6 +21,7 @@ if(TILLORA_MCS)
   tillora_check(clients.csharp ${TILLORA_MCS} -warnaserror -out:${PROJECT_BINARY_DIR}/Program.exe
     -r:Microsoft.CSharp clients/csharp/Program.cs)
 endif()
+tillora_check(layers tools/layers.py)
 tillora_check(formatting tools/format.sh --check)
 tillora_check(shell tools/shellcheck.sh)
 tillora_lint(native)

@@ -16,7 +16,7 @@ if(WIN32)
   install(FILES ${PROJECT_BINARY_DIR}/TilloraOptions.Component.manifest DESTINATION ${folder})
   install(FILES component/automation/TilloraOptions.idl host/automation/TilloraHost.idl
     DESTINATION idl)
-  install(FILES component/option_table.inc component/option_changes.inc DESTINATION idl/component)
+  install(FILES component/contract/option_table.inc component/contract/option_changes.inc DESTINATION idl/component/contract)
   install(DIRECTORY clients docs DESTINATION .)
   file(WRITE ${PROJECT_BINARY_DIR}/package/README.txt
     "docs/package.md says what is here; docs/host-guide.md is where to begin.\n")

@@ -15,18 +15,18 @@ add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCL
 set(testing_folders tests/testing)
 if(WIN32)
   list(APPEND testing_folders tests/testing/win32)
+  set(windows_side tillora_win32 tillora_windows_libraries)
 endif()
-tillora_sources(testing_sources FOLDERS ${testing_folders})
-add_library(tillora_testing STATIC ${testing_sources})
-tillora_link(tillora_testing
-  tillora_options tillora_win32 tillora_shop tillora_core tillora_windows_libraries gtest)
+tillora_static_library(tillora_testing
+  FOLDERS ${testing_folders}
+  LINK ${windows_side} tillora_shop tillora_core gtest)
 tillora_together(tillora_testing HEADERS TEST)
 
 file(GLOB_RECURSE all_tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/*_test.cpp)
 list(FILTER all_tests EXCLUDE REGEX "/tests/testing/")
 set(windows_tests ${all_tests})
 list(FILTER windows_tests INCLUDE REGEX
-  "/tests/(ui/win32|support/win32|component/automation|host/automation|windows)/")
+  "/tests/(com|platform|ui/win32|component/automation|host/automation|windows)/")
 set(native_tests ${all_tests})
 list(REMOVE_ITEM native_tests ${windows_tests})
 # Behaviour that holds with and without windows is tested on both sides. What the tabs do in real
@@ -61,7 +61,7 @@ function(tillora_unit_tests test program)
   if(WIN32)
     set(reports Z:${reports})
   endif()
-  set_tests_properties(${test} PROPERTIES LABELS unit TIMEOUT 900
+  set_tests_properties(${test} PROPERTIES LABELS unit TIMEOUT 1800
     ENVIRONMENT "GTEST_OUTPUT=xml:${reports}/${test}.xml;GTEST_BRIEF=1;${ARGN}")
 endfunction()
 

@@ -8,7 +8,7 @@ target_link_libraries(tillora_windows_libraries INTERFACE
   comctl32 comdlg32 ole32 oleaut32 uuid shell32 shlwapi uxtheme version gdi32 user32 advapi32)
 
 tillora_static_library(tillora_win32
-  FOLDERS ui/win32 support/win32
+  FOLDERS com platform ui/win32
   LINK tillora_core tillora_windows_libraries)
 tillora_together(tillora_win32 HEADERS WINDOWS)
 
@@ -38,9 +38,6 @@ function(tillora_automation_server name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER;STATIC" "LINK")
   tillora_idl(${name} ${arg_FOLDER})
   tillora_sources(sources FOLDERS ${arg_FOLDER})
-  if(NOT sources)
-    return()
-  endif()
 
   set(entry ${PROJECT_SOURCE_DIR}/${arg_FOLDER}/dll_entry.cpp)
   list(REMOVE_ITEM sources ${entry})
@@ -55,9 +52,6 @@ function(tillora_automation_server name)
 
   tillora_sources(exports FOLDERS ${arg_FOLDER} PATTERN "*.def")
   tillora_resources(resources ${arg_FOLDER} ${TILLORA_IDL_DIR}/${name}.tlb)
-  if(NOT exports)
-    return()
-  endif()
   add_library(${name} SHARED $<TARGET_OBJECTS:${objects}> ${entry} ${exports} ${resources})
   tillora_link(${name} tillora_options ${name}_idl ${arg_LINK} tillora_windows_libraries)
   set_target_properties(${name} PROPERTIES
@@ -89,22 +83,18 @@ function(tillora_windows_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "GUI" "FOLDER" "LINK")
   tillora_sources(sources FOLDERS ${arg_FOLDER})
   tillora_resources(resources ${arg_FOLDER})
-  if(sources)
-    tillora_program(${name}
-      SOURCES ${sources} ${resources}
-      LINK ${arg_LINK} TilloraOptions_idl TilloraHost_idl tillora_windows_libraries)
-    set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ${arg_GUI})
-  endif()
+  tillora_program(${name}
+    SOURCES ${sources} ${resources}
+    LINK ${arg_LINK} TilloraOptions_idl TilloraHost_idl tillora_windows_libraries)
+  set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ${arg_GUI})
 endfunction()
 
 tillora_windows_program(TilloraAdministrator GUI
   FOLDER host/app
   LINK tillora_shop tillora_win32 tillora_core)
-if(TARGET TilloraAdministrator)
-  tillora_together(TilloraAdministrator REUSE tillora_win32)
-  # The start-up entry that the options dialog writes starts the program named after its title.
-  set_target_properties(TilloraAdministrator PROPERTIES OUTPUT_NAME "Tillora Administrator")
-endif()
+tillora_together(TilloraAdministrator REUSE tillora_win32)
+# The start-up entry that the options dialog writes starts the program named after its title.
+set_target_properties(TilloraAdministrator PROPERTIES OUTPUT_NAME "Tillora Administrator")
 tillora_windows_program(TilloraTerminal GUI FOLDER host/terminal LINK tillora_core)
 tillora_windows_program(cpp_client FOLDER clients/cpp)
 tillora_windows_program(cpp_late_client FOLDER clients/cpp_late_bound)

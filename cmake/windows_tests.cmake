@@ -1,4 +1,4 @@
-tillora_windows_program(drive FOLDER tests/drive LINK tillora_testing)
+tillora_windows_program(drive FOLDER tools/drive LINK tillora_testing)
 tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
 tillora_program(windows_tests
   SOURCES ${windows_tests} ${shared_tests}

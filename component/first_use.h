@@ -1,6 +1,6 @@
 #pragma once
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 
 namespace tillora {
 

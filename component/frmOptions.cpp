@@ -90,8 +90,7 @@ std::int16_t frmOptions::GetNumberOfFiles(TextView pattern) const {
   std::int16_t count = 0;
   while (files && files->next()) {
     if (count == std::numeric_limits<std::int16_t>::max()) {
-      throw Error(error::overflow, u"TilloraOptions.Options",
-                  u"There are too many files to count.");
+      throw Error(error::overflow, u"There are too many files to count.");
     }
     ++count;
   }
@@ -121,7 +120,6 @@ void frmOptions::onLoad() {
 void frmOptions::onResize() {
   const ui::Rect client = tabOptions.clientArea();
   for (const auto& [index, frame] : fraFrame) frame->setBounds(client);
-  if (tabs_) tabs_->get<LaybyOptions>().stretchTerms();
 }
 
 void frmOptions::onQueryUnload(bool& /*cancel*/, ui::UnloadMode /*mode*/) {

@@ -3,12 +3,12 @@
 #include <cstdint>
 #include <memory>
 
-#include "component/dialog.h"
-#include "component/host_objects.h"
-#include "component/messages.h"
-#include "component/options_tab.h"
-#include "component/platform.h"
+#include "component/contract/host_objects.h"
+#include "component/contract/messages.h"
+#include "component/contract/options_tab.h"
+#include "component/contract/platform.h"
 #include "component/tab_order.h"
+#include "support/dialog.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/image_list.h"

@@ -12,8 +12,7 @@ class OpenDialog {
  public:
   OpenDialog() {
     if (isOpen) {
-      throw Error(error::alreadyShown, u"TilloraOptions.Options",
-                  u"An options dialog is already open.");
+      throw Error(error::alreadyShown, u"An options dialog is already open.");
     }
     isOpen = true;
   }

@@ -4,8 +4,8 @@
 #include <memory>
 #include <utility>
 
-#include "component/host_objects.h"
-#include "component/platform.h"
+#include "component/contract/host_objects.h"
+#include "component/contract/platform.h"
 #include "ui/event.h"
 
 namespace tillora {

@@ -4,7 +4,7 @@
 #include <tuple>
 #include <type_traits>
 
-#include "component/options_tab.h"
+#include "component/contract/options_tab.h"
 #include "identity/company_details.h"
 #include "identity/fred_link.h"
 #include "identity/ledvane_link.h"

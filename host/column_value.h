@@ -1,6 +1,6 @@
 #pragma once
 
-#include "component/values.h"
+#include "base/values.h"
 #include "host/shop_schema.h"
 #include "host/statement.h"
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <limits>
 
-#include "ui/error.h"
+#include "base/error.h"
 
 namespace tillora::host {
 namespace {

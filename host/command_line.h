@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora::host {
 

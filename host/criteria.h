@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "component/values.h"
+#include "base/values.h"
 #include "host/shop_schema.h"
 #include "host/statement.h"
 

@@ -2,9 +2,9 @@
 
 #include <limits>
 
+#include "base/numbers.h"
 #include "host/shop_error.h"
 #include "host/text_encoding.h"
-#include "support/numbers.h"
 
 namespace tillora::host {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora::host {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "component/option_table.h"
-#include "ui/text.h"
+#include "base/text.h"
+#include "component/contract/option_table.h"
 
 namespace tillora::host {
 

@@ -3,7 +3,7 @@
 #include <bit>
 #include <cstdint>
 
-#include "component/values.h"
+#include "base/values.h"
 
 namespace tillora::host {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <ostream>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 #include "host/shop_file.h"
 
 namespace tillora::host {

@@ -4,7 +4,7 @@
 #include <sstream>
 #include <string>
 
-#include "component/option_table.h"
+#include "component/contract/option_table.h"
 #include "host/column_value.h"
 #include "host/option_list.h"
 #include "host/shop_error.h"

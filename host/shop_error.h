@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "ui/error.h"
-#include "ui/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace tillora::host {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/text.h"
 #include "host/statement.h"
-#include "ui/text.h"
 
 struct sqlite3;
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 #include "host/shop_file.h"
 
 namespace tillora::host {

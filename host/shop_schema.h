@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 
 namespace tillora::host {
 

@@ -1,9 +1,9 @@
 #include <array>
 #include <string>
 
+#include "base/numbers.h"
 #include "host/shop_file.h"
 #include "host/shop_seed.h"
-#include "support/numbers.h"
 
 namespace tillora::host {
 namespace {

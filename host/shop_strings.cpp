@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "base/numbers.h"
 #include "host/shop_error.h"
-#include "support/numbers.h"
 
 namespace tillora::host {
 namespace {}  // namespace

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 #include "host/shop_file.h"
 #include "host/shop_schema.h"
 

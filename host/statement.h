@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 struct sqlite3_stmt;
 

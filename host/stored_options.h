@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 #include "host/shop_file.h"
 
 namespace tillora::host {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "component/values.h"
+#include "base/values.h"
 
 namespace tillora::host {
 

@@ -5,8 +5,9 @@
 #include <string>
 #include <utility>
 
+#include "base/numbers.h"
+#include "base/text_rules.h"
 #include "support/modJetSQLFixup.h"
-#include "support/text_rules.h"
 #include "ui/layout.h"
 
 namespace tillora {
@@ -144,7 +145,7 @@ void CompanyDetails::keyPress(int index, char16_t& key) {
   if (!isDigitGroup(index) || isCommandCharacter(key)) return;
   ui::TextBox& box = txtCompanyDetails[index];
   const int caret = box.selStart();
-  if (key == ui::kBackspaceCharacter) {
+  if (key == kBackspaceCharacter) {
     if (!isFirstGroup(index) && caret == 0) moveFocusTo(index - 1, Caret::end);
     return;
   }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "component/options_tab.h"
+#include "component/contract/options_tab.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
 #include "ui/lists.h"

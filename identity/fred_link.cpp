@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text_rules.h"
+#include "base/whole_numbers.h"
 #include "support/modSelectAllText.h"
-#include "support/text_rules.h"
-#include "support/whole_numbers.h"
 #include "ui/form.h"
 #include "ui/layout.h"
 

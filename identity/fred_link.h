@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "component/options_tab.h"
+#include "component/contract/options_tab.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "base/letter_case.h"
 #include "ui/layout.h"
-#include "ui/letter_case.h"
 
 namespace tillora {
 namespace {

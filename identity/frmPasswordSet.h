@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <initializer_list>
 
-#include "component/dialog.h"
-#include "component/messages.h"
+#include "base/secret_text.h"
+#include "component/contract/messages.h"
+#include "support/dialog.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
-#include "ui/secret_text.h"
 #include "ui/text_box.h"
 
 namespace tillora {

@@ -1,6 +1,6 @@
 #include "identity/frmWebSite.h"
 
-#include "support/text_rules.h"
+#include "base/text_rules.h"
 #include "ui/layout.h"
 
 namespace tillora {

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "component/dialog.h"
-#include "component/messages.h"
-#include "component/platform.h"
+#include "component/contract/messages.h"
+#include "component/contract/platform.h"
+#include "support/dialog.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
 #include "ui/text_box.h"

@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "base/numbers.h"
+#include "base/text_rules.h"
 #include "support/check_box_bits.h"
-#include "support/numbers.h"
-#include "support/text_rules.h"
 #include "ui/layout.h"
 
 namespace tillora {

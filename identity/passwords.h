@@ -3,10 +3,10 @@
 #include <array>
 #include <cstdint>
 
-#include "component/options_tab.h"
+#include "base/secret_text.h"
+#include "component/contract/options_tab.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
-#include "ui/secret_text.h"
 
 namespace tillora {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <set>
 
-#include "component/options_tab.h"
+#include "component/contract/options_tab.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"

@@ -1,6 +1,6 @@
 #include "operations/clsRandomPrice.h"
 
-#include "support/number_format.h"
+#include "base/number_format.h"
 
 namespace tillora {
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora {
 

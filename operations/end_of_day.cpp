@@ -3,14 +3,14 @@
 #include <array>
 #include <utility>
 
+#include "base/numbers.h"
+#include "base/text_rules.h"
+#include "base/whole_numbers.h"
 #include "operations/frmEODDefaultReports.h"
 #include "operations/frmReportCaptions.h"
 #include "operations/report_captions.h"
 #include "support/check_box_bits.h"
 #include "support/modEnableLabel.h"
-#include "support/numbers.h"
-#include "support/text_rules.h"
-#include "support/whole_numbers.h"
 
 namespace tillora {
 namespace {

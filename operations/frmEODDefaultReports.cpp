@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "base/text_rules.h"
 #include "operations/report_captions.h"
 #include "support/check_box_bits.h"
-#include "support/text_rules.h"
 #include "ui/layout.h"
 
 namespace tillora {

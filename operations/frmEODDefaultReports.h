@@ -4,9 +4,9 @@
 #include <memory>
 #include <vector>
 
-#include "component/dialog.h"
-#include "component/host_objects.h"
-#include "component/messages.h"
+#include "component/contract/host_objects.h"
+#include "component/contract/messages.h"
+#include "support/dialog.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"

@@ -1,7 +1,7 @@
 #include "operations/frmPumpGrade.h"
 
+#include "base/numbers.h"
 #include "sales/frmBrowseItems.h"
-#include "support/numbers.h"
 #include "ui/layout.h"
 
 namespace tillora {

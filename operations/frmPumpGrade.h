@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "component/dialog.h"
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
+#include "support/dialog.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
 #include "ui/text_box.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "component/dialog.h"
+#include "support/dialog.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"

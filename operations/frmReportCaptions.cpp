@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <span>
 
+#include "base/text_rules.h"
 #include "operations/report_captions.h"
 #include "support/modSelectAllText.h"
-#include "support/text_rules.h"
 #include "ui/layout.h"
 
 namespace tillora {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "component/dialog.h"
-#include "component/messages.h"
+#include "component/contract/messages.h"
+#include "support/dialog.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "support/whole_numbers.h"
+#include "base/whole_numbers.h"
 #include "ui/form.h"
 #include "ui/layout.h"
 
@@ -55,6 +55,8 @@ LaybyOptions::LaybyOptions(OptionsDialog& dialog) : OptionsTab(dialog) {
     txtLayby[box].validate = [this, box](bool&) { validate(box); };
   }
   letEnterMakeLines(txtLayby[terms]);
+  stretchTerms();
+  dialog_.page(TabPage::layby).resized = [this] { stretchTerms(); };
 }
 
 void LaybyOptions::addBox(Box box, Text caption) {

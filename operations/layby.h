@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "component/options_tab.h"
+#include "component/contract/options_tab.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
 #include "ui/text_box.h"
@@ -22,13 +22,12 @@ class LaybyOptions final : public OptionsTab {
   void load(OptionsRecord& record) override;
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
-  /// Makes the terms box fill its page: below it as many whole pixels as on its left.
-  void stretchTerms();
-
   ui::ControlArray<ui::Label> lblLayby;
   ui::ControlArray<ui::TextBox> txtLayby;
 
  private:
+  /// Makes the terms box fill its page: below it as many whole pixels as on its left.
+  void stretchTerms();
   void addBox(Box box, Text caption);
   void addUnit(Unit unit);
   void layOut();

@@ -5,10 +5,10 @@
 #include <string>
 #include <utility>
 
+#include "base/numbers.h"
 #include "operations/frmPumpGrade.h"
 #include "support/check_box_bits.h"
 #include "support/modListViewSupport.h"
-#include "support/numbers.h"
 #include "support/table_rows.h"
 #include "ui/form.h"
 #include "ui/layout.h"

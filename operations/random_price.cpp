@@ -6,10 +6,10 @@
 #include <optional>
 #include <utility>
 
+#include "base/numbers.h"
 #include "operations/frmRandomPrice.h"
 #include "support/check_box_bits.h"
 #include "support/modListViewSupport.h"
-#include "support/numbers.h"
 #include "ui/form.h"
 #include "ui/layout.h"
 

@@ -4,8 +4,8 @@
 #include <span>
 #include <vector>
 
-#include "component/host_objects.h"
-#include "ui/text.h"
+#include "base/text.h"
+#include "component/contract/host_objects.h"
 
 namespace tillora {
 

@@ -5,8 +5,9 @@
 #include <cstdint>
 #include <utility>
 
+#include "base/number_format.h"
+#include "base/numbers.h"
 #include "support/modSelectAllText.h"
-#include "support/number_format.h"
 #include "ui/layout.h"
 
 namespace tillora {
@@ -92,7 +93,7 @@ void CurrencyConversion::load(OptionsRecord& record) {
 }
 
 void CurrencyConversion::keyPress(char16_t& key) {
-  if (isCommandCharacter(key) || key == ui::kBackspaceCharacter) return;
+  if (isCommandCharacter(key) || key == kBackspaceCharacter) return;
   const Text typed(1, key);
   const bool onlyOnce = typed == locale_.decimalSeparator || key == u'-';
   if (!onlyOnce) {

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "component/options_tab.h"
-#include "support/numbers.h"
+#include "base/numbers.h"
+#include "component/contract/options_tab.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
 #include "ui/text_box.h"

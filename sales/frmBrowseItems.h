@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "component/dialog.h"
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
+#include "support/dialog.h"
 #include "ui/control_array.h"
 #include "ui/lists.h"
 

@@ -4,9 +4,9 @@
 #include <array>
 #include <utility>
 
+#include "base/text_rules.h"
 #include "sales/frmBrowseItems.h"
 #include "support/check_box_bits.h"
-#include "support/text_rules.h"
 #include "ui/form.h"
 #include "ui/layout.h"
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "component/options_tab.h"
-#include "support/money.h"
+#include "base/money.h"
+#include "component/contract/options_tab.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 

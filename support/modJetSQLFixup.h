@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ui/letter_case.h"
+#include "base/letter_case.h"
 
 namespace tillora {
 namespace {

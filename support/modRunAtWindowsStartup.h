@@ -1,6 +1,6 @@
 #pragma once
 
-#include "component/platform.h"
+#include "component/contract/platform.h"
 
 namespace tillora {
 

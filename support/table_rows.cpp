@@ -1,6 +1,6 @@
 #include "support/table_rows.h"
 
-#include "support/numbers.h"
+#include "base/numbers.h"
 
 namespace tillora {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <set>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 
 /// Tables that a list on a tab stands for, row by row, told apart by a key.
 namespace tillora {

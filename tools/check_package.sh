@@ -23,7 +23,7 @@ cd "$folder"/TilloraOptions-*/
 version=${PWD##*-}
 for file in {x64,x86}/Tillora{Options,Host}.{dll,tlb} {x64,x86}/TilloraOptions.Component.manifest \
   include/Tillora{Options.h,Options_i.c,Host.h,Host_i.c} idl/TilloraOptions.idl \
-  idl/component/option_table.inc clients/vbscript/host_in_script.vbs docs/host-guide.md \
+  idl/component/contract/option_table.inc clients/vbscript/host_in_script.vbs docs/host-guide.md \
   docs/images/tab-general.png licences/{GPL-3,gcc,mingw-w64}.txt README.txt; do
   [ -s "$file" ] || die "$file is missing"
 done

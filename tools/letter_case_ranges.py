@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints ui/letter_case_ranges.inc from the Unicode data of this Python."""
+"""Prints base/letter_case_ranges.inc from the Unicode data of this Python."""
 import unicodedata
 
 # The full mapping of this one letter is two characters; the simple one is the first of them.

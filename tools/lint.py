@@ -18,8 +18,8 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SOURCES = {
-    "native": r"(ui|support|identity|sales|operations|component|host|tools/document_tables)/\w+\.cpp",
-    "windows-x64": r"(ui/win32|support/win32|component/automation|host/(automation|app|terminal)|clients/\w+)"
+    "native": r"(base|ui|support|identity|sales|operations|component|component/contract|host|tools/document_tables)/\w+\.cpp",
+    "windows-x64": r"(com|platform|ui/win32|component/automation|host/(automation|app|terminal)|clients/\w+)"
                    r"/\w+\.cpp",
 }
 # The bound on the path analysis keeps files with much inlined library code from taking ten seconds.

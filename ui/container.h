@@ -49,7 +49,12 @@ class Frame final : public Container {
   Control* firstFocus() const { return firstFocus_; }
   void setFirstFocus(Control& control) { firstFocus_ = &control; }
 
+  /// It has another size.
+  Event<> resized;
+
  private:
+  void sizeChanged() override { resized.raise(); }
+
   Text caption_;
   Border border_;
   Control* firstFocus_ = nullptr;

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/letter_case.h"
 #include "ui/container.h"
 #include "ui/form.h"
-#include "ui/letter_case.h"
 
 namespace tillora::ui {
 namespace {
@@ -43,8 +43,10 @@ bool Control::effectivelyVisible() const {
 
 void Control::setBounds(const Rect& bounds) {
   if (bounds_ == bounds) return;
+  const bool hasOtherSize = bounds_.width != bounds.width || bounds_.height != bounds.height;
   bounds_ = bounds;
   notify(Property::bounds);
+  if (hasOtherSize) sizeChanged();
 }
 
 void Control::bringToFront() {

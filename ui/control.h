@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/text.h"
 #include "ui/event.h"
 #include "ui/geometry.h"
 #include "ui/keys.h"
-#include "ui/text.h"
 
 namespace tillora::ui {
 
@@ -138,6 +138,7 @@ class Control {
   /// means (see Form::edited).
   void edited();
   virtual bool focusable() const { return false; }
+  virtual void sizeChanged() {}
 
  private:
   friend class Container;

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ui/error.h"
+#include "base/error.h"
 
 namespace tillora::ui {
 
@@ -35,7 +35,7 @@ void Form::load() {
 
 void Form::showModal() {
   if (shown_) {
-    throw Error(error::alreadyShown, u"TilloraOptions.Options", u"The form is already shown.");
+    throw Error(error::alreadyShown, u"The form is already shown.");
   }
   closing_.reset();
   onShowModal();

@@ -35,8 +35,7 @@ struct Modifiers {
   friend bool operator==(const Modifiers&, const Modifiers&) = default;
 };
 
-/// The character that the Backspace key types, and the one it types with Ctrl.
-inline constexpr char16_t kBackspaceCharacter = 8;
+/// The character that the Backspace key types with Ctrl.
 inline constexpr char16_t kDeleteCharacter = 0x7F;
 
 }  // namespace tillora::ui

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/error.h"
+#include "base/error.h"
 #include "ui/form.h"
 
 namespace tillora::ui {
@@ -17,7 +17,7 @@ constexpr int kRowHeight = 255;
 
 void requirePosition(int position, int first, std::size_t count) {
   if (position >= first && position < static_cast<int>(count)) return;
-  throw Error(error::invalidIndex, u"TilloraOptions.Options", u"Invalid property value");
+  throw Error(error::invalidIndex, u"Invalid property value");
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora::ui {
 

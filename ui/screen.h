@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
+#include "base/text.h"
 #include "ui/control.h"
 #include "ui/geometry.h"
-#include "ui/text.h"
 
 namespace tillora::ui {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ui/error.h"
+#include "base/error.h"
 #include "ui/form.h"
 
 namespace tillora::ui {
@@ -17,7 +17,7 @@ void TabStrip::addTab(Text caption) {
 
 void TabStrip::setSelected(int tab) {
   if (tab < 1 || tab > count()) {
-    throw Error(error::indexOutOfBounds, u"TilloraOptions.Options", u"Index out of bounds");
+    throw Error(error::indexOutOfBounds, u"Index out of bounds");
   }
   if (tab == selected_) return;
   bool cancel = false;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/secret_text.h"
 #include "ui/container.h"
-#include "ui/secret_text.h"
 
 namespace tillora::ui {
 

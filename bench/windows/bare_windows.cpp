@@ -1,7 +1,8 @@
 #include "bench/windows/bare_windows.h"
 
-#include "ui/win32/module.h"
-#include "ui/win32/wide.h"
+#include "com/module.h"
+#include "ui/win32/frame_class.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::bench {
 
@@ -43,7 +44,7 @@ ui::win32::Window BareWindows::open(HWND owner) const {
     const HWND window = CreateWindowExW(
         record.extended, record.className.c_str(), record.text.c_str(), style, record.place.left,
         record.place.top, record.place.right - record.place.left,
-        record.place.bottom - record.place.top, parent, nullptr, ui::win32::thisModule(), nullptr);
+        record.place.bottom - record.place.top, parent, nullptr, win32::thisModule(), nullptr);
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(record.font), FALSE);
     made.push_back(window);
   }

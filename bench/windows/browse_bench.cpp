@@ -9,9 +9,9 @@
 #include "bench/windows/benchmarks.h"
 #include "bench/windows/catalogue.h"
 #include "bench/windows/measure.h"
+#include "com/variant.h"
 #include "component/automation/host_adapters.h"
 #include "sales/frmBrowseItems.h"
-#include "support/win32/variant.h"
 #include "ui/win32/screen.h"
 
 namespace tillora::bench {

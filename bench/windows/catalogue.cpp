@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "host/automation/class_factory.h"
-#include "ui/win32/module.h"
+#include "com/module.h"
+#include "host/automation/shop_server.h"
 
 namespace tillora::bench {
 
@@ -14,7 +14,7 @@ Catalogue::Catalogue()
               ("tillora-bench-" + std::to_string(GetCurrentProcessId()))),
       shop_(ComPtr<IDispatch>::adopt(host::automation::kShopClass.create()), u"Shop"),
       owner_(CreateWindowExW(0, L"STATIC", L"Benchmark", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
-                             900, 700, nullptr, nullptr, ui::win32::thisModule(), nullptr)) {
+                             900, 700, nullptr, nullptr, win32::thisModule(), nullptr)) {
   constexpr std::int32_t kItems = 100'000;
   std::filesystem::create_directories(folder_);
   shop_.call(u"OpenSeeded", (folder_ / "shop.db").u16string(), kItems);

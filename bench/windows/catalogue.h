@@ -6,8 +6,8 @@
 
 #include <filesystem>
 
+#include "com/com_ptr.h"
 #include "component/automation/dispatch_object.h"
-#include "support/win32/com_ptr.h"
 #include "ui/win32/handles.h"
 
 namespace tillora::bench {

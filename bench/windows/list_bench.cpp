@@ -9,11 +9,11 @@
 #include "bench/windows/benchmarks.h"
 #include "bench/windows/catalogue.h"
 #include "bench/windows/measure.h"
+#include "com/module.h"
 #include "component/automation/host_adapters.h"
 #include "sales/frmBrowseItems.h"
-#include "ui/win32/module.h"
 #include "ui/win32/screen.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::bench {
 namespace {
@@ -33,7 +33,7 @@ ui::win32::Window makeStoredList(HWND shown, const ui::ListView& list) {
       CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"",
                       WS_CHILD | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS, place.left,
                       place.top, place.right - place.left, place.bottom - place.top, parent,
-                      nullptr, ui::win32::thisModule(), nullptr));
+                      nullptr, win32::thisModule(), nullptr));
   const auto send = [&](UINT message, WPARAM wParam, LPARAM lParam) {
     return SendMessageW(stored.get(), message, wParam, lParam);
   };
@@ -42,7 +42,8 @@ ui::win32::Window makeStoredList(HWND shown, const ui::ListView& list) {
 
   const auto columns = static_cast<int>(list.columns().size());
   for (int column = 0; column < columns; ++column) {
-    std::wstring header = ui::win32::wide(list.columns()[static_cast<std::size_t>(column)].header);
+    std::wstring header =
+        ui::win32::forWindow(list.columns()[static_cast<std::size_t>(column)].header);
     LVCOLUMNW item{};
     item.mask = LVCF_TEXT | LVCF_WIDTH;
     item.pszText = header.data();
@@ -53,7 +54,7 @@ ui::win32::Window makeStoredList(HWND shown, const ui::ListView& list) {
   send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list.count()), 0);
   for (int row = 0; row < list.count(); ++row) {
     for (int column = 0; column < columns; ++column) {
-      std::wstring text = ui::win32::wide(list.text(row, column));
+      std::wstring text = ui::win32::forWindow(list.text(row, column));
       LVITEMW item{};
       item.mask = LVIF_TEXT;
       item.iItem = row;
@@ -100,7 +101,7 @@ double timed(HWND list, const std::function<void()>& act) {
 
 bool measure(HWND shown, const ui::ListView& list) {
   const ui::win32::Window stored = makeStoredList(shown, list);
-  const std::vector<std::wstring> texts = {ui::win32::wide(list.text(list.count() - 1, 0)),
+  const std::vector<std::wstring> texts = {ui::win32::forWindow(list.text(list.count() - 1, 0)),
                                            L"no product is called so"};
   std::vector<double> scrolled, scrolledStored, typed, typedStored;
   for (int round = 0; round < kRounds; ++round) {

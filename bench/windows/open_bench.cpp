@@ -4,12 +4,13 @@
 #include "bench/windows/bare_windows.h"
 #include "bench/windows/benchmarks.h"
 #include "bench/windows/measure.h"
+#include "com/module.h"
 #include "component/frmOptions.h"
 #include "component/options.h"
 #include "tests/testing/fake_host.h"
 #include "tests/testing/fake_machine.h"
-#include "ui/win32/module.h"
 #include "ui/win32/screen.h"
+#include "ui/win32/visual_styles.h"
 
 namespace tillora::bench {
 namespace {
@@ -82,7 +83,7 @@ class Opening {
 
   ui::win32::Window owner_{CreateWindowExW(0, L"STATIC", L"Benchmark",
                                            WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 700,
-                                           nullptr, nullptr, ui::win32::thisModule(), nullptr)};
+                                           nullptr, nullptr, win32::thisModule(), nullptr)};
   ui::win32::Screen screen_;
   testing::FakeHost host_;
   testing::ScriptedMessageBoxes boxes_{screen_};

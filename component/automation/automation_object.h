@@ -7,9 +7,10 @@
 
 #include <atomic>
 
+#include "com/module.h"
 #include "component/automation/com_error.h"
 #include "component/automation/member_call.h"
-#include "component/automation/module.h"
+#include "component/automation/type_library.h"
 
 namespace tillora::automation {
 
@@ -120,7 +121,7 @@ class AutomationObject : public Dual, public IProvideClassInfo2, public ISupport
     return findOwnInterface(id);
   }
 
-  ModuleLock lock_;
+  win32::ModuleLock lock_;
   std::atomic<ULONG> references_{1};
   win32::ComPtr<ITypeInfo> typeInfo_;
 };

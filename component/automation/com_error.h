@@ -4,22 +4,17 @@
 
 #include <utility>
 
+#include "com/error_info.h"
+
 namespace tillora::automation {
 
-/// Turns the exception being handled into a result and, for callers that ask, into the thread's
-/// error object. An Error keeps number, source, description and help; std::bad_alloc is
-/// E_OUTOFMEMORY; any other is E_FAIL with its text. For use inside a catch block.
-HRESULT reportCurrentException(const IID& interfaceId) noexcept;
+/// Program id of the class `Options`, and the source of the component's own errors.
+inline constexpr const char16_t* kProgramId = u"TilloraOptions.Options";
 
-/// The wall of every entry from outside: runs `body`; no exception leaves.
+/// The wall of the component's entries (com/error_info.h).
 template <class Body>
 HRESULT guarded(const IID& interfaceId, Body&& body) noexcept {
-  try {
-    std::forward<Body>(body)();
-    return S_OK;
-  } catch (...) {
-    return reportCurrentException(interfaceId);
-  }
+  return win32::guarded(interfaceId, kProgramId, std::forward<Body>(body));
 }
 
 /// Throws where a function of the system failed: std::bad_alloc or an Error that names `action`.

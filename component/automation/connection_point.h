@@ -9,14 +9,14 @@
 #include <cstdint>
 #include <vector>
 
-#include "component/automation/with_error_info.h"
-#include "support/win32/com_ptr.h"
+#include "com/com_ptr.h"
+#include "com/with_error_info.h"
 
 namespace tillora::automation {
 
 /// The one connection point of an object: its listeners of one event interface. Part of its owner
 /// and alive with it.
-class ConnectionPoint final : public WithErrorInfo<IConnectionPoint> {
+class ConnectionPoint final : public win32::WithErrorInfo<IConnectionPoint> {
  public:
   ConnectionPoint(IConnectionPointContainer& owner, const IID& events)
       : owner_(owner), events_(events) {}

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <ranges>
 
+#include "com/value_conversion.h"
 #include "component/automation/host_failure.h"
-#include "support/win32/value_conversion.h"
 #include "ui/win32/dpi_context.h"
 
 namespace tillora::automation {
@@ -102,7 +102,7 @@ Error DispatchObject::failure(std::int32_t number, const char16_t* member, TextV
   description += u' ';
   description += what;
   description += u'.';
-  return {number, u"TilloraOptions.Options", std::move(description)};
+  return {number, std::move(description)};
 }
 
 Variant DispatchObject::invoke(WORD flags, const char16_t* member, std::span<Variant> arguments) {

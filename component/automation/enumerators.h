@@ -8,17 +8,17 @@
 #include <atomic>
 #include <vector>
 
+#include "com/com_ptr.h"
+#include "com/module.h"
+#include "com/with_error_info.h"
 #include "component/automation/com_error.h"
-#include "component/automation/module.h"
-#include "component/automation/with_error_info.h"
-#include "support/win32/com_ptr.h"
 
 namespace tillora::automation {
 
 /// A COM enumerator over a copy of some items. `Traits` names the interface and gives an item out
 /// with a reference of its own. Created with one reference, on the heap.
 template <class Traits>
-class Enumerator final : public WithErrorInfo<typename Traits::Interface> {
+class Enumerator final : public win32::WithErrorInfo<typename Traits::Interface> {
  public:
   using Item = typename Traits::Item;
   using Interface = typename Traits::Interface;
@@ -70,7 +70,7 @@ class Enumerator final : public WithErrorInfo<typename Traits::Interface> {
  private:
   ULONG left() const { return static_cast<ULONG>(items_.size() - position_); }
 
-  ModuleLock lock_;
+  win32::ModuleLock lock_;
   std::atomic<ULONG> references_{1};
   std::vector<Item> items_;
   std::size_t position_;

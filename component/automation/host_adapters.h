@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "component/automation/dispatch_object.h"
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 
 /// The host's automation objects as the core's interfaces. Each make function refuses an object
 /// that does not offer its interface (Error `typeMismatch`); null gives null.

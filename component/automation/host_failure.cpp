@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "support/win32/bstr.h"
-#include "support/win32/com_ptr.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
 
 namespace tillora::automation {
 

@@ -4,7 +4,7 @@
 
 #include <oleauto.h>
 
-#include "ui/error.h"
+#include "base/error.h"
 
 namespace tillora::automation {
 

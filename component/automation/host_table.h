@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "component/automation/dispatch_object.h"
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 
 /// The things a host's JetDatabase hands out, reached through their automation objects.
 namespace tillora::automation {

@@ -1,6 +1,6 @@
 #include "component/automation/member_call.h"
 
-#include "support/win32/value_conversion.h"
+#include "com/value_conversion.h"
 
 namespace tillora::automation {
 

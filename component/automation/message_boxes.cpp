@@ -4,10 +4,10 @@
 
 #include <objbase.h>
 
+#include "com/wide_text.h"
 #include "component/automation/host_adapters.h"
 #include "component/automation/host_failure.h"
-#include "support/win32/platform_message_box.h"
-#include "support/win32/wide_text.h"
+#include "platform/platform_message_box.h"
 #include "ui/win32/dpi_context.h"
 
 namespace tillora::automation {

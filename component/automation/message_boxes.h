@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "component/platform.h"
+#include "component/contract/platform.h"
 
 namespace tillora::automation {
 

@@ -40,7 +40,7 @@ DispatchObject requireInterface(IDispatch& object, const HostInterface& wanted, 
     description += u"; the object given has no member ";
     description += member;
     description += u'.';
-    throw Error(error::typeMismatch, u"TilloraOptions.Options", std::move(description));
+    throw Error(error::typeMismatch, std::move(description));
   }
   return byName;
 }

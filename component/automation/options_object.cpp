@@ -1,8 +1,8 @@
 #include "component/automation/options_object.h"
 
+#include "com/bstr.h"
 #include "component/automation/enumerators.h"
 #include "component/automation/host_adapters.h"
-#include "support/win32/bstr.h"
 
 namespace tillora::automation {
 

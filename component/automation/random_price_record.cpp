@@ -1,6 +1,6 @@
 #include "component/automation/random_price_record.h"
 
-#include "support/win32/bstr.h"
+#include "com/bstr.h"
 
 namespace tillora::automation {
 

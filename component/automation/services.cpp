@@ -1,12 +1,12 @@
 #include "component/automation/services.h"
 
 #include "component/automation/message_boxes.h"
-#include "support/win32/file_dialogs.h"
-#include "support/win32/file_system.h"
-#include "support/win32/help_viewer.h"
-#include "support/win32/system_clock.h"
-#include "support/win32/user_locale.h"
-#include "support/win32/user_registry.h"
+#include "platform/file_dialogs.h"
+#include "platform/file_system.h"
+#include "platform/help_viewer.h"
+#include "platform/system_clock.h"
+#include "platform/user_locale.h"
+#include "platform/user_registry.h"
 #include "ui/win32/screen.h"
 
 namespace tillora::automation {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "component/platform.h"
+#include "component/contract/platform.h"
 
 namespace tillora::automation {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "support/win32/value_conversion.h"
+#include "com/value_conversion.h"
 
 namespace tillora::automation {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "component/automation/dispatch_object.h"
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 
 namespace tillora::automation {
 

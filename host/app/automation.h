@@ -4,9 +4,9 @@
 
 #include <oleauto.h>
 
-#include "support/win32/com_ptr.h"
-#include "support/win32/variant.h"
-#include "ui/error.h"
+#include "base/error.h"
+#include "com/com_ptr.h"
+#include "com/variant.h"
 
 namespace tillora::host::app {
 

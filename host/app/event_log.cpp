@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "support/win32/wide_text.h"
+#include "com/wide_text.h"
 
 namespace tillora::host::app {
 namespace {

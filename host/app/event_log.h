@@ -5,8 +5,8 @@
 #include <fstream>
 #include <functional>
 
-#include "ui/error.h"
-#include "ui/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace tillora::host::app {
 

@@ -12,13 +12,13 @@
 #include <string>
 #include <vector>
 
+#include "com/wide_text.h"
 #include "host/app/automation.h"
 #include "host/app/event_log.h"
 #include "host/app/main_window.h"
 #include "host/app/options_session.h"
 #include "host/command_line.h"
 #include "host/text_encoding.h"
-#include "support/win32/wide_text.h"
 
 namespace {
 

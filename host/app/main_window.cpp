@@ -6,10 +6,10 @@
 #include <string>
 #include <utility>
 
+#include "com/wide_text.h"
 #include "host/app/resource.h"
 #include "host/options_saved_message.h"
 #include "host/text_encoding.h"
-#include "support/win32/wide_text.h"
 
 namespace tillora::host::app {
 

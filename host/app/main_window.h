@@ -7,10 +7,10 @@
 #include <memory>
 #include <vector>
 
+#include "base/text.h"
 #include "host/app/options_view.h"
 #include "host/app/report_list.h"
 #include "host/message_font.h"
-#include "ui/text.h"
 
 namespace tillora::host::app {
 

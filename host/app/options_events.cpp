@@ -80,7 +80,7 @@ Text namesOfChanges(std::int32_t mask) {
   };
   static constexpr Bit kBits[] = {
 #define TILLORA_CHANGE(name, value, help) {value, u## #name},
-#include "component/option_changes.inc"
+#include "component/contract/option_changes.inc"
 #undef TILLORA_CHANGE
   };
   Text names;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "support/win32/wide_text.h"
+#include "com/wide_text.h"
 
 namespace tillora::host::app {
 namespace {

@@ -7,7 +7,7 @@
 #include <initializer_list>
 #include <span>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora::host::app {
 

@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-#include "support/win32/com_ptr.h"
-#include "support/win32/variant.h"
+#include "com/com_ptr.h"
+#include "com/variant.h"
 
 namespace tillora::host::automation {
 

@@ -3,8 +3,8 @@
 #include <exception>
 #include <new>
 
+#include "com/bstr.h"
 #include "host/shop_error.h"
-#include "support/win32/bstr.h"
 
 namespace tillora::host::automation {
 

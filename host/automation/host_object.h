@@ -9,11 +9,11 @@
 #include <span>
 #include <utility>
 
+#include "com/com_ptr.h"
+#include "com/module.h"
+#include "com/variant.h"
 #include "host/automation/arguments.h"
-#include "host/automation/module.h"
 #include "host/text_encoding.h"
-#include "support/win32/com_ptr.h"
-#include "support/win32/variant.h"
 
 namespace tillora::host::automation {
 
@@ -54,7 +54,7 @@ class HostObject : public IDispatch {
  private:
   const IID& interfaceId_;
   std::atomic<ULONG> references_{1};
-  ModuleLock lock_;
+  win32::ModuleLock lock_;
 };
 
 /// A member of an object: what reads or calls it, and what sets it (null where that is refused).

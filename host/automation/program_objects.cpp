@@ -6,7 +6,7 @@
 
 #include "host/automation/system_failure.h"
 #include "host/options_saved_message.h"
-#include "support/win32/platform_message_box.h"
+#include "platform/platform_message_box.h"
 
 namespace tillora::host::automation {
 namespace {
@@ -33,7 +33,7 @@ std::int32_t showMessage(const Arguments& arguments) {
 
 }  // namespace
 
-AppObject::AppObject() : TableObject(DIID_App), path_(folderOf(pathOfModule(nullptr))) {}
+AppObject::AppObject() : TableObject(DIID_App), path_(folderOf(win32::pathOfModule(nullptr))) {}
 
 std::span<const Member<AppObject>> AppObject::members() {
   using Self = AppObject;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/text.h"
 #include "host/automation/host_object.h"
-#include "ui/text.h"
 
 namespace tillora::host::automation {
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "component/host_objects.h"
+#include "component/contract/host_objects.h"
 #include "host/automation/host_object.h"
 
 namespace tillora::host::automation {

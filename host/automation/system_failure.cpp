@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
+#include "com/wide_text.h"
 #include "host/shop_error.h"
-#include "support/win32/wide_text.h"
 
 namespace tillora::host::automation {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora::host::automation {
 

@@ -6,8 +6,8 @@
 #include <exception>
 #include <optional>
 
+#include "com/wide_text.h"
 #include "host/terminal/terminal_window.h"
-#include "support/win32/wide_text.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
+#include "com/wide_text.h"
 #include "host/options_saved_message.h"
-#include "support/win32/wide_text.h"
 
 namespace tillora::host::terminal {
 namespace {

@@ -5,9 +5,9 @@
 #include <fstream>
 #include <optional>
 
-#include "component/values.h"
+#include "base/text.h"
+#include "base/values.h"
 #include "host/message_font.h"
-#include "ui/text.h"
 
 namespace tillora::host::terminal {
 

@@ -21,7 +21,7 @@ TEST_P(ApartmentsTest, TheDialogIsShownAndItsEventsAreHeard) {
   program(L"com_client.exe", L"show " + shop() + apartment());
   drive(
       L"wait Options 60 -- key ALT+M CTRL+A -- type \"Corner Shop\" -- key ALT+A -- key ESC "
-      L"-- gone Options 10");
+      L"-- gone Options 60");
   finish();
   expectPrinted("advise: 0x00000000");
   expectPrinted(isMultiThreaded() ? "dialog: in another thread" : "dialog: in the caller's thread");

@@ -10,14 +10,14 @@ TEST_F(ClientsTest, AScriptStoresWhatIsTyped) {
   script(L"clients/vbscript/shop.vbs", shop());
   drive(
       L"wait Options 60 -- key ALT+M CTRL+A -- type \"Corner Shop\" -- key ALT+O "
-      L"-- gone Options 10");
+      L"-- gone Options 60");
   finish();
   expectPrinted("CompanyName = \"Corner Shop\"");
   expectPrinted("data file changed: False");
   expectPrinted("done");
 
   script(L"clients/vbscript/shop.vbs", shop());
-  drive(L"wait Options 60 -- key ALT+M CTRL+A -- type \"Not this\" -- key ESC -- gone Options 10");
+  drive(L"wait Options 60 -- key ALT+M CTRL+A -- type \"Not this\" -- key ESC -- gone Options 60");
   finish();
   expectPrinted("CompanyName = \"Corner Shop\"");
 }
@@ -26,7 +26,7 @@ TEST_F(ClientsTest, ClassesOfAScriptAreTheHost) {
   script(L"clients/vbscript/host_in_script.vbs", L"");
   drive(
       L"wait Options 60 -- key ALT+M CTRL+A -- type \"Shop In A Script\" -- key ALT+A "
-      L"-- key ALT+M CTRL+A -- type Again -- key ALT+O -- gone Options 10");
+      L"-- key ALT+M CTRL+A -- type Again -- key ALT+O -- gone Options 60");
   finish();
   expectPrinted("stored: CompanyName=Shop In A Script");
   expectPrinted("stored: CompanyName=Again");
@@ -37,8 +37,8 @@ TEST_F(ClientsTest, ClassesOfAScriptAreTheHost) {
 TEST_F(ClientsTest, TablesAndSettingsOfAScriptAreReadAndWritten) {
   script(L"clients/vbscript/host_in_script.vbs", L"4");
   drive(
-      L"wait Options 60 -- press Options \"Rounding &Item\" -- wait \"Rounding Item\" 10 "
-      L"-- key ENTER -- gone \"Rounding Item\" 10 -- key ALT+O -- gone Options 10");
+      L"wait Options 60 -- press Options \"Rounding &Item\" -- wait \"Rounding Item\" 60 "
+      L"-- key ENTER -- gone \"Rounding Item\" 60 -- key ALT+O -- gone Options 60");
   finish();
   expectPrinted("rounding item: Charges:Cash Rounding");
   expectPrinted("settings: 46");
@@ -54,8 +54,8 @@ TEST_F(ClientsTest, AScriptStoresAPassword) {
   const std::wstring window = L"\"Password to start Tillora Administrator\"";
   script(L"clients/vbscript/host_in_script.vbs", L"11");
   drive(L"wait Options 60 -- key SPACE TAB SPACE -- wait " + window +
-        L" 10 -- type Secret -- key TAB -- type Secret -- key ENTER -- gone " + window +
-        L" 10 -- wait Options 10 -- key ALT+O -- gone Options 10");
+        L" 60 -- type Secret -- key TAB -- type Secret -- key ENTER -- gone " + window +
+        L" 60 -- wait Options 60 -- key ALT+O -- gone Options 60");
   finish();
   expectPrinted("password: secret");
 }
@@ -63,8 +63,8 @@ TEST_F(ClientsTest, AScriptStoresAPassword) {
 TEST_F(ClientsTest, ARowOfAScriptIsDeleted) {
   script(L"clients/vbscript/host_in_script.vbs", L"10");
   drive(
-      L"wait Options 60 -- press Options D&elete -- wait \"Delete web site\" 10 -- key ALT+Y "
-      L"-- gone \"Delete web site\" 10 -- wait Options 10 -- key ALT+O -- gone Options 10");
+      L"wait Options 60 -- press Options D&elete -- wait \"Delete web site\" 60 -- key ALT+Y "
+      L"-- gone \"Delete web site\" 60 -- wait Options 60 -- key ALT+O -- gone Options 60");
   finish();
   expectPrinted("returned: True");
   expectPrinted(
@@ -74,7 +74,7 @@ TEST_F(ClientsTest, ARowOfAScriptIsDeleted) {
 
 TEST_F(ClientsTest, JScriptReadsTheResult) {
   script(L"clients/jscript/shop.js", shop() + L" 3");
-  drive(L"wait Options 60 -- close Options -- gone Options 10");
+  drive(L"wait Options 60 -- close Options -- gone Options 60");
   finish();
   expectPrinted("data file changed: false");
 }
@@ -83,7 +83,7 @@ TEST_F(ClientsTest, AScriptHearsOfWrongObjectsAndFailures) {
   script(L"tests/scripts/bad_inputs.vbs", shop());
   drive(
       L"wait Options 60 -- key ALT+M CTRL+A -- type \"Corner Shop\" -- key ALT+O "
-      L"-- gone Options 10");
+      L"-- gone Options 60");
   finish();
   for (const char* line :
        {"nothing set: 5B TilloraOptions.Options ",
@@ -101,7 +101,7 @@ TEST_F(ClientsTest, CppHearsEveryApply) {
   program(L"cpp_client.exe", shop());
   drive(
       L"wait Options 60 -- key ALT+M CTRL+A -- type One -- key ALT+A "
-      L"-- key ALT+M CTRL+A -- type Two -- key ALT+A -- key ESC -- gone Options 10");
+      L"-- key ALT+M CTRL+A -- type Two -- key ALT+A -- key ESC -- gone Options 60");
   finish();
   expectPrinted("OptionsChanged 0", 2);
   expectPrinted("data file changed: no");
@@ -109,7 +109,7 @@ TEST_F(ClientsTest, CppHearsEveryApply) {
 
 TEST_F(ClientsTest, CppHearsWhatChanged) {
   program(L"cpp_client.exe", shop() + L" 4");
-  drive(L"wait Options 60 -- key ALT+N DOWN ALT+O -- gone Options 10");
+  drive(L"wait Options 60 -- key ALT+N DOWN ALT+O -- gone Options 60");
   finish();
   expectPrinted("OptionsChanged 512 Rounding");
 }
@@ -117,8 +117,8 @@ TEST_F(ClientsTest, CppHearsWhatChanged) {
 TEST_F(ClientsTest, LateBoundCppReadsResultAndFailure) {
   program(L"cpp_late_client.exe", shop() + L" 4");
   drive(
-      L"wait Options 60 -- press Options \"Rounding &Item\" -- wait \"Rounding Item\" 10 "
-      L"-- key ESC -- gone \"Rounding Item\" 10 -- close Options -- gone Options 10");
+      L"wait Options 60 -- press Options \"Rounding &Item\" -- wait \"Rounding Item\" 60 "
+      L"-- key ESC -- gone \"Rounding Item\" 60 -- close Options -- gone Options 60");
   finish();
   expectPrinted("returned: True");
   expectPrinted("data file changed: no");

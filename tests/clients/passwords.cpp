@@ -65,9 +65,9 @@ TEST_F(PasswordsTest, NoFileAndNoWindowTellsOne) {
 
   start(L"--options 11");
   const std::string windows = drive(
-      L"wait Options 60 -- press Options Passwor&d... -- wait \"Password to access Options\" 10 "
+      L"wait Options 60 -- press Options Passwor&d... -- wait \"Password to access Options\" 60 "
       L"-- type wren7stored -- key TAB -- type Robin8Typed -- key TAB -- type Robin8Typed -- texts "
-      L"-- key ENTER -- wait Options 10 -- key ALT+O -- gone Options 10");
+      L"-- key ENTER -- wait Options 60 -- key ALT+O -- gone Options 60");
   finish();
   EXPECT_TRUE(has(windows, "Con&firm password")) << windows;
   EXPECT_FALSE(tellsPassword(windows)) << windows;

@@ -23,11 +23,11 @@
 #include <thread>
 
 #include "TilloraOptions.h"
-#include "support/win32/bstr.h"
-#include "support/win32/com_ptr.h"
+#include "base/text.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
 #include "tests/component/automation/event_listener.h"
 #include "tests/testing/win32/shown_dialogs.h"
-#include "ui/text.h"
 
 namespace tillora::testing {
 namespace {

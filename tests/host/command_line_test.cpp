@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ui/error.h"
+#include "base/error.h"
 
 namespace tillora::host {
 namespace {

@@ -12,7 +12,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "support/win32/wide_text.h"
+#include "com/wide_text.h"
 #include "tests/package/registration.h"
 #include "tests/testing/win32/child_program.h"
 #include "tests/testing/win32/test_report.h"

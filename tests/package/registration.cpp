@@ -7,8 +7,8 @@
 
 #include "TilloraHost.h"
 #include "TilloraOptions.h"
-#include "support/win32/com_ptr.h"
-#include "support/win32/wide_text.h"
+#include "com/com_ptr.h"
+#include "com/wide_text.h"
 #include "tests/testing/win32/child_program.h"
 
 namespace tillora::testing {

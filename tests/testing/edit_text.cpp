@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/numbers.h"
+
 namespace tillora::testing {
 namespace {
 
@@ -56,7 +58,7 @@ TextView fitting(const TextBox& box, TextView text) {
 
 void typeInto(TextBox& box, char16_t character) {
   if (box.locked()) return;
-  if (character == ui::kBackspaceCharacter) {
+  if (character == kBackspaceCharacter) {
     deleteBack(box);
   } else if (character == u'\r') {
     if (box.multiLine()) pasteInto(box, u"\r\n");

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/numbers.h"
 #include "support/modJetSQLFixup.h"
-#include "support/numbers.h"
 
 namespace tillora::testing {
 namespace {

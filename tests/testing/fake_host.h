@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "component/host_objects.h"
-#include "component/platform.h"
+#include "component/contract/host_objects.h"
+#include "component/contract/platform.h"
 
 namespace tillora::testing {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "component/platform.h"
+#include "component/contract/platform.h"
 
 namespace tillora::testing {
 

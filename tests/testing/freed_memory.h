@@ -2,7 +2,7 @@
 
 #include <initializer_list>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora::testing {
 

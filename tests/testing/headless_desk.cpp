@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <numeric>
 
+#include "base/letter_case.h"
 #include "tests/testing/edit_text.h"
 #include "ui/buttons.h"
-#include "ui/letter_case.h"
 
 namespace tillora::testing {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/numbers.h"
+#include "base/numbers.h"
 
 namespace tillora::testing {
 

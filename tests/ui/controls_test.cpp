@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "base/error.h"
 #include "tests/testing/headless_desk.h"
 #include "ui/control_array.h"
-#include "ui/error.h"
 
 namespace tillora::testing {
 namespace {

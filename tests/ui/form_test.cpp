@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/error.h"
 #include "tests/testing/headless_desk.h"
-#include "ui/error.h"
 
 namespace tillora::testing {
 namespace {

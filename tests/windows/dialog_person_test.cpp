@@ -5,8 +5,8 @@
 
 #include <stdexcept>
 
+#include "com/module.h"
 #include "tests/testing/win32/thread_of_window.h"
-#include "ui/win32/module.h"
 
 namespace tillora::testing {
 namespace {
@@ -24,7 +24,7 @@ class TestDialog {
   explicit TestDialog(const wchar_t* title) {
     WNDCLASSW description{};
     description.lpfnWndProc = &TestDialog::procedure;
-    description.hInstance = ui::win32::thisModule();
+    description.hInstance = win32::thisModule();
     description.lpszClassName = L"TilloraTestDialog";
     RegisterClassW(&description);
     window_ = CreateWindowExW(0, description.lpszClassName, title, WS_POPUP | WS_CAPTION, 50, 50,

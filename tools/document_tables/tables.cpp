@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "component/option_table.h"
+#include "base/text.h"
+#include "component/contract/option_table.h"
 #include "operations/report_captions.h"
-#include "ui/text.h"
 
 namespace tillora::docs {
 namespace {
@@ -53,7 +53,7 @@ std::string defaultOf(OptionId id) {
 #define TILLORA_OPTION(dispatchId, name, type, default_, tab, help) \
   case OptionId::name:                                              \
     return defaultOf(options::name);
-#include "component/option_table.inc"
+#include "component/contract/option_table.inc"
 #undef TILLORA_OPTION
   }
   return {};
@@ -86,7 +86,7 @@ std::string changes() {
 #define TILLORA_CHANGE(name, value, help)                                          \
   lines << "| `" #name "` | " << value << " | &H" << std::hex << value << std::dec \
         << " | " help " |\n";
-#include "component/option_changes.inc"
+#include "component/contract/option_changes.inc"
 #undef TILLORA_CHANGE
   return lines.str();
 }

@@ -1,7 +1,7 @@
 #include "ui/win32/check_list_view.h"
 
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -43,7 +43,7 @@ void CheckListView::showRows() {
   int position = 0;
   const auto shown = static_cast<int>(send(LVM_GETITEMCOUNT));
   for (const CheckListBox::Row& row : control().rows()) {
-    std::wstring text = wide(row.text);
+    std::wstring text = forWindow(row.text);
     LVITEMW item{};
     item.iItem = position;
     if (position >= shown) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -48,7 +48,8 @@ void ComboView::show(Property what) {
 
 void ComboView::addItems(std::size_t first) {
   const auto& items = control().items();
-  for (std::size_t i = first; i < items.size(); ++i) send(CB_ADDSTRING, 0, wide(items[i]).c_str());
+  for (std::size_t i = first; i < items.size(); ++i)
+    send(CB_ADDSTRING, 0, forWindow(items[i]).c_str());
 }
 
 void ComboView::showItems() {

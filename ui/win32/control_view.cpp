@@ -1,8 +1,8 @@
 #include "ui/win32/control_view.h"
 
+#include "com/module.h"
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/module.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -18,15 +18,15 @@ void ControlView::createWindow(HWND parent, const Style& style) {
   const DWORD state =
       (control_.effectivelyEnabled() ? 0 : WS_DISABLED) | (control_.visible() ? WS_VISIBLE : 0);
   if (!control_.accessibleName().empty()) {
-    nameWindow_ =
-        CreateWindowExW(WS_EX_NOPARENTNOTIFY, WC_STATICW, wide(control_.accessibleName()).c_str(),
-                        WS_CHILD, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
+    nameWindow_ = CreateWindowExW(WS_EX_NOPARENTNOTIFY, WC_STATICW,
+                                  forWindow(control_.accessibleName()).c_str(), WS_CHILD, 0, 0, 0,
+                                  0, parent, nullptr, tillora::win32::thisModule(), nullptr);
   }
   const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(dialog_.newId()));
-  window_ = CreateWindowExW(style.extended | WS_EX_NOPARENTNOTIFY, style.className,
-                            wide(windowText()).c_str(), WS_CHILD | style.style | state, place.left,
-                            place.top, place.right - place.left, place.bottom - place.top, parent,
-                            id, thisModule(), nullptr);
+  window_ = CreateWindowExW(
+      style.extended | WS_EX_NOPARENTNOTIFY, style.className, forWindow(windowText()).c_str(),
+      WS_CHILD | style.style | state, place.left, place.top, place.right - place.left,
+      place.bottom - place.top, parent, id, tillora::win32::thisModule(), nullptr);
   if (!window_) throwLastError("CreateWindowExW");
   dialog_.enter(window_, *this);
   SetWindowSubclass(window_, &procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
@@ -49,10 +49,10 @@ void ControlView::show(Property what) {
       break;
     }
     case Property::text:
-      SetWindowTextW(window_, wide(withPlainAmpersandsDoubled(control_.caption())).c_str());
+      SetWindowTextW(window_, forWindow(withPlainAmpersandsDoubled(control_.caption())).c_str());
       break;
     case Property::toolTip:
-      dialog_.setToolTip(window_, wide(control_.toolTip()));
+      dialog_.setToolTip(window_, forWindow(control_.toolTip()));
       break;
     case Property::colours:
       InvalidateRect(window_, nullptr, TRUE);

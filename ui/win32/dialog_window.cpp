@@ -5,12 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "com/module.h"
 #include "ui/lists.h"
 #include "ui/win32/modal_run.h"
 #include "ui/win32/pictures.h"
 #include "ui/win32/screen.h"
 #include "ui/win32/view_factory.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -42,11 +43,11 @@ void throwLastError(const char* function) {
 
 DialogWindow::DialogWindow(Screen& screen, Form& form, HWND owner) : screen_(screen), form_(form) {
   const EmptyTemplate empty;
-  window_ = CreateDialogIndirectParamW(thisModule(), &empty.header, owner, &procedure,
-                                       reinterpret_cast<LPARAM>(this));
+  window_ = CreateDialogIndirectParamW(tillora::win32::thisModule(), &empty.header, owner,
+                                       &procedure, reinterpret_cast<LPARAM>(this));
   if (!window_) throwLastError("CreateDialogIndirectParamW");
   try {
-    SetWindowTextW(window_, wide(form.caption()).c_str());
+    SetWindowTextW(window_, forWindow(form.caption()).c_str());
     resize();
     place(owner);
     SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
@@ -161,7 +162,7 @@ void DialogWindow::stack(const Container& container) {
 
 void DialogWindow::changed(const Control& control, Property what) {
   if (&control == &form_) {
-    if (what == Property::text) SetWindowTextW(window_, wide(form_.caption()).c_str());
+    if (what == Property::text) SetWindowTextW(window_, forWindow(form_.caption()).c_str());
     if (what == Property::bounds) resize();
     if (what == Property::enabled) changedWithin(form_, what);
     if (what == Property::visible) {
@@ -231,7 +232,7 @@ void DialogWindow::setToolTip(HWND window, std::wstring text) {
   if (!toolTips_) {
     toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
                                 CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
-                                nullptr, thisModule(), nullptr);
+                                nullptr, tillora::win32::thisModule(), nullptr);
     constexpr int kWidestTip = 5760;  // twips; a width makes long tips break into lines
     SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, metrics().toPixels(kWidestTip));
   }

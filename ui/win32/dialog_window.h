@@ -10,8 +10,8 @@
 #include "ui/form.h"
 #include "ui/image_list.h"
 #include "ui/win32/control_view.h"
+#include "ui/win32/frame_class.h"
 #include "ui/win32/metrics.h"
-#include "ui/win32/module.h"
 
 namespace tillora::ui::win32 {
 

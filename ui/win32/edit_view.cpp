@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
+#include "com/wide_text.h"
 #include "ui/masked_text.h"
 #include "ui/win32/dialog_window.h"
 #include "ui/win32/held_keys.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -31,7 +32,7 @@ class Clipboard {
     if (!units) return {};
     const Owned<HGLOBAL, unlockMemory> locked(data);
     const wchar_t* end = std::find(units, units + GlobalSize(data) / sizeof(wchar_t), L'\0');
-    return narrow({units, static_cast<std::size_t>(end - units)});
+    return tillora::win32::fromWide(units, static_cast<std::size_t>(end - units));
   }
 
  private:
@@ -86,7 +87,7 @@ Text EditView::windowText() const {
 }
 
 void EditView::showText() {
-  SetWindowTextW(window(), wide(windowText()).c_str());
+  SetWindowTextW(window(), forWindow(windowText()).c_str());
   showSelection();
 }
 
@@ -116,7 +117,7 @@ void EditView::edited() {
 
 Text EditView::editedText() const {
   std::wstring shown = win32::windowText(window());
-  Text text = narrow(shown);
+  Text text = tillora::win32::fromWide(shown.data(), shown.size());
   if (isMasked()) {
     replacePlaceholders(text, control().text());
     wipe(shown.data(), shown.size() * sizeof(wchar_t));

@@ -6,10 +6,11 @@
 #include <cstdint>
 #include <span>
 
+#include "com/module.h"
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/module.h"
+#include "ui/win32/frame_class.h"
 #include "ui/win32/raster.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -30,9 +31,9 @@ void FrameView::create(HWND parent) {
     RECT area{};
     GetClientRect(window(), &area);
     groupBox_ = CreateWindowExW(WS_EX_NOPARENTNOTIFY | WS_EX_TRANSPARENT, WC_BUTTONW,
-                                wide(withPlainAmpersandsDoubled(frame.caption())).c_str(),
+                                forWindow(withPlainAmpersandsDoubled(frame.caption())).c_str(),
                                 WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0, area.right, area.bottom,
-                                window(), nullptr, thisModule(), nullptr);
+                                window(), nullptr, tillora::win32::thisModule(), nullptr);
     SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(dialog().metrics().font()), FALSE);
   } else if (holdsTabs(*frame.parent())) {
     paintTabBody();
@@ -47,7 +48,7 @@ void FrameView::show(Property what) {
     GetClientRect(window(), &area);
     MoveWindow(groupBox_, 0, 0, area.right, area.bottom, TRUE);
   } else if (groupBox_ && what == Property::text) {
-    SetWindowTextW(groupBox_, wide(withPlainAmpersandsDoubled(control().caption())).c_str());
+    SetWindowTextW(groupBox_, forWindow(withPlainAmpersandsDoubled(control().caption())).c_str());
   } else if (!groupBox_ && what == Property::bounds && tabBody_) {
     paintTabBody();
   }

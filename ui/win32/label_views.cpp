@@ -6,7 +6,7 @@
 #include "ui/container.h"
 #include "ui/win32/dialog_window.h"
 #include "ui/win32/pictures.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 
@@ -32,7 +32,7 @@ void LabelView::paintText(HDC dc, RECT area) const {
   const Selection font(dc, label.bold() ? metrics.boldFont() : metrics.font());
   SetTextColor(dc, label.effectivelyEnabled() ? toColorRef(label.foreColour())
                                               : GetSysColor(COLOR_GRAYTEXT));
-  const std::wstring text = wide(withPlainAmpersandsDoubled(label.caption()));
+  const std::wstring text = forWindow(withPlainAmpersandsDoubled(label.caption()));
   DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, format);
 }
 
@@ -99,7 +99,7 @@ void PictureView::create(HWND parent) {
   // Never painted; it is what a screen reader says.
   const Text& name =
       picture.accessibleName().empty() ? picture.toolTip() : picture.accessibleName();
-  SetWindowTextW(window(), wide(name).c_str());
+  SetWindowTextW(window(), forWindow(name).c_str());
 }
 
 LRESULT PictureView::message(UINT message, WPARAM wParam, LPARAM lParam) {

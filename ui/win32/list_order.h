@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace tillora::ui::win32 {
 

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "ui/win32/module.h"
-#include "ui/win32/wide.h"
+#include "com/module.h"
+#include "ui/win32/visual_styles.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 
@@ -69,9 +70,9 @@ Rect Metrics::tabClientArea(const TabStrip& tabs) const {
   }
   if (!known) {
     const VisualStyles styles;
-    const Window strip(CreateWindowExW(0, WC_TABCONTROLW, L"", kTabStripStyle, 0, 0,
-                                       bounds.right - bounds.left, bounds.bottom - bounds.top,
-                                       HWND_MESSAGE, nullptr, thisModule(), nullptr));
+    const Window strip(CreateWindowExW(
+        0, WC_TABCONTROLW, L"", kTabStripStyle, 0, 0, bounds.right - bounds.left,
+        bounds.bottom - bounds.top, HWND_MESSAGE, nullptr, tillora::win32::thisModule(), nullptr));
     SendMessageW(strip.get(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
     addTabs(strip.get(), tabs.tabs());
     RECT display = bounds;
@@ -89,7 +90,7 @@ void addTabs(HWND strip, const std::vector<Text>& tabs) {
   SendMessageW(strip, TCM_SETMINTABWIDTH, 0, 0);
   int position = 0;
   for (const Text& tab : tabs) {
-    std::wstring caption = wide(tab);
+    std::wstring caption = forWindow(tab);
     TCITEMW item{};
     item.mask = TCIF_TEXT;
     item.pszText = caption.data();

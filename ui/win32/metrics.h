@@ -3,9 +3,9 @@
 #include <array>
 #include <vector>
 
+#include "base/text.h"
 #include "ui/geometry.h"
 #include "ui/tab_strip.h"
-#include "ui/text.h"
 #include "ui/win32/handles.h"
 
 namespace tillora::ui::win32 {

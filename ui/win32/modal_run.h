@@ -6,7 +6,7 @@
 
 #include "ui/form.h"
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/module.h"
+#include "ui/win32/visual_styles.h"
 
 namespace tillora::ui::win32 {
 

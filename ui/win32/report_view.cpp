@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -60,7 +60,7 @@ void ReportView::showColumns() {
   int position = 0;
   const auto shown = static_cast<int>(SendMessageW(header(), HDM_GETITEMCOUNT, 0, 0));
   for (const ListColumn& column : control().columns()) {
-    std::wstring text = wide(column.header);
+    std::wstring text = forWindow(column.header);
     LVCOLUMNW item{};
     item.mask = LVCF_TEXT | (column.fills && position < shown ? 0 : LVCF_WIDTH);
     item.pszText = text.data();

@@ -1,7 +1,7 @@
 #include "ui/win32/tab_view.h"
 
 #include "ui/win32/dialog_window.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 

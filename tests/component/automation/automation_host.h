@@ -5,7 +5,7 @@
 #include <map>
 #include <memory>
 
-#include "component/option_table.h"
+#include "component/contract/option_table.h"
 #include "tests/component/automation/scripted_object.h"
 #include "tests/testing/fake_host.h"
 

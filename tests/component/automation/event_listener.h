@@ -10,9 +10,9 @@
 #include <optional>
 
 #include "TilloraOptions.h"
-#include "support/win32/bstr.h"
-#include "support/win32/com_ptr.h"
-#include "ui/error.h"
+#include "base/error.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
 
 namespace tillora::testing {
 

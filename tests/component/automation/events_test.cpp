@@ -150,7 +150,7 @@ TEST_F(EventsTest, TheHostMayReleaseTheComponentInsideTheEvent) {
   EXPECT_EQ(shown, VARIANT_TRUE);
   EXPECT_EQ(listener->heard, 1);
   EXPECT_EQ(listener->references(), 1U);
-  EXPECT_EQ(ModuleLock::count(), locksBefore);
+  EXPECT_EQ(win32::ModuleLock::count(), locksBefore);
 }
 
 TEST_F(EventsTest, AListenerThatRaisesConcernsNobodyElse) {
@@ -316,7 +316,7 @@ TEST_F(EventsTest, ListenersAreReleasedWithTheObject) {
   client.reset();
   object.reset();
   EXPECT_EQ(listener->references(), 1U);
-  EXPECT_EQ(ModuleLock::count(), locksBefore);
+  EXPECT_EQ(win32::ModuleLock::count(), locksBefore);
 }
 
 TEST_F(EventsTest, ConnectionsAreCountedAndEnumerated) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/win32/platform_message_box.h"
+#include "platform/platform_message_box.h"
 #include "tests/component/automation/server_library.h"
 
 namespace tillora::automation {

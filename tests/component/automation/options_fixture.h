@@ -59,7 +59,7 @@ class OptionsObjectTest : public ::testing::Test {
   testing::HeadlessDesk desk;
   testing::ScriptedMessageBoxes boxes{desk.screen()};
   testing::FakeMachine machine;
-  long locksBefore = ModuleLock::count();
+  long locksBefore = win32::ModuleLock::count();
   win32::ComPtr<OptionsObject> object;
   /// The same object, called by names.
   std::optional<DispatchObject> client;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "component/option_changes.h"
+#include "component/contract/option_changes.h"
 #include "sales/currency_conversion.h"
 #include "tests/component/automation/options_fixture.h"
 
@@ -247,7 +247,7 @@ TEST_F(OptionsObjectTest, SurvivesItsLastReferenceBeingReleasedWhileTheDialogIsO
   VARIANT_BOOL shown = VARIANT_FALSE;
   EXPECT_EQ(bare->ShowOptions(&shown), S_OK);
   EXPECT_EQ(shown, VARIANT_TRUE);
-  EXPECT_EQ(ModuleLock::count(), locksBefore);
+  EXPECT_EQ(win32::ModuleLock::count(), locksBefore);
 }
 
 TEST_F(OptionsObjectTest, HoldsNoReferenceOfTheHostAfterwards) {
@@ -265,7 +265,7 @@ TEST_F(OptionsObjectTest, HoldsNoReferenceOfTheHostAfterwards) {
   EXPECT_EQ(automationHost.sender->references(), 1U);
   EXPECT_EQ(automationHost.strings->references(), 1U);
   EXPECT_EQ(automationHost.settings->references(), 1U);
-  EXPECT_EQ(ModuleLock::count(), locksBefore);
+  EXPECT_EQ(win32::ModuleLock::count(), locksBefore);
 }
 
 TEST_F(OptionsObjectTest, AsItEndsItReleasesDatabaseAppAndSettingsBeforeTheOthers) {

@@ -11,7 +11,7 @@
 #include <string>
 #include <utility>
 
-#include "component/options_tab.h"
+#include "component/contract/options_tab.h"
 #include "tests/component/automation/automation_host.h"
 #include "tests/component/automation/server_library.h"
 #include "tests/testing/win32/dialog_person.h"

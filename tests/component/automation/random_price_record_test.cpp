@@ -10,7 +10,7 @@ namespace {
 using win32::ComPtr;
 
 TEST(RandomPriceRecordTest, StartsEmptyAndKeepsItsFields) {
-  const long before = ModuleLock::count();
+  const long before = win32::ModuleLock::count();
   {
     DispatchObject record(ComPtr<IDispatch>::adopt(new RandomPriceRecord), u"clsRandomPrice");
     EXPECT_FALSE(record.getBoolean(u"mbInactive"));
@@ -28,9 +28,9 @@ TEST(RandomPriceRecordTest, StartsEmptyAndKeepsItsFields) {
     EXPECT_EQ(record.getLong(u"mlOptionBits"), 3);
     EXPECT_EQ(record.getText(u"msUOMUnitCaption"), u"kg");
     EXPECT_EQ(record.getText(u"msUOMPriceUnitCaption"), u"/kg");
-    EXPECT_EQ(ModuleLock::count(), before + 1);
+    EXPECT_EQ(win32::ModuleLock::count(), before + 1);
   }
-  EXPECT_EQ(ModuleLock::count(), before);
+  EXPECT_EQ(win32::ModuleLock::count(), before);
 }
 
 TEST(RandomPriceRecordTest, RefusesWhatDoesNotFit) {

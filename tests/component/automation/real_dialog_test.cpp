@@ -8,8 +8,8 @@
 #include <set>
 #include <vector>
 
+#include "base/numbers.h"
 #include "component/automation/dispatch_object.h"
-#include "support/numbers.h"
 #include "tests/component/automation/automation_host.h"
 #include "tests/component/automation/event_listener.h"
 #include "tests/component/automation/server_library.h"

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "support/win32/wide_text.h"
+#include "com/wide_text.h"
 #include "tests/component/automation/registry_snapshot.h"
 #include "tests/component/automation/server_library.h"
 #include "tests/testing/win32/scratch_registry.h"

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "TilloraOptions.h"
-#include "support/win32/com_ptr.h"
+#include "com/com_ptr.h"
 
 namespace tillora::testing {
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "component/automation/dispatch_object.h"
-#include "component/option_changes.h"
-#include "component/option_table.h"
+#include "component/contract/option_changes.h"
+#include "component/contract/option_table.h"
 #include "tests/component/automation/server_library.h"
 
 namespace tillora::automation {

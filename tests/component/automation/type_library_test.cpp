@@ -79,7 +79,7 @@ TEST_F(FrozenInterfaceTest, EveryChangeIsANamedConstantAndNothingElseIs) {
   std::string expected;
 #define TILLORA_CHANGE(name, value, help) \
   expected += "  constant " #name " = " + std::to_string(value) + "\n";
-#include "component/option_changes.inc"
+#include "component/contract/option_changes.inc"
 #undef TILLORA_CHANGE
   std::string constants;
   std::istringstream lines(presentText());

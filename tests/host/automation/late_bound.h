@@ -9,9 +9,9 @@
 #include <initializer_list>
 #include <vector>
 
-#include "support/win32/bstr.h"
-#include "support/win32/com_ptr.h"
-#include "support/win32/variant.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
+#include "com/variant.h"
 
 namespace tillora::host::automation {
 

@@ -1,7 +1,7 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
-#include "host/automation/class_factory.h"
+#include "host/automation/shop_server.h"
 #include "host/options_saved_message.h"
 #include "tests/host/automation/late_bound.h"
 #include "tests/testing/win32/dialog_person.h"
@@ -9,7 +9,7 @@
 namespace tillora::host::automation {
 namespace {
 
-LateBound make(const CreatableClass& creatable) {
+LateBound make(const win32::ServerClass& creatable) {
   return LateBound(ComPtr<IDispatch>::adopt(creatable.create()));
 }
 

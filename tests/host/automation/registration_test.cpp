@@ -2,10 +2,10 @@
 #include <TilloraHost.h>
 #include <gtest/gtest.h>
 
+#include "com/registered_classes.h"
+#include "com/type_library_registration.h"
+#include "com/wide_text.h"
 #include "host/text_encoding.h"
-#include "support/win32/registered_classes.h"
-#include "support/win32/type_library_registration.h"
-#include "support/win32/wide_text.h"
 #include "tests/component/automation/registry_snapshot.h"
 #include "tests/testing/win32/scratch_registry.h"
 

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "component/option_table.h"
-#include "host/automation/class_factory.h"
+#include "component/contract/option_table.h"
+#include "host/automation/shop_server.h"
 #include "host/shop_error.h"
 #include "tests/host/automation/late_bound.h"
 
@@ -234,14 +234,14 @@ TEST_F(ShopObjectsTest, AShopThatCannotBeOpenedLeavesTheOneThatIs) {
 }
 
 TEST_F(ShopObjectsTest, NothingStaysAlive) {
-  const long before = ModuleLock::count();
+  const long before = win32::ModuleLock::count();
   for (int i = 0; i < 100; ++i) {
     const LateBound record = database_.object(L"OptionsRecord");
     record.put(L"CompanyName", u"x");
     database_.object(L"ItemList").object(L"Current");
     database_.object(L"ClassTable").call(L"FindFirst", u"nonsense");
   }
-  EXPECT_EQ(ModuleLock::count(), before);
+  EXPECT_EQ(win32::ModuleLock::count(), before);
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <set>
 
-#include "component/dialog.h"
 #include "component/frmOptions.h"
 #include "identity/company_details.h"
 #include "identity/ledvane_link.h"
 #include "sales/frmBrowseItems.h"
 #include "sales/rounding.h"
+#include "support/dialog.h"
 #include "tests/testing/options_test.h"
 
 // What may happen while the host lets messages pass in one of its calls, and how the dialog ends.

@@ -1,6 +1,6 @@
 #include "component/frmOptions.h"
 
-#include "component/option_table.h"
+#include "component/contract/option_table.h"
 #include "identity/company_details.h"
 #include "identity/ledvane_link.h"
 #include "identity/start_up_entry.h"

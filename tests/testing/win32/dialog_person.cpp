@@ -5,7 +5,7 @@
 #include <exception>
 #include <utility>
 
-#include "support/win32/wide_text.h"
+#include "com/wide_text.h"
 #include "tests/testing/win32/key_strokes.h"
 #include "tests/testing/win32/waiting_keys.h"
 

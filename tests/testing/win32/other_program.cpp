@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "support/win32/wide_text.h"
+#include "com/wide_text.h"
 
 namespace tillora::testing {
 namespace {

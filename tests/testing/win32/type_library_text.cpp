@@ -1,8 +1,8 @@
 #include "tests/testing/win32/type_library_text.h"
 
-#include "support/win32/bstr.h"
-#include "support/win32/com_ptr.h"
-#include "ui/text.h"
+#include "base/text.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
 
 namespace tillora::testing {
 

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "support/win32/wide_text.h"
+#include "com/wide_text.h"
 
 namespace tillora::testing {
 namespace {

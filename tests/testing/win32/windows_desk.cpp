@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "ui/win32/module.h"
+#include "com/module.h"
 
 namespace tillora::testing {
 
 WindowsDesk::WindowsDesk()
     : host_(CreateWindowExW(0, L"STATIC", L"Host of the tests", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                            40, 40, 900, 700, nullptr, nullptr, ui::win32::thisModule(), nullptr)) {
+                            40, 40, 900, 700, nullptr, nullptr, win32::thisModule(), nullptr)) {
   SetForegroundWindow(host_.get());
   screen_.modalShown = [this](ui::Form& form) { shown(form); };
   screen_.pumpUntilIdle();

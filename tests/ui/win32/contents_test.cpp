@@ -2,16 +2,15 @@
 
 #include <string>
 
+#include "com/wide_text.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
-#include "ui/win32/wide.h"
+#include "ui/win32/window_text.h"
 
 namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using ui::win32::narrow;
-using ui::win32::windowText;
 
 class ContentsTest : public ::testing::Test {
  protected:
@@ -20,7 +19,8 @@ class ContentsTest : public ::testing::Test {
     gallery.showModal();
   }
   HWND windowOf(const ui::Control& control) { return desk.windows().windowOf(control); }
-  Text shownIn(const ui::Control& control) { return narrow(windowText(windowOf(control))); }
+  static Text textIn(HWND window) { return win32::fromWide(ui::win32::windowText(window).c_str()); }
+  Text shownIn(const ui::Control& control) { return textIn(windowOf(control)); }
   int shownRow(const ui::ListView& list) {
     return static_cast<int>(
         SendMessageW(windowOf(list), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
@@ -81,7 +81,7 @@ TEST_F(ContentsTest, WindowsAreInOrderOfCreationButPagesPrecedeTheirStrip) {
     EXPECT_EQ(GetWindow(windowOf(gallery.secondPage), GW_HWNDNEXT), windowOf(gallery.tabs));
     EXPECT_EQ(GetWindow(windowOf(gallery.tabs), GW_HWNDNEXT), windowOf(gallery.ok));
     const HWND name = GetWindow(windowOf(gallery.list), GW_HWNDPREV);
-    EXPECT_EQ(narrow(windowText(name)), u"Items");
+    EXPECT_EQ(textIn(name), u"Items");
     EXPECT_FALSE(IsWindowVisible(name));
   });
 }

@@ -3,9 +3,9 @@
 #include <future>
 #include <thread>
 
+#include "com/module.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
-#include "ui/win32/module.h"
 
 namespace tillora::testing {
 namespace {
@@ -215,7 +215,7 @@ TEST_F(FocusTest, SwitchingToAnotherProgramAndBackRaisesNothing) {
     std::thread other([&] {
       const ui::win32::Window window(
           CreateWindowExW(0, L"STATIC", L"Other", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
-                          nullptr, nullptr, ui::win32::thisModule(), nullptr));
+                          nullptr, nullptr, win32::thisModule(), nullptr));
       SetForegroundWindow(window.get());
       switched.set_value();
       finished.get_future().wait();

@@ -8,12 +8,12 @@
 #include <thread>
 #include <vector>
 
-#include "support/win32/platform_message_box.h"
+#include "com/module.h"
+#include "platform/platform_message_box.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/loop_watchdog.h"
 #include "tests/testing/win32/windows_desk.h"
 #include "ui/win32/dpi_context.h"
-#include "ui/win32/module.h"
 #include "ui/win32/thread_windows.h"
 
 // How a modal run ends and what may happen while it lasts, in its own message loop.
@@ -30,7 +30,7 @@ class HostWindow {
 
   explicit HostWindow(DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE)
       : window_(CreateWindowExW(0, L"STATIC", L"Another window of the host", style, 60, 60, 400,
-                                300, nullptr, nullptr, ui::win32::thisModule(), nullptr)) {
+                                300, nullptr, nullptr, win32::thisModule(), nullptr)) {
     SetWindowSubclass(window_.get(), &procedure, 1, reinterpret_cast<DWORD_PTR>(this));
   }
   HostWindow(const HostWindow&) = delete;

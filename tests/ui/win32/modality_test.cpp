@@ -3,9 +3,9 @@
 #include <stdexcept>
 #include <vector>
 
+#include "com/module.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
-#include "ui/win32/module.h"
 
 namespace tillora::testing {
 namespace {
@@ -63,7 +63,7 @@ TEST_F(ModalityTest, TheOwnerIsDisabledMeanwhileAndActiveAfterwards) {
 
 TEST_F(ModalityTest, TheFocusReturnsToTheWindowThatHadIt) {
   const ui::win32::Window field(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100,
-                                                20, desk.host(), nullptr, ui::win32::thisModule(),
+                                                20, desk.host(), nullptr, win32::thisModule(),
                                                 nullptr));
   SetFocus(field.get());
   gallery.showModal();
@@ -74,7 +74,7 @@ TEST_F(ModalityTest, TheFocusReturnsToTheWindowThatHadIt) {
 TEST_F(ModalityTest, EveryOtherWindowOfTheThreadIsDisabledButOneThatWasStaysSo) {
   const auto make = [](DWORD style) {
     return ui::win32::Window(CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | style, 0, 0,
-                                             99, 99, nullptr, nullptr, ui::win32::thisModule(),
+                                             99, 99, nullptr, nullptr, win32::thisModule(),
                                              nullptr));
   };
   const auto second = make(WS_VISIBLE);
@@ -273,7 +273,7 @@ TEST_F(ModalityTest, NoWindowIsLeftOverBySeveralRuns) {
   expectHostIsBack();
   // The count does see a window that is left over.
   const ui::win32::Window left(CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 9, 9, nullptr,
-                                               nullptr, ui::win32::thisModule(), nullptr));
+                                               nullptr, win32::thisModule(), nullptr));
   EXPECT_EQ(windowsOfThread(), before + 1);
 }
 

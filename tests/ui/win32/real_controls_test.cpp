@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "com/module.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
-#include "ui/win32/module.h"
 #include "ui/win32/raster.h"
 #include "ui/win32/thread_windows.h"
 
@@ -113,7 +113,7 @@ TEST_F(RealControlsTest, APasswordLooksLikeAsManyStars) {
     const ui::win32::Window stars(
         CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"******", WS_CHILD | ES_AUTOHSCROLL, 0, 0,
                         area.right - area.left, area.bottom - area.top, GetParent(secret), nullptr,
-                        ui::win32::thisModule(), nullptr));
+                        win32::thisModule(), nullptr));
     SendMessageW(stars.get(), WM_SETFONT, SendMessageW(secret, WM_GETFONT, 0, 0), FALSE);
     const auto shown = pictureOf(secret);
     EXPECT_EQ(shown, pictureOf(stars.get()));

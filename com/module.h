@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include "base/text.h"
+
+namespace tillora::win32 {
+
+/// The module (program or library) that this code is linked into.
+HINSTANCE thisModule();
+
+/// Full path of a module; of the running program for null.
+Text pathOfModule(HMODULE module);
+
+/// Keeps this module loaded while it lives: one in every COM object, one per LockServer.
+class ModuleLock {
+ public:
+  ModuleLock();
+  ModuleLock(const ModuleLock&);
+  ModuleLock& operator=(const ModuleLock&) = default;
+  ~ModuleLock();
+
+  static void lockServer(bool lock);
+  /// Objects and locks that keep the module loaded.
+  static long count();
+};
+
+}  // namespace tillora::win32

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tillora::ui::win32 {
+
+/// Makes the common controls those of the module's manifest (resource 2 of type 24) while it lives.
+/// Without such a resource it does nothing.
+class VisualStyles {
+ public:
+  VisualStyles();
+  VisualStyles(const VisualStyles&) = delete;
+  VisualStyles& operator=(const VisualStyles&) = delete;
+  ~VisualStyles();
+
+ private:
+  HANDLE context_;
+  ULONG_PTR cookie_ = 0;
+  bool active_ = false;
+};
+
+}  // namespace tillora::ui::win32
