@@ -30,7 +30,7 @@ HRESULT canUnloadNow() noexcept;
 HRESULT registerServer(const Server& server,
                        RegistrationScope scope = RegistrationScope::machine) noexcept;
 
-/// DllUnregisterServer: removes what registerServer() writes; nothing there is no failure. What
+/// DllUnregisterServer: removes what registerServer() writes; missing keys are not an error. What
 /// serves both bitnesses, the program ids and the interfaces, goes with the last one.
 HRESULT unregisterServer(const Server& server,
                          RegistrationScope scope = RegistrationScope::machine) noexcept;

@@ -16,7 +16,7 @@
 //   sleep MILLISECONDS
 //
 // Commands run in order; the first that fails ends with exit code 1 and says why. After a key or a
-// click the next thing is done when the window in front has dealt with it, or is gone.
+// click the next thing is done when the window in front has processed it, or is gone.
 #include <fcntl.h>
 #include <io.h>
 
@@ -26,6 +26,7 @@
 #include <string>
 #include <vector>
 
+#include "com/wide_text.h"
 #include "tests/testing/win32/key_strokes.h"
 #include "tools/drive/windows_of_others.h"
 
@@ -87,19 +88,17 @@ void waitFor(const std::wstring& title, bool shown, double seconds) {
     if (shown ? window && IsWindowEnabled(window) && hasKeyboard(window) : !window) return;
     if (GetTickCount64() >= end) {
       if (!shown) throw std::runtime_error("still shown");
-      throw std::runtime_error(window ? "never had the keyboard" : "never shown");
+      if (!window) throw std::runtime_error("never shown");
+      throw std::runtime_error("never had the keyboard; in front is " +
+                               toUtf8(win32::fromWide(textOf(GetForegroundWindow()).c_str())));
     }
     Sleep(kPollMilliseconds);
   }
 }
 
-/// Does something that the window in front has to deal with, and waits for that. A window is
-/// painted when nothing else is waiting for its program.
-template <class Act>
-void actAndWait(Act act) {
-  const HWND front = GetForegroundWindow();
-  if (!front) throw std::runtime_error("no window is in front");
-  act();
+/// Waits until this window's program has processed all that was sent to it: a window is painted
+/// when nothing else is waiting.
+void waitUntilIdle(HWND front) {
   const RECT corner{0, 0, 1, 1};
   InvalidateRect(front, &corner, FALSE);
   const ULONGLONG end = GetTickCount64() + kMostBusyMilliseconds;
@@ -107,6 +106,29 @@ void actAndWait(Act act) {
     if (GetTickCount64() >= end) throw std::runtime_error("the window in front is busy");
     Sleep(1);
   }
+}
+
+/// Waits until the window's program has seen all that the display has to report. One report says
+/// which keys are down; Wine goes by it, and one that comes late would end Ctrl between Ctrl and A.
+void waitForDisplay(HWND front) {
+  waitUntilIdle(front);  // it has sent the display all its requests
+  // Moving the pointer waits for the display. The display serves one program at a time, so that the
+  // second move comes after what the other program had sent before the first.
+  for (int move = 0; move < 2; ++move) {
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    SetCursorPos(pointer.x ^ 1, pointer.y);
+  }
+  waitUntilIdle(front);
+}
+
+template <class Act>
+void actAndWait(Act act) {
+  const HWND front = GetForegroundWindow();
+  if (!front) throw std::runtime_error("no window is in front");
+  waitForDisplay(front);
+  act();
+  waitUntilIdle(front);
 }
 
 void list() {
