@@ -34,50 +34,44 @@ constexpr std::array<TabInfo, 12> kTabs = {{
 }};
 
 constexpr ui::Size kClientSize{11400, 8640};
-constexpr int kMargin = 120;
 
 }  // namespace
 
 frmOptions::frmOptions(Platform platform)
     : Dialog(platform.screen, u"Options"),
-      tabOptions(add<ui::TabStrip>()),
       ilstImages({ui::PictureId::active, ui::PictureId::inactive}),
       platform_(std::move(platform)),
       messages_(platform_.screen, platform_.messageBoxes) {
-  makeFrame();
+  describeFrame();
   tabs_ = std::make_unique<Tabs>(static_cast<OptionsDialog&>(*this));
 }
 
-void frmOptions::makeFrame() {
+void frmOptions::describeFrame() {
   setClientSize(kClientSize);
+  std::vector<ui::Frame*> pages;
   for (std::size_t i = 0; i < kTabs.size(); ++i) {
-    auto& frame = add<ui::Frame>(Text(), ui::Frame::Border::none);
-    frame.setVisible(i == 0);
-    fraFrame.set(static_cast<int>(i), frame);
+    const auto index = static_cast<int>(i);
+    pages.push_back(&fraFrame.add(index, Text(), ui::Frame::Border::none));
+    pages.back()->setVisible(i == 0);
     if (i + 1 < kTabs.size()) tabOptions.addTab(kTabs[i].caption);
   }
-
-  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"&OK"));
-  okButton.setToolTip(u"Apply and save all changes then close this window");
-  okButton.setDefault(true);
-  auto& applyButton = cmdCommand.set(apply, add<ui::CommandButton>(u"&Apply"));
-  applyButton.setToolTip(u"Apply and save all changes");
-  applyButton.setEnabled(false);
-  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
-  cancelButton.setToolTip(u"Cancel all changes and close this window");
-  cancelButton.setCancel();
-  auto& helpButton = cmdCommand.set(help_, add<ui::CommandButton>(u"&Help"));
-  helpButton.setToolTip(u"Display help for this window");
-
-  const int buttons =
-      ui::Rows::buttonRow(*this, {&okButton, &applyButton, &cancelButton, &helpButton});
-  tabOptions.setBounds({kMargin, kMargin, kClientSize.width - 2 * kMargin, buttons - 2 * kMargin});
-  onResize();
+  rows().tabs(tabOptions, pages);
+  rows().buttons({&addButton(ok, u"&OK", u"Apply and save all changes then close this window"),
+                  &addButton(apply, u"&Apply", u"Apply and save all changes"),
+                  &addButton(cancel, u"&Cancel", u"Cancel all changes and close this window"),
+                  &addButton(help_, u"&Help", u"Display help for this window")});
+  cmdCommand[ok].setDefault(true);
+  cmdCommand[apply].setEnabled(false);
+  cmdCommand[cancel].setCancel();
 
   tabOptions.beforeClick = [this](bool& refuse) { tabBeforeClick(refuse); };
   tabOptions.click = [this] { tabClick(); };
   cmdCommand.on(&ui::CommandButton::click, [this](int index) { commandClick(index); });
   help = [this] { showHelp(); };
+}
+
+ui::Control& frmOptions::addButton(Command index, Text caption, Text toolTip) {
+  return cmdCommand.add(index, std::move(caption)).setToolTip(std::move(toolTip));
 }
 
 void frmOptions::setHost(HostObjects host) {
@@ -115,11 +109,6 @@ void frmOptions::onLoad() {
     cmdCommand[apply].setEnabled(!SaveOptions(*this));
   }
   loading_ = false;
-}
-
-void frmOptions::onResize() {
-  const ui::Rect client = tabOptions.clientArea();
-  for (const auto& [index, frame] : fraFrame) frame->setBounds(client);
 }
 
 void frmOptions::onQueryUnload(bool& /*cancel*/, ui::UnloadMode /*mode*/) {

@@ -32,7 +32,7 @@ class frmOptions final : public Dialog, private OptionsDialog {
   /// Read by the caller when the dialog has closed: a save has changed the data file.
   bool ChangedDataFile = false;
 
-  ui::TabStrip& tabOptions;
+  ui::TabStrip tabOptions;
   const ui::ImageList ilstImages;                  ///< pictures of the rows of its lists
   ui::ControlArray<ui::Frame> fraFrame;            ///< by tab number less 1
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
@@ -53,9 +53,8 @@ class frmOptions final : public Dialog, private OptionsDialog {
 
  private:
   void onLoad() override;
-  void onResize() override;
   void onQueryUnload(bool& cancel, ui::UnloadMode mode) override;
-  ui::Control* firstFocus() const override { return firstOnPage(tabOptions); }
+  ui::Control* firstFocus() override { return firstOnPage(tabOptions); }
   void edited(ui::Control& control) override;
 
   ui::Frame& page(TabPage page) override;
@@ -67,7 +66,8 @@ class frmOptions final : public Dialog, private OptionsDialog {
   void selectTab(TabPage page) override;
   void setOkDefault(bool isDefault) override;
 
-  void makeFrame();
+  void describeFrame();
+  ui::Control& addButton(Command index, Text caption, Text toolTip);
   void tabBeforeClick(bool& refuse);
   void tabClick();
   void commandClick(int index);

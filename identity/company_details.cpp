@@ -13,7 +13,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
 using ui::Key;
 
 constexpr std::array<int, CompanyDetails::count> kMaxLength = {255, 0, 50, 50, 50, 3,
@@ -41,12 +40,16 @@ Text middle(const Text& text, std::size_t start, std::size_t length) {
 
 }  // namespace
 
-CompanyDetails::CompanyDetails(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      fraGeneral(dialog.page(TabPage::general).add<ui::Frame>(u"Company Details")),
-      txtCompanyDetails(makeBoxes()),
-      cboClass(makeClassBox()) {
-  layOut();
+CompanyDetails::CompanyDetails(OptionsDialog& dialog) : OptionsTab(dialog) {
+  ui::Rows& group = dialog.page(TabPage::general).rows().group(fraGeneral, u"Company Details");
+  group.field({label(u"Na&me"), fill(box(name))});
+  group.field({label(u"A&ddress"), fill(box(address).setMultiLine(true))}, kAddressLines);
+  group.field({label(u"&Phone"), wide(box(phone), kPhoneWidth), label(u"&Fax"), fill(box(fax))});
+  group.field({label(u"&Email"), fill(box(email))});
+  group.field({label(u"AC&N"), digits(5), digits(6), digits(7)});
+  group.field({label(u"A&BN"), digits(8), digits(9), digits(10), digits(11), label(u"&Class"),
+               fill(cboClass)});
+
   letEnterMakeLines(txtCompanyDetails[address]);
   txtCompanyDetails.on(&ui::TextBox::keyPress, [this](int i, char16_t& key) { keyPress(i, key); });
   txtCompanyDetails.on(&ui::TextBox::keyDown,
@@ -58,50 +61,20 @@ CompanyDetails::CompanyDetails(OptionsDialog& dialog)
   cboClass.click = [this] { showClassToolTip(); };
 }
 
-ui::Label& CompanyDetails::addLabel(Text caption) {
-  return lblGeneral.set(lblGeneral.count(), fraGeneral.add<ui::Label>(std::move(caption)));
+ui::Label& CompanyDetails::label(Text caption) {
+  return lblGeneral.add(lblGeneral.count(), std::move(caption));
 }
 
-ui::ControlArray<ui::TextBox> CompanyDetails::makeBoxes() {
-  constexpr std::array kCaptions = {u"Na&me",  u"A&ddress", u"&Phone", u"&Fax",
-                                    u"&Email", u"AC&N",     u"A&BN"};
-  ui::ControlArray<ui::TextBox> boxes;
-  for (int i = 0; i < count; ++i) {
-    if (!isDigitGroup(i) || isFirstGroup(i)) {
-      addLabel(kCaptions[static_cast<std::size_t>(lblGeneral.count())]);
-    }
-    auto& box = boxes.set(i, fraGeneral.add<ui::TextBox>());
-    box.setMaxLength(kMaxLength[static_cast<std::size_t>(i)]).setMultiLine(i == address);
-    if (!isDigitGroup(i) || isFirstGroup(i)) continue;
-    box.setAccessibleName(i < firstOfAbn ? u"ACN, next digits" : u"ABN, next digits");
+ui::TextBox& CompanyDetails::box(int index) {
+  return txtCompanyDetails.add(index).setMaxLength(kMaxLength[static_cast<std::size_t>(index)]);
+}
+
+ui::Cell CompanyDetails::digits(int index) {
+  ui::TextBox& group = box(index);
+  if (!isFirstGroup(index)) {
+    group.setAccessibleName(index < firstOfAbn ? u"ACN, next digits" : u"ABN, next digits");
   }
-  return boxes;
-}
-
-ui::ComboBox& CompanyDetails::makeClassBox() {
-  addLabel(u"&Class");
-  return fraGeneral.add<ui::ComboBox>();
-}
-
-void CompanyDetails::layOut() {
-  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::general));
-  ui::Rows rows = page.group(fraGeneral);
-  const auto& label = lblGeneral;
-  const auto& box = txtCompanyDetails;
-  rows.labelColumn({&label[0], &label[1], &label[2], &label[4], &label[5], &label[6]});
-  rows.field(label[0], {{box[name], Cell::kFill}});
-  rows.field(label[1], {{box[address], Cell::kFill}}, kAddressLines);
-  rows.field(label[2], {{box[phone], kPhoneWidth}, {label[3]}, {box[fax], Cell::kFill}});
-  rows.field(label[4], {{box[email], Cell::kFill}});
-  rows.field(label[5],
-             {{box[5], kDigitGroupWidth}, {box[6], kDigitGroupWidth}, {box[7], kDigitGroupWidth}});
-  rows.field(label[6], {{box[8], kDigitGroupWidth},
-                        {box[9], kDigitGroupWidth},
-                        {box[10], kDigitGroupWidth},
-                        {box[11], kDigitGroupWidth},
-                        {label[7]},
-                        {cboClass, Cell::kFill}});
-  page.endGroup(fraGeneral, rows);
+  return wide(group, kDigitGroupWidth);
 }
 
 void CompanyDetails::load(OptionsRecord& record) {

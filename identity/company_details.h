@@ -3,6 +3,7 @@
 #include "component/contract/options_tab.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
+#include "ui/layout.h"
 #include "ui/lists.h"
 #include "ui/text_box.h"
 
@@ -29,16 +30,16 @@ class CompanyDetails final : public OptionsTab {
   /// LVClass, which the save writes after the options of the accounting link.
   void saveClass(OptionsRecord& record, OptionChanges& changes);
 
-  ui::Frame& fraGeneral;
+  ui::Frame fraGeneral;
   ui::ControlArray<ui::Label> lblGeneral;
   ui::ControlArray<ui::TextBox> txtCompanyDetails;
-  ui::ComboBox& cboClass;
+  ui::ComboBox cboClass;
 
  private:
-  ui::ControlArray<ui::TextBox> makeBoxes();
-  ui::ComboBox& makeClassBox();
-  ui::Label& addLabel(Text caption);
-  void layOut();
+  ui::Label& label(Text caption);
+  ui::TextBox& box(int index);
+  /// One of the groups of digits of a number.
+  ui::Cell digits(int index);
 
   void loadClasses(const Text& chosen);
 

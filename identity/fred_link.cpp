@@ -12,8 +12,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 // Word for word, the blanks at the ends and "the the" included.
 constexpr std::array<TextView, 5> kExplanation = {
     u"FRED (Fast Reliable Easy Dispensing) is a pharmacy dispensing system from its supplier, "
@@ -31,6 +29,9 @@ constexpr std::array<TextView, 5> kExplanation = {
 
 constexpr std::int16_t kShortest = 5;  // seconds
 constexpr std::int16_t kLongest = 60;
+
+constexpr const char16_t* kSecondsToolTip =
+    u"Indicates how frequently Tillora will check for FRED data (ranges between 5-60 seconds)";
 
 constexpr int kExplanationLines = 14;
 constexpr int kPictureWidth = 315;
@@ -51,12 +52,24 @@ Text explanationText() {
 
 }  // namespace
 
-FredLink::FredLink(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      imgDispense(makeExplanation()),
-      cmdDispense(makeDataFile()),
-      udFRED(makeSeconds()) {
-  layOut();
+FredLink::FredLink(OptionsDialog& dialog) : OptionsTab(dialog) {
+  ui::Frame& page = dialog.page(TabPage::fred);
+  ui::Rows& rows = page.rows();
+  rows.row({wide(imgDispense, kPictureWidth), fill(label(heading, u"FRED").setBold(true))});
+  rows.block(lockedBox(explanation).setMultiLine(true), ui::lines(kExplanationLines));
+  rows.gap();
+  rows.row({chkDispense.add(0, u"Ac&tivate link to FRED")});
+  rows.row({label(labelOfDataFile, u"Path to FRED's point-of-sale data file")}, kIndent);
+  rows.row({fill(lockedBox(dataFile)), cmdDispense.setCaption(u"B&rowse...")}, kIndent);
+  rows.row(
+      {label(labelOfSeconds, u"Ch&eck the FRED point-of-sale data file every"),
+       wide(txtDispense.add(seconds).setMaxLength(2).setToolTip(kSecondsToolTip), kSecondsWidth),
+       wide(udFRED.setRange(kShortest, kLongest).setBuddy(txtDispense[seconds]), kUpDownWidth),
+       label(unitOfSeconds, u"seconds")},
+      kIndent);
+  // Not in the explanation, though that comes first.
+  page.setFirstFocus(chkDispense[0]);
+
   chkDispense[0].click = [this] { enableLink(); };
   cmdDispense.click = [this] { browse(); };
   txtDispense[seconds].keyPress = keepDigitKey;
@@ -69,54 +82,14 @@ FredLink::FredLink(OptionsDialog& dialog)
   udFRED.pressedAtEnd = [this] { spun(); };
 }
 
-ui::Picture& FredLink::makeExplanation() {
-  ui::Frame& page = dialog_.page(TabPage::fred);
-  auto& picture = page.add<ui::Picture>(ui::PictureId::dispensing);
-  lblDispenseLabels.set(heading, page.add<ui::Label>(u"FRED")).setBold(true);
-  auto& box = txtDispense.set(explanation, page.add<ui::TextBox>());
-  box.setMultiLine(true).setLocked(true).setBackColour(ui::kButtonFace);
-  return picture;
+ui::Label& FredLink::label(Label index, Text caption) {
+  return lblDispenseLabels.add(index, std::move(caption));
 }
 
-ui::CommandButton& FredLink::makeDataFile() {
-  ui::Frame& page = dialog_.page(TabPage::fred);
-  // Not in the explanation, though that comes first.
-  page.setFirstFocus(chkDispense.set(0, page.add<ui::CheckBox>(u"Ac&tivate link to FRED")));
-  lblDispenseLabels.set(labelOfDataFile,
-                        page.add<ui::Label>(u"Path to FRED's point-of-sale data file"));
-  auto& box = txtDispense.set(dataFile, page.add<ui::TextBox>());
-  box.setLocked(true).setBackColour(ui::kButtonFace);
-  return page.add<ui::CommandButton>(u"B&rowse...");
-}
-
-ui::UpDown& FredLink::makeSeconds() {
-  ui::Frame& page = dialog_.page(TabPage::fred);
-  lblDispenseLabels.set(labelOfSeconds,
-                        page.add<ui::Label>(u"Ch&eck the FRED point-of-sale data file every"));
-  auto& box = txtDispense.set(seconds, page.add<ui::TextBox>());
-  box.setMaxLength(2).setToolTip(
-      u"Indicates how frequently Tillora will check for FRED data (ranges between 5-60 seconds)");
-  auto& upDown = page.add<ui::UpDown>().setRange(kShortest, kLongest).setBuddy(box);
-  lblDispenseLabels.set(unitOfSeconds, page.add<ui::Label>(u"seconds"));
-  return upDown;
-}
-
-void FredLink::layOut() {
-  ui::Frame& page = dialog_.page(TabPage::fred);
-  ui::Rows rows = ui::Rows::onPage(page);
-  const auto& label = lblDispenseLabels;
-  const auto& box = txtDispense;
-  rows.row({{imgDispense, kPictureWidth}, {label[heading], Cell::kFill}});
-  rows.block(box[explanation], ui::fieldHeight(page.form(), kExplanationLines));
-  rows.gap();
-  rows.row({{chkDispense[0]}});
-  rows.row({{label[labelOfDataFile]}}, kIndent);
-  rows.row({{box[dataFile], Cell::kFill}, {cmdDispense}}, kIndent);
-  rows.row({{label[labelOfSeconds]},
-            {box[seconds], kSecondsWidth},
-            {udFRED, kUpDownWidth},
-            {label[unitOfSeconds]}},
-           kIndent);
+ui::TextBox& FredLink::lockedBox(Box index) {
+  ui::TextBox& box = txtDispense.add(index).setLocked(true);
+  box.setBackColour(ui::kButtonFace);
+  return box;
 }
 
 void FredLink::load(OptionsRecord& record) {

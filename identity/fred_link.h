@@ -28,15 +28,13 @@ class FredLink final : public OptionsTab {
   ui::ControlArray<ui::Label> lblDispenseLabels;
   ui::ControlArray<ui::TextBox> txtDispense;
   ui::ControlArray<ui::CheckBox> chkDispense;  ///< 0: the link is active
-  ui::Picture& imgDispense;
-  ui::CommandButton& cmdDispense;  ///< chooses the data file
-  ui::UpDown& udFRED;              ///< seconds
+  ui::Picture imgDispense{ui::PictureId::dispensing};
+  ui::CommandButton cmdDispense;  ///< chooses the data file
+  ui::UpDown udFRED;              ///< seconds
 
  private:
-  ui::Picture& makeExplanation();
-  ui::CommandButton& makeDataFile();
-  ui::UpDown& makeSeconds();
-  void layOut();
+  ui::Label& label(Label index, Text caption);
+  ui::TextBox& lockedBox(Box index);
 
   void enableLink();
   void browse();

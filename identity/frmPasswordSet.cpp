@@ -8,8 +8,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 constexpr int kPictureSide = 480;
 constexpr std::size_t kShortestPassword = 4;
 constexpr int kLongestPassword = 16;
@@ -21,41 +19,24 @@ bool isTooShort(const ui::TextBox& box) {
 }  // namespace
 
 frmPasswordSet::frmPasswordSet(ui::Screen& screen, Messages& messages)
-    : Dialog(screen, Text()),
-      imgPassword(add<ui::Picture>(ui::PictureId::key)),
-      txtPassword(makeBoxes()),
-      messages_(messages) {
-  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"&OK"));
-  okButton.setToolTip(u"Accept the entered password and close this window");
-  okButton.setDefault(true);
-  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
-  cancelButton.setToolTip(u"Discard changes and close this window");
-  cancelButton.setCancel();
-  layOut();
-  txtPassword.on(&ui::TextBox::validate, [this](int i, bool& refuse) { validate(i, refuse); });
-  okButton.click = [this] { accept(); };
-  cancelButton.click = [this] { unload(); };
-}
-
-ui::ControlArray<ui::TextBox> frmPasswordSet::makeBoxes() {
-  constexpr std::array kCaptions = {u"O&ld password", u"&New password", u"Con&firm password"};
-  ui::ControlArray<ui::TextBox> boxes;
-  for (int i = oldPassword; i <= confirmPassword; ++i) {
-    lblPassword.set(i, add<ui::Label>(kCaptions[static_cast<std::size_t>(i)]));
-    boxes.set(i, add<ui::TextBox>()).setMaxLength(kLongestPassword).setPasswordCharacter(u'*');
-  }
-  return boxes;
-}
-
-void frmPasswordSet::layOut() {
+    : Dialog(screen, Text()), messages_(messages) {
   setClientSize({5400, 1980});
-  ui::Rows::buttonRow(*this, {&cmdCommand[ok], &cmdCommand[cancel]});
-  auto columns = ui::Rows::onPage(*this).columns({kPictureSide, Cell::kFill});
-  columns[0].block(imgPassword, kPictureSide);
-  ui::Rows& rows = columns[1];
-  const auto& label = lblPassword;
-  rows.labelColumn({&label[oldPassword], &label[newPassword], &label[confirmPassword]});
-  for (const auto& [index, box] : txtPassword) rows.field(label[index], {{*box, Cell::kFill}});
+  const auto columns = rows().columns({kPictureSide, ui::Cell::kFill});
+  columns[0]->block(imgPassword, ui::twips(kPictureSide));
+  columns[1]->field({lblPassword.add(oldPassword, u"O&ld password"), fill(box(oldPassword))});
+  columns[1]->field({lblPassword.add(newPassword, u"&New password"), fill(box(newPassword))});
+  columns[1]->field(
+      {lblPassword.add(confirmPassword, u"Con&firm password"), fill(box(confirmPassword))});
+  okAndCancel(cmdCommand.add(ok, u"&OK"), u"Accept the entered password and close this window",
+              cmdCommand.add(cancel, u"&Cancel"), u"Discard changes and close this window");
+
+  txtPassword.on(&ui::TextBox::validate, [this](int i, bool& refuse) { validate(i, refuse); });
+  cmdCommand[ok].click = [this] { accept(); };
+  cmdCommand[cancel].click = [this] { unload(); };
+}
+
+ui::TextBox& frmPasswordSet::box(Box index) {
+  return txtPassword.add(index).setMaxLength(kLongestPassword).setPasswordCharacter(u'*');
 }
 
 void frmPasswordSet::onLoad() {

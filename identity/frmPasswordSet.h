@@ -26,14 +26,13 @@ class frmPasswordSet final : public Dialog {
   /// else as it was, in lower case if OK was pressed.
   SecretText Password;
 
-  ui::Picture& imgPassword;
+  ui::Picture imgPassword{ui::PictureId::key};
   ui::ControlArray<ui::Label> lblPassword;
   ui::ControlArray<ui::TextBox> txtPassword;
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
 
  private:
-  ui::ControlArray<ui::TextBox> makeBoxes();
-  void layOut();
+  ui::TextBox& box(Box index);
   void onLoad() override;
 
   void validate(int index, bool& cancel);

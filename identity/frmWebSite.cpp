@@ -5,49 +5,24 @@
 
 namespace tillora {
 frmWebSite::frmWebSite(const Platform& platform, Messages& messages)
-    : EditDialog(platform.screen, Text()),
-      chkInactive(makeFields()),
-      platform_(platform),
-      messages_(messages) {
-  makeButtons();
-  layOut();
+    : EditDialog(platform.screen, Text()), platform_(platform), messages_(messages) {
+  setClientSize({7500, 2850});
+  rows().row({fill(lblWebSite.add(instruction))});
+  rows().row({fill(lblWebSite.add(descriptionLabel, u"&Description"))});
+  rows().row({fill(txtWebSite.add(description))});
+  rows().row({fill(lblWebSite.add(urlLabel, u"&URL"))});
+  rows().row(
+      {fill(txtWebSite.add(url)),
+       cmdWebSite.add(browse, u"&Browse...").setToolTip(u"Browse for a URL Information file")});
+  rows().row({fill(chkInactive.setCaption(u"This Web site is Inactive"))});
+  okAndCancel(cmdWebSite.add(ok, u"&OK"), u"Accept all changes then close this window",
+              cmdWebSite.add(cancel, u"&Cancel"), u"Cancel all changes and close this window");
+
   txtWebSite.on(&ui::TextBox::change, [this](int) { Changed = true; });
   chkInactive.click = [this] { Inactive = chkInactive.value(); };
   cmdWebSite[ok].click = [this] { accept(); };
   cmdWebSite[cancel].click = [this] { cancelAndClose(); };
   cmdWebSite[browse].click = [this] { browseShortcut(); };
-}
-
-ui::CheckBox& frmWebSite::makeFields() {
-  lblWebSite.set(instruction, add<ui::Label>());
-  lblWebSite.set(descriptionLabel, add<ui::Label>(u"&Description"));
-  txtWebSite.set(description, add<ui::TextBox>());
-  lblWebSite.set(urlLabel, add<ui::Label>(u"&URL"));
-  txtWebSite.set(url, add<ui::TextBox>());
-  cmdWebSite.set(browse, add<ui::CommandButton>(u"&Browse..."))
-      .setToolTip(u"Browse for a URL Information file");
-  return add<ui::CheckBox>(u"This Web site is Inactive");
-}
-
-void frmWebSite::makeButtons() {
-  auto& okButton = cmdWebSite.set(ok, add<ui::CommandButton>(u"&OK"));
-  okButton.setToolTip(u"Accept all changes then close this window");
-  okButton.setDefault(true);
-  auto& cancelButton = cmdWebSite.set(cancel, add<ui::CommandButton>(u"&Cancel"));
-  cancelButton.setToolTip(u"Cancel all changes and close this window");
-  cancelButton.setCancel();
-}
-
-void frmWebSite::layOut() {
-  setClientSize({7500, 2850});
-  ui::Rows::buttonRow(*this, {&cmdWebSite[ok], &cmdWebSite[cancel]});
-  ui::Rows rows = ui::Rows::onPage(*this);
-  rows.row({{lblWebSite[instruction], ui::Cell::kFill}});
-  rows.row({{lblWebSite[descriptionLabel], ui::Cell::kFill}});
-  rows.row({{txtWebSite[description], ui::Cell::kFill}});
-  rows.row({{lblWebSite[urlLabel], ui::Cell::kFill}});
-  rows.row({{txtWebSite[url], ui::Cell::kFill}, {cmdWebSite[browse]}});
-  rows.row({{chkInactive, ui::Cell::kFill}});
 }
 
 void frmWebSite::onLoad() {

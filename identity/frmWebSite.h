@@ -33,14 +33,11 @@ class frmWebSite final : public EditDialog {
   ui::ControlArray<ui::Label> lblWebSite;
   ui::ControlArray<ui::TextBox> txtWebSite;
   ui::ControlArray<ui::CommandButton> cmdWebSite;
-  ui::CheckBox& chkInactive;
+  ui::CheckBox chkInactive;
 
  private:
   void onLoad() override;
 
-  ui::CheckBox& makeFields();
-  void makeButtons();
-  void layOut();
   void accept();
   void browseShortcut();
 

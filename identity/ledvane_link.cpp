@@ -10,8 +10,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 constexpr int kLineItemIndent = 270;  // under the caption of the box that they belong to
 
 // What the file dialog offers, for an extension with or without its dot.
@@ -27,36 +25,27 @@ Text waitingFiles(const Text& dataFile) {
 
 }  // namespace
 
-LedvaneLink::LedvaneLink(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      fraGeneral(dialog.page(TabPage::general).add<ui::Frame>(u"Ledvane")),
-      lblDataFile(fraGeneral.add<ui::Label>(u"Da&ta File")),
-      txtLedvane(fraGeneral.add<ui::TextBox>()),
-      cmdLedvane(fraGeneral.add<ui::CommandButton>(u"Change&...")) {
-  constexpr std::array kCaptions = {
-      u"&Summarise transactions for posting to Ledvane",
-      u"S&ummarise line items where possible (including product description)",
-      u"S&ummarise line items where possible (excluding product description)"};
-  txtLedvane.setLocked(true).setBackColour(ui::kButtonFace);
-  cmdLedvane.setToolTip(u"Change the Ledvane data file used by Tillora");
-  for (const char16_t* caption : kCaptions) {
-    chkLedvane.set(chkLedvane.count(), fraGeneral.add<ui::CheckBox>(caption));
-  }
-  layOut();
+LedvaneLink::LedvaneLink(OptionsDialog& dialog) : OptionsTab(dialog) {
+  ui::Rows& group = dialog.page(TabPage::general).rows().group(fraGeneral, u"Ledvane");
+  group.field({lblDataFile.setCaption(u"Da&ta File"),
+               fill(txtLedvane.setLocked(true).setBackColour(ui::kButtonFace)),
+               cmdLedvane.setCaption(u"Change&...")
+                   .setToolTip(u"Change the Ledvane data file used by Tillora")});
+  group.row({check(summarise, u"&Summarise transactions for posting to Ledvane")});
+  group.row({check(withDescription,
+                   u"S&ummarise line items where possible (including product description)")},
+            kLineItemIndent);
+  group.row({check(withoutDescription,
+                   u"S&ummarise line items where possible (excluding product description)")},
+            kLineItemIndent);
+
   enableLineItems();
   cmdLedvane.click = [this] { change(); };
   chkLedvane[summarise].click = [this] { enableLineItems(); };
 }
 
-void LedvaneLink::layOut() {
-  ui::Rows page = ui::Rows::restOfPage(dialog_.page(TabPage::general));
-  ui::Rows rows = page.group(fraGeneral);
-  rows.labelColumn({&lblDataFile});
-  rows.field(lblDataFile, {{txtLedvane, Cell::kFill}, {cmdLedvane}});
-  for (const auto& [index, box] : chkLedvane) {
-    rows.row({{*box, Cell::kFill}}, index == summarise ? 0 : kLineItemIndent);
-  }
-  page.endGroup(fraGeneral, rows);
+ui::Cell LedvaneLink::check(Box index, Text caption) {
+  return fill(chkLedvane.add(index, std::move(caption)));
 }
 
 void LedvaneLink::load(OptionsRecord& record) {

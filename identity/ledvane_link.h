@@ -7,6 +7,7 @@
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
+#include "ui/layout.h"
 #include "ui/text_box.h"
 
 namespace tillora {
@@ -24,14 +25,14 @@ class LedvaneLink final : public OptionsTab {
   bool validate(const Text& title);
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
-  ui::Frame& fraGeneral;
-  ui::Label& lblDataFile;
-  ui::TextBox& txtLedvane;
-  ui::CommandButton& cmdLedvane;
+  ui::Frame fraGeneral;
+  ui::Label lblDataFile;
+  ui::TextBox txtLedvane;
+  ui::CommandButton cmdLedvane;
   ui::ControlArray<ui::CheckBox> chkLedvane;  ///< by Box
 
  private:
-  void layOut();
+  ui::Cell check(Box index, Text caption);
 
   void enableLineItems();
   void change();

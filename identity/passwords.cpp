@@ -9,8 +9,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 struct Row {
   Passwords::Program program;
   const char16_t* caption;
@@ -56,33 +54,22 @@ const Option<OptionType::Long>& bitsOf(int program) {
 }  // namespace
 
 Passwords::Passwords(OptionsDialog& dialog) : OptionsTab(dialog) {
-  makeRows();
-  layOut();
+  addGroup(administrator, u"Ledvane Point of Sale Administrator");
+  addGroup(terminal, u"Ledvane Point of Sale Terminal");
   chkSecurity.on(&ui::CheckBox::click, [this](int index) { enableButton(index); });
   cmdSecurity.on(&ui::CommandButton::click, [this](int index) { setPassword(index); });
 }
 
-void Passwords::makeRows() {
-  ui::Frame& page = dialog_.page(TabPage::security);
-  fraSecurity.set(administrator, page.add<ui::Frame>(u"Ledvane Point of Sale Administrator"));
-  fraSecurity.set(terminal, page.add<ui::Frame>(u"Ledvane Point of Sale Terminal"));
+void Passwords::addGroup(Program program, Text caption) {
+  ui::Rows& page = dialog_.page(TabPage::security).rows();
+  ui::Rows& group = page.group(fraSecurity.add(program), std::move(caption));
   for (int i = 0; i < count; ++i) {
-    ui::Frame& frame = fraSecurity[rowOf(i).program];
-    chkSecurity.set(i, frame.add<ui::CheckBox>(rowOf(i).caption));
-    auto& button = cmdSecurity.set(i, frame.add<ui::CommandButton>(rowOf(i).buttonCaption));
-    button.setToolTip(u"Show the set password window");
-    button.setEnabled(false);
-  }
-}
-
-void Passwords::layOut() {
-  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::security));
-  for (const auto& [program, frame] : fraSecurity) {
-    ui::Rows rows = page.group(*frame);
-    for (const auto& [index, box] : chkSecurity) {
-      if (rowOf(index).program == program) rows.row({{*box, Cell::kFill}, {cmdSecurity[index]}});
-    }
-    page.endGroup(*frame, rows);
+    const Row& row = rowOf(i);
+    if (row.program != program) continue;
+    group.row(
+        {fill(chkSecurity.add(i, row.caption)), cmdSecurity.add(i, row.buttonCaption)
+                                                    .setToolTip(u"Show the set password window")
+                                                    .setEnabled(false)});
   }
 }
 

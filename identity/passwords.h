@@ -41,8 +41,7 @@ class Passwords final : public OptionsTab {
   ui::ControlArray<ui::CommandButton> cmdSecurity;
 
  private:
-  void makeRows();
-  void layOut();
+  void addGroup(Program program, Text caption);
 
   void enableButton(int index);
   void setPassword(int index);

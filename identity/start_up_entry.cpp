@@ -5,9 +5,8 @@
 
 namespace tillora {
 
-StartUpEntry::StartUpEntry(OptionsDialog& dialog)
-    : OptionsTab(dialog), chkShortcut(dialog.page(TabPage::general).add<ui::CheckBox>(Text())) {
-  ui::Rows::restOfPage(dialog.page(TabPage::general)).row({{chkShortcut, ui::Cell::kFill}});
+StartUpEntry::StartUpEntry(OptionsDialog& dialog) : OptionsTab(dialog) {
+  dialog.page(TabPage::general).rows().row({fill(chkShortcut)});
 }
 
 void StartUpEntry::load(OptionsRecord& /*record*/) {

@@ -14,7 +14,7 @@ class StartUpEntry final : public OptionsTab {
   /// What a save does first: the choice into the registry.
   void apply(const Text& title);
 
-  ui::CheckBox& chkShortcut;
+  ui::CheckBox chkShortcut;
 };
 
 }  // namespace tillora

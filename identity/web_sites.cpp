@@ -32,31 +32,23 @@ void addFirstSite(Table& table) {
 
 }  // namespace
 
-WebSites::WebSites(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      lblWeb(dialog.page(TabPage::web).add<ui::Label>(u"&Web Sites")),
-      ltvWeb(dialog.page(TabPage::web).add<ui::ListView>()) {
-  ui::Frame& page = dialog.page(TabPage::web);
+WebSites::WebSites(OptionsDialog& dialog) : OptionsTab(dialog) {
   ltvWeb.addColumn(Text(), kIconColumnWidth);
   ltvWeb.addColumn(u"Description");
   ltvWeb.addColumn(u"URL");
   ltvWeb.setSmallIcons(dialog.images());
   toggleHeaderButtons(ltvWeb);
-  cmdWeb.set(add, page.add<ui::CommandButton>(u"&New")).setToolTip(u"Add a new Web Site");
-  cmdWeb.set(edit, page.add<ui::CommandButton>(u"&Edit"))
-      .setToolTip(u"Assign or change details of the selected Web Site");
-  cmdWeb.set(remove, page.add<ui::CommandButton>(u"D&elete"))
-      .setToolTip(u"Delete the selected Web Site from the list");
-  layOut();
+
+  ui::Rows& rows = dialog.page(TabPage::web).rows();
+  rows.row({fill(lblWeb.setCaption(u"&Web Sites"))});
+  rows.block(ltvWeb, ui::twips(kListHeight));
+  rows.row(
+      {cmdWeb.add(add, u"&New").setToolTip(u"Add a new Web Site"),
+       cmdWeb.add(edit, u"&Edit").setToolTip(u"Assign or change details of the selected Web Site"),
+       cmdWeb.add(remove, u"D&elete").setToolTip(u"Delete the selected Web Site from the list")});
+
   onRowDoubleClick(ltvWeb, [this] { commandClick(edit); });
   cmdWeb.on(&ui::CommandButton::click, [this](int index) { commandClick(index); });
-}
-
-void WebSites::layOut() {
-  ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::web));
-  rows.row({{lblWeb, ui::Cell::kFill}});
-  rows.block(ltvWeb, kListHeight);
-  rows.row({{cmdWeb[add]}, {cmdWeb[edit]}, {cmdWeb[remove]}});
 }
 
 void WebSites::load(OptionsRecord& /*record*/) {

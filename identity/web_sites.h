@@ -23,12 +23,11 @@ class WebSites final : public OptionsTab {
   void load(OptionsRecord& record) override;
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
-  ui::Label& lblWeb;
-  ui::ListView& ltvWeb;
+  ui::Label lblWeb;
+  ui::ListView ltvWeb;
   ui::ControlArray<ui::CommandButton> cmdWeb;
 
  private:
-  void layOut();
   void commandClick(int index);
   void addSite();
   void editSite();

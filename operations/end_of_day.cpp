@@ -39,14 +39,14 @@ bool isPeriod(std::int32_t position) {
 
 }  // namespace
 
-EndOfDay::EndOfDay(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      fraEndOfDay(dialog.page(TabPage::eod).add<ui::Frame>(u"E&nd-Of-Day Options")),
-      fraReports(dialog.page(TabPage::eod).add<ui::Frame>(u"Reports Options")),
-      txtEOD(makeDay()),
-      cboTimeReportPeriod(makeReports()) {
-  makeReconciliation();
-  layOut();
+EndOfDay::EndOfDay(OptionsDialog& dialog) : OptionsTab(dialog) {
+  ui::Rows& page = dialog.page(TabPage::eod).rows();
+  const auto columns =
+      page.group(fraEndOfDay, u"E&nd-Of-Day Options").columns({kDayWidth, ui::Cell::kFill});
+  describeDay(*columns[0]);
+  describeReconciliation(*columns[1]);
+  describeReports(page.group(fraReports, u"Reports Options"));
+
   chkEOD[reconcileDrawer].click = [this] { enableReconciliation(); };
   txtEOD.keyPress = keepDigitKey;
   txtEOD.validate = [this](bool&) { showDays(daysEntered()); };
@@ -54,78 +54,40 @@ EndOfDay::EndOfDay(OptionsDialog& dialog)
   cmdReports[reportCaptions].click = [this] { changeCaptions(); };
 }
 
-ui::TextBox& EndOfDay::makeDay() {
-  const auto addCheck = [&](Check index, Text caption) {
-    chkEOD.set(index, fraEndOfDay.add<ui::CheckBox>(std::move(caption)));
-  };
-  addCheck(reportsMustBePrinted, u"Reports must be printed");
-  addCheck(resetTransactionNumber, u"Reset the Transaction Number");
-  addCheck(noSelectionPage, u"Don't show report selection page");
-  addCheck(keepNumberOnReset, u"Don't reset # on RESET (Z) reports");
-  addCheck(logOffAfterReset, u"Log off Sales Person after RESET (Z) report");
-  addCheck(balanceReportOnReset, u"Balance report must be selected on RESET (Z) reports");
-  addCheck(noReadReports, u"Don't allow READ (X) reports");
-  lblEOD.set(historyDays, fraEndOfDay.add<ui::Label>(u"Number of days to keep historical data"));
-  auto& days = fraEndOfDay.add<ui::TextBox>();
-  lblEOD.set(historyNote, fraEndOfDay.add<ui::Label>(u"(Maximum of 2 years of data allowed)"));
-  cmdReports.set(defaultReports, fraEndOfDay.add<ui::CommandButton>(u"Default Reports..."))
-      .setToolTip(u"Select the default reports for End-Of-Day processing");
-  return days;
+void EndOfDay::describeDay(ui::Rows& column) {
+  column.row({chkEOD.add(reportsMustBePrinted, u"Reports must be printed")});
+  column.row({chkEOD.add(resetTransactionNumber, u"Reset the Transaction Number")});
+  column.row({chkEOD.add(noSelectionPage, u"Don't show report selection page")});
+  column.row({chkEOD.add(keepNumberOnReset, u"Don't reset # on RESET (Z) reports")});
+  column.row({chkEOD.add(logOffAfterReset, u"Log off Sales Person after RESET (Z) report")});
+  column.row(
+      {chkEOD.add(balanceReportOnReset, u"Balance report must be selected on RESET (Z) reports")});
+  column.row({chkEOD.add(noReadReports, u"Don't allow READ (X) reports")});
+  column.row({lblEOD.add(historyDays, u"Number of days to keep historical data"),
+              wide(txtEOD, kDaysWidth)});
+  column.row({lblEOD.add(historyNote, u"(Maximum of 2 years of data allowed)")});
+  column.row({cmdReports.add(defaultReports, u"Default Reports...")
+                  .setToolTip(u"Select the default reports for End-Of-Day processing")});
 }
 
-void EndOfDay::makeReconciliation() {
-  chkEOD.set(reconcileDrawer, fraEndOfDay.add<ui::CheckBox>(u"Reconcile the Cash Drawer"));
-  chkEOD.set(reconcileOnResetOnly,
-             fraEndOfDay.add<ui::CheckBox>(u"Reconcile on RESET (Z) reports only"));
-  lblEOD.set(showTotalsShadow, fraEndOfDay.add<ui::Label>());
-  lblEOD.set(showTotals, fraEndOfDay.add<ui::Label>(u"Show on Cash Drawer Reconciliation page..."));
+void EndOfDay::describeReconciliation(ui::Rows& column) {
+  column.row({chkEOD.add(reconcileDrawer, u"Reconcile the Cash Drawer")});
+  column.row({chkEOD.add(reconcileOnResetOnly, u"Reconcile on RESET (Z) reports only")}, kIndent);
+  column.row({engraved(lblEOD.add(showTotals, u"Show on Cash Drawer Reconciliation page..."),
+                       lblEOD.add(showTotalsShadow))},
+             kIndent);
   for (std::size_t i = 0; i < kInDrawerTotals; ++i) {
-    chkEODReconcile.set(static_cast<int>(i),
-                        fraEndOfDay.add<ui::CheckBox>(kReportDetails[i].standard));
+    column.row({chkEODReconcile.add(static_cast<int>(i), kReportDetails[i].standard)}, kIndent);
   }
 }
 
-ui::ComboBox& EndOfDay::makeReports() {
-  lblReports.set(0, fraReports.add<ui::Label>(u"P&eriod for Time Report"));
-  auto& periods = fraReports.add<ui::ComboBox>();
-  for (const char16_t* period : kPeriods) periods.addItem(period);
-  chkReports.set(0, fraReports.add<ui::CheckBox>(u"&Print the Non-Resetable Grand Total (NRGT)"));
-  cmdReports.set(reportCaptions, fraReports.add<ui::CommandButton>(u"Change &Report Captions..."))
-      .setToolTip(u"Set captions for the reports");
-  return periods;
-}
-
-void EndOfDay::layOut() {
-  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::eod));
-
-  const ui::Rows day = page.group(fraEndOfDay);
-  std::vector<ui::Rows> columns = day.columns({kDayWidth, Cell::kFill});
-  layOutDay(columns[0]);
-  layOutReconciliation(columns[1]);
-  page.endGroup(fraEndOfDay, columns[0]);  // the higher one
-
-  ui::Rows reports = page.group(fraReports);
-  reports.row({{lblReports[0]}, {cboTimeReportPeriod, kPeriodWidth}});
-  reports.row({{chkReports[0]}});
-  reports.row({{cmdReports[reportCaptions]}});
-  page.endGroup(fraReports, reports);
-}
-
-void EndOfDay::layOutDay(ui::Rows& column) {
-  for (const Check i : {reportsMustBePrinted, resetTransactionNumber, noSelectionPage,
-                        keepNumberOnReset, logOffAfterReset, balanceReportOnReset, noReadReports}) {
-    column.row({{chkEOD[i]}});
-  }
-  column.row({{lblEOD[historyDays]}, {txtEOD, kDaysWidth}});
-  column.row({{lblEOD[historyNote]}});
-  column.row({{cmdReports[defaultReports]}});
-}
-
-void EndOfDay::layOutReconciliation(ui::Rows& column) {
-  column.row({{chkEOD[reconcileDrawer]}});
-  column.row({{chkEOD[reconcileOnResetOnly]}}, kIndent);
-  column.row({{lblEOD[showTotals]}}, kIndent);
-  for (const auto& [index, box] : chkEODReconcile) column.row({{*box}}, kIndent);
+void EndOfDay::describeReports(ui::Rows& group) {
+  for (const char16_t* period : kPeriods) cboTimeReportPeriod.addItem(period);
+  group.row(
+      {lblReports.add(0, u"P&eriod for Time Report"), wide(cboTimeReportPeriod, kPeriodWidth)});
+  group.row({chkReports.add(0, u"&Print the Non-Resetable Grand Total (NRGT)")});
+  group.row({cmdReports.add(reportCaptions, u"Change &Report Captions...")
+                 .setToolTip(u"Set captions for the reports")});
 }
 
 void EndOfDay::load(OptionsRecord& record) {

@@ -40,24 +40,21 @@ class EndOfDay final : public OptionsTab {
   /// selected then, the focus set to the first total, and the message shown.
   bool validate(const Text& title);
 
-  ui::Frame& fraEndOfDay;
-  ui::Frame& fraReports;
+  ui::Frame fraEndOfDay;
+  ui::Frame fraReports;
   ui::ControlArray<ui::Label> lblEOD;
   ui::ControlArray<ui::CheckBox> chkEOD;
   ui::ControlArray<ui::CheckBox> chkEODReconcile;  ///< the In Drawer totals, by bit
   ui::ControlArray<ui::Label> lblReports;
   ui::ControlArray<ui::CheckBox> chkReports;
   ui::ControlArray<ui::CommandButton> cmdReports;
-  ui::TextBox& txtEOD;  ///< days of history
-  ui::ComboBox& cboTimeReportPeriod;
+  ui::TextBox txtEOD;  ///< days of history
+  ui::ComboBox cboTimeReportPeriod;
 
  private:
-  ui::TextBox& makeDay();
-  void makeReconciliation();
-  ui::ComboBox& makeReports();
-  void layOut();
-  void layOutDay(ui::Rows& column);
-  void layOutReconciliation(ui::Rows& column);
+  void describeDay(ui::Rows& column);
+  void describeReconciliation(ui::Rows& column);
+  void describeReports(ui::Rows& group);
 
   void enableReconciliation();
   std::int32_t daysEntered() const;

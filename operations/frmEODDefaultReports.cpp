@@ -42,48 +42,28 @@ std::int32_t maskOf(const ui::ControlArray<ui::CheckBox>& boxes) {
 }  // namespace
 
 frmEODDefaultReports::frmEODDefaultReports(ui::Screen& screen, Messages& messages)
-    : EditDialog(screen, u"Default Reports - EOD Processing"),
-      lblLabel(add<ui::Label>(u"Select the reports that should be automatically printed when "
-                              u"performing an End-Of-Day report.")),
-      messages_(messages) {
+    : EditDialog(screen, u"Default Reports - EOD Processing"), messages_(messages) {
+  setClientSize({8700, 4500});
+  rows().row(
+      {fill(lblLabel.setCaption(u"Select the reports that should be automatically printed "
+                                u"when performing an End-Of-Day report."))});
+  rows().gap();
   for (const ReportBox& row : kReportBoxes) {
-    chkReports.set(row.report, add<ui::CheckBox>(Text())).setToolTip(row.toolTip);
+    rows().row({fill(chkReports.add(row.report).setToolTip(row.toolTip))});
   }
-  chkReports.set(openDrawer, add<ui::CheckBox>(u"&Open the Cash Drawer"))
-      .setToolTip(u"Open the Cash Drawer when printing the reports");
-  makeButtons();
-  layOut();
+  rows().gap();
+  rows().row({fill(chkReports.add(openDrawer, u"&Open the Cash Drawer")
+                       .setToolTip(u"Open the Cash Drawer when printing the reports"))});
+  rows().buttons(
+      {&cmdCommand.add(selectAll, u"Select &All").setToolTip(u"Select all the reports"),
+       &cmdCommand.add(deselectAll, u"&De-select All").setToolTip(u"De-select all the reports")});
+  okAndCancel(cmdCommand.add(ok, u"OK"), u"Save all changes then close this window",
+              cmdCommand.add(cancel, u"&Cancel"), u"Cancel all changes and close this window");
+
   cmdCommand[ok].click = [this] { accept(); };
   cmdCommand[cancel].click = [this] { cancelAndClose(); };
   cmdCommand[selectAll].click = [this] { tickAll(true); };
   cmdCommand[deselectAll].click = [this] { tickAll(false); };
-}
-
-void frmEODDefaultReports::makeButtons() {
-  cmdCommand.set(selectAll, add<ui::CommandButton>(u"Select &All"))
-      .setToolTip(u"Select all the reports");
-  cmdCommand.set(deselectAll, add<ui::CommandButton>(u"&De-select All"))
-      .setToolTip(u"De-select all the reports");
-  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"OK"));
-  okButton.setToolTip(u"Save all changes then close this window");
-  okButton.setDefault(true);
-  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
-  cancelButton.setToolTip(u"Cancel all changes and close this window");
-  cancelButton.setCancel();
-}
-
-void frmEODDefaultReports::layOut() {
-  setClientSize({8700, 4500});
-  ui::Rows::buttonRow(*this, {&cmdCommand[selectAll], &cmdCommand[deselectAll], &cmdCommand[ok],
-                              &cmdCommand[cancel]});
-  ui::Rows rows = ui::Rows::onPage(*this);
-  rows.row({{lblLabel, ui::Cell::kFill}});
-  rows.gap();
-  for (const ReportBox& row : kReportBoxes) {
-    rows.row({{chkReports[row.report], ui::Cell::kFill}});
-  }
-  rows.gap();
-  rows.row({{chkReports[openDrawer], ui::Cell::kFill}});
 }
 
 void frmEODDefaultReports::onLoad() {

@@ -41,13 +41,11 @@ class frmEODDefaultReports final : public EditDialog {
   std::vector<Text> Titles;  ///< of the reports, by ReportTitle
   std::shared_ptr<App> AppObject;
 
-  ui::Label& lblLabel;
+  ui::Label lblLabel;
   ui::ControlArray<ui::CheckBox> chkReports;
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
 
  private:
-  void makeButtons();
-  void layOut();
   void onLoad() override;
 
   void tickAll(bool ticked);

@@ -7,40 +7,20 @@
 namespace tillora {
 frmPumpGrade::frmPumpGrade(ui::Screen& screen)
     : EditDialog(screen, u"Edit Pump Grade Information") {
-  makeControls();
-  layOut();
+  setClientSize({6300, 1950});
+  rows().row({fill(lblPumpGrade.add(heading))});
+  rows().field({lblPumpGrade.add(captionLabel, u"Caption"), fill(txtPumpGrade.add(captionBox))});
+  rows().field({lblPumpGrade.add(productLabel, u"Product"),
+                fill(txtPumpGrade.add(productBox).setLocked(true)),
+                cmdPumpGrade.add(browse, u"&Browse...")
+                    .setToolTip(u"Browse and select a product for this Grade")});
+  okAndCancel(cmdPumpGrade.add(ok, u"OK"), u"Accept all changes then close this window",
+              cmdPumpGrade.add(cancel, u"&Cancel"), u"Cancel all changes and close this window");
+
   txtPumpGrade[captionBox].validate = [this](bool&) { Caption = txtPumpGrade[captionBox].text(); };
   cmdPumpGrade[ok].click = [this] { acceptAndClose(); };
   cmdPumpGrade[cancel].click = [this] { cancelAndClose(); };
   cmdPumpGrade[browse].click = [this] { browseProduct(); };
-}
-
-void frmPumpGrade::makeControls() {
-  lblPumpGrade.set(heading, add<ui::Label>());
-  lblPumpGrade.set(captionLabel, add<ui::Label>(u"Caption"));
-  txtPumpGrade.set(captionBox, add<ui::TextBox>());
-  lblPumpGrade.set(productLabel, add<ui::Label>(u"Product"));
-  txtPumpGrade.set(productBox, add<ui::TextBox>()).setLocked(true);
-  cmdPumpGrade.set(browse, add<ui::CommandButton>(u"&Browse..."))
-      .setToolTip(u"Browse and select a product for this Grade");
-  auto& okButton = cmdPumpGrade.set(ok, add<ui::CommandButton>(u"OK"));
-  okButton.setToolTip(u"Accept all changes then close this window");
-  okButton.setDefault(true);
-  auto& cancelButton = cmdPumpGrade.set(cancel, add<ui::CommandButton>(u"&Cancel"));
-  cancelButton.setToolTip(u"Cancel all changes and close this window");
-  cancelButton.setCancel();
-}
-
-void frmPumpGrade::layOut() {
-  setClientSize({6300, 1950});
-  ui::Rows::buttonRow(*this, {&cmdPumpGrade[ok], &cmdPumpGrade[cancel]});
-  const auto& label = lblPumpGrade;
-  ui::Rows rows = ui::Rows::onPage(*this);
-  rows.row({{label[heading], ui::Cell::kFill}});
-  rows.labelColumn({&label[captionLabel], &label[productLabel]});
-  rows.field(label[captionLabel], {{txtPumpGrade[captionBox], ui::Cell::kFill}});
-  rows.field(label[productLabel],
-             {{txtPumpGrade[productBox], ui::Cell::kFill}, {cmdPumpGrade[browse]}});
 }
 
 void frmPumpGrade::onLoad() {

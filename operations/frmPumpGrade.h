@@ -42,8 +42,6 @@ class frmPumpGrade final : public EditDialog {
   void onLoad() override;
   void onUnload() override;
 
-  void makeControls();
-  void layOut();
   void browseProduct();
 };
 

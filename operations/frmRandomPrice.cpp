@@ -9,8 +9,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 constexpr int kPrefixWidth = 600;
 constexpr int kExampleWidth = 1800;
 constexpr int kLegendLines = 3;
@@ -23,77 +21,41 @@ static_assert(kCalculateUnitOfMeasure == 1 << (frmRandomPrice::calculateUnitOfMe
 }  // namespace
 
 frmRandomPrice::frmRandomPrice(ui::Screen& screen)
-    : EditDialog(screen, u"Random Price Barcode Format"),
-      cboRandomPrice(makeFormat()),
-      fraRandomPrice(makeUnit()) {
-  chkRandomPrice.set(inactive,
-                     add<ui::CheckBox>(u"&Random price barcodes with this Prefix are inactive"));
-  makeButtons();
-  layOut();
+    : EditDialog(screen, u"Random Price Barcode Format") {
+  setClientSize({7500, 5250});
+  rows().field(
+      {label(ofPrefix, u"Prefix"), wide(txtRandomPrice.add(prefix).setLocked(true), kPrefixWidth)});
+  rows().field({label(ofFormat, u"&Barcode Format"), fill(cboRandomPrice)});
+  rows().field({label(ofExample, u"Example"),
+                wide(txtRandomPrice.add(example).setLocked(true), kExampleWidth)});
+  rows().block(label(legend, Text()), ui::lines(kLegendLines));
+  rows().row({check(priceIncludesTax, u"&Price includes tax")});
+
+  ui::Rows& unit = rows().group(fraRandomPrice, Text());
+  unit.row({check(calculateUnitOfMeasure, u"Calculate &Unit of Measure")});
+  unit.field(
+      {engraved(label(ofUnitCaption, u"C&aption for Unit"), label(shadowOfUnitCaption, Text())),
+       fill(txtRandomPrice.add(unitCaption))});
+  unit.field({engraved(label(ofPriceUnitCaption, u"Cap&tion for Price per Unit"),
+                       label(shadowOfPriceUnitCaption, Text())),
+              fill(txtRandomPrice.add(priceUnitCaption))});
+
+  rows().row({check(inactive, u"&Random price barcodes with this Prefix are inactive")});
+  okAndCancel(cmdCommand.add(ok, u"OK"), u"Accept the changes and close this window",
+              cmdCommand.add(cancel, u"&Cancel"), u"Discard changes and close this window");
+
   cboRandomPrice.click = [this] { showExample(); };
   chkRandomPrice[calculateUnitOfMeasure].click = [this] { enableCaptions(); };
   cmdCommand[ok].click = [this] { accept(); };
   cmdCommand[cancel].click = [this] { cancelAndClose(); };
 }
 
-ui::ComboBox& frmRandomPrice::makeFormat() {
-  lblLabel.set(ofPrefix, add<ui::Label>(u"Prefix"));
-  txtRandomPrice.set(prefix, add<ui::TextBox>()).setLocked(true);
-  lblLabel.set(ofFormat, add<ui::Label>(u"&Barcode Format"));
-  auto& formats = add<ui::ComboBox>();
-  lblLabel.set(ofExample, add<ui::Label>(u"Example"));
-  txtRandomPrice.set(example, add<ui::TextBox>()).setLocked(true);
-  lblLabel.set(legend, add<ui::Label>());
-  chkRandomPrice.set(priceIncludesTax, add<ui::CheckBox>(u"&Price includes tax"));
-  return formats;
+ui::Label& frmRandomPrice::label(Label index, Text caption) {
+  return lblLabel.add(index, std::move(caption));
 }
 
-ui::Frame& frmRandomPrice::makeUnit() {
-  auto& frame = add<ui::Frame>();
-  chkRandomPrice.set(calculateUnitOfMeasure,
-                     frame.add<ui::CheckBox>(u"Calculate &Unit of Measure"));
-  const auto addCaption = [&](Label shadow, Label label, Text caption, Box box) {
-    lblLabel.set(shadow, frame.add<ui::Label>());
-    lblLabel.set(label, frame.add<ui::Label>(std::move(caption)));
-    txtRandomPrice.set(box, frame.add<ui::TextBox>());
-  };
-  addCaption(shadowOfUnitCaption, ofUnitCaption, u"C&aption for Unit", unitCaption);
-  addCaption(shadowOfPriceUnitCaption, ofPriceUnitCaption, u"Cap&tion for Price per Unit",
-             priceUnitCaption);
-  return frame;
-}
-
-void frmRandomPrice::makeButtons() {
-  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"OK"));
-  okButton.setToolTip(u"Accept the changes and close this window");
-  okButton.setDefault(true);
-  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
-  cancelButton.setToolTip(u"Discard changes and close this window");
-  cancelButton.setCancel();
-}
-
-void frmRandomPrice::layOut() {
-  const auto& label = lblLabel;
-  const auto& box = txtRandomPrice;
-  setClientSize({7500, 5250});
-  ui::Rows::buttonRow(*this, {&cmdCommand[ok], &cmdCommand[cancel]});
-
-  ui::Rows rows = ui::Rows::onPage(*this);
-  rows.labelColumn({&label[ofPrefix], &label[ofFormat], &label[ofExample]});
-  rows.field(label[ofPrefix], {{box[prefix], kPrefixWidth}});
-  rows.field(label[ofFormat], {{cboRandomPrice, Cell::kFill}});
-  rows.field(label[ofExample], {{box[example], kExampleWidth}});
-  rows.block(label[legend], kLegendLines * screen().lineHeight());
-  rows.row({{chkRandomPrice[priceIncludesTax], Cell::kFill}});
-
-  ui::Rows unit = rows.group(fraRandomPrice);
-  unit.row({{chkRandomPrice[calculateUnitOfMeasure], Cell::kFill}});
-  unit.labelColumn({&label[ofUnitCaption], &label[ofPriceUnitCaption]});
-  unit.field(label[ofUnitCaption], {{box[unitCaption], Cell::kFill}});
-  unit.field(label[ofPriceUnitCaption], {{box[priceUnitCaption], Cell::kFill}});
-  rows.endGroup(fraRandomPrice, unit);
-
-  rows.row({{chkRandomPrice[inactive], Cell::kFill}});
+ui::Cell frmRandomPrice::check(Check index, Text caption) {
+  return fill(chkRandomPrice.add(index, std::move(caption)));
 }
 
 void frmRandomPrice::onLoad() {

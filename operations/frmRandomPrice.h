@@ -7,6 +7,7 @@
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
+#include "ui/layout.h"
 #include "ui/lists.h"
 #include "ui/text_box.h"
 
@@ -48,17 +49,15 @@ class frmRandomPrice final : public EditDialog {
   ui::ControlArray<ui::Label> lblLabel;
   ui::ControlArray<ui::TextBox> txtRandomPrice;
   ui::ControlArray<ui::CheckBox> chkRandomPrice;
-  ui::ComboBox& cboRandomPrice;
-  ui::Frame& fraRandomPrice;
+  ui::ComboBox cboRandomPrice;
+  ui::Frame fraRandomPrice;
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
 
  private:
   void onLoad() override;
 
-  ui::ComboBox& makeFormat();
-  ui::Frame& makeUnit();
-  void makeButtons();
-  void layOut();
+  ui::Label& label(Label index, Text caption);
+  ui::Cell check(Check index, Text caption);
 
   void showFormats();
   void showExample();

@@ -16,23 +16,14 @@ using Labels = ui::ControlArray<ui::Label>;
 using Captions = std::span<const ReportCaption>;
 
 constexpr ui::Size kClientSize{10650, 8850};
-constexpr int kMargin = 120;
 constexpr int kNoteLines = 8;
 
 // What a message calls the texts of a page.
 constexpr TextView kTitlesName = u"Report Titles";
 constexpr TextView kDetailsName = u"Report Detail captions";
 
-void addBoxes(ui::Frame& page, Captions captions, Labels& labels, Boxes& boxes) {
-  int index = 0;
-  for (const ReportCaption& caption : captions) {
-    labels.set(index, page.add<ui::Label>(Text(caption.label())));
-    boxes.set(index++, page.add<ui::TextBox>());
-  }
-}
-
-void placeLabelColumn(ui::Rows& rows, const Labels& labels) {
-  for (const auto& [index, label] : labels) rows.labelColumn({label});
+void addBox(ui::Rows& rows, const ReportCaption& caption, Labels& labels, Boxes& boxes) {
+  rows.field({labels.add(labels.count(), Text(caption.label())), fill(boxes.add(boxes.count()))});
 }
 
 void showTexts(const Boxes& boxes, const std::vector<Text>& texts) {
@@ -51,7 +42,7 @@ bool isBlank(const ui::TextBox& box) { return box.text().empty(); }
 ui::TextBox* firstBlank(const Boxes& boxes) {
   const auto blank =
       std::ranges::find_if(boxes, [](const auto& entry) { return isBlank(*entry.second); });
-  return blank == boxes.end() ? nullptr : blank->second;
+  return blank == boxes.end() ? nullptr : blank->second.get();
 }
 
 enum class Fill : std::uint8_t { blanks, all };
@@ -66,15 +57,16 @@ void fillWithDefaults(const Boxes& boxes, Captions captions, Fill which) {
 }  // namespace
 
 frmReportCaptions::frmReportCaptions(ui::Screen& screen, Messages& messages)
-    : EditDialog(screen, u"Report Captions"),
-      tabReportCaptions(add<ui::TabStrip>()),
-      fraTitles(add<ui::Frame>(Text(), ui::Frame::Border::none)),
-      fraDetails(add<ui::Frame>(Text(), ui::Frame::Border::none)),
-      lblNote(makeTitles()),
-      messages_(messages) {
-  makeDetails();
-  makeButtons();
-  layOut();
+    : EditDialog(screen, u"Report Captions"), messages_(messages) {
+  setClientSize(kClientSize);
+  tabReportCaptions.addTab(u"Report Titles");
+  tabReportCaptions.addTab(u"Report Detail Captions");
+  rows().tabs(tabReportCaptions, {&fraTitles, &fraDetails});
+  describeTitles();
+  describeDetails();
+  okAndCancel(cmdCommand.add(ok, u"OK"), u"Save all changes then close this window",
+              cmdCommand.add(cancel, u"Cancel"), u"Cancel all changes and close this window");
+
   tabReportCaptions.click = [this] { showPage(); };
   cmdCommand[ok].click = [this] { accept(); };
   cmdCommand[cancel].click = [this] { cancelAndClose(); };
@@ -82,62 +74,39 @@ frmReportCaptions::frmReportCaptions(ui::Screen& screen, Messages& messages)
   cmdCommand[resetDetails].click = [this] { resetAllDetails(); };
 }
 
-ui::Label& frmReportCaptions::makeTitles() {
-  tabReportCaptions.addTab(u"Report Titles");
-  addBoxes(fraTitles, kReportTitles, lblReportTitleCaptions, txtReportTitleCaption);
-  cmdCommand.set(resetTitles, fraTitles.add<ui::CommandButton>(u"R&eset Report Title Captions"))
-      .setToolTip(u"Reset the report titles to the default captions");
-  return fraTitles.add<ui::Label>(
-      u"Note: As well as being printed at the top of reports, the Report Titles are displayed as "
-      u"lists in some windows such as the report selection window in Process End-Of-Day.  To "
-      u"enable a Windows keyboard shortcut for a Report Title in a list add an ampersand (&&) "
-      u"character in front of the character to be used as the shortcut.  For example, to use the "
-      u"letter 'a' as the shortcut for the Balance Report enter the title as 'B&&alance Report'.  "
-      u"When the title is printed or displayed in a list the ampersand character itself will not "
-      u"be printed or displayed.");
-}
-
-void frmReportCaptions::makeDetails() {
-  tabReportCaptions.addTab(u"Report Detail Captions");
-  addBoxes(fraDetails, kReportDetails, lblReportDetailCaptions, txtReportDetailCaption);
-  cmdCommand.set(resetDetails, fraDetails.add<ui::CommandButton>(u"R&eset Report Detail Captions"))
-      .setToolTip(u"Reset the report detail captions to the default captions");
-}
-
-void frmReportCaptions::makeButtons() {
-  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"OK"));
-  okButton.setToolTip(u"Save all changes then close this window");
-  okButton.setDefault(true);
-  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"Cancel"));
-  cancelButton.setToolTip(u"Cancel all changes and close this window");
-  cancelButton.setCancel();
-}
-
-void frmReportCaptions::layOut() {
-  setClientSize(kClientSize);
-  const int buttons = ui::Rows::buttonRow(*this, {&cmdCommand[ok], &cmdCommand[cancel]});
-  tabReportCaptions.setBounds(
-      {kMargin, kMargin, kClientSize.width - 2 * kMargin, buttons - 2 * kMargin});
-  for (ui::Frame* page : {&fraTitles, &fraDetails}) page->setBounds(tabReportCaptions.clientArea());
-
-  ui::Rows titles = ui::Rows::onPage(fraTitles);
-  placeLabelColumn(titles, lblReportTitleCaptions);
-  for (const auto& [index, label] : lblReportTitleCaptions) {
-    titles.field(*label, {{txtReportTitleCaption[index], ui::Cell::kFill}});
+void frmReportCaptions::describeTitles() {
+  ui::Rows& rows = fraTitles.rows();
+  for (const ReportCaption& caption : kReportTitles) {
+    addBox(rows, caption, lblReportTitleCaptions, txtReportTitleCaption);
   }
-  titles.row({{cmdCommand[resetTitles]}});
-  titles.gap();
-  titles.block(lblNote, kNoteLines * screen().lineHeight());
+  rows.row({cmdCommand.add(resetTitles, u"R&eset Report Title Captions")
+                .setToolTip(u"Reset the report titles to the default captions")});
+  rows.gap();
+  rows.block(
+      lblNote.setCaption(
+          u"Note: As well as being printed at the top of reports, the Report Titles are displayed "
+          u"as "
+          u"lists in some windows such as the report selection window in Process End-Of-Day.  To "
+          u"enable a Windows keyboard shortcut for a Report Title in a list add an ampersand (&&) "
+          u"character in front of the character to be used as the shortcut.  For example, to use "
+          u"the "
+          u"letter 'a' as the shortcut for the Balance Report enter the title as 'B&&alance "
+          u"Report'.  "
+          u"When the title is printed or displayed in a list the ampersand character itself will "
+          u"not "
+          u"be printed or displayed."),
+      ui::lines(kNoteLines));
+}
 
-  std::vector<ui::Rows> columns =
-      ui::Rows::onPage(fraDetails).columns({ui::Cell::kFill, ui::Cell::kFill});
-  for (ui::Rows& column : columns) placeLabelColumn(column, lblReportDetailCaptions);
-  const int firstOfSecond = (lblReportDetailCaptions.count() + 1) / 2;
-  for (const auto& [index, label] : lblReportDetailCaptions) {
-    columns[index < firstOfSecond ? 0 : 1].field(
-        *label, {{txtReportDetailCaption[index], ui::Cell::kFill}});
+void frmReportCaptions::describeDetails() {
+  const auto columns = fraDetails.rows().columns({ui::Cell::kFill, ui::Cell::kFill});
+  const std::size_t inFirst = (std::size(kReportDetails) + 1) / 2;
+  for (std::size_t i = 0; i < std::size(kReportDetails); ++i) {
+    addBox(*columns[i < inFirst ? 0 : 1], kReportDetails[i], lblReportDetailCaptions,
+           txtReportDetailCaption);
   }
-  columns[0].row({{cmdCommand[resetDetails]}});
+  columns[0]->row({cmdCommand.add(resetDetails, u"R&eset Report Detail Captions")
+                       .setToolTip(u"Reset the report detail captions to the default captions")});
 }
 
 void frmReportCaptions::onLoad() {

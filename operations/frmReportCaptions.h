@@ -25,27 +25,25 @@ class frmReportCaptions final : public EditDialog {
   std::vector<Text> Titles;   ///< by position in kReportTitles
   std::vector<Text> Details;  ///< by position in kReportDetails
 
-  ui::TabStrip& tabReportCaptions;
-  ui::Frame& fraTitles;
-  ui::Frame& fraDetails;
+  ui::TabStrip tabReportCaptions;
+  ui::Frame fraTitles{Text(), ui::Frame::Border::none};
+  ui::Frame fraDetails{Text(), ui::Frame::Border::none};
   ui::ControlArray<ui::Label> lblReportTitleCaptions;
   ui::ControlArray<ui::TextBox> txtReportTitleCaption;
   ui::ControlArray<ui::Label> lblReportDetailCaptions;
   ui::ControlArray<ui::TextBox> txtReportDetailCaption;
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
-  ui::Label& lblNote;
+  ui::Label lblNote;
 
  private:
   /// Tabs of tabReportCaptions.
   enum Tab : std::uint8_t { titlesTab = 1, detailsTab };
 
-  ui::Label& makeTitles();
-  void makeDetails();
-  void makeButtons();
-  void layOut();
+  void describeTitles();
+  void describeDetails();
 
   void onLoad() override;
-  ui::Control* firstFocus() const override { return nextInTabOrder(&tabReportCaptions); }
+  ui::Control* firstFocus() override { return nextInTabOrder(&tabReportCaptions); }
 
   void showPage();
   void accept();

@@ -10,8 +10,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 constexpr int kNumberWidth = 1200;
 
 using NumberOption = Option<OptionType::Long>;
@@ -42,55 +40,27 @@ void correct(ui::TextBox& box, const NumberOption& option, const NumberLocale& l
 }  // namespace
 
 LaybyOptions::LaybyOptions(OptionsDialog& dialog) : OptionsTab(dialog) {
-  addBox(startNumber, u"&Start Number");
-  addBox(term, u"&Term");
-  addUnit(termUnit);
-  addBox(history, u"Historical &Layby Data");
-  addUnit(historyUnit);
-  addBox(terms, u"T&erms and Conditions");
-  layOut();
+  ui::Rows& rows = dialog.page(TabPage::layby).rows();
+  rows.field({label(startNumber, u"&Start Number"), number(startNumber)});
+  rows.field({label(term, u"&Term"), number(term), label(termUnit, u"days")});
+  rows.field(
+      {label(history, u"Historical &Layby Data"), number(history), label(historyUnit, u"days")});
+  rows.gap();
+  rows.row({label(terms, u"T&erms and Conditions")});
+  rows.block(txtLayby.add(terms).setMultiLine(true), ui::kRest);
 
   for (const Box box : {startNumber, term, history}) {
     txtLayby[box].keyPress = keepDigitKey;
     txtLayby[box].validate = [this, box](bool&) { validate(box); };
   }
   letEnterMakeLines(txtLayby[terms]);
-  stretchTerms();
-  dialog_.page(TabPage::layby).resized = [this] { stretchTerms(); };
 }
 
-void LaybyOptions::addBox(Box box, Text caption) {
-  ui::Frame& page = dialog_.page(TabPage::layby);
-  lblLayby.set(box, page.add<ui::Label>(std::move(caption)));
-  txtLayby.set(box, page.add<ui::TextBox>()).setMultiLine(box == terms);
+ui::Label& LaybyOptions::label(int index, Text caption) {
+  return lblLayby.add(index, std::move(caption));
 }
 
-void LaybyOptions::addUnit(Unit unit) {
-  lblLayby.set(unit, dialog_.page(TabPage::layby).add<ui::Label>(u"days"));
-}
-
-void LaybyOptions::layOut() {
-  ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::layby));
-  const auto& label = lblLayby;
-  const auto& box = txtLayby;
-  rows.labelColumn({&label[startNumber], &label[term], &label[history]});
-  rows.field(label[startNumber], {{box[startNumber], kNumberWidth}});
-  rows.field(label[term], {{box[term], kNumberWidth}, {label[termUnit]}});
-  rows.field(label[history], {{box[history], kNumberWidth}, {label[historyUnit]}});
-  rows.gap();
-  rows.row({{label[terms]}});
-  rows.block(box[terms], 0);
-}
-
-void LaybyOptions::stretchTerms() {
-  ui::TextBox& box = txtLayby[terms];
-  const ui::Size page = dialog_.page(TabPage::layby).clientSize();
-  const ui::Size pixel = box.form().screen().twipsPerPixel();
-  ui::Rect place = box.bounds();
-  place.width = std::max(0, page.width - 2 * place.left);
-  place.height = std::max(0, page.height - place.top - pixel.height * (place.left / pixel.width));
-  box.setBounds(place);
-}
+ui::Cell LaybyOptions::number(Box index) { return wide(txtLayby.add(index), kNumberWidth); }
 
 void LaybyOptions::load(OptionsRecord& record) {
   const auto& box = txtLayby;

@@ -5,6 +5,7 @@
 #include "component/contract/options_tab.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
+#include "ui/layout.h"
 #include "ui/text_box.h"
 
 namespace tillora {
@@ -26,11 +27,8 @@ class LaybyOptions final : public OptionsTab {
   ui::ControlArray<ui::TextBox> txtLayby;
 
  private:
-  /// Makes the terms box fill its page: below it as many whole pixels as on its left.
-  void stretchTerms();
-  void addBox(Box box, Text caption);
-  void addUnit(Unit unit);
-  void layOut();
+  ui::Label& label(int index, Text caption);
+  ui::Cell number(Box index);
 
   void validate(int index);
 };

@@ -16,67 +16,43 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 constexpr std::int32_t kHighestGrade = 15;
 constexpr std::int32_t kReservedGrade = 12;  // for the pump console
 
+constexpr int kGradesHeight = 3000;
 constexpr int kUnitWidth = 1800;
 
 std::int32_t numberOf(const Text& grade) { return std::stoi(toUtf8(grade)); }
 
 }  // namespace
 
-PumpGrades::PumpGrades(OptionsDialog& dialog) : OptionsTab(dialog), ltvPump(makeList()) {
-  makeButtons();
-  makeReceiptOptions();
-  layOut();
+PumpGrades::PumpGrades(OptionsDialog& dialog) : OptionsTab(dialog) {
+  for (const char16_t* header : {u"Grade", u"Product", u"Caption"}) ltvPump.addColumn(header);
+  toggleHeaderButtons(ltvPump);
+
+  ui::Rows& rows = dialog.page(TabPage::pump).rows();
+  rows.row({fill(label(assignments, u"&Grade and Product Assignments"))});
+  rows.block(ltvPump, ui::twips(kGradesHeight));
+  rows.row({cmdPump.add(add, u"&New").setToolTip(u"Add a new Grade"),
+            cmdPump.add(remove, u"D&elete").setToolTip(u"Delete the selected grade from the list"),
+            cmdPump.add(edit, u"&Edit").setToolTip(u"Assign a product to the selected grade")});
+  rows.row({fill(
+      label(note, u"Note: Grade number 12 is reserved for special use in the Pump Console."))});
+  rows.gap();
+  rows.field({label(volumeUnitLabel, u"Caption for &volume unit"),
+              wide(txtPump.add(volumeUnit), kUnitWidth)});
+  rows.field({label(priceUnitLabel, u"Caption for price per &unit"),
+              wide(txtPump.add(priceUnit), kUnitWidth)});
+  rows.row({fill(chkPump.add(0, u"Print Pump Dispenser Caption on Receipt"))});
+
   onRowDoubleClick(ltvPump, [this] { editGrade(); });
   cmdPump[add].click = [this] { addGrade(); };
   cmdPump[remove].click = [this] { deleteGrade(); };
   cmdPump[edit].click = [this] { editGrade(); };
 }
 
-ui::ListView& PumpGrades::makeList() {
-  ui::Frame& page = dialog_.page(TabPage::pump);
-  lblPump.set(assignments, page.add<ui::Label>(u"&Grade and Product Assignments"));
-  auto& list = page.add<ui::ListView>();
-  for (const char16_t* header : {u"Grade", u"Product", u"Caption"}) list.addColumn(header);
-  toggleHeaderButtons(list);
-  return list;
-}
-
-void PumpGrades::makeButtons() {
-  ui::Frame& page = dialog_.page(TabPage::pump);
-  cmdPump.set(add, page.add<ui::CommandButton>(u"&New")).setToolTip(u"Add a new Grade");
-  cmdPump.set(remove, page.add<ui::CommandButton>(u"D&elete"))
-      .setToolTip(u"Delete the selected grade from the list");
-  cmdPump.set(edit, page.add<ui::CommandButton>(u"&Edit"))
-      .setToolTip(u"Assign a product to the selected grade");
-}
-
-void PumpGrades::makeReceiptOptions() {
-  ui::Frame& page = dialog_.page(TabPage::pump);
-  lblPump.set(note, page.add<ui::Label>(u"Note: Grade number 12 is reserved for special use in "
-                                        u"the Pump Console."));
-  lblPump.set(volumeUnitLabel, page.add<ui::Label>(u"Caption for &volume unit"));
-  txtPump.set(volumeUnit, page.add<ui::TextBox>());
-  lblPump.set(priceUnitLabel, page.add<ui::Label>(u"Caption for price per &unit"));
-  txtPump.set(priceUnit, page.add<ui::TextBox>());
-  chkPump.set(0, page.add<ui::CheckBox>(u"Print Pump Dispenser Caption on Receipt"));
-}
-
-void PumpGrades::layOut() {
-  ui::Rows rows = ui::Rows::onPage(dialog_.page(TabPage::pump));
-  rows.row({{lblPump[assignments], Cell::kFill}});
-  rows.block(ltvPump, 3000);
-  rows.row({{cmdPump[add]}, {cmdPump[remove]}, {cmdPump[edit]}});
-  rows.row({{lblPump[note], Cell::kFill}});
-  rows.gap();
-  rows.labelColumn({&lblPump[volumeUnitLabel], &lblPump[priceUnitLabel]});
-  rows.field(lblPump[volumeUnitLabel], {{txtPump[volumeUnit], kUnitWidth}});
-  rows.field(lblPump[priceUnitLabel], {{txtPump[priceUnit], kUnitWidth}});
-  rows.row({{chkPump[0], Cell::kFill}});
+ui::Label& PumpGrades::label(Label index, Text caption) {
+  return lblPump.add(index, std::move(caption));
 }
 
 void PumpGrades::load(OptionsRecord& record) {

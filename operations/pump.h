@@ -31,16 +31,13 @@ class PumpGrades final : public OptionsTab {
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
   ui::ControlArray<ui::Label> lblPump;
-  ui::ListView& ltvPump;
+  ui::ListView ltvPump;
   ui::ControlArray<ui::CommandButton> cmdPump;
   ui::ControlArray<ui::TextBox> txtPump;
   ui::ControlArray<ui::CheckBox> chkPump;  ///< by bit of PumpOptionBits
 
  private:
-  ui::ListView& makeList();
-  void makeButtons();
-  void makeReceiptOptions();
-  void layOut();
+  ui::Label& label(Label index, Text caption);
 
   void loadGrades();
   void saveGrades();

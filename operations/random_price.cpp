@@ -100,13 +100,7 @@ ui::ListItem itemOf(const clsRandomPrice& format) {
 
 }  // namespace
 
-RandomPrice::RandomPrice(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      fraRandomPrice(dialog.page(TabPage::scanning).add<ui::Frame>(u"EAN-13 Random Pricing")),
-      chkRandomPrice(makeChecks()),
-      lblRandomPrice(fraRandomPrice.add<ui::Label>(u"&Barcode Formats")),
-      ltvRandomPrice(fraRandomPrice.add<ui::ListView>()),
-      cmdRandomPrice(fraRandomPrice.add<ui::CommandButton>(u"&Edit")) {
+RandomPrice::RandomPrice(OptionsDialog& dialog) : OptionsTab(dialog) {
   constexpr std::array kHeaders = {u"",
                                    u"Prefix",
                                    u"Format",
@@ -116,26 +110,16 @@ RandomPrice::RandomPrice(OptionsDialog& dialog)
                                    u"UOM Price Per Unit"};
   for (const char16_t* header : kHeaders) ltvRandomPrice.addColumn(header);
   ltvRandomPrice.setSmallIcons(dialog.images());
-  cmdRandomPrice.setToolTip(u"Edit the selected barcode format");
-  layOut();
+
+  ui::Rows& page = dialog.page(TabPage::scanning).rows();
+  ui::Rows& group = page.group(fraRandomPrice, u"EAN-13 Random Pricing");
+  group.row({fill(chkRandomPrice.add(0, u"Ac&tivate random price barcode scanning"))});
+  group.row({lblRandomPrice.setCaption(u"&Barcode Formats")});
+  group.block(ltvRandomPrice, ui::twips(kListHeight));
+  group.row({cmdRandomPrice.setCaption(u"&Edit").setToolTip(u"Edit the selected barcode format")});
+
   onRowDoubleClick(ltvRandomPrice, [this] { EditRandomPrice(); });
   cmdRandomPrice.click = [this] { EditRandomPrice(); };
-}
-
-ui::ControlArray<ui::CheckBox> RandomPrice::makeChecks() {
-  ui::ControlArray<ui::CheckBox> checks;
-  checks.set(0, fraRandomPrice.add<ui::CheckBox>(u"Ac&tivate random price barcode scanning"));
-  return checks;
-}
-
-void RandomPrice::layOut() {
-  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::scanning));
-  ui::Rows rows = page.group(fraRandomPrice);
-  rows.row({{chkRandomPrice[0], ui::Cell::kFill}});
-  rows.row({{lblRandomPrice}});
-  rows.block(ltvRandomPrice, kListHeight);
-  rows.row({{cmdRandomPrice}});
-  page.endGroup(fraRandomPrice, rows);
 }
 
 void RandomPrice::load(OptionsRecord& record) {

@@ -31,16 +31,13 @@ class RandomPrice final : public OptionsTab {
   void load(OptionsRecord& record) override;
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
-  ui::Frame& fraRandomPrice;
+  ui::Frame fraRandomPrice;
   ui::ControlArray<ui::CheckBox> chkRandomPrice;  ///< by bit of RandomPriceScanningFlags
-  ui::Label& lblRandomPrice;
-  ui::ListView& ltvRandomPrice;
-  ui::CommandButton& cmdRandomPrice;  ///< edits the selected row
+  ui::Label lblRandomPrice;
+  ui::ListView ltvRandomPrice;
+  ui::CommandButton cmdRandomPrice;  ///< edits the selected row
 
  private:
-  ui::ControlArray<ui::CheckBox> makeChecks();
-  void layOut();
-
   void loadFormats();
   void showFormats();
   void fitColumns();

@@ -48,34 +48,20 @@ int snapped(int value, int before) {
 
 }  // namespace
 
-CurrencyConversion::CurrencyConversion(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      fraCurrencyConversion(dialog.page(TabPage::currency).add<ui::Frame>(u"Currency Conversion")),
-      lblCurrencyConversion(fraCurrencyConversion.add<ui::Label>(u"Default % &Margin")),
-      txtCurrencyConversion(makeBoxes()),
-      udCurrencyConversion(fraCurrencyConversion.add<ui::UpDown>()) {
-  udCurrencyConversion.setRange(-kLargest, kLargest).setBuddy(box());
-  layOut();
+CurrencyConversion::CurrencyConversion(OptionsDialog& dialog) : OptionsTab(dialog) {
+  ui::Rows& page = dialog.page(TabPage::currency).rows();
+  page.group(fraCurrencyConversion, u"Currency Conversion")
+      .field(
+          {lblCurrencyConversion.setCaption(u"Default % &Margin"),
+           wide(txtCurrencyConversion.add(0).setAlignment(ui::Alignment::right), kBoxWidth),
+           wide(udCurrencyConversion.setRange(-kLargest, kLargest).setBuddy(box()), kUpDownWidth)});
+
   box().gotFocus = [this] { showMargin(); };
   box().lostFocus = [this] { lostFocus(); };
   box().keyPress = [this](char16_t& key) { keyPress(key); };
   box().change = [this] { edited_ = true; };
   box().validate = [this](bool&) { validate(); };
   udCurrencyConversion.change = [this] { spun(); };
-}
-
-ui::ControlArray<ui::TextBox> CurrencyConversion::makeBoxes() {
-  ui::ControlArray<ui::TextBox> boxes;
-  boxes.set(0, fraCurrencyConversion.add<ui::TextBox>()).setAlignment(ui::Alignment::right);
-  return boxes;
-}
-
-void CurrencyConversion::layOut() {
-  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::currency));
-  ui::Rows rows = page.group(fraCurrencyConversion);
-  rows.labelColumn({&lblCurrencyConversion});
-  rows.field(lblCurrencyConversion, {{box(), kBoxWidth}, {udCurrencyConversion, kUpDownWidth}});
-  page.endGroup(fraCurrencyConversion, rows);
 }
 
 void CurrencyConversion::load(OptionsRecord& record) {

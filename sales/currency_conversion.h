@@ -18,14 +18,12 @@ class CurrencyConversion final : public OptionsTab {
   void load(OptionsRecord& record) override;
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
-  ui::Frame& fraCurrencyConversion;
-  ui::Label& lblCurrencyConversion;
+  ui::Frame fraCurrencyConversion;
+  ui::Label lblCurrencyConversion;
   ui::ControlArray<ui::TextBox> txtCurrencyConversion;  ///< 0 is the margin
-  ui::UpDown& udCurrencyConversion;                     ///< hundredths of a percent
+  ui::UpDown udCurrencyConversion;                      ///< hundredths of a percent
 
  private:
-  ui::ControlArray<ui::TextBox> makeBoxes();
-  void layOut();
   ui::TextBox& box() const { return txtCurrencyConversion[0]; }
 
   void keyPress(char16_t& key);

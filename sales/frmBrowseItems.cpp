@@ -90,30 +90,18 @@ class RowReader {
 
 }  // namespace
 
-frmBrowseItems::frmBrowseItems(ui::Screen& screen)
-    : Dialog(screen, Text()), lblLabel(add<ui::Label>()), ltvItems(add<ui::ListView>()) {
-  auto& okButton = cmdCommand.set(ok, add<ui::CommandButton>(u"&OK"));
-  okButton.setToolTip(u"Accept the selected item and close this window");
-  okButton.setDefault(true);
-  auto& cancelButton = cmdCommand.set(cancel, add<ui::CommandButton>(u"&Cancel"));
-  cancelButton.setToolTip(u"Close this window");
-  cancelButton.setCancel();
+frmBrowseItems::frmBrowseItems(ui::Screen& screen) : Dialog(screen, Text()) {
+  setClientSize(kClientSize);
   for (std::size_t i = 0; i < kColumns; ++i) ltvItems.addColumn(Text());
   toggleHeaderButtons(ltvItems);
-  layOut();
+  rows().row({fill(lblLabel)});
+  rows().block(ltvItems, ui::kRest);
+  okAndCancel(cmdCommand.add(ok, u"&OK"), u"Accept the selected item and close this window",
+              cmdCommand.add(cancel, u"&Cancel"), u"Close this window");
 
   onRowDoubleClick(ltvItems, [this] { accept(); });
-  okButton.click = [this] { accept(); };
-  cancelButton.click = [this] { unload(); };
-}
-
-void frmBrowseItems::layOut() {
-  setClientSize(kClientSize);
-  const int buttons = ui::Rows::buttonRow(*this, {&cmdCommand[ok], &cmdCommand[cancel]});
-  ui::Rows rows = ui::Rows::onPage(*this);
-  const int margin = rows.bottom();
-  rows.row({{lblLabel, ui::Cell::kFill}});
-  rows.block(ltvItems, buttons - margin - rows.bottom());
+  cmdCommand[ok].click = [this] { accept(); };
+  cmdCommand[cancel].click = [this] { unload(); };
 }
 
 const frmBrowseItems::Columns& frmBrowseItems::columns() const {
@@ -152,7 +140,7 @@ const frmBrowseItems::Columns& frmBrowseItems::columns() const {
 void frmBrowseItems::onLoad() {
   const ui::BusyPointer busy(screen());
   showHeaders();
-  std::vector<ListItem> found = rows();
+  std::vector<ListItem> found = items();
   sortRows(found, columns().sorted, screen());
   ltvItems.setRows(std::move(found));
   autoSizeColumns(ltvItems, 0, ColumnFit::contentsOrHeader);
@@ -166,18 +154,18 @@ void frmBrowseItems::showHeaders() {
   for (const char16_t* header : columns().headers) ltvItems.setColumnHeader(position++, header);
 }
 
-std::vector<ListItem> frmBrowseItems::rows() const {
+std::vector<ListItem> frmBrowseItems::items() const {
   switch (BrowseType) {
     case gradeProduct:
-      return productRows();
+      return products();
     case roundingItem:
-      return roundingRows();
+      return roundingItems();
     default:
-      return paymentRows();
+      return paymentItems();
   }
 }
 
-std::vector<ListItem> frmBrowseItems::productRows() const {
+std::vector<ListItem> frmBrowseItems::products() const {
   std::vector<ListItem> rows;
   RowReader<Item> reader;
   Text itemType;
@@ -190,7 +178,7 @@ std::vector<ListItem> frmBrowseItems::productRows() const {
   return rows;
 }
 
-std::vector<ListItem> frmBrowseItems::roundingRows() const {
+std::vector<ListItem> frmBrowseItems::roundingItems() const {
   std::vector<ListItem> rows;
   JetDatabase& database = requireObject(DBJetObject, u"DBJetObject");
   IncomeAccounts incomeAccounts(database);
@@ -206,7 +194,7 @@ std::vector<ListItem> frmBrowseItems::roundingRows() const {
   return rows;
 }
 
-std::vector<ListItem> frmBrowseItems::paymentRows() const {
+std::vector<ListItem> frmBrowseItems::paymentItems() const {
   std::vector<ListItem> rows;
   RowReader<PaymentItem> reader;
   forEach(*requireObject(DBJetObject, u"DBJetObject").paymentItemList(),

@@ -29,8 +29,8 @@ class frmBrowseItems final : public Dialog {
   std::shared_ptr<SettingsStore> SettingsObject;
   std::shared_ptr<JetDatabase> DBJetObject;
 
-  ui::Label& lblLabel;
-  ui::ListView& ltvItems;
+  ui::Label lblLabel;
+  ui::ListView ltvItems;
   ui::ControlArray<ui::CommandButton> cmdCommand;  ///< by Command
 
  private:
@@ -38,15 +38,14 @@ class frmBrowseItems final : public Dialog {
 
   void onLoad() override;
   void onUnload() override;
-  ui::Control* firstFocus() const override { return &ltvItems; }
+  ui::Control* firstFocus() override { return &ltvItems; }
 
-  void layOut();
   const Columns& columns() const;
   void showHeaders();
-  std::vector<ui::ListItem> rows() const;
-  std::vector<ui::ListItem> productRows() const;
-  std::vector<ui::ListItem> roundingRows() const;
-  std::vector<ui::ListItem> paymentRows() const;
+  std::vector<ui::ListItem> items() const;
+  std::vector<ui::ListItem> products() const;
+  std::vector<ui::ListItem> roundingItems() const;
+  std::vector<ui::ListItem> paymentItems() const;
   void preselect();
 
   void accept();

@@ -120,29 +120,23 @@ std::int32_t chosenMask(const ui::CheckListBox& list) {
 }  // namespace
 
 ListColumns::ListColumns(OptionsDialog& dialog) : OptionsTab(dialog) {
-  ui::Frame& page = dialog.page(TabPage::lists);
-  for (int i = 0; i < count; ++i) {
-    lblLists.set(i, page.add<ui::Label>(infoOf(i).label));
-    auto& list = lstListShow.set(i, page.add<ui::CheckListBox>());
-    for (const Column& column : infoOf(i).columns) list.addRow(column.name, column.bits);
-  }
-  layOut();
+  constexpr int kThird = ui::Cell::kFill;
+  const auto columns = dialog.page(TabPage::lists).rows().columns({kThird, kThird, kThird});
+  addList(*columns[0], salesPerson, ui::twips(kUpperListHeight));
+  addList(*columns[1], product, ui::twips(kUpperListHeight));
+  addList(*columns[2], customer, ui::kRest);
+  columns[0]->gap();
+  addList(*columns[0], laybyCustomer, ui::kRest);
+  columns[1]->gap();
+  addList(*columns[1], currency, ui::kRest);
 }
 
-void ListColumns::layOut() {
-  constexpr int kThird = ui::Cell::kFill;
-  const ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::lists));
-  std::vector<ui::Rows> columns = page.columns({kThird, kThird, kThird});
-  const auto place = [&](ui::Rows& column, List list, int height) {
-    column.row({{lblLists[list]}});
-    column.block(lstListShow[list], height);
-  };
-  place(columns[0], salesPerson, kUpperListHeight);
-  place(columns[1], product, kUpperListHeight);
-  place(columns[2], customer, 0);
-  for (const std::size_t i : {0U, 1U}) columns[i].gap();
-  place(columns[0], laybyCustomer, 0);
-  place(columns[1], currency, 0);
+void ListColumns::addList(ui::Rows& column, List index, ui::Height height) {
+  const ListInfo& info = infoOf(index);
+  ui::CheckListBox& list = lstListShow.add(index);
+  for (const Column& row : info.columns) list.addRow(row.name, row.bits);
+  column.row({lblLists.add(index, info.label)});
+  column.block(list, height);
 }
 
 void ListColumns::load(OptionsRecord& record) {

@@ -3,6 +3,7 @@
 #include "component/contract/options_tab.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
+#include "ui/layout.h"
 #include "ui/lists.h"
 
 namespace tillora {
@@ -25,7 +26,7 @@ class ListColumns final : public OptionsTab {
   ui::ControlArray<ui::CheckListBox> lstListShow;
 
  private:
-  void layOut();
+  void addList(ui::Rows& column, List index, ui::Height height);
   bool refuse(const Text& title, TextView list);
 };
 

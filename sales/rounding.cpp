@@ -13,8 +13,6 @@
 namespace tillora {
 namespace {
 
-using ui::Cell;
-
 // In the smallest unit of the currency; how many are offered depends on its decimal places.
 constexpr std::array kSteps = {1,   2,   5,   10,   20,   25,   50,   100,
                                200, 250, 500, 1000, 2000, 2500, 5000, 10000};
@@ -34,11 +32,6 @@ Money amountOf(int step, int decimalPlaces) {
   return {amount};
 }
 
-void addDirections(ui::ComboBox& combo) {
-  combo.addItem(u"up to");
-  combo.addItem(u"down to");
-}
-
 void select(ui::ComboBox& combo, std::uint8_t stored) {
   combo.setListIndex(stored < combo.count() ? stored : -1);
 }
@@ -49,89 +42,54 @@ std::uint8_t chosen(const ui::ComboBox& combo, std::uint8_t stored) {
 
 }  // namespace
 
-Rounding::Rounding(OptionsDialog& dialog)
-    : OptionsTab(dialog),
-      fraTendering(dialog.page(TabPage::rounding).add<ui::Frame>(u"Tendering")),
-      fraTax(dialog.page(TabPage::rounding).add<ui::Frame>(u"Tax")),
-      fraUnitOfMeasure(dialog.page(TabPage::rounding).add<ui::Frame>(u"Unit of Measure Items")),
-      cmdBrowse(makeTendering()) {
-  makeTax();
-  makeUnitOfMeasure();
-  layOut();
+Rounding::Rounding(OptionsDialog& dialog) : OptionsTab(dialog) {
+  ui::Rows& page = dialog.page(TabPage::rounding).rows();
+  describeTendering(page.group(fraTendering, u"Tendering"));
+  describeTax(page.group(fraTax, u"Tax"));
+  ui::Rows& unitOfMeasure = page.group(fraUnitOfMeasure, u"Unit of Measure Items");
+  unitOfMeasure.row(
+      {fill(chkRounding.add(0, u"Recalculate tax after Unit of Measure calculations"))});
+  unitOfMeasure.row({fill(label(note,
+                                u"NOTE: Activating this option will potentially cause your tax "
+                                u"component per item to be inconsistent."))});
+
   cboRounding[step].click = [this] { storedStep_.reset(); };
   cmdBrowse.click = [this] { browse(); };
 }
 
-ui::CommandButton& Rounding::makeTendering() {
-  lblRounding.set(round, fraTendering.add<ui::Label>(u"&Round"));
-  addDirections(cboRounding.set(direction, fraTendering.add<ui::ComboBox>()));
-  lblRounding.set(nearest, fraTendering.add<ui::Label>(u"the &nearest"));
-  cboRounding.set(step, fraTendering.add<ui::ComboBox>());
-  auto& browseButton = fraTendering.add<ui::CommandButton>(u"Rounding &Item");
-  browseButton.setToolTip(u"Choose an item from a list");
-  auto& itemBox = txtRoundingCaption.set(item, fraTendering.add<ui::TextBox>());
-  itemBox.setLocked(true).setAccessibleName(u"Rounding Item");
-  lblRounding.set(captionOfRounded, fraTendering.add<ui::Label>(u"Caption for 'roun&ded' amount"));
-  txtRoundingCaption.set(roundedCaption, fraTendering.add<ui::TextBox>());
-  lblRounding.set(captionOfVariance,
-                  fraTendering.add<ui::Label>(u"Caption for 'rounding variance' a&mount"));
-  txtRoundingCaption.set(varianceCaption, fraTendering.add<ui::TextBox>());
-  return browseButton;
+void Rounding::describeTendering(ui::Rows& group) {
+  group.field({label(round, u"&Round"), directions(direction), label(nearest, u"the &nearest"),
+               wide(cboRounding.add(step), kStepWidth)});
+  group.field(
+      {cmdBrowse.setCaption(u"Rounding &Item").setToolTip(u"Choose an item from a list"),
+       fill(txtRoundingCaption.add(item).setLocked(true).setAccessibleName(u"Rounding Item"))});
+  group.field({label(captionOfRounded, u"Caption for 'roun&ded' amount"),
+               wide(txtRoundingCaption.add(roundedCaption), kReportCaptionWidth)});
+  group.field({label(captionOfVariance, u"Caption for 'rounding variance' a&mount"),
+               wide(txtRoundingCaption.add(varianceCaption), kReportCaptionWidth)});
 }
 
-void Rounding::makeTax() {
+void Rounding::describeTax(ui::Rows& group) {
   constexpr std::array kModes = {u"Round &tax per line item before any quantity multiplications",
                                  u"Round tax &per line item after any quantity multiplications",
                                  u"Round tax at the &end of the transaction", u"Do not round ta&x"};
-  lblRounding.set(taxRound, fraTax.add<ui::Label>(u"Ro&und"));
-  addDirections(cboRounding.set(taxDirection, fraTax.add<ui::ComboBox>()));
-  lblRounding.set(taxNearest, fraTax.add<ui::Label>(u"the nearest"));
-  lblRounding.set(taxStep, fraTax.add<ui::Label>());
+  group.row({label(taxRound, u"Ro&und"), directions(taxDirection),
+             label(taxNearest, u"the nearest"), fill(label(taxStep, Text()))});
   // Shown from the last to the first.
   for (std::size_t mode = kModes.size(); mode-- > 0;) {
-    optRounding.set(static_cast<int>(mode), fraTax.add<ui::OptionButton>(kModes[mode]));
+    group.row({fill(optRounding.add(static_cast<int>(mode), kModes[mode]))});
   }
 }
 
-void Rounding::makeUnitOfMeasure() {
-  chkRounding.set(
-      0, fraUnitOfMeasure.add<ui::CheckBox>(u"Recalculate tax after Unit of Measure calculations"));
-  lblRounding.set(note, fraUnitOfMeasure.add<ui::Label>(
-                            u"NOTE: Activating this option will potentially cause your tax "
-                            u"component per item to be inconsistent."));
+ui::Label& Rounding::label(Label index, Text caption) {
+  return lblRounding.add(index, std::move(caption));
 }
 
-void Rounding::layOut() {
-  const auto& label = lblRounding;
-  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::rounding));
-
-  ui::Rows tendering = page.group(fraTendering);
-  tendering.labelColumn(
-      {&label[round], &cmdBrowse, &label[captionOfRounded], &label[captionOfVariance]});
-  tendering.field(label[round], {{cboRounding[direction], kDirectionWidth},
-                                 {label[nearest]},
-                                 {cboRounding[step], kStepWidth}});
-  tendering.field(cmdBrowse, {{txtRoundingCaption[item], Cell::kFill}});
-  tendering.field(label[captionOfRounded],
-                  {{txtRoundingCaption[roundedCaption], kReportCaptionWidth}});
-  tendering.field(label[captionOfVariance],
-                  {{txtRoundingCaption[varianceCaption], kReportCaptionWidth}});
-  page.endGroup(fraTendering, tendering);
-
-  ui::Rows tax = page.group(fraTax);
-  tax.row({{label[taxRound]},
-           {cboRounding[taxDirection], kDirectionWidth},
-           {label[taxNearest]},
-           {label[taxStep], Cell::kFill}});
-  for (int mode = optRounding.upperBound(); mode >= 0; --mode) {
-    tax.row({{optRounding[mode], Cell::kFill}});
-  }
-  page.endGroup(fraTax, tax);
-
-  ui::Rows unitOfMeasure = page.group(fraUnitOfMeasure);
-  unitOfMeasure.row({{chkRounding[0], Cell::kFill}});
-  unitOfMeasure.row({{label[note], Cell::kFill}});
-  page.endGroup(fraUnitOfMeasure, unitOfMeasure);
+ui::Cell Rounding::directions(Combo index) {
+  ui::ComboBox& combo = cboRounding.add(index);
+  combo.addItem(u"up to");
+  combo.addItem(u"down to");
+  return wide(combo, kDirectionWidth);
 }
 
 void Rounding::load(OptionsRecord& record) {

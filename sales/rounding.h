@@ -9,6 +9,7 @@
 #include "ui/buttons.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
+#include "ui/layout.h"
 #include "ui/lists.h"
 #include "ui/text_box.h"
 
@@ -39,21 +40,21 @@ class Rounding final : public OptionsTab {
   void load(OptionsRecord& record) override;
   void save(OptionsRecord& record, OptionChanges& changes) override;
 
-  ui::Frame& fraTendering;
-  ui::Frame& fraTax;
-  ui::Frame& fraUnitOfMeasure;
+  ui::Frame fraTendering;
+  ui::Frame fraTax;
+  ui::Frame fraUnitOfMeasure;
   ui::ControlArray<ui::Label> lblRounding;
   ui::ControlArray<ui::ComboBox> cboRounding;
   ui::ControlArray<ui::TextBox> txtRoundingCaption;
   ui::ControlArray<ui::OptionButton> optRounding;  ///< by TaxRoundingMode
   ui::ControlArray<ui::CheckBox> chkRounding;      ///< by bit of RoundingFlags
-  ui::CommandButton& cmdBrowse;                    ///< chooses the rounding item
+  ui::CommandButton cmdBrowse;                     ///< chooses the rounding item
 
  private:
-  ui::CommandButton& makeTendering();
-  void makeTax();
-  void makeUnitOfMeasure();
-  void layOut();
+  void describeTendering(ui::Rows& group);
+  void describeTax(ui::Rows& group);
+  ui::Label& label(Label index, Text caption);
+  ui::Cell directions(Combo index);
 
   void loadSteps();
   void selectStep(std::optional<Money> stored);

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <utility>
-#include <vector>
 
 #include "support/check_box_bits.h"
 #include "support/modEnableLabel.h"
@@ -10,8 +9,6 @@
 
 namespace tillora {
 namespace {
-
-using ui::Cell;
 
 constexpr int kCaptionWidth = 2700;
 constexpr int kTenderingWidth = 1450;
@@ -63,140 +60,84 @@ constexpr std::array<Stored, 16> kStored = {{
 }  // namespace
 
 TransactionOptions::TransactionOptions(OptionsDialog& dialog) : OptionsTab(dialog) {
-  ui::Frame& page = dialog.page(TabPage::transactions);
-  fraTransaction.set(detail, page.add<ui::Frame>(u"Transaction Detail"));
-  fraTransaction.set(layby, page.add<ui::Frame>(u"Layby captions for..."));
-  fraTransaction.set(tendering, page.add<ui::Frame>(u"Tendering"));
-  makeDetail();
-  makeLayby();
-  makeTendering();
-  layOut();
+  ui::Rows& page = dialog.page(TabPage::transactions).rows();
+  describeDetail(page.group(fraTransaction.add(detail), u"Transaction Detail"));
+  const auto columns = page.columns({kLaybyWidth, ui::Cell::kFill});
+  describeLayby(columns[0]->group(fraTransaction.add(layby), u"Layby captions for..."));
+  describeTendering(columns[1]->group(fraTransaction.add(tendering), u"Tendering"));
   chkTransaction.on(&ui::CheckBox::click, [this](int i) { enableCaptions(i); });
 }
 
-void TransactionOptions::addCheck(Group group, Check index, Text caption) {
-  chkTransaction.set(index, fraTransaction[group].add<ui::CheckBox>(std::move(caption)));
+void TransactionOptions::describeDetail(ui::Rows& group) {
+  addPrinted(group, printTerminalId, u"&Print the Terminal ID with this caption", terminalId,
+             kCaptionWidth);
+  addPrinted(group, printSalesPerson, u"P&rint the Sales Person with this caption", salesPerson,
+             kCaptionWidth);
+  group.row({check(salesPersonBeforeFirst,
+                   u"A &Sales Person must be selected before the first transaction")});
+  group.row({check(salesPersonBeforeEach,
+                   u"A Sa&les Person must be selected at the beginning of each transaction")});
+  group.row(
+      {check(salesPersonCanChange, u"The Sal&es Person can be changed during a transaction")});
+  group.row({fill(label(0, u"Cap&tion for transaction number")),
+             wide(txtCaption.add(transactionNumber), kCaptionWidth)});
+  group.row({check(printAmountsWithTax, u"Print a&mounts including tax")});
+  addPrinted(group, printItemTax, u"Print tax amount for eac&h sale item using this caption",
+             itemTax, kCaptionWidth);
+  group.row({check(printTaxStatus,
+                   u"Print caption n&ext to item amounts to indicate tax status using...")});
+  group.row(
+      {taxStatus(1, u"Taxed on s&ell price"), wide(txtCaption.add(taxedSellPrice), kTaxStatusWidth),
+       taxStatus(3, u"Taxed on whol&esale price"),
+       wide(txtCaption.add(taxedWholesale), kTaxStatusWidth), taxStatus(5, u"Tax &exempt"),
+       wide(txtCaption.add(taxExempt), kTaxStatusWidth)},
+      kIndent);
+  group.row({check(enteredAmountsWithTax, u"Entered a&mounts include tax")});
 }
 
-void TransactionOptions::addCheck(Group group, Check index, Text caption, Caption box) {
-  addCheck(group, index, std::move(caption));
-  txtCaption.set(box, fraTransaction[group].add<ui::TextBox>())
-      .setAccessibleName(ui::withoutAccessKey(chkTransaction[index].caption()));
+void TransactionOptions::describeLayby(ui::Rows& group) {
+  group.row({label(10, u"&Balance: Opening")});
+  group.row({fill(txtCaption.add(laybyOpening))});
+  group.row({label(11, u"Closi&ng")});
+  group.row({fill(txtCaption.add(laybyClosing))});
+  group.row({label(12, u"&Date due")});
+  group.row({fill(txtCaption.add(laybyDateDue))});
 }
 
-void TransactionOptions::addLabel(Group group, int index, Text caption) {
-  lblTransaction.set(index, fraTransaction[group].add<ui::Label>(std::move(caption)));
+void TransactionOptions::describeTendering(ui::Rows& group) {
+  addPrinted(group, printItemsSold, u"Print n&umber of items sold using this caption", itemsSold,
+             kTenderingWidth);
+  addPrinted(group, printTotal, u"Print the total o&f the sale including tax using this caption",
+             total, kTenderingWidth);
+  addPrinted(group, printTaxTotal, u"Print the ta&x total using this caption", taxTotal,
+             kTenderingWidth);
+  addPrinted(group, printTotalExTax,
+             u"Print the total of the sale excludin&g tax using this caption", totalExTax,
+             kTenderingWidth);
+  group.row({label(7, u"When tendering starts...")});
+  group.row({label(8, u"Capt&ion for change"), fill(txtCaption.add(change)),
+             label(9, u"Capt&ion for balance"), wide(txtCaption.add(balanceDue), kTenderingWidth)},
+            kIndent);
 }
 
-void TransactionOptions::addCaption(Group group, int label, Text caption, Caption box) {
-  addLabel(group, label, std::move(caption));
-  txtCaption.set(box, fraTransaction[group].add<ui::TextBox>());
+ui::CheckBox& TransactionOptions::check(Check index, Text caption) {
+  return chkTransaction.add(index, std::move(caption));
 }
 
-void TransactionOptions::makeDetail() {
-  addCheck(detail, printTerminalId, u"&Print the Terminal ID with this caption", terminalId);
-  addCheck(detail, printSalesPerson, u"P&rint the Sales Person with this caption", salesPerson);
-  addCheck(detail, salesPersonBeforeFirst,
-           u"A &Sales Person must be selected before the first transaction");
-  addCheck(detail, salesPersonBeforeEach,
-           u"A Sa&les Person must be selected at the beginning of each transaction");
-  addCheck(detail, salesPersonCanChange, u"The Sal&es Person can be changed during a transaction");
-  addCaption(detail, 0, u"Cap&tion for transaction number", transactionNumber);
-  addCheck(detail, printAmountsWithTax, u"Print a&mounts including tax");
-  addCheck(detail, printItemTax, u"Print tax amount for eac&h sale item using this caption",
-           itemTax);
-  addCheck(detail, printTaxStatus,
-           u"Print caption n&ext to item amounts to indicate tax status using...");
-  for (const int shadow : {2, 4, 6}) addLabel(detail, shadow, u"");
-  addCaption(detail, 1, u"Taxed on s&ell price", taxedSellPrice);
-  addCaption(detail, 3, u"Taxed on whol&esale price", taxedWholesale);
-  addCaption(detail, 5, u"Tax &exempt", taxExempt);
-  addCheck(detail, enteredAmountsWithTax, u"Entered a&mounts include tax");
+ui::Label& TransactionOptions::label(int index, Text caption) {
+  return lblTransaction.add(index, std::move(caption));
 }
 
-void TransactionOptions::makeLayby() {
-  addCaption(layby, 10, u"&Balance: Opening", laybyOpening);
-  addCaption(layby, 11, u"Closi&ng", laybyClosing);
-  addCaption(layby, 12, u"&Date due", laybyDateDue);
+ui::Cell TransactionOptions::taxStatus(int index, Text caption) {
+  return engraved(label(index, std::move(caption)), label(index + 1, Text()));
 }
 
-void TransactionOptions::makeTendering() {
-  addCheck(tendering, printItemsSold, u"Print n&umber of items sold using this caption", itemsSold);
-  addCheck(tendering, printTotal, u"Print the total o&f the sale including tax using this caption",
-           total);
-  addCheck(tendering, printTaxTotal, u"Print the ta&x total using this caption", taxTotal);
-  addCheck(tendering, printTotalExTax,
-           u"Print the total of the sale excludin&g tax using this caption", totalExTax);
-  addLabel(tendering, 7, u"When tendering starts...");
-  addCaption(tendering, 8, u"Capt&ion for change", change);
-  addCaption(tendering, 9, u"Capt&ion for balance", balanceDue);
-}
-
-void TransactionOptions::layOut() {
-  ui::Rows page = ui::Rows::onPage(dialog_.page(TabPage::transactions));
-  layOutDetail(page);
-  std::vector<ui::Rows> columns = page.columns({kLaybyWidth, Cell::kFill});
-  layOutLayby(columns[0]);
-  layOutTendering(columns[1]);
-
-  ui::Rect place = fraTransaction[layby].bounds();
-  place.height = fraTransaction[tendering].bounds().height;
-  fraTransaction[layby].setBounds(place);
-}
-
-void TransactionOptions::layOutDetail(ui::Rows& page) {
-  const auto& check = chkTransaction;
-  const auto& label = lblTransaction;
-  const auto& box = txtCaption;
-  ui::Rows rows = page.group(fraTransaction[detail]);
-  rows.row({{check[printTerminalId], Cell::kFill}, {box[terminalId], kCaptionWidth}});
-  rows.row({{check[printSalesPerson], Cell::kFill}, {box[salesPerson], kCaptionWidth}});
-  rows.row({{check[salesPersonBeforeFirst]}});
-  rows.row({{check[salesPersonBeforeEach]}});
-  rows.row({{check[salesPersonCanChange]}});
-  rows.row({{label[0], Cell::kFill}, {box[transactionNumber], kCaptionWidth}});
-  rows.row({{check[printAmountsWithTax]}});
-  rows.row({{check[printItemTax], Cell::kFill}, {box[itemTax], kCaptionWidth}});
-  rows.row({{check[printTaxStatus]}});
-  rows.row({{label[1]},
-            {box[taxedSellPrice], kTaxStatusWidth},
-            {label[3]},
-            {box[taxedWholesale], kTaxStatusWidth},
-            {label[5]},
-            {box[taxExempt], kTaxStatusWidth}},
-           kIndent);
-  for (const int i : {1, 3, 5}) {
-    label[i + 1].setBounds(label[i].bounds());
-    label[i + 1].setVisible(false);
-  }
-  rows.row({{check[enteredAmountsWithTax]}});
-  page.endGroup(fraTransaction[detail], rows);
-}
-
-void TransactionOptions::layOutLayby(ui::Rows& column) {
-  ui::Rows rows = column.group(fraTransaction[layby]);
-  rows.row({{lblTransaction[10]}});
-  rows.row({{txtCaption[laybyOpening], Cell::kFill}});
-  rows.row({{lblTransaction[11]}});
-  rows.row({{txtCaption[laybyClosing], Cell::kFill}});
-  rows.row({{lblTransaction[12]}});
-  rows.row({{txtCaption[laybyDateDue], Cell::kFill}});
-  column.endGroup(fraTransaction[layby], rows);
-}
-
-void TransactionOptions::layOutTendering(ui::Rows& column) {
-  const auto& check = chkTransaction;
-  const auto& label = lblTransaction;
-  const auto& box = txtCaption;
-  ui::Rows rows = column.group(fraTransaction[tendering]);
-  rows.row({{check[printItemsSold], Cell::kFill}, {box[itemsSold], kTenderingWidth}});
-  rows.row({{check[printTotal], Cell::kFill}, {box[total], kTenderingWidth}});
-  rows.row({{check[printTaxTotal], Cell::kFill}, {box[taxTotal], kTenderingWidth}});
-  rows.row({{check[printTotalExTax], Cell::kFill}, {box[totalExTax], kTenderingWidth}});
-  rows.row({{label[7]}});
-  rows.row({{label[8]}, {box[change], Cell::kFill}, {label[9]}, {box[balanceDue], kTenderingWidth}},
-           kIndent);
-  column.endGroup(fraTransaction[tendering], rows);
+void TransactionOptions::addPrinted(ui::Rows& group, Check index, Text caption, Caption box,
+                                    int width) {
+  ui::CheckBox& printed = check(index, std::move(caption));
+  group.row({fill(printed),
+             wide(txtCaption.add(box).setAccessibleName(ui::withoutAccessKey(printed.caption())),
+                  width)});
 }
 
 void TransactionOptions::load(OptionsRecord& record) {

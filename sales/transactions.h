@@ -62,18 +62,15 @@ class TransactionOptions final : public OptionsTab {
   ui::ControlArray<ui::Label> lblTransaction;
 
  private:
-  void makeDetail();
-  void makeLayby();
-  void makeTendering();
-  void addCheck(Group group, Check index, Text caption);
+  void describeDetail(ui::Rows& group);
+  void describeLayby(ui::Rows& group);
+  void describeTendering(ui::Rows& group);
+  ui::CheckBox& check(Check index, Text caption);
+  ui::Label& label(int index, Text caption);
+  /// The label before the caption of a tax status.
+  ui::Cell taxStatus(int index, Text caption);
   /// A check box and the box for the caption that it prints.
-  void addCheck(Group group, Check index, Text caption, Caption box);
-  void addLabel(Group group, int index, Text caption);
-  void addCaption(Group group, int label, Text caption, Caption box);
-  void layOut();
-  void layOutDetail(ui::Rows& page);
-  void layOutLayby(ui::Rows& column);
-  void layOutTendering(ui::Rows& column);
+  void addPrinted(ui::Rows& group, Check index, Text caption, Caption box, int width);
 
   void enableCaptions(int check);
 };

@@ -1,11 +1,23 @@
 #include "support/dialog.h"
 
+#include <utility>
+
 #include "support/modSelectAllText.h"
+#include "ui/layout.h"
 
 namespace tillora {
 
 void Dialog::onFocus(ui::Control& control) {
   if (control.kind() == ui::Kind::textBox) selectAllText(static_cast<ui::TextBox&>(control));
+}
+
+void Dialog::okAndCancel(ui::CommandButton& ok, Text okToolTip, ui::CommandButton& cancel,
+                         Text cancelToolTip) {
+  ok.setToolTip(std::move(okToolTip));
+  cancel.setToolTip(std::move(cancelToolTip));
+  rows().buttons({&ok, &cancel});
+  ok.setDefault(true);
+  cancel.setCancel();
 }
 
 void EditDialog::acceptAndClose() {

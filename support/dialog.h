@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/buttons.h"
 #include "ui/form.h"
 
 namespace tillora {
@@ -10,6 +11,9 @@ class Dialog : public ui::Form {
  protected:
   using Form::Form;
   void onFocus(ui::Control& control) override;
+  /// The last buttons of the dialog, which Enter and Esc press, with their tool tips.
+  void okAndCancel(ui::CommandButton& ok, Text okToolTip, ui::CommandButton& cancel,
+                   Text cancelToolTip);
 };
 
 /// A dialog that edits values of its caller, who sets them, shows it modally, and takes them back

@@ -7,10 +7,6 @@ namespace tillora {
 void enableLabel(ui::Label& label, ui::Label& shadow, bool enabled) {
   label.setEnabled(enabled);
   if (!enabled) {
-    const ui::Size pixel = label.form().screen().twipsPerPixel();
-    const ui::Rect& place = label.bounds();
-    shadow.setBounds(
-        {place.left + pixel.width, place.top + pixel.height, place.width, place.height});
     shadow.setCaption(label.caption());
     shadow.setDecorative(true);
     shadow.setAlignment(label.alignment());

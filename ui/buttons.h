@@ -7,13 +7,14 @@ namespace tillora::ui {
 /// A box that is ticked or not. Changing the value, by user or code, raises click.
 class CheckBox final : public Control {
  public:
-  CheckBox(Container* parent, Text caption);
+  explicit CheckBox(Text caption = {});
 
   Kind kind() const override { return Kind::checkBox; }
+  Size naturalSize() const override;
   const Text& caption() const override { return caption_; }
-  void setCaption(Text caption);
+  CheckBox& setCaption(Text caption);
   bool value() const { return value_; }
-  void setValue(bool value);
+  CheckBox& setValue(bool value);
 
   Event<> click;
 
@@ -29,12 +30,13 @@ class CheckBox final : public Control {
 /// option buttons of the same container and raises click.
 class OptionButton final : public Control {
  public:
-  OptionButton(Container* parent, Text caption);
+  explicit OptionButton(Text caption = {});
 
   Kind kind() const override { return Kind::optionButton; }
+  Size naturalSize() const override;
   const Text& caption() const override { return caption_; }
   bool value() const { return value_; }
-  void setValue(bool value);
+  OptionButton& setValue(bool value);
 
   Event<> click;
 
@@ -49,14 +51,16 @@ class OptionButton final : public Control {
 /// A push button.
 class CommandButton final : public Control {
  public:
-  CommandButton(Container* parent, Text caption);
+  explicit CommandButton(Text caption = {});
 
   Kind kind() const override { return Kind::commandButton; }
+  Size naturalSize() const override;
   const Text& caption() const override { return caption_; }
+  CommandButton& setCaption(Text caption);
 
   /// The button that Enter presses. Making one the default ends the default state of another.
   bool isDefault() const;
-  void setDefault(bool isDefault);
+  CommandButton& setDefault(bool isDefault);
   /// The button that Esc presses. It causes no validation.
   bool isCancel() const;
   CommandButton& setCancel();

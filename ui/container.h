@@ -8,30 +8,48 @@
 
 namespace tillora::ui {
 
-/// A control that holds others: a form or a frame. It owns them.
+class Rows;
+
+/// A control that holds others: a form or a frame.
 class Container : public Control {
  public:
-  /// Makes a control of type T, the last of this container and thereby of its part of the tab
-  /// order. The reference stays good as long as the form lives.
+  ~Container() override;
+
+  /// Takes in a control that somebody else owns and that lives as long as the form is used. It is
+  /// the last of this container and thereby of its part of the tab order.
+  void take(Control& control);
+  /// Makes a control without a name, which the container owns, and takes it in.
   template <class T, class... Args>
   T& add(Args&&... args) {
-    auto owned = std::make_unique<T>(this, std::forward<Args>(args)...);
+    auto owned = std::make_unique<T>(std::forward<Args>(args)...);
     T& control = *owned;
-    children_.push_back(std::move(owned));
+    owned_.push_back(std::move(owned));
+    take(control);
     return control;
   }
 
-  /// In order of creation, which is their tab order.
-  const std::vector<std::unique_ptr<Control>>& children() const { return children_; }
+  /// In the order in which they were taken in, which is their tab order.
+  const std::vector<Control*>& children() const { return children_; }
   /// Size of the area that holds the children, twips.
   virtual Size clientSize() const { return {bounds().width, bounds().height}; }
   bool contains(const Control& control) const;
 
+  /// What the container shows, from top to bottom.
+  Rows& rows();
+  /// Places what is in rows() for the present size and font. A container does so by itself whenever
+  /// its size changes.
+  void layOut();
+  /// Distances between its edges and its rows, twips.
+  virtual Margins margins() const;
+
  protected:
-  using Control::Control;
+  Container();
+  void sizeChanged() override { layOut(); }
 
  private:
-  std::vector<std::unique_ptr<Control>> children_;
+  std::vector<Control*> children_;
+  std::vector<std::unique_ptr<Control>> owned_;
+  std::unique_ptr<Rows> rows_;
 };
 
 /// A group of controls: with a border and a caption, or without either (a tab's page).
@@ -39,22 +57,21 @@ class Frame final : public Container {
  public:
   enum class Border : std::uint8_t { none, etched };
 
-  explicit Frame(Container* parent, Text caption = {}, Border border = Border::etched);
+  explicit Frame(Text caption = {}, Border border = Border::etched);
 
   Kind kind() const override { return Kind::frame; }
   const Text& caption() const override { return caption_; }
+  /// Fixed once the frame is shown.
+  Frame& setCaption(Text caption);
   Border border() const { return border_; }
   /// The control that gets the focus when a tab shows this page; null for the first in the tab
   /// order.
   Control* firstFocus() const { return firstFocus_; }
   void setFirstFocus(Control& control) { firstFocus_ = &control; }
 
-  /// It has another size.
-  Event<> resized;
+  Margins margins() const override;
 
  private:
-  void sizeChanged() override { resized.raise(); }
-
   Text caption_;
   Border border_;
   Control* firstFocus_ = nullptr;

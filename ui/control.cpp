@@ -9,28 +9,30 @@
 namespace tillora::ui {
 namespace {
 
+// At 96 DPI, in twips.
+constexpr int kBesideText = 30;
+constexpr int kTextMargin = 120;  // a box's borders and inner margins, above and below together
+
 bool isBlank(TextView text, std::size_t place) {
   return place < text.size() && text[place] == u' ';
 }
 
 }  // namespace
 
-Control::Control(Container* parent) : parent_(parent) {
-  if (parent != nullptr) form_ = &parent->form();
-}
-
-void Control::setEnabled(bool enabled) {
-  if (enabled_ == enabled) return;
+Control& Control::setEnabled(bool enabled) {
+  if (enabled_ == enabled) return *this;
   enabled_ = enabled;
-  form_->releaseFocus();
+  if (form_ != nullptr) form_->releaseFocus();
   notify(Property::enabled);
+  return *this;
 }
 
-void Control::setVisible(bool visible) {
-  if (visible_ == visible) return;
+Control& Control::setVisible(bool visible) {
+  if (visible_ == visible) return *this;
   visible_ = visible;
-  form_->releaseFocus();
+  if (form_ != nullptr) form_->releaseFocus();
   notify(Property::visible);
+  return *this;
 }
 
 bool Control::effectivelyEnabled() const {
@@ -52,26 +54,50 @@ void Control::setBounds(const Rect& bounds) {
 void Control::bringToFront() {
   if (parent_ == nullptr) return;
   for (const auto& sibling : parent_->children()) {
-    if (sibling.get() != this) stacking_ = std::max(stacking_, sibling->stacking_ + 1);
+    if (sibling != this) stacking_ = std::max(stacking_, sibling->stacking_ + 1);
   }
   notify(Property::stacking);
 }
 
-void Control::setToolTip(Text toolTip) {
-  if (toolTip_ == toolTip) return;
+Control& Control::setToolTip(Text toolTip) {
+  if (toolTip_ == toolTip) return *this;
   toolTip_ = std::move(toolTip);
   notify(Property::toolTip);
+  return *this;
 }
 
-void Control::setForeColour(Colour colour) {
+Control& Control::setAccessibleName(Text name) {
+  accessibleName_ = std::move(name);
+  return *this;
+}
+
+Control& Control::setForeColour(Colour colour) {
   foreColour_ = colour;
   notify(Property::colours);
+  return *this;
 }
 
-void Control::setBackColour(Colour colour) {
+Control& Control::setBackColour(Colour colour) {
   backColour_ = colour;
   notify(Property::colours);
+  return *this;
 }
+
+Control& Control::setTabStop(bool tabStop) {
+  tabStop_ = tabStop;
+  return *this;
+}
+
+Control& Control::setCausesValidation(bool causes) {
+  causesValidation_ = causes;
+  return *this;
+}
+
+Size Control::naturalSize() const {
+  return {form_->screen().textWidth(withoutAccessKey(caption())) + kBesideText, heightFor(1)};
+}
+
+int Control::heightFor(int lines) const { return fieldHeight(*form_, lines); }
 
 bool Control::canFocus() const {
   return focusable() && effectivelyEnabled() && effectivelyVisible();
@@ -89,10 +115,17 @@ const Text& Control::caption() const {
 }
 
 void Control::notify(Property what) const {
+  if (form_ == nullptr) return;
   if (FormView* view = form_->view()) view->changed(*this, what);
 }
 
-void Control::edited() { form_->edited(*this); }
+void Control::edited() {
+  if (form_ != nullptr) form_->edited(*this);
+}
+
+int fieldHeight(const Form& form, int lines) {
+  return form.screen().lineHeight() * lines + kTextMargin;
+}
 
 std::optional<char16_t> accessKeyOf(TextView caption) {
   for (std::size_t i = 0; i + 1 < caption.size(); ++i) {

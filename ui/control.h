@@ -61,7 +61,8 @@ enum class Alignment : std::uint8_t { left, right, centre };
 /// view it behaves the same.
 ///
 /// Setting a property from code has the effects that the user's doing it has: a check box raises
-/// click, a text box raises change.
+/// click, a text box raises change. Setters can be chained, those of every control last. Until a
+/// container has taken the control in, only its properties can be set.
 class Control {
  public:
   Control(const Control&) = delete;
@@ -77,14 +78,18 @@ class Control {
   bool enabled() const { return enabled_; }
   /// A control that is disabled or hidden while it has the focus passes the focus on, never to the
   /// form's cancel button.
-  void setEnabled(bool enabled);
+  Control& setEnabled(bool enabled);
   bool visible() const { return visible_; }
-  void setVisible(bool visible);
+  Control& setVisible(bool visible);
   /// Enabled, and so is everything that holds it.
   bool effectivelyEnabled() const;
   /// Visible, and so is everything that holds it.
   bool effectivelyVisible() const;
 
+  /// The size that its caption needs in the present font, twips.
+  virtual Size naturalSize() const;
+  /// Height with this many lines of text, twips.
+  virtual int heightFor(int lines) const;
   /// Twips, relative to the client area of parent().
   const Rect& bounds() const { return bounds_; }
   void setBounds(const Rect& bounds);
@@ -94,21 +99,21 @@ class Control {
   int stacking() const { return stacking_; }
 
   const Text& toolTip() const { return toolTip_; }
-  void setToolTip(Text toolTip);
+  Control& setToolTip(Text toolTip);
   /// Name for screen readers where no label before the control says it.
   const Text& accessibleName() const { return accessibleName_; }
-  void setAccessibleName(Text name) { accessibleName_ = std::move(name); }
+  Control& setAccessibleName(Text name);
   Colour foreColour() const { return foreColour_; }
-  void setForeColour(Colour colour);
+  Control& setForeColour(Colour colour);
   Colour backColour() const { return backColour_; }
-  void setBackColour(Colour colour);
+  Control& setBackColour(Colour colour);
 
   /// Reached by the Tab key. A control that is no tab stop can still get the focus by the mouse.
   bool tabStop() const { return tabStop_; }
-  void setTabStop(bool tabStop) { tabStop_ = tabStop; }
+  Control& setTabStop(bool tabStop);
   /// False for controls (Cancel) that get the focus without validating the one that had it.
   bool causesValidation() const { return causesValidation_; }
-  void setCausesValidation(bool causes) { causesValidation_ = causes; }
+  Control& setCausesValidation(bool causes);
 
   /// A kind that takes the focus, enabled and visible.
   bool canFocus() const;
@@ -131,7 +136,7 @@ class Control {
   Event<char16_t&> keyPress;
 
  protected:
-  explicit Control(Container* parent);
+  Control() = default;
   /// Tells the form's view, if there is one.
   void notify(Property what) const;
   /// Tells the form that the value was edited, by the user or by code; the form decides what that
@@ -157,6 +162,9 @@ class Control {
   bool tabStop_ = true;
   bool causesValidation_ = true;
 };
+
+/// Height of a box with this many lines of text, twips.
+int fieldHeight(const Form& form, int lines = 1);
 
 /// The access key that a caption names: the character after an ampersand, in lower case ("Na&me"
 /// gives 'm'). An ampersand that is doubled or before a blank ("Profit & Loss") names none.

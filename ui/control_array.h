@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <utility>
 
 #include "ui/event.h"
@@ -8,14 +9,17 @@
 namespace tillora::ui {
 
 /// Controls of one kind that share a name and are told apart by an index (txtCompanyDetails[8]).
-/// The indexes need not follow the order of creation or of the screen.
+/// The indexes need not follow the order of creation or of the screen. The array owns them; a
+/// container takes them in.
 template <class T>
 class ControlArray {
  public:
-  /// Enters a control under its index and returns it.
-  T& set(int index, T& control) {
-    controls_.insert_or_assign(index, &control);
-    return control;
+  /// Makes a control with this index.
+  template <class... Args>
+  T& add(int index, Args&&... args) {
+    auto& control = controls_[index];
+    control = std::make_unique<T>(std::forward<Args>(args)...);
+    return *control;
   }
 
   /// std::out_of_range for an index that no control has.
@@ -28,9 +32,8 @@ class ControlArray {
   template <class Base, class... Args, class Handler>
   void on(Event<Args...> Base::*event, Handler handler) const {
     for (const auto& [index, control] : controls_) {
-      control->*event = [index, handler](Args... args) {
-        handler(index, std::forward<Args>(args)...);
-      };
+      (*control).*
+          event = [index, handler](Args... args) { handler(index, std::forward<Args>(args)...); };
     }
   }
 
@@ -39,7 +42,7 @@ class ControlArray {
   auto end() const { return controls_.end(); }
 
  private:
-  std::map<int, T*> controls_;
+  std::map<int, std::unique_ptr<T>> controls_;
 };
 
 }  // namespace tillora::ui

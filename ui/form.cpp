@@ -6,8 +6,7 @@
 
 namespace tillora::ui {
 
-Form::Form(Screen& screen, Text caption)
-    : Container(nullptr), screen_(screen), caption_(std::move(caption)) {
+Form::Form(Screen& screen, Text caption) : screen_(screen), caption_(std::move(caption)) {
   form_ = this;
 }
 
@@ -19,13 +18,14 @@ void Form::setCaption(Text caption) {
 void Form::setClientSize(Size size) {
   clientSize_ = size;
   notify(Property::bounds);
-  if (loaded_) onResize();
+  if (loaded_) layOut();
 }
 
 void Form::load() {
   if (loaded_) return;
   loaded_ = true;
   try {
+    layOut();
     onLoad();
   } catch (...) {
     loaded_ = false;
@@ -41,7 +41,6 @@ void Form::showModal() {
   onShowModal();
   load();
   if (!loaded_) return;
-  onResize();
   shown_ = true;
   try {
     screen_.runModal(*this);

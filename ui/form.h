@@ -37,7 +37,6 @@ class Form : public Container {
   void setCaption(Text caption);
   /// Size of the area that holds the controls, twips.
   Size clientSize() const override { return clientSize_; }
-  /// Raises resize while the form is loaded.
   void setClientSize(Size size);
   /// Topic of the host program's help that F1 opens.
   int helpContext() const { return helpContext_; }
@@ -47,7 +46,7 @@ class Form : public Container {
 
   bool isLoaded() const { return loaded_; }
   bool isShown() const { return shown_; }
-  /// Runs onLoad unless the form is loaded.
+  /// Lays the form out and runs onLoad, unless the form is loaded.
   void load();
   /// Loads the form if need be, shows it and returns when it is hidden or unloaded. Error `already
   /// shown` (400) while it is shown.
@@ -127,12 +126,10 @@ class Form : public Container {
   /// showModal was called; onLoad may follow.
   virtual void onShowModal() {}
   virtual void onLoad() {}
-  /// At the latest when the form is first shown, and after every change of its size.
-  virtual void onResize() {}
   /// The control has just received the focus; its gotFocus follows.
   virtual void onFocus(Control& control);
   /// The control that starts with the focus; by default the first in the tab order.
-  virtual Control* firstFocus() const { return nextInTabOrder(nullptr); }
+  virtual Control* firstFocus() { return nextInTabOrder(nullptr); }
   /// Set `cancel` to stay.
   virtual void onQueryUnload(bool& cancel, UnloadMode mode);
   virtual void onUnload() {}

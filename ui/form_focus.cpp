@@ -17,7 +17,7 @@ bool isTabStop(const Control& control) {
   if (!control.tabStop() || !control.canFocus()) return false;
   if (control.kind() != Kind::optionButton) return true;
   const OptionButton* stop = nullptr;
-  for (const auto& sibling : control.parent()->children()) {
+  for (Control* sibling : control.parent()->children()) {
     if (sibling->kind() != Kind::optionButton || !sibling->canFocus()) continue;
     const auto& option = static_cast<const OptionButton&>(*sibling);
     if (stop == nullptr || option.value()) stop = &option;
@@ -27,8 +27,8 @@ bool isTabStop(const Control& control) {
 }
 
 void appendInOrder(const Container& holder, std::vector<Control*>& order) {
-  for (const auto& control : holder.children()) {
-    order.push_back(control.get());
+  for (Control* control : holder.children()) {
+    order.push_back(control);
     if (control->kind() == Kind::frame) appendInOrder(static_cast<const Frame&>(*control), order);
   }
 }
@@ -165,9 +165,9 @@ bool Form::moveByArrow(Key key) {
   }
   if (active_->kind() != Kind::optionButton) return false;
   std::vector<OptionButton*> group;
-  for (const auto& sibling : active_->parent()->children()) {
+  for (Control* sibling : active_->parent()->children()) {
     if (sibling->kind() == Kind::optionButton && sibling->canFocus()) {
-      group.push_back(static_cast<OptionButton*>(sibling.get()));
+      group.push_back(static_cast<OptionButton*>(sibling));
     }
   }
   const auto here = std::ranges::find(group, active_) - group.begin();

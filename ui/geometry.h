@@ -27,4 +27,12 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+/// Distances from the edges of an area to what is in it.
+struct Margins {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+};
+
 }  // namespace tillora::ui

@@ -2,18 +2,24 @@
 
 #include <utility>
 
+#include "ui/form.h"
+
 namespace tillora::ui {
 
-Label::Label(Container* parent, Text caption) : Control(parent), caption_(std::move(caption)) {}
+Label::Label(Text caption) : caption_(std::move(caption)) {}
 
-void Label::setCaption(Text caption) {
+int Label::heightFor(int lines) const { return lines * form().screen().lineHeight(); }
+
+Label& Label::setCaption(Text caption) {
   caption_ = std::move(caption);
   notify(Property::text);
+  return *this;
 }
 
-void Label::setAlignment(Alignment alignment) {
+Label& Label::setAlignment(Alignment alignment) {
   alignment_ = alignment;
   notify(Property::text);
+  return *this;
 }
 
 Label& Label::setBold(bool bold) {
@@ -25,6 +31,6 @@ std::optional<char16_t> Label::accessKey() const {
   return decorative_ ? std::nullopt : Control::accessKey();
 }
 
-Picture::Picture(Container* parent, PictureId picture) : Control(parent), picture_(picture) {}
+Picture::Picture(PictureId picture) : picture_(picture) {}
 
 }  // namespace tillora::ui

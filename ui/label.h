@@ -7,19 +7,23 @@ namespace tillora::ui {
 /// Text on a form. Its access key moves the focus to the next control in the tab order.
 class Label final : public Control {
  public:
-  explicit Label(Container* parent, Text caption = {});
+  explicit Label(Text caption = {});
 
   Kind kind() const override { return Kind::label; }
+  int heightFor(int lines) const override;
   const Text& caption() const override { return caption_; }
-  void setCaption(Text caption);
+  Label& setCaption(Text caption);
   Alignment alignment() const { return alignment_; }
-  void setAlignment(Alignment alignment);
+  Label& setAlignment(Alignment alignment);
   /// Fixed once the label is shown: bold text.
   bool bold() const { return bold_; }
   Label& setBold(bool bold);
   /// A mere picture of a text: drawn as any other label, but its access key leads nowhere.
   bool decorative() const { return decorative_; }
-  void setDecorative(bool decorative) { decorative_ = decorative; }
+  Label& setDecorative(bool decorative) {
+    decorative_ = decorative;
+    return *this;
+  }
   std::optional<char16_t> accessKey() const override;
 
  private:
@@ -35,7 +39,7 @@ enum class PictureId : std::uint8_t { none, active, inactive, key, dispensing };
 /// A picture on a form.
 class Picture final : public Control {
  public:
-  Picture(Container* parent, PictureId picture);
+  explicit Picture(PictureId picture);
 
   Kind kind() const override { return Kind::picture; }
   PictureId picture() const { return picture_; }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <initializer_list>
+#include <memory>
 #include <vector>
 
 #include "ui/container.h"
-#include "ui/text_box.h"
+#include "ui/label.h"
+#include "ui/tab_strip.h"
 
 namespace tillora::ui {
 
@@ -13,57 +15,92 @@ struct Cell {
   static constexpr int kNatural = -1;  ///< as wide as its caption needs
   static constexpr int kFill = -2;     ///< what the other cells of the row leave over; one a row
 
-  Control& control;
-  int width = kNatural;
+  // NOLINTNEXTLINE(google-explicit-constructor): a row is written as a list of its controls
+  Cell(Control& control, int width = kNatural) : control(&control), width(width) {}
+
+  Control* control;
+  int width;
+  Label* shadow = nullptr;  ///< stands one pixel right of and below the control
 };
 
-/// Places controls in rows from the top of a container to the bottom, with the platform's margins
-/// and spacing, so that no page is a list of coordinates.
+inline Cell fill(Control& control) { return {control, Cell::kFill}; }
+inline Cell wide(Control& control, int twips) { return {control, twips}; }
+/// A label with the copy that enableLabel shows behind it.
+Cell engraved(Label& label, Label& shadow);
+
+/// How high a block is.
+struct Height {
+  enum class Unit : std::uint8_t { twips, lines, rest };
+
+  Unit unit = Unit::rest;
+  int count = 0;
+};
+inline constexpr Height kRest{};  ///< what the other rows leave over; one in a column
+constexpr Height twips(int count) { return {Height::Unit::twips, count}; }
+/// Lines of text in the control.
+constexpr Height lines(int count) { return {Height::Unit::lines, count}; }
+
+/// What a container shows, described once from top to bottom, and placed with the platform's
+/// margins and spacing, so that no page is a list of coordinates. A control that is on no container
+/// yet is taken in by the row that names it: the order of the description is the tab order.
+///
+///     ui::Rows& group = page.rows().group(fraGeneral, u"Company Details");
+///     group.field({label(u"&Phone"), wide(box(phone), 3000), label(u"&Fax"), fill(box(fax))});
 class Rows {
  public:
-  /// Rows in `area` of `holder` (twips of its client area).
-  Rows(Container& holder, Rect area);
-  /// Rows inside the margins of a form or of a tab's page.
-  static Rows onPage(Container& page);
-  /// The same below what has been placed on the page: how several parts share one.
-  static Rows restOfPage(Container& page);
+  explicit Rows(Container& holder);
+  Rows(const Rows&) = delete;
+  Rows& operator=(const Rows&) = delete;
+  ~Rows();
 
-  /// The left column for labels becomes as wide as the widest of these captions.
-  void labelColumn(std::initializer_list<const Control*> labels);
-  /// A label in the label column and the rest of a row after it; `lines` text lines high.
-  void field(Control& label, std::initializer_list<Cell> cells, int lines = 1);
+  /// A row that begins with a label, or a button in its place. The labels of all fields form a
+  /// column. `lines` text lines high.
+  void field(std::initializer_list<Cell> cells, int lines = 1);
   /// A row without a label; indented by `indent` twips.
   void row(std::initializer_list<Cell> cells, int indent = 0);
-  /// A list or a box over the whole width, `height` twips high; 0 takes the rest of the area.
-  void block(Control& control, int height);
-  /// The wider distance between groups.
+  /// A list or a box over the whole width.
+  void block(Control& control, Height height);
+  /// The wider distance between groups, to the next row.
   void gap();
 
-  /// Rows inside a group box that takes the whole width here, from the next row on.
-  Rows group(Container& frame);
-  /// Ends the group: the frame is made as high as its rows need.
-  void endGroup(Container& frame, const Rows& rows);
+  /// A group box over the whole width, as high as the rows in it, which are returned.
+  Rows& group(Frame& frame, Text caption);
+  /// Rows side by side in columns of these widths; what the others leave over is shared by those of
+  /// Cell::kFill. Their label columns are equally wide, and groups that end them end at the same
+  /// height.
+  std::vector<Rows*> columns(std::initializer_list<int> widths);
+  /// A tab strip over what the other rows leave, with its pages.
+  void tabs(TabStrip& strip, const std::vector<Frame*>& pages);
+  /// Push buttons at the bottom right, left to right.
+  void buttons(std::initializer_list<Control*> buttons);
 
-  /// Rows side by side, from the next row on, in columns of these widths; what the others leave
-  /// over is shared by those of Cell::kFill.
-  std::vector<Rows> columns(std::initializer_list<int> widths) const;
-
-  /// Below the last row so far, twips of the container's client area.
-  int bottom() const { return top_; }
-
-  /// Push buttons along the bottom right of a form, left to right; returns the top of their row.
-  static int buttonRow(Container& form, std::initializer_list<Control*> buttons);
+  /// Places everything in this area of the container, twips of its client area.
+  void place(const Rect& area);
+  /// What the rows need, twips.
+  int height() const;
 
  private:
-  void place(std::initializer_list<Cell> cells, int indent, int height);
+  class Item;
+  class Row;
+  class Field;
+  class Block;
+  class Group;
+  class Columns;
+  class Tabs;
+
+  template <class T, class... Args>
+  T& append(Args&&... args);
+  Control& take(Control& control);
+  void takeAll(std::initializer_list<Cell> cells);
+  int labelWidth() const;
+  bool stretches() const;
+  enum class End : std::uint8_t { open, ofColumn };
+  void placeItems(Rect area, int labelWidth, End end);
+  int placeButtons(const Rect& area);
 
   Container& holder_;
-  Rect area_;
-  int top_;
-  int labelWidth_ = 0;
+  std::vector<std::unique_ptr<Item>> items_;
+  std::vector<Control*> buttons_;
 };
-
-/// Height of a text box, combo box or button's row with this many lines of text, twips.
-int fieldHeight(const Form& form, int lines = 1);
 
 }  // namespace tillora::ui

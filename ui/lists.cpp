@@ -22,7 +22,7 @@ void requirePosition(int position, int first, std::size_t count) {
 
 }  // namespace
 
-ComboBox::ComboBox(Container* parent) : Control(parent) {}
+ComboBox::ComboBox() {}
 
 void ComboBox::addItem(Text item) {
   items_.push_back(std::move(item));
@@ -35,9 +35,10 @@ void ComboBox::clear() {
   notify(Property::items);
 }
 
-void ComboBox::setListIndex(int index) {
+ComboBox& ComboBox::setListIndex(int index) {
   requirePosition(index, -1, items_.size());
   if (listIndex_ != index) select(index);
+  return *this;
 }
 
 void ComboBox::userChose(int index) {
@@ -56,28 +57,30 @@ const Text& ComboBox::text() const {
   return listIndex_ < 0 ? kNoText : items_[static_cast<std::size_t>(listIndex_)];
 }
 
-CheckListBox::CheckListBox(Container* parent) : Control(parent) {}
+CheckListBox::CheckListBox() {}
 
 void CheckListBox::addRow(Text text, std::int32_t itemData) {
   rows_.push_back({std::move(text), itemData, false});
   notify(Property::items);
 }
 
-void CheckListBox::setChecked(int row, bool checked) {
+CheckListBox& CheckListBox::setChecked(int row, bool checked) {
   requirePosition(row, 0, rows_.size());
   Row& changed = rows_[static_cast<std::size_t>(row)];
-  if (changed.checked == checked) return;
+  if (changed.checked == checked) return *this;
   changed.checked = checked;
   notify(Property::checks);
   edited();
   itemCheck.raise(row);
+  return *this;
 }
 
-void CheckListBox::setListIndex(int row) {
+CheckListBox& CheckListBox::setListIndex(int row) {
   requirePosition(row, -1, rows_.size());
-  if (listIndex_ == row) return;
+  if (listIndex_ == row) return *this;
   listIndex_ = row;
   notify(Property::value);
+  return *this;
 }
 
 CellTexts::CellTexts(std::initializer_list<TextView> texts)
@@ -121,7 +124,7 @@ CellTexts CellTextsMaker::make(std::span<const TextView> texts, std::size_t unit
   return cells;
 }
 
-ListView::ListView(Container* parent) : Control(parent) {
+ListView::ListView() {
   setForeColour(kWindowText);
   setBackColour(kWindowBackground);
 }
@@ -131,21 +134,24 @@ void ListView::addColumn(Text header, int width) {
   notify(Property::columns);
 }
 
-void ListView::setColumnHeader(int column, Text header) {
+ListView& ListView::setColumnHeader(int column, Text header) {
   columns_.at(static_cast<std::size_t>(column)).header = std::move(header);
   notify(Property::columns);
+  return *this;
 }
 
-void ListView::setColumnWidth(int column, int width, bool fills) {
+ListView& ListView::setColumnWidth(int column, int width, bool fills) {
   ListColumn& resized = columns_.at(static_cast<std::size_t>(column));
   resized.width = width;
   resized.fills = fills;
   notify(Property::columns);
+  return *this;
 }
 
-void ListView::setHeaderStyle(std::uint32_t style) {
+ListView& ListView::setHeaderStyle(std::uint32_t style) {
   headerStyle_ = style;
   notify(Property::columns);
+  return *this;
 }
 
 Text ListView::text(int row, int column) const {
@@ -158,16 +164,18 @@ int ListView::addRow(ListItem item) {
   return count() - 1;
 }
 
-void ListView::setRows(std::vector<ListItem> rows) {
+ListView& ListView::setRows(std::vector<ListItem> rows) {
   rows_ = std::move(rows);
   selectedRow_ = rowToShow_ = -1;
   notify(Property::items);
+  return *this;
 }
 
-void ListView::setRow(int row, ListItem item) {
+ListView& ListView::setRow(int row, ListItem item) {
   requirePosition(row, 0, rows_.size());
   rows_[static_cast<std::size_t>(row)] = std::move(item);
   notify(Property::items);
+  return *this;
 }
 
 void ListView::removeRow(int row) {
@@ -179,12 +187,13 @@ void ListView::removeRow(int row) {
   notify(Property::value);
 }
 
-void ListView::setSelectedRow(int row) {
+ListView& ListView::setSelectedRow(int row) {
   requirePosition(row, -1, rows_.size());
-  if (selectedRow_ == row) return;
+  if (selectedRow_ == row) return *this;
   selectedRow_ = row;
   notify(Property::value);
   itemClick.raise();
+  return *this;
 }
 
 void ListView::ensureVisible(int row) {

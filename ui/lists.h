@@ -15,7 +15,7 @@ namespace tillora::ui {
 /// A drop-down list: one of its items is shown, none can be typed.
 class ComboBox final : public Control {
  public:
-  explicit ComboBox(Container* parent);
+  ComboBox();
 
   Kind kind() const override { return Kind::comboBox; }
   const std::vector<Text>& items() const { return items_; }
@@ -27,7 +27,7 @@ class ComboBox final : public Control {
   /// Position of the selected item from 0; -1 for none.
   int listIndex() const { return listIndex_; }
   /// Raises click when the position differs. Error `invalid index` (380) outside -1 to count() - 1.
-  void setListIndex(int index);
+  ComboBox& setListIndex(int index);
   /// The user chose this item: raises click also where it is the one that was selected. Error
   /// `invalid index` (380) outside 0 to count() - 1.
   void userChose(int index);
@@ -55,7 +55,7 @@ class CheckListBox final : public Control {
     bool checked = false;
   };
 
-  explicit CheckListBox(Container* parent);
+  CheckListBox();
 
   Kind kind() const override { return Kind::checkListBox; }
   const std::vector<Row>& rows() const { return rows_; }
@@ -63,11 +63,11 @@ class CheckListBox final : public Control {
   void addRow(Text text, std::int32_t itemData);
   bool checked(int row) const { return rows_.at(static_cast<std::size_t>(row)).checked; }
   /// Raises itemCheck when the tick differs.
-  void setChecked(int row, bool checked);
+  CheckListBox& setChecked(int row, bool checked);
 
   /// The row with the selection bar; -1 for none.
   int listIndex() const { return listIndex_; }
-  void setListIndex(int row);
+  CheckListBox& setListIndex(int row);
 
   Event<int> itemCheck;
 
@@ -137,20 +137,23 @@ inline constexpr std::uint32_t kHeaderFullDrag = 0x80;  ///< a column follows it
 /// ten rows and a hundred thousand open alike.
 class ListView final : public Control {
  public:
-  explicit ListView(Container* parent);
+  ListView();
 
   Kind kind() const override { return Kind::listView; }
 
   const std::vector<ListColumn>& columns() const { return columns_; }
   void addColumn(Text header, int width = 0);
-  void setColumnHeader(int column, Text header);
-  void setColumnWidth(int column, int width, bool fills = false);
+  ListView& setColumnHeader(int column, Text header);
+  ListView& setColumnWidth(int column, int width, bool fills = false);
   std::uint32_t headerStyle() const { return headerStyle_; }
-  void setHeaderStyle(std::uint32_t style);
+  ListView& setHeaderStyle(std::uint32_t style);
   /// Where the small icons of the rows come from; null for a list without icons. It outlives the
   /// list.
   const ImageList* smallIcons() const { return smallIcons_; }
-  void setSmallIcons(const ImageList& images) { smallIcons_ = &images; }
+  ListView& setSmallIcons(const ImageList& images) {
+    smallIcons_ = &images;
+    return *this;
+  }
 
   const std::vector<ListItem>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
@@ -159,8 +162,8 @@ class ListView final : public Control {
   /// Adds a row at the end and returns its position.
   int addRow(ListItem item);
   /// Replaces all rows at once; nothing is selected then.
-  void setRows(std::vector<ListItem> rows);
-  void setRow(int row, ListItem item);
+  ListView& setRows(std::vector<ListItem> rows);
+  ListView& setRow(int row, ListItem item);
   /// The row that takes its place is selected when the removed one was (the last one if it was the
   /// last); -1 in an empty list.
   void removeRow(int row);
@@ -168,7 +171,7 @@ class ListView final : public Control {
   /// The selected row; -1 for none.
   int selectedRow() const { return selectedRow_; }
   /// Raises itemClick when the row differs.
-  void setSelectedRow(int row);
+  ListView& setSelectedRow(int row);
   /// Scrolls the row into view.
   void ensureVisible(int row);
   /// The row last asked to be in view; -1 for none.

@@ -7,24 +7,23 @@
 
 namespace tillora::ui {
 
-TabStrip::TabStrip(Container* parent) : Control(parent) {}
-
 void TabStrip::addTab(Text caption) {
   tabs_.push_back(std::move(caption));
   if (selected_ == 0) selected_ = 1;
   notify(Property::items);
 }
 
-void TabStrip::setSelected(int tab) {
+TabStrip& TabStrip::setSelected(int tab) {
   if (tab < 1 || tab > count()) {
     throw Error(error::indexOutOfBounds, u"Index out of bounds");
   }
-  if (tab == selected_) return;
+  if (tab == selected_) return *this;
   bool cancel = false;
   beforeClick.raise(cancel);
   if (!cancel) selected_ = tab;
   notify(Property::value);
   if (!cancel) click.raise();
+  return *this;
 }
 
 Rect TabStrip::clientArea() const { return form().screen().tabClientArea(*this); }

@@ -10,8 +10,6 @@ namespace tillora::ui {
 /// to the selected tab.
 class TabStrip final : public Control {
  public:
-  explicit TabStrip(Container* parent);
-
   Kind kind() const override { return Kind::tabStrip; }
   const std::vector<Text>& tabs() const { return tabs_; }
   int count() const { return static_cast<int>(tabs_.size()); }
@@ -23,7 +21,7 @@ class TabStrip final : public Control {
   /// Raises beforeClick with the old tab still selected, then, unless cancelled, click with the new
   /// one. Choosing the selected tab raises nothing. Error `index out of bounds` (35600) outside 1
   /// to count().
-  void setSelected(int tab);
+  TabStrip& setSelected(int tab);
 
   /// The area below the tabs, in twips of this control's parent.
   Rect clientArea() const;

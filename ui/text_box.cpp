@@ -4,15 +4,16 @@
 
 namespace tillora::ui {
 
-TextBox::TextBox(Container* parent) : Control(parent) {
+TextBox::TextBox() {
   setForeColour(kWindowText);
   setBackColour(kWindowBackground);
 }
 
-void TextBox::setText(Text text) {
-  if (!show(text)) return;
+TextBox& TextBox::setText(Text text) {
+  if (!show(text)) return *this;
   edited();
   change.raise();
+  return *this;
 }
 
 void TextBox::reformat(Text text) { show(text); }
@@ -58,7 +59,7 @@ Text TextBox::selText() const {
                              static_cast<std::size_t>(selLength_));
 }
 
-void TextBox::setSelText(TextView text) {
+TextBox& TextBox::setSelText(TextView text) {
   const TextView before = text_.text();
   Text whole;
   whole.reserve(before.size() - static_cast<std::size_t>(selLength_) + text.size());
@@ -70,11 +71,13 @@ void TextBox::setSelText(TextView text) {
   notify(Property::text);
   edited();
   change.raise();
+  return *this;
 }
 
-void TextBox::setSelection(int start, int length) {
+TextBox& TextBox::setSelection(int start, int length) {
   userSelected(start, length);
   notify(Property::selection);
+  return *this;
 }
 
 void TextBox::userEdited(Text text, int selStart, int selLength) {

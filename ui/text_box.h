@@ -11,13 +11,13 @@ namespace tillora::ui {
 /// Positions count UTF-16 units from 0. A text that another replaces is overwritten in memory.
 class TextBox final : public Control {
  public:
-  explicit TextBox(Container* parent);
+  TextBox();
 
   Kind kind() const override { return Kind::textBox; }
 
   const Text& text() const { return text_.text(); }
   /// Raises change when the text differs; the caret goes to the start.
-  void setText(Text text);
+  TextBox& setText(Text text);
   /// Shows another form of the same value (5.00% for 5.00). Not an edit: the dialog is not told,
   /// and change is not raised.
   void reformat(Text text);
@@ -43,9 +43,9 @@ class TextBox final : public Control {
   int selLength() const { return selLength_; }
   Text selText() const;
   /// Replaces the selected text and puts the caret behind it. An edit; maxLength() does not apply.
-  void setSelText(TextView text);
+  TextBox& setSelText(TextView text);
   /// Limited to the text. The caret goes to the end of the selection.
-  void setSelection(int start, int length);
+  TextBox& setSelection(int start, int length);
 
   /// The user edited the text: takes over text and selection and raises change, also where what was
   /// typed over was the same.

@@ -4,15 +4,14 @@
 
 namespace tillora::ui {
 
-UpDown::UpDown(Container* parent) : Control(parent) {}
-
-void UpDown::setValue(int value) {
+UpDown& UpDown::setValue(int value) {
   value = std::clamp(value, minimum_, maximum_);
-  if (value_ == value) return;
+  if (value_ == value) return *this;
   value_ = value;
   notify(Property::value);
   edited();
   change.raise();
+  return *this;
 }
 
 UpDown& UpDown::setRange(int minimum, int maximum, int increment) {

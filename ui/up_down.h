@@ -7,12 +7,10 @@ namespace tillora::ui {
 /// A pair of arrow buttons that change a whole number.
 class UpDown final : public Control {
  public:
-  explicit UpDown(Container* parent);
-
   Kind kind() const override { return Kind::upDown; }
   int value() const { return value_; }
   /// Limited to minimum() and maximum(). Raises change when the value differs.
-  void setValue(int value);
+  UpDown& setValue(int value);
   int minimum() const { return minimum_; }
   int maximum() const { return maximum_; }
   int increment() const { return increment_; }

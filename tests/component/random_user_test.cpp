@@ -74,7 +74,7 @@ class RandomUser : public OptionsTest {
       if (control->kind() == ui::Kind::frame) {
         collect(static_cast<const ui::Frame&>(*control), controls);
       } else if (control->effectivelyVisible()) {
-        controls.push_back(control.get());
+        controls.push_back(control);
       }
     }
   }

@@ -171,7 +171,7 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
 TEST_F(ShopRoundTrip, RoundingSurvivesTheProgram) {
   const Text caption = u" O'Neil's; a|b \u4e2d ";
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
-    const auto& part = dialog.tab<Rounding>();
+    auto& part = dialog.tab<Rounding>();
     EXPECT_EQ(part.txtRoundingCaption[Rounding::item].text(), u"Charges:Cash Rounding");
     EXPECT_EQ(part.cboRounding[Rounding::step].text(), u"$0.05");
     user.choose(part.cboRounding[Rounding::direction], Rounding::upTo);
@@ -196,7 +196,7 @@ TEST_F(ShopRoundTrip, RoundingSurvivesTheProgram) {
   EXPECT_EQ(record->get(options::RoundingVarianceCaption), u"");
   EXPECT_EQ(record->get(options::RoundingItem), u"Charges:Cash Rounding");
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
-    const auto& part = dialog.tab<Rounding>();
+    auto& part = dialog.tab<Rounding>();
     EXPECT_EQ(part.cboRounding[Rounding::direction].text(), u"up to");
     EXPECT_EQ(part.cboRounding[Rounding::step].text(), u"$0.25");
     EXPECT_EQ(part.cboRounding[Rounding::taxDirection].text(), u"down to");
@@ -249,7 +249,7 @@ TEST_F(ShopRoundTrip, AMarginSurvivesTheProgram) {
   reopen();
   EXPECT_EQ(margin(), -1.015F);
   openOn(TabPage::currency, [&](frmOptions& dialog) {
-    const auto& part = dialog.tab<CurrencyConversion>();
+    auto& part = dialog.tab<CurrencyConversion>();
     EXPECT_EQ(part.txtCurrencyConversion[0].text(), u"-1.02");
     EXPECT_EQ(part.udCurrencyConversion.value(), -102);
     user.spin(part.udCurrencyConversion, +1);
@@ -449,7 +449,7 @@ TEST_F(ShopRoundTrip, BarcodeFormatsSurviveTheProgram) {
   openOn(TabPage::scanning, [&](frmOptions&) { user.press(ui::Key::escape); });
   reopen();
   openOn(TabPage::scanning, [&](frmOptions& dialog) {
-    const auto& formats = dialog.tab<RandomPrice>();
+    auto& formats = dialog.tab<RandomPrice>();
     ASSERT_EQ(formats.ltvRandomPrice.count(), 11);
     user.clickRow(formats.ltvRandomPrice, 10);
     desk->whenShown([&](ui::Form& form) {

@@ -11,7 +11,7 @@ namespace {
 class CheckBoxBits : public ::testing::Test {
  protected:
   CheckBoxBits() {
-    for (const int index : {31, 0, 5}) boxes.set(index, form.add<ui::CheckBox>(u""));
+    for (const int index : {31, 0, 5}) form.take(boxes.add(index));
   }
 
   HeadlessDesk desk;

@@ -229,7 +229,7 @@ TEST_F(ControlsTest, ATabStripAsksBeforeItSwitches) {
 
 TEST_F(ControlsTest, AnArraysHandlerIsToldTheIndex) {
   ui::ControlArray<ui::CheckBox> boxes;
-  for (const int index : {0, 3, 7}) boxes.set(index, form.add<ui::CheckBox>(u"Box"));
+  for (const int index : {0, 3, 7}) form.take(boxes.add(index, u"Box"));
   std::vector<int> clicked;
   boxes.on(&ui::CheckBox::click, [&](int index) { clicked.push_back(index); });
   boxes[7].setValue(true);

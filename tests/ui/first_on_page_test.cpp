@@ -23,7 +23,7 @@ class PagesForm final : public ui::Form {
       (tabs.selected() == 1 ? second : first).setVisible(false);
     };
   }
-  ui::Control* firstFocus() const override { return firstOnPage(tabs); }
+  ui::Control* firstFocus() override { return firstOnPage(tabs); }
 
   ui::TabStrip& tabs{add<ui::TabStrip>()};
   ui::Frame& first{add<ui::Frame>()};

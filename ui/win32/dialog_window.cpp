@@ -138,11 +138,11 @@ void DialogWindow::createChildren(const Container& container, HWND parent) {
 // before the tab strip that they are shown on.
 void DialogWindow::stack(const Container& container) {
   std::vector<const Control*> order;
-  for (const auto& child : container.children()) order.push_back(child.get());
+  for (const auto& child : container.children()) order.push_back(child);
   for (const auto& child : container.children()) {
     if (child->kind() != Kind::tabStrip) continue;
     const auto& tabs = static_cast<const TabStrip&>(*child);
-    const auto strip = std::ranges::find(order, child.get());
+    const auto strip = std::ranges::find(order, child);
     const auto pages = std::stable_partition(
         strip, order.end(), [&](const Control* control) { return isPageOf(*control, tabs); });
     static_cast<void>(pages);
@@ -179,10 +179,7 @@ void DialogWindow::changed(const Control& control, Property what) {
   if (!view) {
     const HWND parent = windowOf(*control.parent());
     if (what != Property::visible || !control.visible() || !parent) return;
-    const auto& siblings = control.parent()->children();
-    const auto owned = std::ranges::find_if(
-        siblings, [&](const auto& sibling) { return sibling.get() == &control; });
-    create(**owned, parent);
+    create(**std::ranges::find(control.parent()->children(), &control), parent);
     stack(*control.parent());
     showDefaultButton();
     return;

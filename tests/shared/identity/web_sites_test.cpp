@@ -80,7 +80,7 @@ class WebSitesTest : public OptionsTest {
 
 TEST_F(WebSitesTest, TheTextsOfThePage) {
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     EXPECT_EQ(part.lblWeb.caption(), u"&Web Sites");
     ASSERT_EQ(part.ltvWeb.columns().size(), 3U);
     EXPECT_EQ(part.ltvWeb.columns()[0].header, u"");
@@ -99,7 +99,7 @@ TEST_F(WebSitesTest, TheTextsOfThePage) {
 TEST_F(WebSitesTest, TabWalksThroughThePage) {
   host.webSites = {site(u"A", u"a")};
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     const std::vector<ui::Control*> order = {&part.ltvWeb, &part.cmdWeb[0], &part.cmdWeb[1],
                                              &part.cmdWeb[2], &dialog.cmdCommand[frmOptions::ok]};
     for (const ui::Control* control : order) {

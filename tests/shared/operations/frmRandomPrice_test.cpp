@@ -439,7 +439,7 @@ TEST_F(FrmRandomPriceTest, EverythingHasItsPlaceAndNothingOverlaps) {
     const std::function<void(const ui::Container&)> check = [&](const ui::Container& holder) {
       std::vector<ui::Rect> places;
       for (const auto& control : holder.children()) {
-        if (shadows.contains(control.get())) continue;
+        if (shadows.contains(control)) continue;
         const ui::Rect& place = control->bounds();
         EXPECT_GT(place.width, 0) << toUtf8(control->caption());
         EXPECT_GT(place.height, 0) << toUtf8(control->caption());

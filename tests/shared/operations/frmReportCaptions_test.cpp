@@ -450,7 +450,7 @@ TEST_F(ReportCaptionsDialogTest, EverythingFitsAndNoTextIsCutOff) {
         if (control->kind() == ui::Kind::textBox) {
           const auto& box = static_cast<const ui::TextBox&>(*control);
           EXPECT_GE(box.bounds().width, screen.textWidth(box.text()) + 120) << toUtf8(box.text());
-        } else if (control.get() != &dialog.lblNote) {
+        } else if (control != &dialog.lblNote) {
           EXPECT_GE(control->bounds().width,
                     screen.textWidth(ui::withoutAccessKey(control->caption())));
         }

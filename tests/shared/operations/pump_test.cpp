@@ -80,7 +80,7 @@ class PumpTest : public OptionsTest {
 
 TEST_F(PumpTest, TheTextsOfThePage) {
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     std::vector<Text> labels;
     for (const auto& [index, label] : part.lblPump) labels.push_back(label->caption());
     EXPECT_EQ(labels, (std::vector<Text>{
@@ -105,7 +105,7 @@ TEST_F(PumpTest, TheTextsOfThePage) {
 TEST_F(PumpTest, TabWalksThroughThePage) {
   host.grades = {grade(1)};
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     const std::vector<ui::Control*> order = {
         &part.ltvPump,    &part.cmdPump[0], &part.cmdPump[1], &part.cmdPump[2],
         &part.txtPump[0], &part.txtPump[1], &part.chkPump[0], &dialog.cmdCommand[frmOptions::ok]};

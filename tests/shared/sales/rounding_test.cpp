@@ -588,7 +588,7 @@ TEST_F(RoundingTest, CaptionsHaveNoLimit) {
 
 TEST_F(RoundingTest, TheTextsOfThePage) {
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     EXPECT_EQ(part.fraTendering.caption(), u"Tendering");
     EXPECT_EQ(part.fraTax.caption(), u"Tax");
     EXPECT_EQ(part.fraUnitOfMeasure.caption(), u"Unit of Measure Items");
@@ -608,14 +608,14 @@ TEST_F(RoundingTest, TheTextsOfThePage) {
 
 TEST_F(RoundingTest, EachControlStandsInItsFrame) {
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     const auto& page = dialog.fraFrame[static_cast<int>(TabPage::rounding) - 1];
     const auto& combos = part.cboRounding;
     const auto& labels = part.lblRounding;
     const auto& captions = part.txtRoundingCaption;
     const auto childrenOf = [](const ui::Container& frame) {
       std::vector<const ui::Control*> controls;
-      for (const auto& control : frame.children()) controls.push_back(control.get());
+      for (const auto& control : frame.children()) controls.push_back(control);
       return controls;
     };
     EXPECT_EQ(childrenOf(page), (std::vector<const ui::Control*>{&part.fraTendering, &part.fraTax,
@@ -666,7 +666,7 @@ TEST_F(RoundingTest, OnlyItemsOfExactlyTheTypeOfOtherChargesAreOffered) {
 
 TEST_F(RoundingTest, TabWalksThroughThePageInOrder) {
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     const std::vector<ui::Control*> order = {&part.cboRounding[Rounding::direction],
                                              &part.cboRounding[Rounding::step],
                                              &part.cmdBrowse,
@@ -683,7 +683,7 @@ TEST_F(RoundingTest, TabWalksThroughThePageInOrder) {
 
 TEST_F(RoundingTest, AccessKeysReachTheirControls) {
   openTab([&](frmOptions& dialog) {
-    const auto& part = tab(dialog);
+    auto& part = tab(dialog);
     const std::vector<std::pair<char16_t, ui::Control*>> keys = {
         {u'n', &part.cboRounding[Rounding::step]},
         {u'r', &part.cboRounding[Rounding::direction]},

@@ -132,7 +132,7 @@ TEST_F(TransactionsTest, EachControlIsInItsFrame) {
   openPage([&](frmOptions& dialog) {
     const auto frameOf = [&](const ui::Control& control) {
       for (const auto& [index, frame] : part(dialog).fraTransaction) {
-        if (control.parent() == frame) return index;
+        if (control.parent() == frame.get()) return index;
       }
       return -1;
     };
