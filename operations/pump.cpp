@@ -87,7 +87,7 @@ void PumpGrades::load(OptionsRecord& record) {
 }
 
 void PumpGrades::loadGrades() {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
+  const auto table = dialog_.database().gradeTable();
   std::vector<ui::ListItem> rows;
   std::set<Text> listed;
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
@@ -172,7 +172,7 @@ void PumpGrades::deleteGrade() {
   rowsChanged();
 }
 
-void PumpGrades::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void PumpGrades::save(OptionsRecord& record) {
   record.set(options::PumpVolumeUnitCaption, txtPump[volumeUnit].text());
   record.set(options::PumpPriceUnitCaption, txtPump[priceUnit].text());
   saveBits(record, options::PumpOptionBits, tickedBits(chkPump));
@@ -180,7 +180,7 @@ void PumpGrades::save(OptionsRecord& record, OptionChanges& /*changes*/) {
 }
 
 void PumpGrades::saveGrades() {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
+  const auto table = dialog_.database().gradeTable();
   std::set<Text> listed;
   for (const ui::ListItem& row : ltvPump.rows()) {
     const Text number(row.texts[grade]);

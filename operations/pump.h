@@ -27,8 +27,8 @@ class PumpGrades final : public OptionsTab {
   enum Column : std::uint8_t { grade, product, caption };
 
   explicit PumpGrades(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
 
   ui::ControlArray<ui::Label> lblPump;
   ui::ListView& ltvPump;

@@ -145,7 +145,7 @@ void RandomPrice::load(OptionsRecord& record) {
 }
 
 void RandomPrice::loadFormats() {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").randomPriceTable();
+  const auto table = dialog_.database().randomPriceTable();
   table->moveFirst();
   if (table->atEnd()) {
     for (std::int32_t prefix = kFirstPrefix; prefix <= kLastPrefix; ++prefix) {
@@ -211,9 +211,9 @@ clsRandomPrice& RandomPrice::formatOfRow(int row) {
   return *std::ranges::find(formats_, static_cast<std::int32_t>(number), &clsRandomPrice::mlPrefix);
 }
 
-void RandomPrice::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void RandomPrice::save(OptionsRecord& record) {
   saveBits(record, options::RandomPriceScanningFlags, tickedBits(chkRandomPrice));
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").randomPriceTable();
+  const auto table = dialog_.database().randomPriceTable();
   for (const clsRandomPrice& format : formats_) {
     if (find(*table, format.mlPrefix)) {
       table->edit();

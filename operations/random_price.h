@@ -28,8 +28,8 @@ class RandomPrice final : public OptionsTab {
   };
 
   explicit RandomPrice(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
 
   ui::Frame& fraRandomPrice;
   ui::ControlArray<ui::CheckBox> chkRandomPrice;  ///< by bit of RandomPriceScanningFlags
