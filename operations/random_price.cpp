@@ -182,7 +182,7 @@ void RandomPrice::fitColumns() {
 void RandomPrice::EditRandomPrice() {
   const int row = ltvRandomPrice.selectedRow();
   if (row < 0) return;
-  clsRandomPrice& edited = formatOfRow(row);
+  clsRandomPrice& edited = formats_[static_cast<std::size_t>(row)];
 
   frmRandomPrice editor(fraRandomPrice.form().screen());
   editor.Prefix = edited.mlPrefix;
@@ -203,12 +203,6 @@ void RandomPrice::EditRandomPrice() {
   edited.msUOMPriceUnitCaption = editor.UOMPriceUnitCaption;
   ltvRandomPrice.setRow(row, itemOf(edited));
   fitColumns();
-}
-
-clsRandomPrice& RandomPrice::formatOfRow(int row) {
-  // The cell shows two digits: "02" is the prefix 2. Rows and formats are made together.
-  const double number = toNumber(ltvRandomPrice.text(row, prefix), {}).value_or(0);
-  return *std::ranges::find(formats_, static_cast<std::int32_t>(number), &clsRandomPrice::mlPrefix);
 }
 
 void RandomPrice::save(OptionsRecord& record) {

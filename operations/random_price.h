@@ -45,9 +45,8 @@ class RandomPrice final : public OptionsTab {
   void showFormats();
   void fitColumns();
   void EditRandomPrice();
-  clsRandomPrice& formatOfRow(int row);
 
-  std::vector<clsRandomPrice> formats_;  ///< one of each prefix, in the order of the table
+  std::vector<clsRandomPrice> formats_;  ///< by row: one of each prefix, in the order of the table
 };
 
 }  // namespace tillora
