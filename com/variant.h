@@ -4,6 +4,7 @@
 
 #include <oleauto.h>
 
+#include <array>
 #include <cstdint>
 #include <type_traits>
 #include <utility>
@@ -83,6 +84,35 @@ inline Variant toVariant(const Value& value) {
         }
       },
       value);
+}
+
+/// The type of the automation value.
+inline VARTYPE variantType(const Value& value) {
+  constexpr std::array<VARTYPE, std::variant_size_v<Value>> kTypes = {
+      VT_EMPTY, VT_BOOL, VT_UI1, VT_I2, VT_I4, VT_R4, VT_CY, VT_BSTR};
+  return kTypes.at(value.index());
+}
+
+/// The value of an automation value of one of these types; none for any other.
+inline Value toValue(const VARIANT& value) {
+  switch (value.vt) {
+    case VT_BOOL:
+      return value.boolVal != VARIANT_FALSE;
+    case VT_UI1:
+      return std::uint8_t{value.bVal};
+    case VT_I2:
+      return std::int16_t{value.iVal};
+    case VT_I4:
+      return std::int32_t{value.lVal};
+    case VT_R4:
+      return value.fltVal;
+    case VT_CY:
+      return Money{value.cyVal.int64};
+    case VT_BSTR:
+      return Bstr::textOf(value.bstrVal);
+    default:
+      return {};
+  }
 }
 
 }  // namespace tillora::win32

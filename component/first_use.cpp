@@ -18,10 +18,10 @@ void addCurrency(Table& currencies, const Text& name) {
 
 }  // namespace
 
-void prepareFirstUse(const HostObjects& host) {
+void prepareFirstUse(const OptionsDialog& dialog) {
   try {
-    ResourceStrings& strings = requireObject(host.resources, u"ResourceObject");
-    const auto currencies = requireObject(host.database, u"DBJetObject").currencyTable();
+    ResourceStrings& strings = requireObject(dialog.host().resources, u"ResourceObject");
+    const auto currencies = dialog.database().currencyTable();
     for (const std::int32_t number : {kLocalCurrencyString, kForeignCurrencyString}) {
       addCurrency(*currencies, strings.string(number));
     }

@@ -96,16 +96,16 @@ void frmOptions::onLoad() {
   setHelpContext(kTabs.front().helpContext);
   // Asked for first, though nothing shows it: a host program that cannot even tell its title fails
   // before anything of its shop is read.
-  requireObject(host_.app, u"AppObject").title();
-  if (requireObject(host_.settings, u"SettingsObject").dispensingAvailable()) {
+  app().title();
+  if (settings().dispensingAvailable()) {
     tabOptions.addTab(kTabs.back().caption);
   }
   {
-    const auto record = requireObject(host_.database, u"DBJetObject").optionsRecord();
-    tabs_->load(*record);
+    const auto record = database().optionsRecord();
+    loadTabs(*tabs_, *record);
   }
   if (FirstUse) {
-    prepareFirstUse(host_);
+    prepareFirstUse(*this);
     cmdCommand[apply].setEnabled(!SaveOptions(*this));
   }
   loading_ = false;
@@ -178,8 +178,8 @@ void frmOptions::close() {
 }
 
 void frmOptions::showHelp() {
-  App& app = requireObject(host_.app, u"AppObject");
-  platform_.help.show(app.path() + u"\\" + app.title() + u".chm", helpContext());
+  App& program = app();
+  platform_.help.show(program.path() + u"\\" + program.title() + u".chm", helpContext());
 }
 
 }  // namespace tillora

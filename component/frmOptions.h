@@ -40,14 +40,12 @@ class frmOptions final : public Dialog, private OptionsDialog {
   /// A save succeeded; the mask of option_changes.h.
   ui::Event<std::int32_t&> changed;
 
-  /// A tab part with its controls, e.g. tab<CompanyDetails>().
-  template <class Part>
-  Part& tab() {
-    return tabs_->get<Part>();
-  }
-  const Tabs& tabs() const { return *tabs_; }
+  /// The parts of the tabs with their controls.
+  Tabs& tabs() { return *tabs_; }
   const Platform& platform() const override { return platform_; }
   const HostObjects& host() const override { return host_; }
+  using OptionsDialog::app;
+  using OptionsDialog::database;
   const ui::ImageList& images() const override { return ilstImages; }
   std::int16_t GetNumberOfFiles(TextView pattern) const override;
 

@@ -9,20 +9,18 @@ bool SaveOptions(frmOptions& dialog) {
   OptionChanges changes;
   {
     const ui::BusyPointer busy(dialog.screen());
-    const HostObjects& host = dialog.host();
-
-    const Text title = requireObject(host.app, u"AppObject").title();
+    const Text title = dialog.app().title();
 
     applyBeforeValidations(dialog.tabs(), title);
     if (!validateTabs(dialog.tabs(), title)) return false;
 
     {
-      const auto record = requireObject(host.database, u"DBJetObject").optionsRecord();
+      const auto record = dialog.database().optionsRecord();
       saveTabs(dialog.tabs(), *record, changes);
       record->commit();
       if (changes.dataFile()) dialog.ChangedDataFile = true;
     }
-    requireObject(host.messageSender, u"MsgSndObject").send(dialog.platform().clock.now());
+    requireObject(dialog.host().messageSender, u"MsgSndObject").send(dialog.platform().clock.now());
     dialog.cmdCommand[frmOptions::apply].setEnabled(false);
   }
   std::int32_t mask = changes.mask();

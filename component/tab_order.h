@@ -1,9 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <tuple>
-#include <type_traits>
-
 #include "component/contract/options_tab.h"
 #include "identity/company_details.h"
 #include "identity/fred_link.h"
@@ -22,49 +18,40 @@
 
 namespace tillora {
 
-/// The parts of the tabs, one of each type.
-template <class... Parts>
-class TabParts {
- public:
-  explicit TabParts(OptionsDialog& dialog) : parts_{std::make_unique<Parts>(dialog)...} {}
+/// The parts of the tabs, made in this order: those that share a page lay themselves out from top
+/// to bottom.
+struct Tabs {
+  explicit Tabs(OptionsDialog& dialog);
 
-  template <class Part>
-  Part& get() const {
-    static_assert((std::is_same_v<Part, Parts> || ...), "the part is missing in the load order");
-    return *std::get<std::unique_ptr<Part>>(parts_);
-  }
-  void load(OptionsRecord& record) const { (get<Parts>().load(record), ...); }
+  // General
+  CompanyDetails companyDetails;
+  LedvaneLink ledvaneLink;
+  StartUpEntry startUpEntry;
 
- private:
-  std::tuple<std::unique_ptr<Parts>...> parts_;
+  TransactionOptions transactionOptions;
+  Rounding rounding;
+  CurrencyConversion currencyConversion;
+  RandomPrice randomPrice;
+  LaybyOptions laybyOptions;
+  ListColumns listColumns;
+  EndOfDay endOfDay;
+  FredLink fredLink;
+  PumpGrades pumpGrades;
+  WebSites webSites;
+  Passwords passwords;
 };
 
-/// The load order: the parts are made and loaded in this order.
-using Tabs = TabParts<   //
-    CompanyDetails,      // General
-    LedvaneLink,         //
-    StartUpEntry,        //
-    TransactionOptions,  // Transactions
-    Rounding,            // Rounding
-    CurrencyConversion,  // Currency
-    RandomPrice,         // Scanning
-    LaybyOptions,        // Layby
-    ListColumns,         // Lists
-    EndOfDay,            // EOD
-    FredLink,            // FRED
-    PumpGrades,          // Pump
-    WebSites,            // Web
-    Passwords            // Security
-    >;
+/// Shows the stored values in every part, in the load order.
+void loadTabs(Tabs& tabs, OptionsRecord& record);
 
 /// What a save does before its validations: one that they refuse has done it.
-void applyBeforeValidations(const Tabs& tabs, const Text& title);
-
-/// Runs every part's write-back in the save order.
-void saveTabs(const Tabs& tabs, OptionsRecord& record, OptionChanges& changes);
+void applyBeforeValidations(Tabs& tabs, const Text& title);
 
 /// Asks the parts, before anything is written, whether the choices can be saved. A part that says
 /// no has shown its message, which begins with the host program's title, and selected its tab.
-bool validateTabs(const Tabs& tabs, const Text& title);
+bool validateTabs(Tabs& tabs, const Text& title);
+
+/// Runs every part's write-back in the save order.
+void saveTabs(Tabs& tabs, OptionsRecord& record, OptionChanges& changes);
 
 }  // namespace tillora

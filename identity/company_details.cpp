@@ -104,7 +104,7 @@ void CompanyDetails::loadClasses(const Text& chosen) {
   cboClass.clear();
   cboClass.addItem(u"(none)");
   cboClass.setListIndex(0);
-  const auto classes = requireObject(dialog_.host().database, u"DBJetObject").classTable();
+  const auto classes = dialog_.database().classTable();
   const Text visible = Text(u"Hidden=").append(jetBoolean(false));
   for (classes->findFirst(visible); !classes->noMatch(); classes->findNext(visible)) {
     const Text className = classes->text(fields::class_::Name);
@@ -182,7 +182,7 @@ void CompanyDetails::showClassToolTip() {
   cboClass.setToolTip(shown.size() > kLongestClassWithoutToolTip ? shown : Text());
 }
 
-void CompanyDetails::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void CompanyDetails::save(OptionsRecord& record) {
   const auto& box = txtCompanyDetails;
   record.set(options::CompanyName, trimBlanks(box[name].text()));
   record.set(options::CompanyAddress, trimBlanks(box[address].text()));
@@ -193,7 +193,7 @@ void CompanyDetails::save(OptionsRecord& record, OptionChanges& /*changes*/) {
   record.set(options::CompanyABN, box[8].text() + box[9].text() + box[10].text() + box[11].text());
 }
 
-void CompanyDetails::saveClass(OptionsRecord& record, OptionChanges& /*changes*/) {
+void CompanyDetails::saveClass(OptionsRecord& record) {
   record.set(options::LVClass, cboClass.listIndex() == 0 ? Text() : cboClass.text());
 }
 

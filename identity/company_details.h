@@ -25,10 +25,10 @@ class CompanyDetails final : public OptionsTab {
   };
 
   explicit CompanyDetails(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
   /// LVClass, which the save writes after the options of the accounting link.
-  void saveClass(OptionsRecord& record, OptionChanges& changes);
+  void saveClass(OptionsRecord& record);
 
   ui::Frame fraGeneral;
   ui::ControlArray<ui::Label> lblGeneral;

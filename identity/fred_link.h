@@ -22,8 +22,8 @@ class FredLink final : public OptionsTab {
   enum Label : std::uint8_t { unitOfSeconds, labelOfSeconds, heading, labelOfDataFile };
 
   explicit FredLink(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record, OptionChanges& changes);
 
   ui::ControlArray<ui::Label> lblDispenseLabels;
   ui::ControlArray<ui::TextBox> txtDispense;

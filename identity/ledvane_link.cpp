@@ -49,7 +49,7 @@ ui::Cell LedvaneLink::check(Box index, Text caption) {
 }
 
 void LedvaneLink::load(OptionsRecord& record) {
-  txtLedvane.setText(requireObject(dialog_.host().database, u"DBJetObject").dataFile());
+  txtLedvane.setText(dialog_.database().dataFile());
   showBits(chkLedvane, record.getOrDefault(options::LVSummariseBits));
 }
 
@@ -60,8 +60,8 @@ void LedvaneLink::enableLineItems() {
 }
 
 void LedvaneLink::change() {
-  const Text title = requireObject(dialog_.host().app, u"AppObject").title();
-  JetDatabase& database = requireObject(dialog_.host().database, u"DBJetObject");
+  const Text title = dialog_.app().title();
+  JetDatabase& database = dialog_.database();
   // The file that transactions were posted to so far, whatever has been chosen since.
   if (!mayChange(database, database.dataFile(), title)) return;
 
@@ -75,7 +75,7 @@ void LedvaneLink::change() {
 
 bool LedvaneLink::validate(const Text& title) {
   if (!choice_) return true;
-  JetDatabase& database = requireObject(dialog_.host().database, u"DBJetObject");
+  JetDatabase& database = dialog_.database();
   const Text current = database.dataFile();
   if (*choice_ == current) {
     choice_.reset();
@@ -124,7 +124,7 @@ void LedvaneLink::refuse(const Text& reason, const Text& advice, const Text& cur
 
 void LedvaneLink::save(OptionsRecord& record, OptionChanges& changes) {
   if (choice_) {
-    requireObject(dialog_.host().database, u"DBJetObject").setDataFile(*choice_);
+    dialog_.database().setDataFile(*choice_);
     changes.setDataFile();
     choice_.reset();
   }

@@ -19,11 +19,11 @@ class LedvaneLink final : public OptionsTab {
   enum Box : std::uint8_t { summarise, withDescription, withoutDescription };
 
   explicit LedvaneLink(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
+  void load(OptionsRecord& record);
   /// Whether a data file that was chosen can be handed over now. False once the message that says
   /// why not was shown, the choice was dropped, and its tab was selected.
   bool validate(const Text& title);
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void save(OptionsRecord& record, OptionChanges& changes);
 
   ui::Frame fraGeneral;
   ui::Label lblDataFile;

@@ -101,11 +101,11 @@ void Passwords::setPassword(int index) {
 
 Text Passwords::dialogCaption(int index) const {
   Text caption = rowOf(index).dialogCaption;
-  if (index == startAdmin) caption += requireObject(dialog_.host().app, u"AppObject").title();
+  if (index == startAdmin) caption += dialog_.app().title();
   return caption;
 }
 
-void Passwords::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void Passwords::save(OptionsRecord& record) {
   for (const auto& [program, frame] : fraSecurity) {
     const auto& bits = bitsOf(program);
     record.set(bits, 0);

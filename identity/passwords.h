@@ -32,9 +32,9 @@ class Passwords final : public OptionsTab {
   };
 
   explicit Passwords(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
+  void load(OptionsRecord& record);
   /// An unticked protection loses its password.
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void save(OptionsRecord& record);
 
   ui::ControlArray<ui::Frame> fraSecurity;
   ui::ControlArray<ui::CheckBox> chkSecurity;

@@ -9,14 +9,14 @@ StartUpEntry::StartUpEntry(OptionsDialog& dialog) : OptionsTab(dialog) {
   dialog.page(TabPage::general).rows().row({fill(chkShortcut)});
 }
 
-void StartUpEntry::load(OptionsRecord& /*record*/) {
-  const Text title = requireObject(dialog_.host().app, u"AppObject").title();
+void StartUpEntry::load() {
+  const Text title = dialog_.app().title();
   chkShortcut.setCaption(u"Start " + title + u" when Windows starts up");
   chkShortcut.setValue(IsRunAtStartup(dialog_.platform().registry, title));
 }
 
 void StartUpEntry::apply(const Text& title) {
-  const Text folder = requireObject(dialog_.host().app, u"AppObject").path();
+  const Text folder = dialog_.app().path();
   SetRunAtStartup(dialog_.platform().registry, title, folder + u"\\" + title + u".exe",
                   !chkShortcut.value());
 }

@@ -10,7 +10,7 @@ namespace tillora {
 class StartUpEntry final : public OptionsTab {
  public:
   explicit StartUpEntry(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
+  void load();
   /// What a save does first: the choice into the registry.
   void apply(const Text& title);
 

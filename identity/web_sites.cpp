@@ -51,8 +51,8 @@ WebSites::WebSites(OptionsDialog& dialog) : OptionsTab(dialog) {
   cmdWeb.on(&ui::CommandButton::click, [this](int index) { commandClick(index); });
 }
 
-void WebSites::load(OptionsRecord& /*record*/) {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").webSiteTable();
+void WebSites::load() {
+  const auto table = dialog_.database().webSiteTable();
   table->moveFirst();
   if (dialog_.firstUse() && table->atEnd()) addFirstSite(*table);
 
@@ -127,8 +127,8 @@ void WebSites::deleteSite() {
   dialog_.markChanged();
 }
 
-void WebSites::save(OptionsRecord& /*record*/, OptionChanges& /*changes*/) {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").webSiteTable();
+void WebSites::save() {
+  const auto table = dialog_.database().webSiteTable();
   std::set<Text> listed;
   for (const ui::ListItem& row : ltvWeb.rows()) {
     const Text address(row.texts[url]);

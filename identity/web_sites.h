@@ -20,8 +20,8 @@ class WebSites final : public OptionsTab {
   enum Column : std::uint8_t { icon, description, url };
 
   explicit WebSites(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load();
+  void save();
 
   ui::Label lblWeb;
   ui::ListView ltvWeb;

@@ -101,7 +101,7 @@ void EndOfDay::load(OptionsRecord& record) {
   chkReports[0].setValue(record.getOrDefault(options::PrintNRGT));
   defaultReportBits_ = record.getOrZero(options::EODDefaultReportBits);
 
-  SettingsStore& settings = requireObject(dialog_.host().settings, u"SettingsObject");
+  SettingsStore& settings = dialog_.settings();
   titles_ = readCaptions(settings, kReportTitles);
   details_ = readCaptions(settings, kReportDetails);
 }
@@ -156,7 +156,7 @@ bool EndOfDay::validate(const Text& title) {
   return false;
 }
 
-void EndOfDay::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void EndOfDay::save(OptionsRecord& record) {
   saveBits(record, options::EODOptionFlags, tickedBits(chkEOD));
   saveBits(record, options::EODReconcileTotalFlags, tickedBits(chkEODReconcile));
   record.set(options::EODHistoryDays, daysEntered());
@@ -164,7 +164,7 @@ void EndOfDay::save(OptionsRecord& record, OptionChanges& /*changes*/) {
   record.set(options::PrintNRGT, chkReports[0].value());
   record.set(options::EODDefaultReportBits, defaultReportBits_);
 
-  SettingsStore& settings = requireObject(dialog_.host().settings, u"SettingsObject");
+  SettingsStore& settings = dialog_.settings();
   writeCaptions(settings, kReportTitles, titles_);
   writeCaptions(settings, kReportDetails, details_);
 }

@@ -34,8 +34,8 @@ class EndOfDay final : public OptionsTab {
   enum Command : std::uint8_t { defaultReports, reportCaptions };
 
   explicit EndOfDay(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
   /// False where the cash drawer is to be reconciled without any In Drawer total; the tab has been
   /// selected then, the focus set to the first total, and the message shown.
   bool validate(const Text& title);

@@ -78,7 +78,7 @@ void LaybyOptions::validate(int index) {
   if (index == history) correct(box, options::LaybyHistoryDays, locale);
 }
 
-void LaybyOptions::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void LaybyOptions::save(OptionsRecord& record) {
   const NumberLocale& locale = dialog_.platform().numbers;
   const auto& box = txtLayby;
   record.set(options::LaybyStartNumber,

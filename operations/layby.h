@@ -20,8 +20,8 @@ class LaybyOptions final : public OptionsTab {
   enum Unit : std::uint8_t { termUnit = 4, historyUnit };
 
   explicit LaybyOptions(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
 
   ui::ControlArray<ui::Label> lblLayby;
   ui::ControlArray<ui::TextBox> txtLayby;

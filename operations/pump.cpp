@@ -1,8 +1,8 @@
 #include "operations/pump.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
-#include <string>
 #include <utility>
 
 #include "base/numbers.h"
@@ -21,8 +21,6 @@ constexpr std::int32_t kReservedGrade = 12;  // for the pump console
 
 constexpr int kGradesHeight = 3000;
 constexpr int kUnitWidth = 1800;
-
-std::int32_t numberOf(const Text& grade) { return std::stoi(toUtf8(grade)); }
 
 }  // namespace
 
@@ -63,19 +61,25 @@ void PumpGrades::load(OptionsRecord& record) {
 }
 
 void PumpGrades::loadGrades() {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
-  std::vector<ui::ListItem> rows;
-  std::set<Text> listed;
+  const auto table = dialog_.database().gradeTable();
+  grades_.clear();
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
-    const auto number = keyOf(*table, fields::grade::GradeNumber);
-    if (!number || !listed.insert(*number).second) continue;
+    const Value key = table->get(fields::grade::GradeNumber);
+    const auto* number = std::get_if<std::int32_t>(&key);
+    if (number == nullptr || isListed(*number)) continue;
     Text sold = table->text(fields::grade::Product);
     if (sold.empty()) sold = kNoProduct;
-    rows.push_back({{*number, sold, table->text(fields::grade::Caption)}});
+    grades_.push_back({*number, std::move(sold), table->text(fields::grade::Caption)});
   }
+  std::vector<ui::ListItem> rows;
+  std::ranges::transform(grades_, std::back_inserter(rows), itemOf);
   ltvPump.setRows(std::move(rows));
   if (ltvPump.count() > 0) selectRow(ltvPump, 0);
   rowsChanged();
+}
+
+ui::ListItem PumpGrades::itemOf(const Grade& grade) {
+  return {{decimalText(grade.number), grade.product, grade.caption}};
 }
 
 void PumpGrades::rowsChanged() {
@@ -96,7 +100,8 @@ void PumpGrades::addGrade() {
   dialog.GradeNumber = *number;
   dialog.Product = kNoProduct;
   if (!accepted(dialog)) return;
-  selectRow(ltvPump, ltvPump.addRow({{decimalText(*number), dialog.Product, dialog.Caption}}));
+  grades_.push_back({*number, dialog.Product, dialog.Caption});
+  selectRow(ltvPump, ltvPump.addRow(itemOf(grades_.back())));
   rowsChanged();
   dialog_.markChanged();
   if (*number == kHighestGrade) cmdPump[add].setEnabled(false);
@@ -104,27 +109,28 @@ void PumpGrades::addGrade() {
 
 std::optional<std::int32_t> PumpGrades::freeNumber() const {
   for (std::int32_t number = 1; number <= kHighestGrade; ++number) {
-    if (number != kReservedGrade && !isListed(decimalText(number))) return number;
+    if (number != kReservedGrade && !isListed(number)) return number;
   }
   return std::nullopt;
 }
 
-bool PumpGrades::isListed(const Text& gradeNumber) const {
-  return std::ranges::any_of(
-      ltvPump.rows(), [&](const ui::ListItem& row) { return row.texts[grade] == gradeNumber; });
+bool PumpGrades::isListed(std::int32_t number) const {
+  return std::ranges::find(grades_, number, &Grade::number) != grades_.end();
 }
 
 void PumpGrades::editGrade() {
   const int row = ltvPump.selectedRow();
   if (row < 0) return;
-  const Text number = ltvPump.text(row, grade);
+  Grade& edited = grades_[static_cast<std::size_t>(row)];
   frmPumpGrade dialog(ltvPump.form().screen());
   dialog.EditMode = true;
-  dialog.GradeNumber = numberOf(number);
-  dialog.Caption = ltvPump.text(row, caption);
-  dialog.Product = ltvPump.text(row, product);
+  dialog.GradeNumber = edited.number;
+  dialog.Caption = edited.caption;
+  dialog.Product = edited.product;
   if (!accepted(dialog)) return;
-  ltvPump.setRow(row, {{number, dialog.Product, dialog.Caption}});
+  edited.product = dialog.Product;
+  edited.caption = dialog.Caption;
+  ltvPump.setRow(row, itemOf(edited));
   rowsChanged();
   dialog_.markChanged();
 }
@@ -142,13 +148,14 @@ void PumpGrades::deleteGrade() {
   const Text question =
       u"Are you sure you want to permanently delete grade " + ltvPump.text(row, grade) + u" ?";
   if (!dialog_.messages().ask(question, u"Delete grade")) return;
+  grades_.erase(grades_.begin() + row);
   ltvPump.removeRow(row);
   dialog_.markChanged();
   cmdPump[add].setEnabled(true);
   rowsChanged();
 }
 
-void PumpGrades::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void PumpGrades::save(OptionsRecord& record) {
   record.set(options::PumpVolumeUnitCaption, txtPump[volumeUnit].text());
   record.set(options::PumpPriceUnitCaption, txtPump[priceUnit].text());
   saveBits(record, options::PumpOptionBits, tickedBits(chkPump));
@@ -156,16 +163,16 @@ void PumpGrades::save(OptionsRecord& record, OptionChanges& /*changes*/) {
 }
 
 void PumpGrades::saveGrades() {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").gradeTable();
+  const auto table = dialog_.database().gradeTable();
   std::set<Text> listed;
-  for (const ui::ListItem& row : ltvPump.rows()) {
-    const Text number(row.texts[grade]);
+  for (const Grade& stored : grades_) {
+    const Text number = decimalText(stored.number);
     listed.insert(number);
     if (editOrAdd(*table, u"[GradeNumber] = " + number)) {
-      table->set(fields::grade::GradeNumber, numberOf(number));
+      table->set(fields::grade::GradeNumber, stored.number);
     }
-    table->set(fields::grade::Product, Text(row.texts[product]));
-    table->set(fields::grade::Caption, Text(row.texts[caption]));
+    table->set(fields::grade::Product, stored.product);
+    table->set(fields::grade::Caption, stored.caption);
     table->update();
   }
   removeUnlisted(*table, fields::grade::GradeNumber, listed, [](const Text&) { return true; });

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "component/contract/options_tab.h"
 #include "ui/buttons.h"
@@ -27,8 +28,8 @@ class PumpGrades final : public OptionsTab {
   enum Column : std::uint8_t { grade, product, caption };
 
   explicit PumpGrades(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
 
   ui::ControlArray<ui::Label> lblPump;
   ui::ListView ltvPump;
@@ -37,6 +38,13 @@ class PumpGrades final : public OptionsTab {
   ui::ControlArray<ui::CheckBox> chkPump;  ///< by bit of PumpOptionBits
 
  private:
+  /// What a row of the list stands for.
+  struct Grade {
+    std::int32_t number = 0;
+    Text product;
+    Text caption;
+  };
+
   ui::Label& label(Label index, Text caption);
 
   void loadGrades();
@@ -49,8 +57,11 @@ class PumpGrades final : public OptionsTab {
   bool accepted(frmPumpGrade& dialog);
   /// The lowest number that a new grade can have; none where there is none left.
   std::optional<std::int32_t> freeNumber() const;
-  bool isListed(const Text& gradeNumber) const;
+  bool isListed(std::int32_t number) const;
   void rowsChanged();
+  static ui::ListItem itemOf(const Grade& grade);
+
+  std::vector<Grade> grades_;  ///< by row
 };
 
 }  // namespace tillora

@@ -129,7 +129,7 @@ void RandomPrice::load(OptionsRecord& record) {
 }
 
 void RandomPrice::loadFormats() {
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").randomPriceTable();
+  const auto table = dialog_.database().randomPriceTable();
   table->moveFirst();
   if (table->atEnd()) {
     for (std::int32_t prefix = kFirstPrefix; prefix <= kLastPrefix; ++prefix) {
@@ -166,7 +166,7 @@ void RandomPrice::fitColumns() {
 void RandomPrice::EditRandomPrice() {
   const int row = ltvRandomPrice.selectedRow();
   if (row < 0) return;
-  clsRandomPrice& edited = formatOfRow(row);
+  clsRandomPrice& edited = formats_[static_cast<std::size_t>(row)];
 
   frmRandomPrice editor(fraRandomPrice.form().screen());
   editor.Prefix = edited.mlPrefix;
@@ -189,15 +189,9 @@ void RandomPrice::EditRandomPrice() {
   fitColumns();
 }
 
-clsRandomPrice& RandomPrice::formatOfRow(int row) {
-  // The cell shows two digits: "02" is the prefix 2. Rows and formats are made together.
-  const double number = toNumber(ltvRandomPrice.text(row, prefix), {}).value_or(0);
-  return *std::ranges::find(formats_, static_cast<std::int32_t>(number), &clsRandomPrice::mlPrefix);
-}
-
-void RandomPrice::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void RandomPrice::save(OptionsRecord& record) {
   saveBits(record, options::RandomPriceScanningFlags, tickedBits(chkRandomPrice));
-  const auto table = requireObject(dialog_.host().database, u"DBJetObject").randomPriceTable();
+  const auto table = dialog_.database().randomPriceTable();
   for (const clsRandomPrice& format : formats_) {
     if (find(*table, format.mlPrefix)) {
       table->edit();

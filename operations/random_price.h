@@ -28,8 +28,8 @@ class RandomPrice final : public OptionsTab {
   };
 
   explicit RandomPrice(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
 
   ui::Frame fraRandomPrice;
   ui::ControlArray<ui::CheckBox> chkRandomPrice;  ///< by bit of RandomPriceScanningFlags
@@ -42,9 +42,8 @@ class RandomPrice final : public OptionsTab {
   void showFormats();
   void fitColumns();
   void EditRandomPrice();
-  clsRandomPrice& formatOfRow(int row);
 
-  std::vector<clsRandomPrice> formats_;  ///< one of each prefix, in the order of the table
+  std::vector<clsRandomPrice> formats_;  ///< by row: one of each prefix, in the order of the table
 };
 
 }  // namespace tillora

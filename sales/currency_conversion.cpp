@@ -66,8 +66,7 @@ CurrencyConversion::CurrencyConversion(OptionsDialog& dialog) : OptionsTab(dialo
 
 void CurrencyConversion::load(OptionsRecord& record) {
   locale_ = dialog_.platform().numbers;
-  const Text separator =
-      requireObject(dialog_.host().settings, u"SettingsObject").decimalSeparator();
+  const Text separator = dialog_.settings().decimalSeparator();
   if (!separator.empty()) locale_.decimalSeparator = separator;
   // One character cannot be both; without thousands separators no number reads as another one.
   if (locale_.thousandsSeparator == locale_.decimalSeparator) locale_.thousandsSeparator.clear();

@@ -15,8 +15,8 @@ namespace tillora {
 class CurrencyConversion final : public OptionsTab {
  public:
   explicit CurrencyConversion(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record, OptionChanges& changes);
 
   ui::Frame fraCurrencyConversion;
   ui::Label lblCurrencyConversion;

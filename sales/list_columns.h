@@ -16,8 +16,8 @@ class ListColumns final : public OptionsTab {
   enum List : std::uint8_t { salesPerson, product, customer, laybyCustomer, currency, count };
 
   explicit ListColumns(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record, OptionChanges& changes);
   /// False where the sales person list or the currency conversion list would be left without a
   /// column to go by; the message has been shown then, and the tab selected.
   bool validate(const Text& title);

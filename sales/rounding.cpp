@@ -111,7 +111,7 @@ void Rounding::load(OptionsRecord& record) {
 }
 
 void Rounding::loadSteps() {
-  SettingsStore& settings = requireObject(dialog_.host().settings, u"SettingsObject");
+  SettingsStore& settings = dialog_.settings();
   const int places = std::clamp<int>(settings.decimalPlaces().value_or(kUsualDecimalPlaces), 0,
                                      kMostDecimalPlaces);
   Text format = settings.currencyFormat();

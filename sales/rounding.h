@@ -37,8 +37,8 @@ class Rounding final : public OptionsTab {
   };
 
   explicit Rounding(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record, OptionChanges& changes);
 
   ui::Frame fraTendering;
   ui::Frame fraTax;

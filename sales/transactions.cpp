@@ -160,7 +160,7 @@ void TransactionOptions::enableCaptions(int check) {
   }
 }
 
-void TransactionOptions::save(OptionsRecord& record, OptionChanges& /*changes*/) {
+void TransactionOptions::save(OptionsRecord& record) {
   saveBits(record, options::TransactionOptionBits, tickedBits(chkTransaction));
   for (const auto& [box, option] : kStored) record.set(option, txtCaption[box].text());
 }

@@ -52,8 +52,8 @@ class TransactionOptions final : public OptionsTab {
   };
 
   explicit TransactionOptions(OptionsDialog& dialog);
-  void load(OptionsRecord& record) override;
-  void save(OptionsRecord& record, OptionChanges& changes) override;
+  void load(OptionsRecord& record);
+  void save(OptionsRecord& record);
 
   ui::ControlArray<ui::Frame> fraTransaction;
   ui::ControlArray<ui::CheckBox> chkTransaction;

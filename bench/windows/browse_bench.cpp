@@ -12,7 +12,7 @@
 #include "com/variant.h"
 #include "component/automation/host_adapters.h"
 #include "sales/frmBrowseItems.h"
-#include "ui/win32/screen.h"
+#include "tests/testing/win32/driven_screen.h"
 
 namespace tillora::bench {
 namespace {
@@ -160,7 +160,7 @@ class Browsing {
   }
 
   const Catalogue& catalogue_;
-  ui::win32::Screen screen_;
+  testing::DrivenScreen screen_;
   int rows_ = 0;
   std::size_t bytes_ = 0;
 };

@@ -12,7 +12,7 @@
 #include "com/module.h"
 #include "component/automation/host_adapters.h"
 #include "sales/frmBrowseItems.h"
-#include "ui/win32/screen.h"
+#include "tests/testing/win32/driven_screen.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::bench {
@@ -119,7 +119,7 @@ bool measure(HWND shown, const ui::ListView& list) {
 }  // namespace
 
 bool measureList(const Catalogue& catalogue) {
-  ui::win32::Screen screen;
+  testing::DrivenScreen screen;
   frmBrowseItems dialog(screen);
   dialog.BrowseType = frmBrowseItems::gradeProduct;
   dialog.DBJetObject = automation::makeJetDatabase(catalogue.database());

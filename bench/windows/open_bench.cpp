@@ -9,7 +9,7 @@
 #include "component/options.h"
 #include "tests/testing/fake_host.h"
 #include "tests/testing/fake_machine.h"
-#include "ui/win32/screen.h"
+#include "tests/testing/win32/driven_screen.h"
 #include "ui/win32/visual_styles.h"
 
 namespace tillora::bench {
@@ -84,7 +84,7 @@ class Opening {
   ui::win32::Window owner_{CreateWindowExW(0, L"STATIC", L"Benchmark",
                                            WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 700,
                                            nullptr, nullptr, win32::thisModule(), nullptr)};
-  ui::win32::Screen screen_;
+  testing::DrivenScreen screen_;
   testing::FakeHost host_;
   testing::ScriptedMessageBoxes boxes_{screen_};
   testing::FakeMachine machine_;

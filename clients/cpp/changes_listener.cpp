@@ -48,8 +48,7 @@ HRESULT ChangesListener::GetTypeInfoCount(UINT* count) {
 
 HRESULT ChangesListener::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                                 EXCEPINFO*, UINT*) {
-  constexpr DISPID kOptionsChanged = 1;
-  if (event != kOptionsChanged || parameters->cArgs != 1) return DISP_E_MEMBERNOTFOUND;
+  if (event != DISPID_OPTIONSCHANGED || parameters->cArgs != 1) return DISP_E_MEMBERNOTFOUND;
   const LONG changes = *parameters->rgvarg[0].plVal;
   std::printf("OptionsChanged %ld", static_cast<long>(changes));
   for (const auto& [bit, name] : kChanges) {

@@ -10,8 +10,6 @@ using win32::ComPtr;
 
 namespace {
 
-constexpr DISPID kOptionsChanged = 1;
-
 /// Replaces a host object, and lets go of the former one when all is done: that may call back.
 template <class Interface>
 void replace(std::shared_ptr<Interface>& held, std::shared_ptr<Interface> given) {
@@ -23,7 +21,7 @@ void replace(std::shared_ptr<Interface>& held, std::shared_ptr<Interface> given)
 OptionsObject::OptionsObject(std::unique_ptr<Services> services)
     : services_(std::move(services)), events_(*this, kEventsId), options_(services_->platform()) {
   options_.OptionsChanged = [this](std::int32_t& changes) {
-    events_.raise(kOptionsChanged, changes);
+    events_.raise(DISPID_OPTIONSCHANGED, changes);
   };
 }
 

@@ -23,4 +23,24 @@ const char16_t* const kDefaultLaybyTerms =
     u"6. It is the responsibility of the customer to advise this store of any change of "
     u"address.";
 
+Value zeroOf(OptionType type) {
+  switch (type) {
+    case OptionType::Text:
+      return Text();
+    case OptionType::Long:
+      return std::int32_t{0};
+    case OptionType::Integer:
+      return std::int16_t{0};
+    case OptionType::Byte:
+      return std::uint8_t{0};
+    case OptionType::Single:
+      return 0.0F;
+    case OptionType::Currency:
+      return Money{};
+    case OptionType::Boolean:
+      return false;
+  }
+  return {};
+}
+
 }  // namespace tillora

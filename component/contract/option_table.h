@@ -10,6 +10,9 @@ namespace tillora {
 
 enum class OptionType : std::uint8_t { Text, Long, Integer, Byte, Single, Currency, Boolean };
 
+/// The zero of the type, the empty text or False.
+Value zeroOf(OptionType type);
+
 /// Position of an option in the table, from 0.
 enum class OptionId : std::uint8_t {
 #define TILLORA_OPTION(id, name, type, default_, tab, help) name,

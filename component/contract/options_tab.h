@@ -35,6 +35,11 @@ class OptionsDialog {
   virtual ui::Frame& page(TabPage page) = 0;
   /// The host's objects, as they were handed over.
   virtual const HostObjects& host() const = 0;
+  // Those that are used most. Error `object variable not set` (91) for one that was not handed
+  // over.
+  JetDatabase& database() const { return requireObject(host().database, u"DBJetObject"); }
+  SettingsStore& settings() const { return requireObject(host().settings, u"SettingsObject"); }
+  App& app() const { return requireObject(host().app, u"AppObject"); }
   virtual Messages& messages() = 0;
   /// The pictures of the rows of the dialog's lists.
   virtual const ui::ImageList& images() const = 0;
@@ -60,22 +65,18 @@ class OptionsDialog {
   ~OptionsDialog() = default;
 };
 
-/// One part of the dialog: makes its controls on its page when it is made, shows the stored values,
-/// keeps its edit rules, and writes the values back.
+/// One part of the dialog: makes its controls on its page when it is made, and keeps its edit
+/// rules. Its `load` shows the stored values; edits made meanwhile leave Apply as it is. Its `save`
+/// writes them back, and enters the groups of options whose values differ.
 class OptionsTab {
  public:
-  explicit OptionsTab(OptionsDialog& dialog) : dialog_(dialog) {}
-  virtual ~OptionsTab() = default;
   OptionsTab(const OptionsTab&) = delete;
   OptionsTab& operator=(const OptionsTab&) = delete;
 
-  /// Stored values into controls. Edits made meanwhile leave Apply as it is.
-  virtual void load(OptionsRecord& record) = 0;
-  /// Controls into stored values; enters the groups of options whose values differ. Nothing for a
-  /// part without stored options.
-  virtual void save(OptionsRecord& /*record*/, OptionChanges& /*changes*/) {}
-
  protected:
+  explicit OptionsTab(OptionsDialog& dialog) : dialog_(dialog) {}
+  ~OptionsTab() = default;
+
   /// Enter makes a line in this box: OK is not the default button while the box has the focus.
   void letEnterMakeLines(ui::TextBox& box) {
     box.gotFocus = [this] { dialog_.setOkDefault(false); };

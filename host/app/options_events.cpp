@@ -5,8 +5,6 @@
 namespace tillora::host::app {
 namespace {
 
-constexpr DISPID kOptionsChanged = 1;
-
 /// The object that the component calls: an event is a call of IDispatch::Invoke.
 class Sink final : public IDispatch {
  public:
@@ -41,7 +39,7 @@ class Sink final : public IDispatch {
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters,
                                    VARIANT*, EXCEPINFO*, UINT*) override {
-    if (event != kOptionsChanged) return DISP_E_MEMBERNOTFOUND;
+    if (event != DISPID_OPTIONSCHANGED) return DISP_E_MEMBERNOTFOUND;
     if (parameters == nullptr || parameters->cArgs != 1) return DISP_E_BADPARAMCOUNT;
     // The mask comes by reference; a host may change it, nobody reads it afterwards.
     const VARIANT& mask = parameters->rgvarg[0];

@@ -12,25 +12,10 @@ namespace {
 /// A password's text is not looked at: that it has one is enough.
 Value shownPartOf(const OptionInfo& option, const Variant& value) {
   const VARIANT& held = value.get();
-  switch (value.type()) {
-    case VT_BOOL:
-      return held.boolVal != VARIANT_FALSE;
-    case VT_UI1:
-      return std::uint8_t{held.bVal};
-    case VT_I2:
-      return std::int16_t{held.iVal};
-    case VT_I4:
-      return std::int32_t{held.lVal};
-    case VT_R4:
-      return held.fltVal;
-    case VT_CY:
-      return Money{held.cyVal.int64};
-    case VT_BSTR:
-      if (isPassword(option)) return Text(SysStringLen(held.bstrVal) == 0 ? 0 : 1, u'*');
-      return Bstr::textOf(held.bstrVal);
-    default:
-      return {};
+  if (held.vt == VT_BSTR && isPassword(option)) {
+    return Text(SysStringLen(held.bstrVal) == 0 ? 0 : 1, u'*');
   }
+  return win32::toValue(held);
 }
 
 }  // namespace

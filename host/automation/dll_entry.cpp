@@ -22,6 +22,3 @@ STDAPI DllUnregisterServer() { return win32::unregisterServer(kShopServer); }
 STDAPI DllInstall(BOOL install, PCWSTR commandLine) {
   return win32::installServer(kShopServer, install != FALSE, commandLine);
 }
-
-/// For leak tests: objects and locks that keep the module loaded.
-STDAPI_(long) TilloraLiveObjects() { return win32::ModuleLock::count(); }

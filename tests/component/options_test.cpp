@@ -102,6 +102,15 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get PasswordGlobalOverride"}));
 }
 
+TEST_F(OptionsObjectTest, TheLoadReadsEveryOption) {
+  host.dispensingAvailable = true;
+  open([&](frmOptions&) {});
+  for (const OptionInfo& option : kOptionTable) {
+    const std::string call = "get " + toUtf8(option.name);
+    EXPECT_EQ(std::ranges::count(host.calls, call), 1) << call;
+  }
+}
+
 TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {
   const std::vector<std::pair<std::function<void()>, Text>> missing = {
       {[&] { options_.AppObject.reset(); }, u"AppObject was not set."},
@@ -185,10 +194,10 @@ TEST_F(OptionsObjectTest, TwoAppliesRaiseTwoEventsEachWithItsOwnChanges) {
   saveDefaults();
   open([&](frmOptions& dialog) {
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::rounding));
-    user.click(dialog.tab<Rounding>().chkRounding[0]);
+    user.click(dialog.tabs().rounding.chkRounding[0]);
     user.click(dialog.cmdCommand[frmOptions::apply]);
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::currency));
-    user.click(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0]);
+    user.click(dialog.tabs().currencyConversion.txtCurrencyConversion[0]);
     user.type(u"5");
     user.click(dialog.cmdCommand[frmOptions::apply]);
   });

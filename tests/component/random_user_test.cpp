@@ -86,9 +86,9 @@ class RandomUser : public OptionsTest {
     for (const auto& [index, frame] : dialog.fraFrame) {
       ASSERT_EQ(frame->visible(), index == dialog.tabOptions.selected() - 1);
     }
-    const auto& box = dialog.tab<CompanyDetails>().txtCompanyDetails;
+    const auto& box = dialog.tabs().companyDetails.txtCompanyDetails;
     const bool writesLines = box[CompanyDetails::address].hasFocus() ||
-                             dialog.tab<LaybyOptions>().txtLayby[LaybyOptions::terms].hasFocus();
+                             dialog.tabs().laybyOptions.txtLayby[LaybyOptions::terms].hasFocus();
     ASSERT_EQ(dialog.defaultButton() == nullptr, writesLines);
     for (const auto& [index, text] : box) {
       const int size = static_cast<int>(text->text().size());

@@ -97,6 +97,15 @@ TEST_F(SaveOptionsTest, CallsTheHostInTheOrderOfTheSave) {
   EXPECT_EQ(saveCalls, expected);
 }
 
+TEST_F(SaveOptionsTest, WritesEveryOption) {
+  host.dispensingAvailable = true;
+  applyNothing();
+  for (const OptionInfo& option : kOptionTable) {
+    const std::string call = "put " + toUtf8(option.name);
+    EXPECT_GT(std::ranges::count(saveCalls, call), 0) << call;
+  }
+}
+
 TEST_F(SaveOptionsTest, SendsThePresentTime) {
   applyNothing();
   EXPECT_EQ(host.sent, std::vector<double>{45000.5});
@@ -126,7 +135,7 @@ TEST_F(SaveOptionsTest, AHostThatAltersTheMaskChangesNothing) {
   };
   open([&](frmOptions& dialog) {
     for (const char16_t letter : {u'a', u'b'}) {
-      user.click(dialog.tab<CompanyDetails>().txtCompanyDetails[0]);
+      user.click(dialog.tabs().companyDetails.txtCompanyDetails[0]);
       user.type(Text(1, letter));
       user.click(dialog.cmdCommand[frmOptions::apply]);
     }
@@ -169,15 +178,15 @@ TEST_F(SaveOptionsTest, ASaveThatChangesEveryGroupRaisesTheirBitsAndNoOther) {
     user.type(u"Corner Shop");
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
     for (int i = 0; i < ListColumns::count; ++i) {
-      auto& list = dialog.tab<ListColumns>().lstListShow[i];
+      auto& list = dialog.tabs().listColumns.lstListShow[i];
       user.clickCheck(list, list.count() - 1);
     }
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::transactions));
-    user.click(dialog.tab<TransactionOptions>().chkTransaction[0]);
+    user.click(dialog.tabs().transactionOptions.chkTransaction[0]);
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::rounding));
-    user.click(dialog.tab<Rounding>().chkRounding[0]);
+    user.click(dialog.tabs().rounding.chkRounding[0]);
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::currency));
-    user.click(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0]);
+    user.click(dialog.tabs().currencyConversion.txtCurrencyConversion[0]);
     user.type(u"5");
     for (const TabPage page : {TabPage::layby, TabPage::pump}) {
       user.clickTab(dialog.tabOptions, static_cast<int>(page));
@@ -185,11 +194,11 @@ TEST_F(SaveOptionsTest, ASaveThatChangesEveryGroupRaisesTheirBitsAndNoOther) {
       user.type(u"7");
     }
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::fred));
-    user.click(dialog.tab<FredLink>().chkDispense[0]);
+    user.click(dialog.tabs().fredLink.chkDispense[0]);
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::eod));
-    user.click(dialog.tab<EndOfDay>().chkEOD[2]);
+    user.click(dialog.tabs().endOfDay.chkEOD[2]);
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::security));
-    user.click(dialog.tab<Passwords>().chkSecurity[1]);
+    user.click(dialog.tabs().passwords.chkSecurity[1]);
   });
   EXPECT_EQ(changes, std::vector<std::int32_t>{0xF0F});
 }

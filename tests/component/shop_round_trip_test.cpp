@@ -59,7 +59,7 @@ class ShopRoundTrip : public OptionsTest {
   }
   void chooseDataFile(frmOptions& dialog, const Text& file) {
     machine.fileDialogs.answers.emplace_back(file);
-    user.click(dialog.tab<LedvaneLink>().cmdLedvane);
+    user.click(dialog.tabs().ledvaneLink.cmdLedvane);
   }
   Text stored(const Option<OptionType::Text>& option) {
     return shop->database()->optionsRecord()->get(option).value_or(u"<none>");
@@ -115,15 +115,15 @@ TEST_F(SeededShop, EveryTabWithCheckBoxesShowsATickedOne) {
       for (const auto& [index, box] : boxes) ticked |= box->value();
       return ticked;
     };
-    EXPECT_TRUE(anyTicked(dialog.tab<LedvaneLink>().chkLedvane));
-    EXPECT_TRUE(anyTicked(dialog.tab<TransactionOptions>().chkTransaction));
-    EXPECT_TRUE(anyTicked(dialog.tab<RandomPrice>().chkRandomPrice));
-    EXPECT_TRUE(anyTicked(dialog.tab<EndOfDay>().chkEOD));
-    EXPECT_TRUE(anyTicked(dialog.tab<EndOfDay>().chkEODReconcile));
-    EXPECT_TRUE(anyTicked(dialog.tab<EndOfDay>().chkReports));
-    EXPECT_TRUE(anyTicked(dialog.tab<PumpGrades>().chkPump));
-    EXPECT_TRUE(anyTicked(dialog.tab<Passwords>().chkSecurity));
-    EXPECT_TRUE(anyTicked(dialog.tab<FredLink>().chkDispense));
+    EXPECT_TRUE(anyTicked(dialog.tabs().ledvaneLink.chkLedvane));
+    EXPECT_TRUE(anyTicked(dialog.tabs().transactionOptions.chkTransaction));
+    EXPECT_TRUE(anyTicked(dialog.tabs().randomPrice.chkRandomPrice));
+    EXPECT_TRUE(anyTicked(dialog.tabs().endOfDay.chkEOD));
+    EXPECT_TRUE(anyTicked(dialog.tabs().endOfDay.chkEODReconcile));
+    EXPECT_TRUE(anyTicked(dialog.tabs().endOfDay.chkReports));
+    EXPECT_TRUE(anyTicked(dialog.tabs().pumpGrades.chkPump));
+    EXPECT_TRUE(anyTicked(dialog.tabs().passwords.chkSecurity));
+    EXPECT_TRUE(anyTicked(dialog.tabs().fredLink.chkDispense));
   });
 }
 
@@ -132,29 +132,29 @@ TEST_F(ShopRoundTrip, CompanyDetailsSurviveTheProgram) {
   edit([&](frmOptions& dialog) {
     user.selectAll();
     user.type(name);
-    user.click(dialog.tab<CompanyDetails>().txtCompanyDetails[CompanyDetails::firstOfAbn]);
+    user.click(dialog.tabs().companyDetails.txtCompanyDetails[CompanyDetails::firstOfAbn]);
     user.type(u"51824753556");
   });
   reopen();
   EXPECT_EQ(stored(options::CompanyName), name);
   EXPECT_EQ(stored(options::CompanyABN), u"51824753556");
   open([&](frmOptions& dialog) {
-    EXPECT_EQ(dialog.tab<CompanyDetails>().txtCompanyDetails[0].text(), name);
-    EXPECT_EQ(dialog.tab<CompanyDetails>().txtCompanyDetails[11].text(), u"556");
+    EXPECT_EQ(dialog.tabs().companyDetails.txtCompanyDetails[0].text(), name);
+    EXPECT_EQ(dialog.tabs().companyDetails.txtCompanyDetails[11].text(), u"556");
   });
 }
 
 TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
   const Text caption = u" Till no. '1' ";
   openOn(TabPage::transactions, [&](frmOptions& dialog) {
-    const auto& receipt = dialog.tab<TransactionOptions>();
+    const auto& receipt = dialog.tabs().transactionOptions;
     auto& box = receipt.chkTransaction[TransactionOptions::printTerminalId];
     if (!box.value()) user.click(box);
     user.click(receipt.txtCaption[TransactionOptions::terminalId]);
     user.selectAll();
     user.type(caption);
     user.clickTab(dialog.tabOptions, 2);
-    auto& products = dialog.tab<ListColumns>().lstListShow[ListColumns::product];
+    auto& products = dialog.tabs().listColumns.lstListShow[ListColumns::product];
     for (int row = 0; row < products.count(); ++row) {
       const bool wanted = row == products.count() - 1;
       if (products.checked(row) != wanted) user.clickCheck(products, row);
@@ -171,7 +171,7 @@ TEST_F(ShopRoundTrip, ReceiptsAndColumnsSurviveTheProgram) {
 TEST_F(ShopRoundTrip, RoundingSurvivesTheProgram) {
   const Text caption = u" O'Neil's; a|b \u4e2d ";
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
-    auto& part = dialog.tab<Rounding>();
+    auto& part = dialog.tabs().rounding;
     EXPECT_EQ(part.txtRoundingCaption[Rounding::item].text(), u"Charges:Cash Rounding");
     EXPECT_EQ(part.cboRounding[Rounding::step].text(), u"$0.05");
     user.choose(part.cboRounding[Rounding::direction], Rounding::upTo);
@@ -196,7 +196,7 @@ TEST_F(ShopRoundTrip, RoundingSurvivesTheProgram) {
   EXPECT_EQ(record->get(options::RoundingVarianceCaption), u"");
   EXPECT_EQ(record->get(options::RoundingItem), u"Charges:Cash Rounding");
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
-    auto& part = dialog.tab<Rounding>();
+    auto& part = dialog.tabs().rounding;
     EXPECT_EQ(part.cboRounding[Rounding::direction].text(), u"up to");
     EXPECT_EQ(part.cboRounding[Rounding::step].text(), u"$0.25");
     EXPECT_EQ(part.cboRounding[Rounding::taxDirection].text(), u"down to");
@@ -216,7 +216,7 @@ TEST_F(ShopRoundTrip, ARoundingItemOfTheSeededCatalogueSurvivesTheProgram) {
       user.clickRow(items, 4);
       user.press(ui::Key::enter);
     });
-    user.click(dialog.tab<Rounding>().cmdBrowse);
+    user.click(dialog.tabs().rounding.cmdBrowse);
     user.accessKey(u'o');
   });
   EXPECT_EQ(names, (std::vector<Text>{u"After Hours Fee", u"Card Surcharge", u"Cash Rounding",
@@ -229,7 +229,7 @@ TEST_F(ShopRoundTrip, ARoundingItemOfTheSeededCatalogueSurvivesTheProgram) {
       ASSERT_EQ(items.selectedRow(), 4);
       user.doubleClickRow(items, 3);
     });
-    user.click(dialog.tab<Rounding>().cmdBrowse);
+    user.click(dialog.tabs().rounding.cmdBrowse);
     user.accessKey(u'o');
   });
   reopen();
@@ -242,14 +242,14 @@ TEST_F(ShopRoundTrip, AMarginSurvivesTheProgram) {
   };
   EXPECT_EQ(margin(), 2.5F);
   openOn(TabPage::currency, [&](frmOptions& dialog) {
-    EXPECT_EQ(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0].text(), u"2.50");
+    EXPECT_EQ(dialog.tabs().currencyConversion.txtCurrencyConversion[0].text(), u"2.50");
     user.type(u"-1.015");
     user.accessKey(u'o');
   });
   reopen();
   EXPECT_EQ(margin(), -1.015F);
   openOn(TabPage::currency, [&](frmOptions& dialog) {
-    auto& part = dialog.tab<CurrencyConversion>();
+    auto& part = dialog.tabs().currencyConversion;
     EXPECT_EQ(part.txtCurrencyConversion[0].text(), u"-1.02");
     EXPECT_EQ(part.udCurrencyConversion.value(), -102);
     user.spin(part.udCurrencyConversion, +1);
@@ -261,7 +261,7 @@ TEST_F(ShopRoundTrip, AMarginSurvivesTheProgram) {
 
 TEST_F(ShopRoundTrip, GradesAreInTheTableAsTheyWereListed) {
   openOn(TabPage::pump, [&](frmOptions& dialog) {
-    auto& pump = dialog.tab<PumpGrades>();
+    auto& pump = dialog.tabs().pumpGrades;
     ASSERT_EQ(pump.ltvPump.count(), 4);
     boxes.answers = {MessageResult::yes, MessageResult::yes};
     for (const int row : {1, 2}) {
@@ -299,7 +299,7 @@ TEST_F(ShopRoundTrip, WebSitesAreInTheTableAsTheyWereListed) {
     });
   };
   openOn(TabPage::web, [&](frmOptions& dialog) {
-    auto& web = dialog.tab<WebSites>();
+    auto& web = dialog.tabs().webSites;
     ASSERT_EQ(web.ltvWeb.count(), 2);
     {
       // Another program adds one meanwhile.
@@ -326,7 +326,7 @@ TEST_F(ShopRoundTrip, WebSitesAreInTheTableAsTheyWereListed) {
   }
   EXPECT_EQ(descriptions, (std::vector<Text>{u"Supplier's order desk", u"Theirs", u"Second"}));
   openOn(TabPage::web, [&](frmOptions& dialog) {
-    const auto& list = dialog.tab<WebSites>().ltvWeb;
+    const auto& list = dialog.tabs().webSites.ltvWeb;
     EXPECT_EQ(list.text(2, WebSites::url), address);
     EXPECT_EQ(list.rows()[0].smallIcon, ui::PictureId::inactive);
   });
@@ -347,7 +347,7 @@ TEST_F(ShopRoundTrip, AddressesThatLookLikeAnythingElseAreFoundAgain) {
     }
   }
   openOn(TabPage::web, [&](frmOptions& dialog) {
-    auto& web = dialog.tab<WebSites>();
+    auto& web = dialog.tabs().webSites;
     ASSERT_EQ(web.ltvWeb.count(), static_cast<int>(addresses.size()));
     user.clickRow(web.ltvWeb, 4);
     desk->whenShown([&](ui::Form&) {
@@ -375,8 +375,8 @@ TEST_F(ShopRoundTrip, AChosenDataFileSurvivesTheProgram) {
   reopen();
   EXPECT_EQ(shop->database()->dataFile(), file);
   open([&](frmOptions& dialog) {
-    EXPECT_EQ(dialog.tab<LedvaneLink>().txtLedvane.text(), file);
-    user.click(dialog.tab<LedvaneLink>().cmdLedvane);
+    EXPECT_EQ(dialog.tabs().ledvaneLink.txtLedvane.text(), file);
+    user.click(dialog.tabs().ledvaneLink.cmdLedvane);
   });
   EXPECT_EQ(machine.files.listed.back(), u"C:\\Books\\LVPst*.pos");
 }
@@ -399,7 +399,7 @@ TEST_F(ShopRoundTrip, LaybyAndDispensingSurviveTheProgram) {
     user.press(ui::Key::enter);
     user.type(u"\u00e9");
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::fred));
-    if (!dialog.tab<FredLink>().chkDispense[0].value()) user.accessKey(u't');
+    if (!dialog.tabs().fredLink.chkDispense[0].value()) user.accessKey(u't');
     user.accessKey(u'r');
     user.accessKey(u'e');
     user.type(u"99");
@@ -418,7 +418,7 @@ TEST_F(ShopRoundTrip, LaybyAndDispensingSurviveTheProgram) {
 TEST_F(ShopRoundTrip, PasswordsSurviveTheProgramAndAreNotDumped) {
   const auto set = [&](Passwords::Protection protection, const std::vector<TextView>& texts) {
     openOn(TabPage::security, [&](frmOptions& dialog) {
-      const auto& tab = dialog.tab<Passwords>();
+      const auto& tab = dialog.tabs().passwords;
       if (!tab.chkSecurity[protection].value()) user.click(tab.chkSecurity[protection]);
       desk->whenShown([&](ui::Form&) {
         for (const TextView text : texts) {
@@ -449,7 +449,7 @@ TEST_F(ShopRoundTrip, BarcodeFormatsSurviveTheProgram) {
   openOn(TabPage::scanning, [&](frmOptions&) { user.press(ui::Key::escape); });
   reopen();
   openOn(TabPage::scanning, [&](frmOptions& dialog) {
-    auto& formats = dialog.tab<RandomPrice>();
+    auto& formats = dialog.tabs().randomPrice;
     ASSERT_EQ(formats.ltvRandomPrice.count(), 11);
     user.clickRow(formats.ltvRandomPrice, 10);
     desk->whenShown([&](ui::Form& form) {
@@ -497,13 +497,13 @@ TEST_F(ShopRoundTrip, StrangeBarcodeFormatsAreShownAndKept) {
     }
   }
   openOn(TabPage::scanning, [&](frmOptions& dialog) {
-    const auto& list = dialog.tab<RandomPrice>().ltvRandomPrice;
+    const auto& list = dialog.tabs().randomPrice.ltvRandomPrice;
     ASSERT_EQ(list.count(), 3);
     const std::vector<Text> prefixes = {u"02", u"100", u"-07"};
     for (int row = 0; row < 3; ++row) {
       EXPECT_EQ(list.text(row, RandomPrice::prefix), prefixes[static_cast<std::size_t>(row)]);
     }
-    user.click(dialog.tab<RandomPrice>().chkRandomPrice[0]);
+    user.click(dialog.tabs().randomPrice.chkRandomPrice[0]);
     user.accessKey(u'o');
   });
   reopen();
@@ -520,7 +520,7 @@ TEST_F(ShopRoundTrip, StrangeBarcodeFormatsAreShownAndKept) {
 TEST_F(ShopRoundTrip, ReportsAndTheirCaptionsSurviveTheProgram) {
   const Text title = Text(10000, u'&') + u" 'Day' | ; \u4e2d ";
   openOn(TabPage::eod, [&](frmOptions& dialog) {
-    auto& part = dialog.tab<EndOfDay>();
+    auto& part = dialog.tabs().endOfDay;
     user.click(part.txtEOD);
     user.selectAll();
     user.paste(u"99999");
@@ -559,12 +559,12 @@ TEST_F(ShopRoundTrip, CancelLeavesTheShopAsItWas) {
 
 TEST_F(ShopRoundTrip, EveryClassOfTheSeededShopCanBeChosenAndKept) {
   int count = 0;
-  open([&](frmOptions& dialog) { count = dialog.tab<CompanyDetails>().cboClass.count(); });
+  open([&](frmOptions& dialog) { count = dialog.tabs().companyDetails.cboClass.count(); });
   ASSERT_GT(count, 2);
   for (int item = count - 1; item >= 0; --item) {
     Text chosen;
     edit([&](frmOptions& dialog) {
-      auto& classes = dialog.tab<CompanyDetails>().cboClass;
+      auto& classes = dialog.tabs().companyDetails.cboClass;
       user.choose(classes, item);
       chosen = item == 0 ? Text() : classes.text();
     });

@@ -25,7 +25,7 @@ class PasswordsInMemoryTest : public OptionsTest {
   }
 
   static ui::CommandButton& button(frmOptions& dialog) {
-    return dialog.tab<Passwords>().cmdSecurity[Passwords::adminOptions];
+    return dialog.tabs().passwords.cmdSecurity[Passwords::adminOptions];
   }
   void store(TextView password) {
     Text reversed(password);
@@ -126,7 +126,7 @@ TEST_F(PasswordsInMemoryTest, NothingIsLeftOfAPasswordThatUntickingErases) {
   store(kStored);
   const FreedMemory memory({kStored});
   openOn(TabPage::security, [&](frmOptions& dialog) {
-    user.click(dialog.tab<Passwords>().chkSecurity[Passwords::adminOptions]);
+    user.click(dialog.tabs().passwords.chkSecurity[Passwords::adminOptions]);
     user.accessKey(u'o');
   });
   EXPECT_EQ(memory.blocksWithSecrets(), 0);

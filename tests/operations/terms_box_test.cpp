@@ -16,7 +16,7 @@ class TermsBoxTest : public OptionsTest {
 TEST_F(TermsBoxTest, TheMarginBelowIsTheLeftOneInPixels) {
   openOn(TabPage::layby, [&](frmOptions& dialog) {
     const ui::Rect page = dialog.tabOptions.clientArea();
-    const ui::Rect& place = dialog.tab<LaybyOptions>().txtLayby[LaybyOptions::terms].bounds();
+    const ui::Rect& place = dialog.tabs().laybyOptions.txtLayby[LaybyOptions::terms].bounds();
     ASSERT_GT(place.left, 0);
     EXPECT_EQ(place.width, page.width - 2 * place.left);
     EXPECT_EQ(place.height, page.height - place.top - 20 * (place.left / 12));

@@ -240,7 +240,7 @@ TEST_F(AdministratorStartUp, TheEntryThatTheDialogWritesLeadsToTheProgram) {
   const auto app = win32::ComPtr<IDispatch>::adopt(new host::automation::AppObject);
   ASSERT_EQ(object->putref_AppObject(app.get()), S_OK);
   whileOpen([&](frmOptions& dialog) {
-    desk.user().click(dialog.tab<StartUpEntry>().chkShortcut);
+    desk.user().click(dialog.tabs().startUpEntry.chkShortcut);
     desk.user().accessKey(u'o');
   });
   client->call(u"ShowOptions");

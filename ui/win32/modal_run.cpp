@@ -57,7 +57,7 @@ void ModalRun::leaveScreen() {
   if (wasActive && ownersOwn && screen_.runs_.front() == this) SetFocus(formerFocus_);
 }
 
-void ModalRun::run() {
+void ModalRun::show() {
   // Those of the dialog (drop-down lists, tool tips) come later.
   std::vector<HWND> others = threadWindows();
   dialog_ = std::make_unique<DialogWindow>(screen_, form_, owner_);
@@ -66,12 +66,6 @@ void ModalRun::run() {
   disable(std::move(others));
   ShowWindow(dialog_->window(), SW_SHOW);
   form_.shown();
-  if (screen_.modalShown) {
-    screen_.pumpUntilIdle();
-    if (isRunning()) screen_.modalShown(form_);
-  }
-  wait();
-  throwFailure();
 }
 
 void ModalRun::disable(std::vector<HWND> others) {
@@ -108,6 +102,7 @@ void ModalRun::wait() {
       WaitMessage();
     }
   }
+  throwFailure();
 }
 
 // As the platform's own dialogs do, for hosts that work while nothing else is to be done.

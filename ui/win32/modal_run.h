@@ -22,8 +22,10 @@ class ModalRun {
   ModalRun& operator=(const ModalRun&) = delete;
   ~ModalRun();
 
+  /// Makes the form's window and shows it; throws what a handler threw meanwhile.
+  void show();
   /// Returns when the form is no longer shown; throws what a handler threw.
-  void run();
+  void wait();
 
   Form& form() const { return form_; }
   const DialogWindow* dialog() const { return dialog_.get(); }
@@ -32,7 +34,7 @@ class ModalRun {
   /// Shown, and nothing has failed.
   bool isRunning() const { return form_.isShown() && !failure_; }
   void dispatch(MSG& message) const;
-  /// Hides the form; run() throws the first failure.
+  /// Hides the form; wait() throws the first failure.
   void fail(std::exception_ptr failure) noexcept;
   /// The form is not shown any more: its window goes, and the others of the thread are enabled.
   void leaveScreen();
@@ -42,7 +44,6 @@ class ModalRun {
   bool isWindowGone() const { return gone_; }
 
  private:
-  void wait();
   void sayIdle() const;
   void disable(std::vector<HWND> others);
   void throwFailure() const;

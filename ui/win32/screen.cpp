@@ -20,7 +20,9 @@ Screen::~Screen() = default;
 
 void Screen::runModal(Form& form) {
   if (canShow()) {
-    ModalRun(*this, form).run();
+    ModalRun run(*this, form);
+    run.show();
+    run.wait();
   } else {
     form.end();
   }
@@ -52,28 +54,6 @@ std::vector<std::size_t> Screen::listOrder(std::span<const TextView> texts) cons
 void Screen::beep() { MessageBeep(MB_OK); }
 
 HWND Screen::topWindow() const { return runs_.empty() ? nullptr : runs_.back()->window(); }
-
-HWND Screen::windowOf(const Control& control) const {
-  const ModalRun* run = runOf(control.form());
-  return run && run->dialog() ? run->dialog()->windowOf(control) : nullptr;
-}
-
-void Screen::pumpUntilIdle() {
-  const ModalRun* top = runs_.empty() ? nullptr : runs_.back();
-  MSG message{};
-  while ((!top || top->isRunning()) && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    if (message.message == WM_QUIT) {
-      PostQuitMessage(static_cast<int>(message.wParam));
-      return;
-    }
-    if (top) {
-      top->dispatch(message);
-    } else {
-      TranslateMessage(&message);
-      DispatchMessageW(&message);
-    }
-  }
-}
 
 ModalRun* Screen::runOf(const Form& form) const {
   const auto run =

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <exception>
-#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -17,7 +16,7 @@ class ModalRun;
 
 /// The desktop of the calling thread. Forms are shown in real windows, owned by the window that is
 /// active on the thread. All use is from that one thread.
-class Screen final : public ui::Screen {
+class Screen : public ui::Screen {
  public:
   Screen();
   ~Screen() override;
@@ -40,14 +39,6 @@ class Screen final : public ui::Screen {
   HWND topWindow() const;
   /// The session of the user ends: takes the forms' windows away, and all that they own.
   void sessionEnds() const;
-  /// The window of a control of a form that is shown; null while it has none.
-  HWND windowOf(const Control& control) const;
-
-  /// Called, if set, once a modal form is shown and nothing is left to do for its windows.
-  std::function<void(Form&)> modalShown;
-  /// Deals with all messages that are waiting, as the modal run does. It stops early when the form
-  /// on top ends.
-  void pumpUntilIdle();
 
  private:
   friend class DialogWindow;

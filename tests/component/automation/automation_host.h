@@ -44,26 +44,6 @@ class AutomationHost {
   using Variant = win32::Variant;
 
   static Variant reference(const Object& object) { return Variant(object.get()); }
-  static Value valueOf(const VARIANT& given) {
-    switch (given.vt) {
-      case VT_BOOL:
-        return given.boolVal != VARIANT_FALSE;
-      case VT_UI1:
-        return given.bVal;
-      case VT_I2:
-        return given.iVal;
-      case VT_I4:
-        return std::int32_t{given.lVal};
-      case VT_R4:
-        return given.fltVal;
-      case VT_CY:
-        return Money{given.cyVal.int64};
-      case VT_BSTR:
-        return win32::Bstr::textOf(given.bstrVal);
-      default:
-        return {};
-    }
-  }
 
   /// A value on its way between component and host; of a text nothing is left in memory.
   class Passing {
@@ -95,7 +75,7 @@ class AutomationHost {
     for (const OptionInfo& info : kOptionTable) {
       object->add(info.name, [this, record, missing, &info](const Call& call) {
         if (call.isPut()) {
-          record->write(info.option, Passing(valueOf(*call.arguments.at(0))).value);
+          record->write(info.option, Passing(win32::toValue(*call.arguments.at(0))).value);
           return Variant();
         }
         const Passing stored(record->read(info.option));
@@ -139,7 +119,7 @@ class AutomationHost {
       const Text name = call.text(0);
       const Field field{name.c_str()};
       if (!call.isPut()) return asHeld(name, win32::toVariant(table->get(field)));
-      table->set(field, valueOf(*call.arguments.at(1)));
+      table->set(field, win32::toValue(*call.arguments.at(1)));
       return Variant();
     });
     return object;

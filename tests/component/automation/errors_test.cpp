@@ -326,7 +326,7 @@ class ErrorsTest : public OptionsObjectTest, public ::testing::WithParamInterfac
     EXPECT_EQ(put(L"LVFileExtension", Variant(u"lvd")).number, S_OK);
     giveHost();
     whileOpen(
-        [this](frmOptions& dialog) { desk.user().click(dialog.tab<LedvaneLink>().cmdLedvane); });
+        [this](frmOptions& dialog) { desk.user().click(dialog.tabs().ledvaneLink.cmdLedvane); });
     return show();
   }
   Raised systemRefuses() {

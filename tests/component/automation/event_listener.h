@@ -54,7 +54,8 @@ class EventListener final : public IDispatch {
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters,
                                    VARIANT*, EXCEPINFO* exception, UINT*) override {
-    if (event != 1 || parameters->cArgs != 1 || parameters->rgvarg[0].vt != (VT_I4 | VT_BYREF)) {
+    if (event != DISPID_OPTIONSCHANGED || parameters->cArgs != 1 ||
+        parameters->rgvarg[0].vt != (VT_I4 | VT_BYREF)) {
       return DISP_E_MEMBERNOTFOUND;
     }
     ++heard;

@@ -58,10 +58,10 @@ TEST_F(EventsTest, EachApplyRaisesItsOwnChangesOnly) {
   }));
   whileOpen([&](frmOptions& dialog) {
     desk.user().clickTab(dialog.tabOptions, static_cast<int>(TabPage::rounding));
-    desk.user().click(dialog.tab<Rounding>().chkRounding[0]);
+    desk.user().click(dialog.tabs().rounding.chkRounding[0]);
     desk.user().accessKey(u'a');
     desk.user().clickTab(dialog.tabOptions, static_cast<int>(TabPage::currency));
-    desk.user().click(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0]);
+    desk.user().click(dialog.tabs().currencyConversion.txtCurrencyConversion[0]);
     desk.user().type(u"5");
     desk.user().accessKey(u'a');
   });
@@ -217,7 +217,7 @@ TEST_F(EventsTest, InsideTheEventTheDataFilesChangeIsThatOfTheShowOptionsBefore)
   advise(listener);
   whileOpen([&](frmOptions& dialog) {
     machine.fileDialogs.answers.emplace_back(u"C:\\Books\\other.lvd");
-    desk.user().click(dialog.tab<LedvaneLink>().cmdLedvane);
+    desk.user().click(dialog.tabs().ledvaneLink.cmdLedvane);
     desk.user().accessKey(u'a');
     desk.user().closeWindow(dialog);
   });

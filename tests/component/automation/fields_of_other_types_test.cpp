@@ -71,7 +71,7 @@ TEST_P(NumbersHeldAs, GradesAreListedSavedAndDeleted) {
   host.grades = {grade(std::int32_t{1}), grade(std::int32_t{3}), grade(std::int32_t{12})};
   const Rows before = host.grades;
   save(TabPage::pump, [&](frmOptions& dialog) {
-    EXPECT_EQ(shown(dialog.tab<PumpGrades>().ltvPump, 0),
+    EXPECT_EQ(shown(dialog.tabs().pumpGrades.ltvPump, 0),
               (std::vector<std::vector<Text>>{{u"1", u"Fuel:ULP", u"ULP"},
                                               {u"3", u"Fuel:ULP", u"ULP"},
                                               {u"12", u"Fuel:ULP", u"ULP"}}));
@@ -81,7 +81,7 @@ TEST_P(NumbersHeldAs, GradesAreListedSavedAndDeleted) {
 
   boxes.answers = {MessageResult::yes};
   save(TabPage::pump, [&](frmOptions& dialog) {
-    auto& tab = dialog.tab<PumpGrades>();
+    auto& tab = dialog.tabs().pumpGrades;
     desk.user().clickRow(tab.ltvPump, 1);
     desk.user().click(tab.cmdPump[PumpGrades::remove]);
   });
@@ -92,7 +92,7 @@ TEST_P(NumbersHeldAs, BarcodeFormatsAreListedAndSaved) {
   host.randomPrices = {format(std::int32_t{2}, 3, 1, true), format(std::int32_t{33}, 5, 2, false)};
   const Rows before = host.randomPrices;
   save(TabPage::scanning, [&](frmOptions& dialog) {
-    const auto& list = dialog.tab<RandomPrice>().ltvRandomPrice;
+    const auto& list = dialog.tabs().randomPrice.ltvRandomPrice;
     EXPECT_EQ(shown(list, RandomPrice::prefix),
               (std::vector<std::vector<Text>>{
                   {u"02", u"5 Product; 1 Price Check Digit; 4 Price; 1 Check Digit", u"Yes", u"No",
@@ -125,12 +125,12 @@ TEST_P(TextsHeldAs, NumbersAreShownAndSavedAsTheirText) {
   const auto sites = host.webSites;
   const auto formats = host.randomPrices;
   save(TabPage::pump, [&](frmOptions& dialog) {
-    EXPECT_EQ(shown(dialog.tab<PumpGrades>().ltvPump, 0),
+    EXPECT_EQ(shown(dialog.tabs().pumpGrades.ltvPump, 0),
               (std::vector<std::vector<Text>>{{u"1", u"95", u"98"}}));
-    EXPECT_EQ(shown(dialog.tab<WebSites>().ltvWeb, WebSites::description),
+    EXPECT_EQ(shown(dialog.tabs().webSites.ltvWeb, WebSites::description),
               (std::vector<std::vector<Text>>{{u"2024", u"7"}, {u"2025", u"8"}}));
-    EXPECT_EQ(dialog.tab<RandomPrice>().ltvRandomPrice.text(0, RandomPrice::unitCaption), u"12");
-    EXPECT_EQ(dialog.tab<CompanyDetails>().cboClass.text(), u"44");
+    EXPECT_EQ(dialog.tabs().randomPrice.ltvRandomPrice.text(0, RandomPrice::unitCaption), u"12");
+    EXPECT_EQ(dialog.tabs().companyDetails.cboClass.text(), u"44");
   });
   EXPECT_EQ(host.grades, grades);
   EXPECT_EQ(host.webSites, sites);
@@ -149,8 +149,8 @@ TEST_F(FieldsOfOtherTypes, RowsWhoseKeyIsNoWholeNumberAreNeitherListedNorTouched
   const Rows grades = host.grades;
   const Rows formats = host.randomPrices;
   save(TabPage::pump, [&](frmOptions& dialog) {
-    EXPECT_EQ(dialog.tab<PumpGrades>().ltvPump.count(), 1);
-    EXPECT_EQ(dialog.tab<RandomPrice>().ltvRandomPrice.count(), 1);
+    EXPECT_EQ(dialog.tabs().pumpGrades.ltvPump.count(), 1);
+    EXPECT_EQ(dialog.tabs().randomPrice.ltvRandomPrice.count(), 1);
   });
   EXPECT_EQ(host.grades, grades);
   EXPECT_EQ(host.randomPrices, formats);

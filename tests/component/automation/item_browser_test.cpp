@@ -79,7 +79,7 @@ class ItemBrowserTest : public OptionsObjectTest {
           rows.push_back(texts);
         }
       });
-      desk.user().click(dialog.tab<Rounding>().cmdBrowse);
+      desk.user().click(dialog.tabs().rounding.cmdBrowse);
     });
     client->call(u"ShowOptions");
     return rows;

@@ -88,6 +88,18 @@ class MemberCallTest : public OptionsObjectTest {
     for (VARIANT& value : values) results.push_back(invoke(target, member, flags, &value).result);
     return results;
   }
+  /// The ids of the properties that take the host's objects.
+  std::vector<DISPID> objectProperties() {
+    std::vector<DISPID> ids;
+    for (std::wstring name :
+         {L"DBJetObject", L"AppObject", L"MsgSndObject", L"ResourceObject", L"SettingsObject"}) {
+      LPOLESTR named = name.data();
+      DISPID id = DISPID_UNKNOWN;
+      EXPECT_EQ(object->GetIDsOfNames(IID_NULL, &named, 1, LOCALE_USER_DEFAULT, &id), S_OK);
+      ids.push_back(id);
+    }
+    return ids;
+  }
   static bool all(const std::vector<HRESULT>& results, HRESULT expected) {
     return std::ranges::all_of(results, [&](HRESULT result) { return result == expected; });
   }
@@ -118,7 +130,7 @@ TEST_F(MemberCallTest, MembersAreFoundForTheKindsOfCallThatTheyAreMadeForOnly) {
     int kinds;
   };
   std::vector<Expected> members;
-  for (const DISPID objectProperty : {1, 2, 5, 7, 9}) {
+  for (const DISPID objectProperty : objectProperties()) {
     members.push_back({object.get(), objectProperty, kPutRef | kPut});
   }
   for (const DISPID value : {4, 6, 8}) members.push_back({object.get(), value, kPut});
@@ -157,7 +169,7 @@ TEST_F(MemberCallTest, AnotherNumberOfArgumentsIsRefused) {
 }
 
 TEST_F(MemberCallTest, OnlyObjectsArePutToObjectProperties) {
-  for (const DISPID property : {1, 2, 5, 7, 9}) {
+  for (const DISPID property : objectProperties()) {
     for (const WORD flags : {kPut, kPutRef}) {
       std::vector<VARIANT> values = plainValues();
       for (VARIANT& value : values) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "component/automation/options_server.h"
 #include "platform/platform_message_box.h"
 #include "tests/component/automation/server_library.h"
 
@@ -18,13 +19,19 @@ TEST(MessageBoxesTest, WithoutARegisteredClassThePlatformsBoxIsUsed) {
 
 TEST(MessageBoxesTest, ARegisteredClassIsCreatedAnewEachTime) {
   const testing::Apartment apartment;
-  const testing::ServerLibrary server;
-  // Any registered class shows it; the component's own counts its objects.
+  // Any class shows it; the component's own counts its objects, which this program makes itself.
+  const auto factory = win32::ClassFactory::make(kOptionsServer.classes.front());
+  DWORD registration = 0;
+  ASSERT_EQ(CoRegisterClassObject(CLSID_Options, factory.get(), CLSCTX_INPROC_SERVER,
+                                  REGCLS_MULTIPLEUSE, &registration),
+            S_OK);
+  const long before = win32::ModuleLock::count();
   AutomationMessageBoxes boxes(noOwner, u"TilloraOptions.Options");
   const auto first = boxes.create();
   const auto second = boxes.create();
   EXPECT_EQ(dynamic_cast<win32::PlatformMessageBox*>(first.get()), nullptr);
-  EXPECT_EQ(server.liveObjects(), 2);
+  EXPECT_EQ(win32::ModuleLock::count(), before + 2);
+  CoRevokeClassObject(registration);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ class OptionsObjectTest : public ::testing::Test {
   }
   /// Changes the first box of the first tab, the name of the business.
   void rename(frmOptions& dialog, const Text& name) {
-    desk.user().click(dialog.tab<CompanyDetails>().txtCompanyDetails[0]);
+    desk.user().click(dialog.tabs().companyDetails.txtCompanyDetails[0]);
     desk.user().selectAll();
     desk.user().type(name);
   }

@@ -300,7 +300,7 @@ TEST_F(OptionsObjectTest, EachDialogFollowsTheRegionalSettingsOfItsOwnTime) {
     machine.numbers.decimalSeparator = separator;
     machine.numbers.thousandsSeparator = u" ";
     whileOpen([&](frmOptions& dialog) {
-      shown.push_back(dialog.tab<CurrencyConversion>().txtCurrencyConversion[0].text());
+      shown.push_back(dialog.tabs().currencyConversion.txtCurrencyConversion[0].text());
     });
     client->call(u"ShowOptions");
   }

@@ -51,8 +51,8 @@ class ServerLibrary {
     factory()->CreateInstance(nullptr, IID__Options, options.outVoid());
     return options;
   }
+  /// S_OK when no object of it is left, nor a lock.
   HRESULT canUnloadNow() const { return function<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
-  long liveObjects() const { return function<long(WINAPI*)()>("TilloraLiveObjects")(); }
   HRESULT registerServer() const { return function<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
   HRESULT unregisterServer() const { return function<HRESULT(WINAPI*)()>("DllUnregisterServer")(); }
   HRESULT install(bool install, const wchar_t* commandLine) const {

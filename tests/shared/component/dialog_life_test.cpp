@@ -18,14 +18,14 @@ using ui::Key;
 class DialogLifeTest : public OptionsTest {
  protected:
   ui::TextBox& nameBox(frmOptions& dialog) {
-    return dialog.tab<CompanyDetails>().txtCompanyDetails[CompanyDetails::name];
+    return dialog.tabs().companyDetails.txtCompanyDetails[CompanyDetails::name];
   }
   /// Everything by which a person could edit, save, or leave the page.
   void tryEverything(frmOptions& dialog) {
     user.click(nameBox(dialog));
     user.type(u"lost");
     user.press(Key::backspace);
-    user.click(dialog.tab<StartUpEntry>().chkShortcut);
+    user.click(dialog.tabs().startUpEntry.chkShortcut);
     user.click(dialog.cmdCommand[frmOptions::apply]);
     user.click(dialog.cmdCommand[frmOptions::ok]);
     user.accessKey(u'a');
@@ -62,7 +62,7 @@ TEST_F(DialogLifeTest, InNoCallOfASaveCanAnythingBeEditedOrAnotherSaveStarted) {
     EXPECT_TRUE(dialog.isShown());
     EXPECT_EQ(nameBox(dialog).text(), u"One");
     EXPECT_FALSE(applyEnabled(dialog));
-    EXPECT_FALSE(dialog.tab<StartUpEntry>().chkShortcut.value());
+    EXPECT_FALSE(dialog.tabs().startUpEntry.chkShortcut.value());
     EXPECT_EQ(host.callsStarting("OptionsRecord").size(), 1U);
     EXPECT_EQ(host.callsStarting("commit").size(), 1U);
 
@@ -139,7 +139,7 @@ TEST_F(DialogLifeTest, NoSecondDialogIsOpenedWhileTheHostGivesTheFirstItsRows) {
       {{u"Name", Text(u"Income")}, {u"Inactive", false}, {u"AccountType", Text(u"INC")}}};
   int browsers = 0;
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
-    ui::CommandButton& browse = dialog.tab<Rounding>().cmdBrowse;
+    ui::CommandButton& browse = dialog.tabs().rounding.cmdBrowse;
     std::set<std::string> tried;
     host.onCall = [&](const std::string& call) {
       if (!tried.insert(call).second) return;
@@ -203,7 +203,7 @@ class FailedDialogTest : public DialogLifeTest {
  protected:
   void chooseDataFile(frmOptions& dialog, TextView file) {
     machine.fileDialogs.answers = {Text(file)};
-    user.click(dialog.tab<LedvaneLink>().cmdLedvane);
+    user.click(dialog.tabs().ledvaneLink.cmdLedvane);
   }
   /// A dialog that ends in a failure of the commit after `act`.
   void fail(const std::function<void(frmOptions&)>& act) {

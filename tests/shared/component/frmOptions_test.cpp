@@ -22,10 +22,10 @@ class FrmOptionsTest : public OptionsTest {
     }
   }
   ui::TextBox& nameBox(frmOptions& dialog) {
-    return dialog.tab<CompanyDetails>().txtCompanyDetails[CompanyDetails::name];
+    return dialog.tabs().companyDetails.txtCompanyDetails[CompanyDetails::name];
   }
   ui::TextBox& addressBox(frmOptions& dialog) {
-    return dialog.tab<CompanyDetails>().txtCompanyDetails[CompanyDetails::address];
+    return dialog.tabs().companyDetails.txtCompanyDetails[CompanyDetails::address];
   }
 };
 
@@ -126,7 +126,7 @@ TEST_F(FrmOptionsTest, SwitchingTabsTakesTheFocusOffTheHiddenPage) {
 
 TEST_F(FrmOptionsTest, SwitchingTabsFromCancelValidatesWhatIsPendingOnThePage) {
   openOn(TabPage::layby, [&](frmOptions& dialog) {
-    ui::TextBox& number = dialog.tab<LaybyOptions>().txtLayby[LaybyOptions::startNumber];
+    ui::TextBox& number = dialog.tabs().laybyOptions.txtLayby[LaybyOptions::startNumber];
     user.type(u"0");
     dialog.cmdCommand[frmOptions::cancel].setFocus();
     EXPECT_EQ(number.text(), u"0");
@@ -138,7 +138,7 @@ TEST_F(FrmOptionsTest, SwitchingTabsFromCancelValidatesWhatIsPendingOnThePage) {
 
 TEST_F(FrmOptionsTest, ARefusedValidationFromCancelKeepsThePage) {
   openOn(TabPage::layby, [&](frmOptions& dialog) {
-    ui::TextBox& number = dialog.tab<LaybyOptions>().txtLayby[LaybyOptions::startNumber];
+    ui::TextBox& number = dialog.tabs().laybyOptions.txtLayby[LaybyOptions::startNumber];
     number.validate = [](bool& refuse) { refuse = true; };
     dialog.cmdCommand[frmOptions::cancel].setFocus();
     user.press(Key::tab, {.ctrl = true});
@@ -198,7 +198,7 @@ TEST_F(FrmOptionsTest, AFirstUseThatEndsAtATabBeyondTheLastHasSavedAllTheSame) {
 
 TEST_F(FrmOptionsTest, AnOpeningThatFailsKeepsWhetherTheDataFileWasChanged) {
   machine.fileDialogs.answers = {u"C:\\Ledvane\\Other.ldv"};
-  edit([&](frmOptions& dialog) { user.click(dialog.tab<LedvaneLink>().cmdLedvane); });
+  edit([&](frmOptions& dialog) { user.click(dialog.tabs().ledvaneLink.cmdLedvane); });
   ASSERT_TRUE(options_.ChangedDataFile());
   options_.FirstUse = true;
   options_.SelectedTab = 99;
@@ -248,14 +248,14 @@ TEST_F(FrmOptionsTest, EveryEditEnablesApply) {
     EXPECT_TRUE(applyEnabled(dialog));
   });
   open([&](frmOptions& dialog) {
-    user.choose(dialog.tab<CompanyDetails>().cboClass, 1);
+    user.choose(dialog.tabs().companyDetails.cboClass, 1);
     EXPECT_TRUE(applyEnabled(dialog));
   });
 }
 
 TEST_F(FrmOptionsTest, ChoosingTheItemThatIsShownIsAnEdit) {
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
-    ui::ComboBox& step = dialog.tab<Rounding>().cboRounding[Rounding::step];
+    ui::ComboBox& step = dialog.tabs().rounding.cboRounding[Rounding::step];
     user.choose(step, step.listIndex());
     EXPECT_TRUE(applyEnabled(dialog));
   });
@@ -264,7 +264,7 @@ TEST_F(FrmOptionsTest, ChoosingTheItemThatIsShownIsAnEdit) {
 TEST_F(FrmOptionsTest, AnArrowKeyThatCannotMoveIsNoChoice) {
   host.store(options::RoundingDirection, std::uint8_t{Rounding::downTo});
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
-    ui::ComboBox& direction = dialog.tab<Rounding>().cboRounding[Rounding::direction];
+    ui::ComboBox& direction = dialog.tabs().rounding.cboRounding[Rounding::direction];
     EXPECT_TRUE(direction.setFocus());
     user.press(Key::down);
     EXPECT_FALSE(applyEnabled(dialog));
@@ -425,7 +425,7 @@ TEST_F(FrmOptionsTest, TabWalksFromThePageThroughTheButtonsAndRound) {
     // The data file, its button, the first check box of its frame.
     user.accessKey(u't');
     for (int i = 0; i < 3; ++i) user.press(Key::tab);
-    EXPECT_TRUE(dialog.tab<StartUpEntry>().chkShortcut.hasFocus());
+    EXPECT_TRUE(dialog.tabs().startUpEntry.chkShortcut.hasFocus());
     user.press(Key::tab);
     EXPECT_TRUE(dialog.cmdCommand[frmOptions::ok].hasFocus());
     user.press(Key::tab);

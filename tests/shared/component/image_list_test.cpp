@@ -19,9 +19,9 @@ TEST_F(OptionsImages, ActiveIsTheFirstAndInactiveTheSecond) {
 
 TEST_F(OptionsImages, ListsWithIconsTakeThemFromIt) {
   open([](frmOptions& dialog) {
-    EXPECT_EQ(dialog.tab<WebSites>().ltvWeb.smallIcons(), &dialog.ilstImages);
-    EXPECT_EQ(dialog.tab<RandomPrice>().ltvRandomPrice.smallIcons(), &dialog.ilstImages);
-    EXPECT_EQ(dialog.tab<PumpGrades>().ltvPump.smallIcons(), nullptr);
+    EXPECT_EQ(dialog.tabs().webSites.ltvWeb.smallIcons(), &dialog.ilstImages);
+    EXPECT_EQ(dialog.tabs().randomPrice.ltvRandomPrice.smallIcons(), &dialog.ilstImages);
+    EXPECT_EQ(dialog.tabs().pumpGrades.ltvPump.smallIcons(), nullptr);
   });
 }
 

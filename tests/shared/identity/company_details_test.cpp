@@ -10,9 +10,9 @@ using ui::Key;
 class CompanyDetailsTest : public OptionsTest {
  protected:
   ui::TextBox& box(frmOptions& dialog, int index) {
-    return dialog.tab<CompanyDetails>().txtCompanyDetails[index];
+    return dialog.tabs().companyDetails.txtCompanyDetails[index];
   }
-  ui::ComboBox& classes(frmOptions& dialog) { return dialog.tab<CompanyDetails>().cboClass; }
+  ui::ComboBox& classes(frmOptions& dialog) { return dialog.tabs().companyDetails.cboClass; }
   void storeClasses(std::initializer_list<std::pair<Text, bool>> rows) {
     for (const auto& [name, hidden] : rows) {
       host.classes.push_back({{u"Name", name}, {u"Hidden", hidden}});
@@ -55,7 +55,7 @@ TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhereNothingIsStored) {
 
 TEST_F(CompanyDetailsTest, ControlsHaveTheirCaptionsLinesAndLengths) {
   open([&](frmOptions& dialog) {
-    const auto& tab = dialog.tab<CompanyDetails>();
+    const auto& tab = dialog.tabs().companyDetails;
     EXPECT_EQ(tab.fraGeneral.caption(), u"Company Details");
     std::vector<Text> captions;
     for (const auto& [index, label] : tab.lblGeneral) captions.push_back(label->caption());
@@ -76,7 +76,7 @@ TEST_F(CompanyDetailsTest, ControlsHaveTheirCaptionsLinesAndLengths) {
 TEST_F(CompanyDetailsTest, TheClassStandsAtTheEndOfTheRowOfTheAbn) {
   open([&](frmOptions& dialog) {
     const ui::Rect& lastGroup = box(dialog, 11).bounds();
-    const ui::Rect& label = dialog.tab<CompanyDetails>().lblGeneral[7].bounds();
+    const ui::Rect& label = dialog.tabs().companyDetails.lblGeneral[7].bounds();
     const ui::Rect& list = classes(dialog).bounds();
     EXPECT_LE(lastGroup.right(), label.left);
     EXPECT_LE(label.right(), list.left);

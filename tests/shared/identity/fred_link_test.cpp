@@ -18,7 +18,7 @@ class FredLinkTest : public OptionsTest {
  protected:
   FredLinkTest() { host.dispensingAvailable = true; }
 
-  static FredLink& tab(frmOptions& dialog) { return dialog.tab<FredLink>(); }
+  static FredLink& tab(frmOptions& dialog) { return dialog.tabs().fredLink; }
   static ui::CheckBox& active(frmOptions& dialog) { return tab(dialog).chkDispense[0]; }
   static ui::TextBox& path(frmOptions& dialog) {
     return tab(dialog).txtDispense[FredLink::dataFile];
@@ -591,7 +591,7 @@ TEST_F(FredLinkTest, ARefusedSaveKeepsWhatWasTyped) {
   openWith(15, [&](frmOptions& dialog) {
     typeSeconds(dialog, u"30");
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
-    auto& list = dialog.tab<ListColumns>().lstListShow[ListColumns::currency];
+    auto& list = dialog.tabs().listColumns.lstListShow[ListColumns::currency];
     untickAll(list);
     apply(dialog);
     EXPECT_EQ(boxes.shown.size(), 1U);

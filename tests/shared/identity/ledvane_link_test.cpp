@@ -18,7 +18,7 @@ class LedvaneLinkTest : public OptionsTest {
     options_.LVFileExtension = u"lvd";
   }
 
-  static LedvaneLink& tab(frmOptions& dialog) { return dialog.tab<LedvaneLink>(); }
+  static LedvaneLink& tab(frmOptions& dialog) { return dialog.tabs().ledvaneLink; }
   static ui::CheckBox& box(frmOptions& dialog, int index) { return tab(dialog).chkLedvane[index]; }
   static std::int32_t ticks(frmOptions& dialog) {
     std::int32_t mask = 0;
@@ -641,7 +641,7 @@ TEST_F(LedvaneLinkTest, TheQuestionsComeAfterTheTwoValidations) {
   const std::vector<std::function<void(frmOptions&)>> ways = {
       [&](frmOptions& dialog) {
         user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
-        auto& list = dialog.tab<ListColumns>().lstListShow[ListColumns::currency];
+        auto& list = dialog.tabs().listColumns.lstListShow[ListColumns::currency];
         if (list.checked(0)) {
           untickAll(list);
         } else {
@@ -650,7 +650,7 @@ TEST_F(LedvaneLinkTest, TheQuestionsComeAfterTheTwoValidations) {
       },
       [&](frmOptions& dialog) {
         user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::eod));
-        user.click(dialog.tab<EndOfDay>().chkEOD[EndOfDay::reconcileDrawer]);
+        user.click(dialog.tabs().endOfDay.chkEOD[EndOfDay::reconcileDrawer]);
       }};
   for (const auto& turn : ways) {
     boxes.shown.clear();
@@ -697,7 +697,7 @@ TEST_F(LedvaneLinkTest, ARefusedSaveKeepsTheChoice) {
   open([&](frmOptions& dialog) {
     choose(dialog, kOther);
     user.clickTab(dialog.tabOptions, 2);
-    auto& currencies = dialog.tab<ListColumns>().lstListShow[ListColumns::currency];
+    auto& currencies = dialog.tabs().listColumns.lstListShow[ListColumns::currency];
     for (int row = 0; row < currencies.count(); ++row) user.clickCheck(currencies, row);
     apply(dialog);
     EXPECT_EQ(boxes.shown.size(), 1U);

@@ -61,14 +61,14 @@ const std::vector<Protection> kProtections = {
 class PasswordsTest : public OptionsTest {
  protected:
   static ui::CheckBox& box(frmOptions& dialog, int index) {
-    return dialog.tab<Passwords>().chkSecurity[index];
+    return dialog.tabs().passwords.chkSecurity[index];
   }
   static ui::CommandButton& button(frmOptions& dialog, int index) {
-    return dialog.tab<Passwords>().cmdSecurity[index];
+    return dialog.tabs().passwords.cmdSecurity[index];
   }
   static std::vector<int> ticked(frmOptions& dialog) {
     std::vector<int> rows;
-    for (const auto& [index, box] : dialog.tab<Passwords>().chkSecurity) {
+    for (const auto& [index, box] : dialog.tabs().passwords.chkSecurity) {
       EXPECT_EQ(button(dialog, index).enabled(), box->value()) << index;
       if (box->value()) rows.push_back(index);
     }
@@ -106,7 +106,7 @@ class PasswordsTest : public OptionsTest {
   /// An edit elsewhere.
   void touch(frmOptions& dialog) {
     user.clickTab(dialog.tabOptions, 1);
-    user.click(dialog.tab<CompanyDetails>().txtCompanyDetails[CompanyDetails::name]);
+    user.click(dialog.tabs().companyDetails.txtCompanyDetails[CompanyDetails::name]);
     user.type(u"Corner Shop");
   }
   /// A password of its own for each row, stored, with all protections on.
@@ -120,7 +120,7 @@ class PasswordsTest : public OptionsTest {
 
 TEST_F(PasswordsTest, ShowsEachProtectionWithItsButtonInItsFrame) {
   openTab([&](frmOptions& dialog) {
-    const auto& tab = dialog.tab<Passwords>();
+    const auto& tab = dialog.tabs().passwords;
     ASSERT_EQ(tab.fraSecurity.count(), 2);
     ASSERT_EQ(tab.chkSecurity.count(), 11);
     ASSERT_EQ(tab.cmdSecurity.count(), 11);
@@ -138,7 +138,7 @@ TEST_F(PasswordsTest, ShowsEachProtectionWithItsButtonInItsFrame) {
 
 TEST_F(PasswordsTest, RowsStandBelowEachOtherInsideTheirFrames) {
   openTab([&](frmOptions& dialog) {
-    const auto& tab = dialog.tab<Passwords>();
+    const auto& tab = dialog.tabs().passwords;
     const ui::Screen& screen = desk->screen();
     for (const auto& [index, check] : tab.chkSecurity) {
       const ui::Rect& place = check->bounds();
@@ -374,7 +374,7 @@ TEST_F(PasswordsTest, ARefusedSaveKeepsThePasswordOfAnUntickedRow) {
     EXPECT_EQ(boxes.shown[0].title, u"Not enough columns");
     EXPECT_EQ(host.value(options::PasswordChangePrices), passwordOf(6));
 
-    user.clickCheck(dialog.tab<ListColumns>().lstListShow[ListColumns::salesPerson], 0);
+    user.clickCheck(dialog.tabs().listColumns.lstListShow[ListColumns::salesPerson], 0);
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::security));
     user.click(box(dialog, 6));
     openDialog(dialog, 6,

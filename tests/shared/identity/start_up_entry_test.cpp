@@ -15,7 +15,7 @@ using Values = std::vector<std::pair<Text, Text>>;
 
 class StartUpEntryTest : public OptionsTest {
  protected:
-  static ui::CheckBox& box(frmOptions& dialog) { return dialog.tab<StartUpEntry>().chkShortcut; }
+  static ui::CheckBox& box(frmOptions& dialog) { return dialog.tabs().startUpEntry.chkShortcut; }
   void apply(frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::apply]); }
   bool tickedAtLoad() {
     bool ticked = false;
@@ -173,7 +173,7 @@ TEST_F(StartUpEntryTest, ARefusedSaveHasAppliedIt) {
   open([&](frmOptions& dialog) {
     user.click(box(dialog));
     user.clickTab(dialog.tabOptions, 2);
-    auto& currencies = dialog.tab<ListColumns>().lstListShow[ListColumns::currency];
+    auto& currencies = dialog.tabs().listColumns.lstListShow[ListColumns::currency];
     for (int row = 0; row < currencies.count(); ++row) user.clickCheck(currencies, row);
     apply(dialog);
     EXPECT_EQ(boxes.shown.size(), 1U);
@@ -216,7 +216,7 @@ TEST_F(StartUpEntryTest, FailuresOfTheHostReachTheCaller) {
 
 TEST_F(StartUpEntryTest, TheBoxIsTheLastOfThePage) {
   open([&](frmOptions& dialog) {
-    user.click(dialog.tab<LedvaneLink>().chkLedvane[0]);
+    user.click(dialog.tabs().ledvaneLink.chkLedvane[0]);
     for (int i = 0; i < 3; ++i) user.press(Key::tab);
     EXPECT_TRUE(box(dialog).hasFocus());
     user.press(Key::space);
@@ -231,7 +231,7 @@ TEST_F(StartUpEntryTest, ThePartsOfThePageStandBelowEachOtherAndFit) {
     const ui::Frame& page = dialog.fraFrame[0];
     int bottom = 0;
     for (const ui::Control* part : std::initializer_list<const ui::Control*>{
-             &dialog.tab<CompanyDetails>().fraGeneral, &dialog.tab<LedvaneLink>().fraGeneral,
+             &dialog.tabs().companyDetails.fraGeneral, &dialog.tabs().ledvaneLink.fraGeneral,
              &box(dialog)}) {
       EXPECT_GT(part->bounds().top, bottom);
       EXPECT_LE(part->bounds().right(), page.clientSize().width);
@@ -239,7 +239,7 @@ TEST_F(StartUpEntryTest, ThePartsOfThePageStandBelowEachOtherAndFit) {
     }
     EXPECT_LE(bottom, page.clientSize().height);
 
-    const auto& inside = dialog.tab<LedvaneLink>().fraGeneral;
+    const auto& inside = dialog.tabs().ledvaneLink.fraGeneral;
     for (const auto& control : inside.children()) {
       EXPECT_LE(control->bounds().right(), inside.clientSize().width);
       EXPECT_LE(control->bounds().bottom(), inside.clientSize().height);

@@ -18,7 +18,7 @@ class WebSitesTest : public OptionsTest {
   static FakeRow site(TextView description, TextView url, bool inactive = false) {
     return {{u"Description", Text(description)}, {u"URL", Text(url)}, {u"Inactive", inactive}};
   }
-  static WebSites& tab(frmOptions& dialog) { return dialog.tab<WebSites>(); }
+  static WebSites& tab(frmOptions& dialog) { return dialog.tabs().webSites; }
   static ui::CommandButton& command(frmOptions& dialog, int index) {
     return tab(dialog).cmdWeb[index];
   }

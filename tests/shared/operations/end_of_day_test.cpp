@@ -20,7 +20,7 @@ constexpr std::int32_t bit(int index) { return std::int32_t{1} << index; }
 
 class EndOfDayTest : public OptionsTest {
  protected:
-  static EndOfDay& part(frmOptions& dialog) { return dialog.tab<EndOfDay>(); }
+  static EndOfDay& part(frmOptions& dialog) { return dialog.tabs().endOfDay; }
   static ui::CheckBox& check(frmOptions& dialog, int index) { return part(dialog).chkEOD[index]; }
   static ui::CheckBox& total(frmOptions& dialog, int index) {
     return part(dialog).chkEODReconcile[index];
@@ -486,7 +486,7 @@ TEST_F(EndOfDayTest, ColumnsAreRefusedBeforeTotals) {
     ASSERT_EQ(boxes.shown.size(), 1U);
     EXPECT_EQ(boxes.shown[0].title, u"Not enough columns");
     EXPECT_EQ(dialog.tabOptions.selected(), 2);
-    user.clickCheck(dialog.tab<ListColumns>().lstListShow[ListColumns::currency], 0);
+    user.clickCheck(dialog.tabs().listColumns.lstListShow[ListColumns::currency], 0);
     boxes.shown.clear();
     apply(dialog);
     expectRefusal();

@@ -17,7 +17,7 @@ constexpr std::array kDefaults = {u"1", u"90", u"180"};
 
 class LaybyTest : public OptionsTest {
  protected:
-  static LaybyOptions& tab(frmOptions& dialog) { return dialog.tab<LaybyOptions>(); }
+  static LaybyOptions& tab(frmOptions& dialog) { return dialog.tabs().laybyOptions; }
   static ui::TextBox& box(frmOptions& dialog, int index) { return tab(dialog).txtLayby[index]; }
   void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::layby, act); }
   /// Opens the tab and presses OK after `act`.
@@ -533,7 +533,7 @@ TEST_F(LaybyTest, ARefusedSaveKeepsWhatWasTyped) {
   openTab([&](frmOptions& dialog) {
     user.type(u"42");
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
-    auto& list = dialog.tab<ListColumns>().lstListShow[ListColumns::salesPerson];
+    auto& list = dialog.tabs().listColumns.lstListShow[ListColumns::salesPerson];
     untickAll(list);
     apply(dialog);
     EXPECT_EQ(boxes.shown.size(), 1U);

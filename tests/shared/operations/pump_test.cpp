@@ -25,7 +25,7 @@ class PumpTest : public OptionsTest {
   void addGrades(const std::vector<std::int32_t>& numbers) {
     for (const std::int32_t number : numbers) host.grades.push_back(grade(number));
   }
-  static PumpGrades& tab(frmOptions& dialog) { return dialog.tab<PumpGrades>(); }
+  static PumpGrades& tab(frmOptions& dialog) { return dialog.tabs().pumpGrades; }
   static ui::CommandButton& command(frmOptions& dialog, int index) {
     return tab(dialog).cmdPump[index];
   }

@@ -35,7 +35,7 @@ std::vector<FakeRow> freshTable() {
 
 class RandomPriceTest : public OptionsTest {
  protected:
-  static RandomPrice& tab(frmOptions& dialog) { return dialog.tab<RandomPrice>(); }
+  static RandomPrice& tab(frmOptions& dialog) { return dialog.tabs().randomPrice; }
   static ui::ListView& list(frmOptions& dialog) { return tab(dialog).ltvRandomPrice; }
   static ui::CheckBox& active(frmOptions& dialog) { return tab(dialog).chkRandomPrice[0]; }
   void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::scanning, act); }
@@ -626,7 +626,7 @@ TEST_F(RandomPriceTest, ARefusedSaveWritesNothingAndKeepsTheEdits) {
   openTab([&](frmOptions& dialog) {
     editRow(dialog, 0, [&](Editor& editor) { user.choose(editor.cboRandomPrice, 1); });
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::lists));
-    auto& columns = dialog.tab<ListColumns>().lstListShow[ListColumns::currency];
+    auto& columns = dialog.tabs().listColumns.lstListShow[ListColumns::currency];
     for (int i = 0; i < columns.count(); ++i) user.clickCheck(columns, i);
     user.click(dialog.cmdCommand[frmOptions::ok]);
     EXPECT_TRUE(dialog.isShown());

@@ -15,7 +15,7 @@ class CurrencyConversionTest : public OptionsTest {
  protected:
   explicit CurrencyConversionTest(NumberLocale numbers = {}) : OptionsTest(std::move(numbers)) {}
 
-  static CurrencyConversion& tab(frmOptions& dialog) { return dialog.tab<CurrencyConversion>(); }
+  static CurrencyConversion& tab(frmOptions& dialog) { return dialog.tabs().currencyConversion; }
   static ui::TextBox& box(frmOptions& dialog) { return tab(dialog).txtCurrencyConversion[0]; }
   static ui::UpDown& upDown(frmOptions& dialog) { return tab(dialog).udCurrencyConversion; }
 

@@ -115,7 +115,7 @@ std::int32_t mask(std::uint32_t bits) { return static_cast<std::int32_t>(bits); 
 class ListColumnsTest : public OptionsTest {
  protected:
   ui::CheckListBox& list(frmOptions& dialog, int index) {
-    return dialog.tab<ListColumns>().lstListShow[index];
+    return dialog.tabs().listColumns.lstListShow[index];
   }
   void openPage(const std::function<void(frmOptions&)>& act) { openOn(TabPage::lists, act); }
   void editPage(const std::function<void(frmOptions&)>& act) {
@@ -156,10 +156,10 @@ class ListColumnsTest : public OptionsTest {
 
 TEST_F(ListColumnsTest, ListsHaveTheirRowsInOrderWithTheirBits) {
   openPage([&](frmOptions& dialog) {
-    ASSERT_EQ(dialog.tab<ListColumns>().lstListShow.count(), 5);
+    ASSERT_EQ(dialog.tabs().listColumns.lstListShow.count(), 5);
     int total = 0;
     for (int i = 0; i < ListColumns::count; ++i) {
-      EXPECT_EQ(dialog.tab<ListColumns>().lblLists[i].caption(), listOf(i).label);
+      EXPECT_EQ(dialog.tabs().listColumns.lblLists[i].caption(), listOf(i).label);
       const auto& rows = list(dialog, i).rows();
       ASSERT_EQ(rows.size(), listOf(i).rows.size()) << i;
       for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -176,7 +176,7 @@ TEST_F(ListColumnsTest, EveryListStandsBelowItsLabelWithinThePage) {
   openPage([&](frmOptions& dialog) {
     const ui::Size page = dialog.fraFrame[1].clientSize();
     for (int i = 0; i < ListColumns::count; ++i) {
-      const ui::Label& label = dialog.tab<ListColumns>().lblLists[i];
+      const ui::Label& label = dialog.tabs().listColumns.lblLists[i];
       const ui::Rect& place = list(dialog, i).bounds();
       EXPECT_EQ(label.bounds().left, place.left);
       EXPECT_LT(label.bounds().bottom(), place.top);
@@ -423,7 +423,7 @@ TEST_F(ListColumnsTest, ARefusedSaveWritesNothingAndLeavesEveryEdit) {
     user.clickTab(dialog.tabOptions, 2);
     tickOnly(dialog, ListColumns::salesPerson, {4});
     user.clickTab(dialog.tabOptions, 3);
-    user.click(dialog.tab<TransactionOptions>().chkTransaction[0]);
+    user.click(dialog.tabs().transactionOptions.chkTransaction[0]);
     host.calls.clear();
     user.click(dialog.cmdCommand[frmOptions::ok]);
 

@@ -16,7 +16,7 @@ class RoundingTest : public OptionsTest {
  protected:
   explicit RoundingTest(NumberLocale numbers = {}) : OptionsTest(std::move(numbers)) {}
 
-  static Rounding& tab(frmOptions& dialog) { return dialog.tab<Rounding>(); }
+  static Rounding& tab(frmOptions& dialog) { return dialog.tabs().rounding; }
   static ui::ComboBox& combo(frmOptions& dialog, int index) {
     return tab(dialog).cboRounding[index];
   }
@@ -717,7 +717,7 @@ TEST_F(RoundingTest, AMarginAndARoundingChangeRaiseTheirBitsTogether) {
   editTab([&](frmOptions& dialog) {
     user.choose(combo(dialog, Rounding::step), 7);
     user.clickTab(dialog.tabOptions, 5);
-    user.spin(dialog.tab<CurrencyConversion>().udCurrencyConversion, +1);
+    user.spin(dialog.tabs().currencyConversion.udCurrencyConversion, +1);
   });
   EXPECT_EQ(changes, std::vector<std::int32_t>{512 + 2048});
 }

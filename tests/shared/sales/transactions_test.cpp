@@ -47,7 +47,7 @@ std::int32_t bit(int index) { return static_cast<std::int32_t>(1U << index); }
 
 class TransactionsTest : public OptionsTest {
  protected:
-  TransactionOptions& part(frmOptions& dialog) { return dialog.tab<TransactionOptions>(); }
+  TransactionOptions& part(frmOptions& dialog) { return dialog.tabs().transactionOptions; }
   ui::CheckBox& check(frmOptions& dialog, int index) { return part(dialog).chkTransaction[index]; }
   ui::TextBox& box(frmOptions& dialog, int index) { return part(dialog).txtCaption[index]; }
   ui::Label& label(frmOptions& dialog, int index) { return part(dialog).lblTransaction[index]; }

@@ -11,7 +11,7 @@ TEST_F(FocusSelection, EveryWayIntoATextBoxSelectsItsText) {
   host.store(options::CompanyName, u"Corner Shop");
   host.store(options::CompanyPhone, u"08 1234 5678");
   open([&](frmOptions& dialog) {
-    const auto& box = dialog.tab<CompanyDetails>().txtCompanyDetails;
+    const auto& box = dialog.tabs().companyDetails.txtCompanyDetails;
     EXPECT_EQ(box[CompanyDetails::name].selText(), u"Corner Shop") << "at the start";
     user.click(box[CompanyDetails::phone]);
     EXPECT_EQ(box[CompanyDetails::phone].selText(), u"08 1234 5678") << "by the mouse";
@@ -27,7 +27,7 @@ TEST_F(FocusSelection, EveryWayIntoATextBoxSelectsItsText) {
 TEST_F(FocusSelection, TypingAfterAClickReplacesTheText) {
   host.store(options::CompanyPhone, u"08 1234 5678");
   edit([&](frmOptions& dialog) {
-    user.click(dialog.tab<CompanyDetails>().txtCompanyDetails[CompanyDetails::phone]);
+    user.click(dialog.tabs().companyDetails.txtCompanyDetails[CompanyDetails::phone]);
     user.type(u"1");
   });
   EXPECT_EQ(host.value(options::CompanyPhone), u"1");

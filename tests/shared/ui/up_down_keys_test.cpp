@@ -23,10 +23,10 @@ class UpDownKeys : public OptionsTest {
     Texts texts;
     openOn(page, [&](frmOptions& dialog) {
       const bool fred = page == TabPage::fred;
-      ui::TextBox& box = fred ? dialog.tab<FredLink>().txtDispense[FredLink::seconds]
-                              : dialog.tab<CurrencyConversion>().txtCurrencyConversion[0];
-      ui::UpDown& upDown = fred ? dialog.tab<FredLink>().udFRED
-                                : dialog.tab<CurrencyConversion>().udCurrencyConversion;
+      ui::TextBox& box = fred ? dialog.tabs().fredLink.txtDispense[FredLink::seconds]
+                              : dialog.tabs().currencyConversion.txtCurrencyConversion[0];
+      ui::UpDown& upDown = fred ? dialog.tabs().fredLink.udFRED
+                                : dialog.tabs().currencyConversion.udCurrencyConversion;
       user.click(box);
       for (const int step : steps) {
         if (step == 0) {

@@ -3,8 +3,8 @@
 #include <deque>
 
 #include "tests/testing/desk.h"
+#include "tests/testing/win32/driven_screen.h"
 #include "ui/win32/handles.h"
-#include "ui/win32/screen.h"
 
 namespace tillora::testing {
 
@@ -12,7 +12,7 @@ namespace tillora::testing {
 /// everything that follows from it has been dealt with, forms shown and closed included.
 class WindowsUser final : public User {
  public:
-  explicit WindowsUser(ui::win32::Screen& screen) : screen_(screen) {}
+  explicit WindowsUser(DrivenScreen& screen) : screen_(screen) {}
 
   void press(ui::Key key, ui::Modifiers modifiers) override;
   void type(TextView text) override;
@@ -39,7 +39,7 @@ class WindowsUser final : public User {
   /// Clicks at a point of the window's client area.
   void clickAt(HWND window, POINT point, int times = 1);
 
-  ui::win32::Screen& screen_;
+  DrivenScreen& screen_;
 };
 
 /// A desk with real windows: a host window, and forms in front of it.
@@ -56,14 +56,14 @@ class WindowsDesk final : public Desk {
   int unusedSteps() const override { return static_cast<int>(steps_.size()); }
   void dropSteps() override { steps_.clear(); }
 
-  ui::win32::Screen& windows() { return screen_; }
+  DrivenScreen& windows() { return screen_; }
   HWND host() const { return host_.get(); }
 
  private:
   void shown(ui::Form& form);
 
   ui::win32::Window host_;
-  ui::win32::Screen screen_;
+  DrivenScreen screen_;
   WindowsUser user_{screen_};
   std::deque<std::function<void(ui::Form&)>> steps_;
   int unexpected_ = 0;

@@ -157,7 +157,7 @@ class ModalRunTest : public ::testing::Test {
   }
 
   WindowsDesk desk;
-  ui::win32::Screen& screen = desk.windows();
+  DrivenScreen& screen = desk.windows();
   HostWindow owner;
   std::vector<std::unique_ptr<Level>> levels;
   /// Called inside the handler of a form that opened another, when that one has ended.
