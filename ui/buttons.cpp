@@ -1,5 +1,6 @@
 #include "ui/buttons.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "ui/form.h"
@@ -22,6 +23,11 @@ void CheckBox::setValue(bool value) {
   click.raise();
 }
 
+bool CheckBox::moveByArrow(bool forward) {
+  form().moveInTabOrder(forward);
+  return true;
+}
+
 OptionButton::OptionButton(Container* parent, Text caption)
     : Control(parent), caption_(std::move(caption)) {}
 
@@ -36,6 +42,31 @@ void OptionButton::setValue(bool value) {
   }
   edited();
   click.raise();
+}
+
+std::vector<OptionButton*> OptionButton::group() const {
+  std::vector<OptionButton*> found;
+  for (const auto& sibling : parent()->children()) {
+    if (sibling->kind() != Kind::optionButton || !sibling->canFocus()) continue;
+    found.push_back(static_cast<OptionButton*>(sibling.get()));
+  }
+  return found;
+}
+
+bool OptionButton::isTabStop() const {
+  if (!Control::isTabStop()) return false;
+  const std::vector<OptionButton*> choices = group();
+  const auto chosen = std::ranges::find_if(choices, &OptionButton::value);
+  return this == (chosen != choices.end() ? *chosen : choices.front());
+}
+
+bool OptionButton::moveByArrow(bool forward) {
+  std::vector<OptionButton*> choices = group();
+  if (!forward) std::ranges::reverse(choices);
+  std::ranges::rotate(choices, std::ranges::find(choices, this));
+  OptionButton& next = *choices[1 % choices.size()];
+  if (next.setFocus()) next.setValue(true);
+  return true;
 }
 
 CommandButton::CommandButton(Container* parent, Text caption)
@@ -63,6 +94,17 @@ void CommandButton::press() {
   if (!effectivelyEnabled() || !effectivelyVisible()) return;
   if (causesValidation() && !form().validatePending()) return;
   click.raise();
+}
+
+Control* CommandButton::focusHeir() const {
+  CommandButton* other = form().defaultButton();
+  const bool isBeside = other != nullptr && other->parent() == parent();
+  return isBeside && other->canFocus() ? other : Control::focusHeir();
+}
+
+bool CommandButton::moveByArrow(bool forward) {
+  form().moveInTabOrder(forward);
+  return true;
 }
 
 }  // namespace tillora::ui

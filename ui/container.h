@@ -22,7 +22,9 @@ class Container : public Control {
   }
 
   /// In order of creation, which is their tab order.
-  const std::vector<std::unique_ptr<Control>>& children() const { return children_; }
+  const std::vector<std::unique_ptr<Control>>& children() const override { return children_; }
+  /// The control in it that starts with the focus; null for the first in the tab order.
+  virtual Control* firstFocus() const { return nullptr; }
   /// Size of the area that holds the children, twips.
   virtual Size clientSize() const { return {bounds().width, bounds().height}; }
   bool contains(const Control& control) const;
@@ -46,7 +48,7 @@ class Frame final : public Container {
   Border border() const { return border_; }
   /// The control that gets the focus when a tab shows this page; null for the first in the tab
   /// order.
-  Control* firstFocus() const { return firstFocus_; }
+  Control* firstFocus() const override { return firstFocus_; }
   void setFirstFocus(Control& control) { firstFocus_ = &control; }
 
   /// It has another size.
