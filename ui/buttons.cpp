@@ -46,6 +46,11 @@ CheckBox& CheckBox::setValue(bool value) {
   return *this;
 }
 
+bool CheckBox::moveByArrow(bool forward) {
+  form().moveInTabOrder(forward);
+  return true;
+}
+
 OptionButton::OptionButton(Text caption) : caption_(std::move(caption)) {}
 
 Size OptionButton::naturalSize() const { return sizeWithMark(*this); }
@@ -62,6 +67,31 @@ OptionButton& OptionButton::setValue(bool value) {
   edited();
   click.raise();
   return *this;
+}
+
+std::vector<OptionButton*> OptionButton::group() const {
+  std::vector<OptionButton*> found;
+  for (Control* sibling : parent()->children()) {
+    if (sibling->kind() != Kind::optionButton || !sibling->canFocus()) continue;
+    found.push_back(static_cast<OptionButton*>(sibling));
+  }
+  return found;
+}
+
+bool OptionButton::isTabStop() const {
+  if (!Control::isTabStop()) return false;
+  const std::vector<OptionButton*> choices = group();
+  const auto chosen = std::ranges::find_if(choices, &OptionButton::value);
+  return this == (chosen != choices.end() ? *chosen : choices.front());
+}
+
+bool OptionButton::moveByArrow(bool forward) {
+  std::vector<OptionButton*> choices = group();
+  if (!forward) std::ranges::reverse(choices);
+  std::ranges::rotate(choices, std::ranges::find(choices, this));
+  OptionButton& next = *choices[1 % choices.size()];
+  if (next.setFocus()) next.setValue(true);
+  return true;
 }
 
 CommandButton::CommandButton(Text caption) : caption_(std::move(caption)) {}
@@ -100,6 +130,17 @@ void CommandButton::press() {
   if (!effectivelyEnabled() || !effectivelyVisible()) return;
   if (causesValidation() && !form().validatePending()) return;
   click.raise();
+}
+
+Control* CommandButton::focusHeir() const {
+  CommandButton* other = form().defaultButton();
+  const bool isBeside = other != nullptr && other->parent() == parent();
+  return isBeside && other->canFocus() ? other : Control::focusHeir();
+}
+
+bool CommandButton::moveByArrow(bool forward) {
+  form().moveInTabOrder(forward);
+  return true;
 }
 
 }  // namespace tillora::ui

@@ -15,11 +15,13 @@ class CheckBox final : public Control {
   CheckBox& setCaption(Text caption);
   bool value() const { return value_; }
   CheckBox& setValue(bool value);
+  void press() override { setValue(!value_); }
 
   Event<> click;
 
  protected:
   bool focusable() const override { return true; }
+  bool moveByArrow(bool forward) override;
 
  private:
   Text caption_;
@@ -37,13 +39,21 @@ class OptionButton final : public Control {
   const Text& caption() const override { return caption_; }
   bool value() const { return value_; }
   OptionButton& setValue(bool value);
+  void press() override { setValue(true); }
 
   Event<> click;
 
  protected:
   bool focusable() const override { return true; }
+  /// Of the group Tab reaches the chosen button, or the first where none is chosen.
+  bool isTabStop() const override;
+  /// Chooses the next of the group, from its last on to its first.
+  bool moveByArrow(bool forward) override;
 
  private:
+  /// The option buttons of the container that can have the focus.
+  std::vector<OptionButton*> group() const;
+
   Text caption_;
   bool value_ = false;
 };
@@ -67,12 +77,16 @@ class CommandButton final : public Control {
 
   /// Presses the button as the user does: nothing when it is disabled; first the pending validation
   /// of the control with the focus, unless this button causes none; then click.
-  void press();
+  void press() override;
 
   Event<> click;
 
  protected:
   bool focusable() const override { return true; }
+  /// The default button where it is beside this one (Apply), so that Enter goes on making sense.
+  Control* focusHeir() const override;
+  CommandButton* enterButton() override { return this; }
+  bool moveByArrow(bool forward) override;
 
  private:
   Text caption_;

@@ -29,7 +29,9 @@ class Container : public Control {
   }
 
   /// In the order in which they were taken in, which is their tab order.
-  const std::vector<Control*>& children() const { return children_; }
+  const std::vector<Control*>& children() const override { return children_; }
+  /// The control in it that starts with the focus; null for the first in the tab order.
+  virtual Control* firstFocus() { return nullptr; }
   /// Size of the area that holds the children, twips.
   virtual Size clientSize() const { return {bounds().width, bounds().height}; }
   bool contains(const Control& control) const;
@@ -66,7 +68,7 @@ class Frame final : public Container {
   Border border() const { return border_; }
   /// The control that gets the focus when a tab shows this page; null for the first in the tab
   /// order.
-  Control* firstFocus() const { return firstFocus_; }
+  Control* firstFocus() override { return firstFocus_; }
   void setFirstFocus(Control& control) { firstFocus_ = &control; }
 
   Margins margins() const override;

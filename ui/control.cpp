@@ -114,6 +114,28 @@ const Text& Control::caption() const {
   return none;
 }
 
+const std::vector<Control*>& Control::children() const {
+  static const std::vector<Control*> none;
+  return none;
+}
+
+void Control::userKey(Key key) {
+  if (key == Key::space) press();
+}
+
+bool Control::isTabStop() const { return tabStop_ && canFocus(); }
+
+Control* Control::focusHeir() const { return form_->nextInTabOrder(this); }
+
+Control* Control::accessTarget() {
+  Control* target = focusable() ? this : form_->nextInTabOrder(this);
+  return target != nullptr && target->canFocus() ? target : nullptr;
+}
+
+CommandButton* Control::enterButton() { return form_->defaultButton(); }
+
+bool Control::mouseDown() { return !canFocus() || setFocus(); }
+
 void Control::notify(Property what) const {
   if (form_ == nullptr) return;
   if (FormView* view = form_->view()) view->changed(*this, what);

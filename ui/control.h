@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <vector>
 
 #include "base/text.h"
 #include "ui/event.h"
@@ -10,6 +12,7 @@
 
 namespace tillora::ui {
 
+class CommandButton;
 class Container;
 class Form;
 
@@ -125,6 +128,15 @@ class Control {
   virtual std::optional<char16_t> accessKey() const;
   /// Caption with its ampersands; empty for kinds without one.
   virtual const Text& caption() const;
+  /// The controls that this one holds, in order of creation; none for most kinds.
+  virtual const std::vector<Control*>& children() const;
+
+  /// What a click, the access key and Space do: a command button is pressed, a check box ticked or
+  /// unticked, an option button chosen. Nothing in other kinds.
+  virtual void press() {}
+  /// A key that Form::userKeyDown left to the control: Space presses, Up and Down choose in a list.
+  /// Where the control has a window of the platform, the window does this by itself.
+  virtual void userKey(Key key);
 
   Event<> gotFocus;
   Event<> lostFocus;
@@ -144,6 +156,30 @@ class Control {
   void edited();
   virtual bool focusable() const { return false; }
   virtual void sizeChanged() {}
+
+  // What the form asks its controls while it keeps the focus and deals with keys.
+
+  /// Tab stops at this control now. Of a group of option buttons it stops at one.
+  virtual bool isTabStop() const;
+  /// The control that gets the focus when this one can no longer have it; null for none.
+  virtual Control* focusHeir() const;
+  /// The control that the access key leads to: this one, or the next in the tab order where this
+  /// kind (label, frame) takes no focus. Null where it leads nowhere.
+  Control* accessTarget();
+  /// The button that Enter presses while this control has the focus; null for none.
+  virtual CommandButton* enterButton();
+  /// Enter is a key of the control's own and presses no button.
+  virtual bool keepsEnter(Modifiers /*modifiers*/) const { return false; }
+  /// Right or Down (forward), Left or Up was pressed in the control. True where that moved the
+  /// focus, false where the key is the control's own.
+  virtual bool moveByArrow(bool /*forward*/) { return false; }
+  /// Up (+1) or Down (-1) was pressed in `box`. True where this control is the up-down beside it.
+  virtual bool stepFor(const Control& /*box*/, int /*direction*/) { return false; }
+  /// Goes to the next or the previous page. False for all but a tab strip that can have the focus.
+  virtual bool switchPage(bool /*forward*/) { return false; }
+  /// The mouse went down on the control, which is enabled: takes the focus if it can. False where
+  /// it must not see the click, since validation refused.
+  virtual bool mouseDown();
 
  private:
   friend class Container;

@@ -72,11 +72,15 @@ class Form : public Container {
   bool validatePending();
   /// The control that the Tab key would lead to; null where there is none.
   Control* nextInTabOrder(const Control* from, bool forward = true) const;
+  /// Moves the focus there from the control that has it.
+  void moveInTabOrder(bool forward);
   /// The control that gets the focus when the page behind the tabs is opened by keyboard.
   Control* firstOnPage(const TabStrip& tabs) const;
 
   CommandButton* defaultButton() const { return default_; }
   CommandButton* cancelButton() const { return cancel_; }
+  /// The button that Enter presses now: the one with the focus, or else the default button.
+  CommandButton* enterButton() override;
   void setDefaultButton(CommandButton* button);
 
   // The user.
@@ -129,7 +133,7 @@ class Form : public Container {
   /// The control has just received the focus; its gotFocus follows.
   virtual void onFocus(Control& control);
   /// The control that starts with the focus; by default the first in the tab order.
-  virtual Control* firstFocus() { return nextInTabOrder(nullptr); }
+  Control* firstFocus() override { return nextInTabOrder(nullptr); }
   /// Set `cancel` to stay.
   virtual void onQueryUnload(bool& cancel, UnloadMode mode);
   virtual void onUnload() {}
@@ -158,13 +162,9 @@ class Form : public Container {
   void moveFocus(Control* to);
   bool keyDown(Key key, Modifiers modifiers);
   bool pressOnEnter(Modifiers modifiers);
-  bool moveByArrow(Key key);
   bool stepUpDown(Key key);
   bool switchTab(bool forward);
-  /// Where an access key leads: a label's or a frame caption's to the control that follows it.
-  Control* accessTarget(Control& owner) const;
   bool accessKey(char16_t character);
-  void useAccessKey(Control& owner);
 
   Screen& screen_;
   FormView* view_ = nullptr;

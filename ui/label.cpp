@@ -27,6 +27,11 @@ Label& Label::setBold(bool bold) {
   return *this;
 }
 
+void Label::placeAsShadow(const Rect& label) {
+  const Size pixel = form().screen().twipsPerPixel();
+  setBounds({label.left + pixel.width, label.top + pixel.height, label.width, label.height});
+}
+
 std::optional<char16_t> Label::accessKey() const {
   return decorative_ ? std::nullopt : Control::accessKey();
 }

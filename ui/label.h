@@ -18,6 +18,8 @@ class Label final : public Control {
   /// Fixed once the label is shown: bold text.
   bool bold() const { return bold_; }
   Label& setBold(bool bold);
+  /// Places it one pixel right of and below where another label is.
+  void placeAsShadow(const Rect& label);
   /// A mere picture of a text: drawn as any other label, but its access key leads nowhere.
   bool decorative() const { return decorative_; }
   Label& setDecorative(bool decorative) {

@@ -34,10 +34,7 @@ int heightOf(Height height, const Control& control) {
 
 void placeCell(const Cell& cell, const Rect& place) {
   cell.control->setBounds(place);
-  if (cell.shadow == nullptr) return;
-  const Size pixel = cell.control->form().screen().twipsPerPixel();
-  cell.shadow->setBounds(
-      {place.left + pixel.width, place.top + pixel.height, place.width, place.height});
+  if (cell.shadow != nullptr) cell.shadow->placeAsShadow(place);
 }
 
 }  // namespace
@@ -49,7 +46,11 @@ Cell engraved(Label& label, Label& shadow) {
   return cell;
 }
 
-Margins Container::margins() const { return {kPageMargin, kPageMargin, kPageMargin, kPageMargin}; }
+// Below as many whole pixels as on the left, also where pixels are no squares.
+Margins Container::margins() const {
+  const Size pixel = form().screen().twipsPerPixel();
+  return {kPageMargin, kPageMargin, kPageMargin, kPageMargin / pixel.width * pixel.height};
+}
 
 Margins Frame::margins() const {
   if (border_ == Border::none) return Container::margins();

@@ -20,6 +20,23 @@ void requirePosition(int position, int first, std::size_t count) {
   throw Error(error::invalidIndex, u"Invalid property value");
 }
 
+// Where a key leads from a row of a list; to the row itself for keys that do not move in one.
+int rowAfter(Key key, int row, int count) {
+  if (count == 0) return row;
+  switch (key) {
+    case Key::up:
+      return std::max(row - 1, 0);
+    case Key::down:
+      return std::min(row + 1, count - 1);
+    case Key::home:
+      return 0;
+    case Key::end:
+      return count - 1;
+    default:
+      return row;
+  }
+}
+
 }  // namespace
 
 ComboBox::ComboBox() {}
@@ -45,6 +62,8 @@ void ComboBox::userChose(int index) {
   requirePosition(index, 0, items_.size());
   select(index);
 }
+
+void ComboBox::userKey(Key key) { setListIndex(rowAfter(key, listIndex_, count())); }
 
 void ComboBox::select(int index) {
   listIndex_ = index;
@@ -81,6 +100,16 @@ CheckListBox& CheckListBox::setListIndex(int row) {
   listIndex_ = row;
   notify(Property::value);
   return *this;
+}
+
+void CheckListBox::userChecked(int row, bool checked) {
+  setListIndex(row);
+  setChecked(row, checked);
+}
+
+void CheckListBox::userKey(Key key) {
+  if (key == Key::space && listIndex_ >= 0) userChecked(listIndex_, !checked(listIndex_));
+  setListIndex(rowAfter(key, listIndex_, count()));
 }
 
 CellTexts::CellTexts(std::initializer_list<TextView> texts)
@@ -195,6 +224,8 @@ ListView& ListView::setSelectedRow(int row) {
   itemClick.raise();
   return *this;
 }
+
+void ListView::userKey(Key key) { setSelectedRow(rowAfter(key, selectedRow_, count())); }
 
 void ListView::ensureVisible(int row) {
   requirePosition(row, 0, rows_.size());

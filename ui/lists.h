@@ -31,6 +31,8 @@ class ComboBox final : public Control {
   /// The user chose this item: raises click also where it is the one that was selected. Error
   /// `invalid index` (380) outside 0 to count() - 1.
   void userChose(int index);
+  /// Up, Down, Home and End select another item.
+  void userKey(Key key) override;
   /// Text of the selected item; empty for none.
   const Text& text() const;
 
@@ -68,6 +70,11 @@ class CheckListBox final : public Control {
   /// The row with the selection bar; -1 for none.
   int listIndex() const { return listIndex_; }
   CheckListBox& setListIndex(int row);
+  /// The user ticked or unticked a row: takes the selection bar there, so that the keys go on from
+  /// it.
+  void userChecked(int row, bool checked);
+  /// Space changes the tick of the row with the selection bar, which Up, Down, Home and End move.
+  void userKey(Key key) override;
 
   Event<int> itemCheck;
 
@@ -172,6 +179,8 @@ class ListView final : public Control {
   int selectedRow() const { return selectedRow_; }
   /// Raises itemClick when the row differs.
   ListView& setSelectedRow(int row);
+  /// Up, Down, Home and End select another row.
+  void userKey(Key key) override;
   /// Scrolls the row into view.
   void ensureVisible(int row);
   /// The row last asked to be in view; -1 for none.

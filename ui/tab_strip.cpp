@@ -26,6 +26,22 @@ TabStrip& TabStrip::setSelected(int tab) {
   return *this;
 }
 
+void TabStrip::userKey(Key key) {
+  if (key == Key::left && selected_ > 1) setSelected(selected_ - 1);
+  if (key == Key::right && selected_ < count()) setSelected(selected_ + 1);
+}
+
+bool TabStrip::switchPage(bool forward) {
+  if (!canFocus()) return false;
+  const bool onStrip = hasFocus();
+  const int before = selected_;
+  setSelected((before + (forward ? 0 : count() - 2)) % count() + 1);
+  if (!onStrip && selected_ != before) {
+    if (Control* first = form().firstOnPage(*this)) first->setFocus();
+  }
+  return true;
+}
+
 Rect TabStrip::clientArea() const { return form().screen().tabClientArea(*this); }
 
 }  // namespace tillora::ui

@@ -22,6 +22,8 @@ class TabStrip final : public Control {
   /// one. Choosing the selected tab raises nothing. Error `index out of bounds` (35600) outside 1
   /// to count().
   TabStrip& setSelected(int tab);
+  /// Left and Right select the tab beside the selected one.
+  void userKey(Key key) override;
 
   /// The area below the tabs, in twips of this control's parent.
   Rect clientArea() const;
@@ -32,6 +34,8 @@ class TabStrip final : public Control {
 
  protected:
   bool focusable() const override { return true; }
+  /// From the last page on to the first. The focus stays on the strip, or goes to the page.
+  bool switchPage(bool forward) override;
 
  private:
   std::vector<Text> tabs_;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/form.h"
+
 namespace tillora::ui {
 
 TextBox::TextBox() {
@@ -91,6 +93,10 @@ void TextBox::userSelected(int selStart, int selLength) {
   const int size = static_cast<int>(text_.text().size());
   selStart_ = std::clamp(selStart, 0, size);
   selLength_ = std::clamp(selLength, 0, size - selStart_);
+}
+
+bool TextBox::keepsEnter(Modifiers modifiers) const {
+  return multiLine_ && (modifiers.ctrl || form().defaultButton() == nullptr);
 }
 
 }  // namespace tillora::ui

@@ -59,6 +59,7 @@ class TextBox final : public Control {
 
  protected:
   bool focusable() const override { return true; }
+  bool keepsEnter(Modifiers modifiers) const override;
 
  private:
   /// Shows a text set by code. False where it is the one that was there.

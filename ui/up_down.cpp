@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/form.h"
+
 namespace tillora::ui {
 
 UpDown& UpDown::setValue(int value) {
@@ -34,5 +36,13 @@ void UpDown::spin(int direction) {
     setValue(wanted);
   }
 }
+
+bool UpDown::stepFor(const Control& box, int direction) {
+  if (buddy_ != &box) return false;
+  if (effectivelyEnabled() && form().validatePending()) spin(direction);
+  return true;
+}
+
+bool UpDown::mouseDown() { return form().validatePending(); }
 
 }  // namespace tillora::ui

@@ -27,6 +27,11 @@ class UpDown final : public Control {
   /// An arrow was pressed that leads beyond the end at which the value is.
   Event<> pressedAtEnd;
 
+ protected:
+  bool stepFor(const Control& box, int direction) override;
+  /// It takes no focus, but what it is about to change must be valid.
+  bool mouseDown() override;
+
  private:
   int value_ = 0;
   int minimum_ = 0;

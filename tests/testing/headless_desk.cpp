@@ -7,13 +7,11 @@
 
 #include "base/letter_case.h"
 #include "tests/testing/edit_text.h"
-#include "ui/buttons.h"
 
 namespace tillora::testing {
 namespace {
 
 using ui::Key;
-using ui::Kind;
 
 constexpr int kTabHeight = 330;
 constexpr int kBorder = 60;
@@ -36,6 +34,9 @@ char16_t characterOf(Key key, ui::Modifiers modifiers) {
   const auto code = static_cast<char16_t>(key);
   return modifiers.shift || code <= u'9' ? code : lowerCase(code);
 }
+
+// The kind that the platform edits by itself.
+ui::TextBox* asTextBox(ui::Control& control) { return dynamic_cast<ui::TextBox*>(&control); }
 
 }  // namespace
 
@@ -104,10 +105,10 @@ void HeadlessUser::press(Key key, ui::Modifiers modifiers) {
   }
   ui::Control* target = top->activeControl();
   if (top->userKeyDown(key, modifiers) || target == nullptr) return;
-  if (target->kind() == Kind::textBox) {
-    useKey(static_cast<ui::TextBox&>(*target), key, modifiers);
+  if (ui::TextBox* box = asTextBox(*target)) {
+    useKey(*box, key, modifiers);
   } else {
-    top->userDoes([&] { useKey(*target, key); });
+    top->userDoes([&] { target->userKey(key); });
   }
 }
 
@@ -121,72 +122,23 @@ void HeadlessUser::useKey(ui::TextBox& box, Key key, ui::Modifiers modifiers) {
   }
 }
 
-void HeadlessUser::useKey(ui::Control& control, Key key) {
-  switch (control.kind()) {
-    case Kind::checkBox:
-      if (key == Key::space) {
-        auto& box = static_cast<ui::CheckBox&>(control);
-        box.setValue(!box.value());
-      }
-      break;
-    case Kind::commandButton:
-      if (key == Key::space) static_cast<ui::CommandButton&>(control).press();
-      break;
-    case Kind::comboBox: {
-      auto& combo = static_cast<ui::ComboBox&>(control);
-      const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
-      if (step != 0 && combo.count() > 0) {
-        combo.setListIndex(std::clamp(combo.listIndex() + step, 0, combo.count() - 1));
-      }
-      break;
-    }
-    case Kind::listView: {
-      auto& list = static_cast<ui::ListView&>(control);
-      const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
-      if (step != 0 && list.count() > 0) {
-        list.setSelectedRow(std::clamp(list.selectedRow() + step, 0, list.count() - 1));
-      }
-      break;
-    }
-    case Kind::checkListBox: {
-      auto& list = static_cast<ui::CheckListBox&>(control);
-      if (key == Key::space && list.listIndex() >= 0) {
-        list.setChecked(list.listIndex(), !list.checked(list.listIndex()));
-      }
-      const int step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
-      if (step != 0 && list.count() > 0) {
-        list.setListIndex(std::clamp(list.listIndex() + step, 0, list.count() - 1));
-      }
-      break;
-    }
-    case Kind::tabStrip: {
-      auto& tabs = static_cast<ui::TabStrip&>(control);
-      const int step = key == Key::right ? 1 : key == Key::left ? -1 : 0;
-      if (step != 0) tabs.setSelected(std::clamp(tabs.selected() + step, 1, tabs.count()));
-      break;
-    }
-    default:
-      break;
-  }
-}
-
 void HeadlessUser::typeCharacter(char16_t character) {
   if (form() == nullptr || form()->activeControl() == nullptr) return;
   // The handler may move the focus; the character still goes where it was typed.
   ui::Control& target = *form()->activeControl();
   character = form()->userCharacter(character);
-  if (character == 0 || target.kind() != Kind::textBox) return;
-  auto& box = static_cast<ui::TextBox&>(target);
+  ui::TextBox* box = asTextBox(target);
+  if (character == 0 || box == nullptr) return;
   if (character == 1) {
-    box.userSelected(0, static_cast<int>(box.text().size()));
+    box->userSelected(0, static_cast<int>(box->text().size()));
   } else if (character == 0x16) {
     target.form().userDoes([&] {
       bool used = false;
-      if (!box.locked()) box.paste.raise(clipboard_, used);
-      if (!used) pasteInto(box, clipboard_);
+      if (!box->locked()) box->paste.raise(clipboard_, used);
+      if (!used) pasteInto(*box, clipboard_);
     });
   } else {
-    target.form().userDoes([&] { typeInto(box, character); });
+    target.form().userDoes([&] { typeInto(*box, character); });
   }
 }
 
@@ -207,23 +159,7 @@ void HeadlessUser::accessKey(char16_t letter) {
 }
 
 void HeadlessUser::click(ui::Control& control) {
-  mouse(control, [&] {
-    switch (control.kind()) {
-      case Kind::commandButton:
-        static_cast<ui::CommandButton&>(control).press();
-        break;
-      case Kind::checkBox: {
-        auto& box = static_cast<ui::CheckBox&>(control);
-        box.setValue(!box.value());
-        break;
-      }
-      case Kind::optionButton:
-        static_cast<ui::OptionButton&>(control).setValue(true);
-        break;
-      default:
-        break;
-    }
-  });
+  mouse(control, [&] { control.press(); });
 }
 
 void HeadlessUser::clickTab(ui::TabStrip& tabs, int tab) {
@@ -253,10 +189,7 @@ void HeadlessUser::doubleClickBelow(ui::ListView& list) {
 }
 
 void HeadlessUser::clickCheck(ui::CheckListBox& list, int row) {
-  mouse(list, [&] {
-    list.setListIndex(row);
-    list.setChecked(row, !list.checked(row));
-  });
+  mouse(list, [&] { list.userChecked(row, !list.checked(row)); });
 }
 
 void HeadlessUser::choose(ui::ComboBox& combo, int item) {

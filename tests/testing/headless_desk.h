@@ -58,7 +58,6 @@ class HeadlessUser final : public User {
   void typeCharacter(char16_t character);
   void mouse(ui::Control& control, const std::function<void()>& act);
   void useKey(ui::TextBox& box, ui::Key key, ui::Modifiers modifiers);
-  void useKey(ui::Control& control, ui::Key key);
 
   HeadlessScreen& screen_;
   Text clipboard_;

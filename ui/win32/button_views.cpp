@@ -26,7 +26,7 @@ void CheckBoxView::show(Property what) {
 }
 
 void CheckBoxView::command(WORD code) {
-  if (code == BN_CLICKED) userDoes([this] { control().setValue(!control().value()); });
+  if (code == BN_CLICKED) userDoes([this] { control().press(); });
 }
 
 void OptionButtonView::create(HWND parent) {
@@ -43,7 +43,7 @@ void OptionButtonView::show(Property what) {
 }
 
 void OptionButtonView::command(WORD code) {
-  if (code == BN_CLICKED) userDoes([this] { control().setValue(true); });
+  if (code == BN_CLICKED) userDoes([this] { control().press(); });
 }
 
 LRESULT OptionButtonView::message(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -80,12 +80,10 @@ LRESULT CheckListView::notify(NMHDR& header) {
 
 void CheckListView::stateChanged(const NMLISTVIEW& change) {
   const UINT changed = change.uOldState ^ change.uNewState;
-  // A tick takes the selection bar to its row, so that the keys go on from there.
-  const bool ticked = (changed & LVIS_STATEIMAGEMASK) != 0;
-  const bool selected = (changed & change.uNewState & LVIS_SELECTED) != 0;
-  if (ticked || selected) control().setListIndex(change.iItem);
-  if (ticked) {
-    control().setChecked(change.iItem, (change.uNewState & LVIS_STATEIMAGEMASK) == stateOf(true));
+  if ((changed & LVIS_STATEIMAGEMASK) != 0) {
+    control().userChecked(change.iItem, (change.uNewState & LVIS_STATEIMAGEMASK) == stateOf(true));
+  } else if ((changed & change.uNewState & LVIS_SELECTED) != 0) {
+    control().setListIndex(change.iItem);
   }
 }
 

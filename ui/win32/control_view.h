@@ -43,6 +43,8 @@ class ControlView {
   /// A key that the window needs for itself just now, before the form's Enter and Esc (an open
   /// drop-down list).
   virtual bool wantsKey(WPARAM /*key*/) const { return false; }
+  /// The click that gives the window the focus does nothing else in it.
+  virtual bool clickOnlyFocuses() const { return false; }
   /// The row at a point of the window, pixels; -1 for none and for kinds without rows.
   virtual int rowAt(POINT /*point*/) const { return -1; }
   /// What the window's own background and that of its children is painted with; null for that of

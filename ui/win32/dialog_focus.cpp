@@ -49,11 +49,7 @@ void DialogWindow::reconcileFocus() {
 }
 
 void DialogWindow::showDefaultButton() {
-  const CommandButton* wanted = form_.defaultButton();
-  const Control* active = form_.activeControl();
-  if (active && active->kind() == Kind::commandButton) {
-    wanted = static_cast<const CommandButton*>(active);
-  }
+  const CommandButton* wanted = form_.enterButton();
   if (wanted && !viewOf(*wanted)) wanted = nullptr;
   if (wanted == shownDefault_) return;
   if (shownDefault_) SendMessageW(windowOf(*shownDefault_), BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
@@ -136,9 +132,7 @@ bool DialogWindow::mouseDown(const MSG& message) {
   Control& control = view->control();
   const bool had = control.hasFocus();
   if (!form_.userMouseDown(control)) return true;
-  // The click that gives a text box the focus leaves its whole text selected; the next one places
-  // the caret.
-  return !had && control.hasFocus() && control.kind() == Kind::textBox;
+  return !had && control.hasFocus() && view->clickOnlyFocuses();
 }
 
 void DialogWindow::showKeyboardCues(WPARAM key, bool alt) {

@@ -185,16 +185,14 @@ void DialogWindow::changed(const Control& control, Property what) {
     return;
   }
   view->show(what);
-  if (what == Property::enabled && control.kind() == Kind::frame) {
-    changedWithin(static_cast<const Frame&>(control), what);
-  }
+  if (what == Property::enabled) changedWithin(control, what);
   if (what == Property::enabled || what == Property::visible) applyFocus();
 }
 
-void DialogWindow::changedWithin(const Container& container, Property what) {
-  for (const auto& child : container.children()) {
+void DialogWindow::changedWithin(const Control& holder, Property what) {
+  for (const auto& child : holder.children()) {
     if (ControlView* view = viewOf(*child)) view->show(what);
-    if (child->kind() == Kind::frame) changedWithin(static_cast<const Frame&>(*child), what);
+    changedWithin(*child, what);
   }
 }
 

@@ -101,7 +101,7 @@ class DialogWindow final : public FormView {
   void resize();
   void create(Control& control, HWND parent);
   void stack(const Container& container);
-  void changedWithin(const Container& container, Property what);
+  void changedWithin(const Control& holder, Property what);
   void applyFocus();
   void reconcileFocus();
   void showDefaultButton();

@@ -18,6 +18,8 @@ class EditView final : public ViewOf<TextBox> {
   void command(WORD code) override;
   HBRUSH colours(HDC dc) override;
   void readBack() override;
+  /// It leaves the whole text selected; the next click places the caret.
+  bool clickOnlyFocuses() const override { return true; }
   bool typed(char16_t character) override;
 
  protected:

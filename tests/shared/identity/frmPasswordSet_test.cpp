@@ -82,6 +82,7 @@ TEST_F(FrmPasswordSetTest, HasThreeMaskedBoxesAndTwoButtons) {
 }
 
 TEST_F(FrmPasswordSetTest, NothingOverlapsOrLiesOutside) {
+  dialog.layOut();
   const auto& controls = dialog.children();
   const ui::Size client = dialog.clientSize();
   for (std::size_t i = 0; i < controls.size(); ++i) {

@@ -226,6 +226,7 @@ TEST_F(WebSiteDialogTest, AFileThatIsNoShortcutIsRefusedByName) {
 }
 
 TEST_F(WebSiteDialogTest, EveryControlLiesInside) {
+  form.layOut();
   for (const auto& control : form.children()) {
     const ui::Rect& place = control->bounds();
     EXPECT_GE(place.left, 0);

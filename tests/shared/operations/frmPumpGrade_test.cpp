@@ -216,6 +216,7 @@ TEST_F(PumpGradeDialogTest, ReleasesTheHostsObjectsWhenItCloses) {
 }
 
 TEST_F(PumpGradeDialogTest, EveryControlLiesInside) {
+  form.layOut();
   for (const auto& control : form.children()) {
     const ui::Rect& place = control->bounds();
     EXPECT_GE(place.left, 0);

@@ -483,15 +483,12 @@ TEST_F(LaybyTest, TheTermsFillThePageWithTheirLeftMarginBelow) {
     };
     expectStretched();
 
-    // As large again, the margin no whole number of pixels.
-    ui::Rect place = terms.bounds();
-    const int top = place.top;
-    place.left += 7;
-    terms.setBounds(place);
+    const ui::Rect before = terms.bounds();
     enlarge(dialog, {1500, 900});
     expectStretched();
-    EXPECT_EQ(terms.bounds().left, place.left);
-    EXPECT_EQ(terms.bounds().top, top);
+    EXPECT_EQ(terms.bounds().left, before.left);
+    EXPECT_EQ(terms.bounds().top, before.top);
+    EXPECT_GT(terms.bounds().height, before.height);
   });
 }
 
