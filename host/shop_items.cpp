@@ -41,7 +41,7 @@ void ShopItems<T>::requireItem() const {
 }
 
 template <class T>
-void ShopItems<T>::read(Text T::*property, Text& text) {
+void ShopItems<T>::read(Text T::* property, Text& text) {
   requireItem();
   text = fetched_[next_].*property;
 }

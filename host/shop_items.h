@@ -42,7 +42,7 @@ class ShopItems final : public Cursor<T> {
 
   void moveFirst() override;
   bool atEnd() override { return next_ == fetched_.size(); }
-  void read(Text T::*property, Text& text) override;
+  void read(Text T::* property, Text& text) override;
   void moveNext() override;
 
  private:

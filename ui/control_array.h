@@ -30,7 +30,7 @@ class ControlArray {
 
   /// Gives all controls of the array one handler, called with the index first.
   template <class Base, class... Args, class Handler>
-  void on(Event<Args...> Base::*event, Handler handler) const {
+  void on(Event<Args...> Base::* event, Handler handler) const {
     for (const auto& [index, control] : controls_) {
       (*control).*
           event = [index, handler](Args... args) { handler(index, std::forward<Args>(args)...); };

@@ -81,7 +81,7 @@ class AutomationCursor final : public Cursor<T> {
   }
   bool atEnd() override { return object_.getBoolean(u"EOF"); }
 
-  void read(Text T::*property, Text& text) override {
+  void read(Text T::* property, Text& text) override {
     const auto& properties = ItemInterface<T>::properties;
     const auto named =
         std::ranges::find(properties, property, [](const auto& named) { return named.first; });

@@ -169,8 +169,8 @@ class Cursor {
   virtual bool atEnd() = 0;
   virtual void moveNext() = 0;
   /// Replaces `text` by a property of the current item. Nothing else of the item is read.
-  virtual void read(Text T::*property, Text& text) = 0;
-  Text get(Text T::*property) {
+  virtual void read(Text T::* property, Text& text) = 0;
+  Text get(Text T::* property) {
     Text text;
     read(property, text);
     return text;

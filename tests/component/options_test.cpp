@@ -11,7 +11,7 @@
 namespace tillora::testing {
 namespace {
 
-class OptionsObjectTest : public OptionsTest {
+class ShowOptionsTest : public OptionsTest {
  protected:
   Error raised() {
     try {
@@ -24,7 +24,7 @@ class OptionsObjectTest : public OptionsTest {
   }
 };
 
-TEST_F(OptionsObjectTest, StartsWithNothingSet) {
+TEST_F(ShowOptionsTest, StartsWithNothingSet) {
   const Options fresh(machine.platform(desk->screen(), boxes));
   EXPECT_EQ(fresh.DBJetObject, nullptr);
   EXPECT_FALSE(fresh.FirstUse);
@@ -33,13 +33,13 @@ TEST_F(OptionsObjectTest, StartsWithNothingSet) {
   EXPECT_FALSE(fresh.ChangedDataFile());
 }
 
-TEST_F(OptionsObjectTest, CancelReturnsTrueAndRaisesNothing) {
+TEST_F(ShowOptionsTest, CancelReturnsTrueAndRaisesNothing) {
   open([&](frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::cancel]); });
   EXPECT_TRUE(changes.empty());
   EXPECT_FALSE(options_.ChangedDataFile());
 }
 
-TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
+TEST_F(ShowOptionsTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
   host.dispensingAvailable = true;
   host.randomPrices = {{{u"Prefix", std::int32_t{20}}}};
   open([&](frmOptions&) {});
@@ -102,7 +102,7 @@ TEST_F(OptionsObjectTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
           "get PasswordGlobalOverride"}));
 }
 
-TEST_F(OptionsObjectTest, TheLoadReadsEveryOption) {
+TEST_F(ShowOptionsTest, TheLoadReadsEveryOption) {
   host.dispensingAvailable = true;
   open([&](frmOptions&) {});
   for (const OptionInfo& option : kOptionTable) {
@@ -111,7 +111,7 @@ TEST_F(OptionsObjectTest, TheLoadReadsEveryOption) {
   }
 }
 
-TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {
+TEST_F(ShowOptionsTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {
   const std::vector<std::pair<std::function<void()>, Text>> missing = {
       {[&] { options_.AppObject.reset(); }, u"AppObject was not set."},
       {[&] { options_.DBJetObject.reset(); }, u"DBJetObject was not set."},
@@ -129,7 +129,7 @@ TEST_F(OptionsObjectTest, AnObjectThatIsNotSetFailsAtItsFirstUse) {
   }
 }
 
-TEST_F(OptionsObjectTest, WithoutAMessageSenderASaveFailsAfterItsCommit) {
+TEST_F(ShowOptionsTest, WithoutAMessageSenderASaveFailsAfterItsCommit) {
   options_.MsgSndObject.reset();
   desk->whenShown([&](ui::Form&) {
     user.type(u"Corner Shop");
@@ -140,7 +140,7 @@ TEST_F(OptionsObjectTest, WithoutAMessageSenderASaveFailsAfterItsCommit) {
   EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(OptionsObjectTest, WithoutResourceStringsNothingElseNotices) {
+TEST_F(ShowOptionsTest, WithoutResourceStringsNothingElseNotices) {
   options_.ResourceObject.reset();
   options_.FirstUse = true;
   edit([&](frmOptions&) { user.type(u"Corner Shop"); });
@@ -148,7 +148,7 @@ TEST_F(OptionsObjectTest, WithoutResourceStringsNothingElseNotices) {
   EXPECT_TRUE(host.currencies.empty());
 }
 
-TEST_F(OptionsObjectTest, ShowOptionsWhileADialogIsOpenIsAnErrorAndLeavesIt) {
+TEST_F(ShowOptionsTest, ShowOptionsWhileADialogIsOpenIsAnErrorAndLeavesIt) {
   Options second(machine.platform(desk->screen(), boxes));
   open([&](frmOptions& dialog) {
     for (Options* caller : {&options_, &second}) {
@@ -166,14 +166,14 @@ TEST_F(OptionsObjectTest, ShowOptionsWhileADialogIsOpenIsAnErrorAndLeavesIt) {
   EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
 }
 
-TEST_F(OptionsObjectTest, AFailedShowLeavesNoDialogOpen) {
+TEST_F(ShowOptionsTest, AFailedShowLeavesNoDialogOpen) {
   options_.SelectedTab = 99;
   EXPECT_EQ(raised().number(), error::indexOutOfBounds);
   options_.SelectedTab = 0;
   open([&](frmOptions& dialog) { EXPECT_TRUE(dialog.isShown()); });
 }
 
-TEST_F(OptionsObjectTest, AFailureInsideTheDialogEndsItAndIsRaised) {
+TEST_F(ShowOptionsTest, AFailureInsideTheDialogEndsItAndIsRaised) {
   host.failingCall = "commit";
   bool shownAfterwards = false;
   desk->whenShown([&](ui::Form& form) {
@@ -190,7 +190,7 @@ TEST_F(OptionsObjectTest, AFailureInsideTheDialogEndsItAndIsRaised) {
   EXPECT_TRUE(host.sent.empty());
 }
 
-TEST_F(OptionsObjectTest, TwoAppliesRaiseTwoEventsEachWithItsOwnChanges) {
+TEST_F(ShowOptionsTest, TwoAppliesRaiseTwoEventsEachWithItsOwnChanges) {
   saveDefaults();
   open([&](frmOptions& dialog) {
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::rounding));
@@ -204,7 +204,7 @@ TEST_F(OptionsObjectTest, TwoAppliesRaiseTwoEventsEachWithItsOwnChanges) {
   EXPECT_EQ(changes, (std::vector<std::int32_t>{512, 2048}));
 }
 
-TEST_F(OptionsObjectTest, FirstUseSavesTheDefaultsWhileLoading) {
+TEST_F(ShowOptionsTest, FirstUseSavesTheDefaultsWhileLoading) {
   options_.FirstUse = true;
   open([&](frmOptions& dialog) {
     EXPECT_FALSE(applyEnabled(dialog));
@@ -216,7 +216,7 @@ TEST_F(OptionsObjectTest, FirstUseSavesTheDefaultsWhileLoading) {
   EXPECT_EQ(host.value(options::LVClass), u"");
 }
 
-TEST_F(OptionsObjectTest, FirstUseMakesTheDefaultCurrenciesOnce) {
+TEST_F(ShowOptionsTest, FirstUseMakesTheDefaultCurrenciesOnce) {
   host.currencies.push_back({{u"Name", Text(u"Local")}});
   options_.FirstUse = true;
   open([&](frmOptions&) {});
@@ -225,7 +225,7 @@ TEST_F(OptionsObjectTest, FirstUseMakesTheDefaultCurrenciesOnce) {
   EXPECT_EQ(std::get<Text>(host.currencies[1].at(u"Name")), u"Foreign");
 }
 
-TEST_F(OptionsObjectTest, FirstUseGoesOnWhenItsCurrenciesFail) {
+TEST_F(ShowOptionsTest, FirstUseGoesOnWhenItsCurrenciesFail) {
   for (const std::string call : {"CurrencyTable", "string 20000", "update CurrencyTable"}) {
     host.failingCall = call;
     host.sent.clear();
@@ -235,7 +235,7 @@ TEST_F(OptionsObjectTest, FirstUseGoesOnWhenItsCurrenciesFail) {
   }
 }
 
-TEST_F(OptionsObjectTest, AsItClosesTheDialogReleasesAllButSenderAndStrings) {
+TEST_F(ShowOptionsTest, AsItClosesTheDialogReleasesAllButSenderAndStrings) {
   const std::vector<std::function<void(frmOptions&)>> ways = {
       [&](frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::ok]); },
       [&](frmOptions& dialog) { user.click(dialog.cmdCommand[frmOptions::cancel]); },
@@ -258,7 +258,7 @@ TEST_F(OptionsObjectTest, AsItClosesTheDialogReleasesAllButSenderAndStrings) {
   }
 }
 
-TEST_F(OptionsObjectTest, ADialogClosedByItsButtonsIsHiddenBeforeTheHostsObjectsAreReleased) {
+TEST_F(ShowOptionsTest, ADialogClosedByItsButtonsIsHiddenBeforeTheHostsObjectsAreReleased) {
   const std::shared_ptr<App> app = options_.AppObject;
   for (const int button : {frmOptions::ok, frmOptions::cancel}) {
     frmOptions* shownDialog = nullptr;
@@ -275,7 +275,7 @@ TEST_F(OptionsObjectTest, ADialogClosedByItsButtonsIsHiddenBeforeTheHostsObjects
   }
 }
 
-TEST_F(OptionsObjectTest, AFirstUseMakesItsRecordsBetweenTheLoadAndTheSave) {
+TEST_F(ShowOptionsTest, AFirstUseMakesItsRecordsBetweenTheLoadAndTheSave) {
   options_.FirstUse = true;
   open([](frmOptions&) {});
   const std::vector<std::string> expected = {
@@ -300,7 +300,7 @@ TEST_F(OptionsObjectTest, AFirstUseMakesItsRecordsBetweenTheLoadAndTheSave) {
   EXPECT_EQ(host.calls.back(), "send");
 }
 
-TEST_F(OptionsObjectTest, EachRecordIsReleasedBeforeTheNextStep) {
+TEST_F(ShowOptionsTest, EachRecordIsReleasedBeforeTheNextStep) {
   std::vector<std::string> seen;
   host.onCall = [&](const std::string& call) {
     if (call != "CurrencyTable" && call != "string 20000" && call != "send") return;

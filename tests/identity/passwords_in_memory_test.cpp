@@ -55,9 +55,13 @@ class PasswordsInMemoryTest : public OptionsTest {
 
 TEST_F(PasswordsInMemoryTest, ATextThatIsNotWipedIsSeen) {
   const FreedMemory memory({kStored});
-  { const Text plain(kStored); }
+  {
+    const Text plain(kStored);
+  }
   EXPECT_EQ(memory.blocksWithSecrets(), 1);
-  { const SecretText secret{Text(kStored)}; }
+  {
+    const SecretText secret{Text(kStored)};
+  }
   EXPECT_EQ(memory.blocksWithSecrets(), 1);
   {
     // A part of it, in other letters, in the middle of a block.

@@ -212,7 +212,7 @@ class FakeCursor final : public Cursor<T>, Counted {
     host_.called("EOF " + name_);
     return at_ >= items_.size();
   }
-  void read(Text T::*property, Text& text) override {
+  void read(Text T::* property, Text& text) override {
     host_.called("Current " + name_);
     text = items_.at(at_).*property;
   }

@@ -1,6 +1,6 @@
 #include "ui/win32/button_views.h"
 
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -13,7 +13,7 @@ DWORD lineStyle(const Control& control, const Metrics& metrics) {
 }  // namespace
 
 void CheckBoxView::create(HWND parent) {
-  createWindow(parent, {WC_BUTTONW, BS_CHECKBOX | lineStyle(control(), dialog().metrics())});
+  createWindow(parent, {WC_BUTTONW, BS_CHECKBOX | lineStyle(control(), formWindow().metrics())});
   show(Property::value);
 }
 
@@ -30,7 +30,7 @@ void CheckBoxView::command(WORD code) {
 }
 
 void OptionButtonView::create(HWND parent) {
-  createWindow(parent, {WC_BUTTONW, BS_RADIOBUTTON | lineStyle(control(), dialog().metrics())});
+  createWindow(parent, {WC_BUTTONW, BS_RADIOBUTTON | lineStyle(control(), formWindow().metrics())});
   show(Property::value);
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
@@ -16,7 +16,7 @@ constexpr int kMostItemsSeen = 12;
 RECT ComboView::pixelBounds() const {
   RECT place = ControlView::pixelBounds();
   place.bottom +=
-      (std::clamp(control().count(), 1, kMostItemsSeen) + 1) * dialog().metrics().linePixels();
+      (std::clamp(control().count(), 1, kMostItemsSeen) + 1) * formWindow().metrics().linePixels();
   return place;
 }
 

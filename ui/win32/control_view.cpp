@@ -1,7 +1,7 @@
 #include "ui/win32/control_view.h"
 
 #include "com/module.h"
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
@@ -11,7 +11,7 @@ constexpr UINT_PTR kSubclass = 1;
 
 }  // namespace
 
-RECT ControlView::pixelBounds() const { return dialog_.metrics().toPixels(control_.bounds()); }
+RECT ControlView::pixelBounds() const { return formWindow_.metrics().toPixels(control_.bounds()); }
 
 void ControlView::createWindow(HWND parent, const Style& style) {
   const RECT place = pixelBounds();
@@ -22,15 +22,15 @@ void ControlView::createWindow(HWND parent, const Style& style) {
                                   forWindow(control_.accessibleName()).c_str(), WS_CHILD, 0, 0, 0,
                                   0, parent, nullptr, tillora::win32::thisModule(), nullptr);
   }
-  const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(dialog_.newId()));
+  const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(formWindow_.newId()));
   window_ = CreateWindowExW(
       style.extended | WS_EX_NOPARENTNOTIFY, style.className, forWindow(windowText()).c_str(),
       WS_CHILD | style.style | state, place.left, place.top, place.right - place.left,
       place.bottom - place.top, parent, id, tillora::win32::thisModule(), nullptr);
   if (!window_) throwLastError("CreateWindowExW");
-  dialog_.enter(window_, *this);
+  formWindow_.enter(window_, *this);
   SetWindowSubclass(window_, &procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
-  send(WM_SETFONT, reinterpret_cast<WPARAM>(dialog_.metrics().font()), FALSE);
+  send(WM_SETFONT, reinterpret_cast<WPARAM>(formWindow_.metrics().font()), FALSE);
   if (!control_.toolTip().empty()) show(Property::toolTip);
 }
 
@@ -52,7 +52,7 @@ void ControlView::show(Property what) {
       SetWindowTextW(window_, forWindow(withPlainAmpersandsDoubled(control_.caption())).c_str());
       break;
     case Property::toolTip:
-      dialog_.setToolTip(window_, forWindow(control_.toolTip()));
+      formWindow_.setToolTip(window_, forWindow(control_.toolTip()));
       break;
     case Property::colours:
       InvalidateRect(window_, nullptr, TRUE);
@@ -65,19 +65,19 @@ void ControlView::show(Property what) {
   }
 }
 
-Form& ControlView::form() const { return dialog_.form(); }
+Form& ControlView::form() const { return formWindow_.form(); }
 
-bool ControlView::takesInput() const { return dialog_.takesInput(); }
+bool ControlView::takesInput() const { return formWindow_.takesInput(); }
 
 HBRUSH ControlView::colours(HDC dc) {
   SetTextColor(dc, control_.effectivelyEnabled() ? toColorRef(control_.foreColour())
                                                  : GetSysColor(COLOR_GRAYTEXT));
-  return dialog_.background(window_, dc);
+  return formWindow_.background(window_, dc);
 }
 
 LRESULT ControlView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   const LRESULT result = DefSubclassProc(window_, message, wParam, lParam);
-  if (message == WM_SETFOCUS) dialog_.focusLanded(control_);
+  if (message == WM_SETFOCUS) formWindow_.focusLanded(control_);
   return result;
 }
 
@@ -85,14 +85,14 @@ LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam
                                         UINT_PTR id, DWORD_PTR data) {
   auto& view = *reinterpret_cast<ControlView*>(data);
   if (message == WM_NCDESTROY) {
-    view.dialog_.leave(window);
+    view.formWindow_.leave(window);
     RemoveWindowSubclass(window, &procedure, id);
     view.window_ = nullptr;
     return DefSubclassProc(window, message, wParam, lParam);
   }
-  if (view.dialog_.holdsOff(message)) return 0;
-  if (message == WM_SETCURSOR && view.dialog_.showPointer()) return TRUE;
-  return view.dialog_.walled([&] { return view.message(message, wParam, lParam); });
+  if (view.formWindow_.holdsOff(message)) return 0;
+  if (message == WM_SETCURSOR && view.formWindow_.showPointer()) return TRUE;
+  return view.formWindow_.walled([&] { return view.message(message, wParam, lParam); });
 }
 
 COLORREF toColorRef(Colour colour) {

@@ -8,7 +8,7 @@
 
 namespace tillora::ui::win32 {
 
-class DialogWindow;
+class FormWindow;
 
 /// The window of one control. It shows the control's state and hands what the user does with the
 /// window to the control; focus and keys that belong to the form have been dealt with before.
@@ -16,12 +16,13 @@ class DialogWindow;
 /// The window is destroyed with its parent window; the view outlives it.
 class ControlView {
  public:
-  ControlView(DialogWindow& dialog, Control& control) : dialog_(dialog), control_(control) {}
+  ControlView(FormWindow& formWindow, Control& control)
+      : formWindow_(formWindow), control_(control) {}
   ControlView(const ControlView&) = delete;
   ControlView& operator=(const ControlView&) = delete;
   virtual ~ControlView() = default;
 
-  DialogWindow& dialog() const { return dialog_; }
+  FormWindow& formWindow() const { return formWindow_; }
   Control& control() const { return control_; }
   HWND window() const { return window_; }
   /// The hidden label before window() that names it to screen readers; null for none.
@@ -107,7 +108,7 @@ class ControlView {
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                     UINT_PTR id, DWORD_PTR data);
 
-  DialogWindow& dialog_;
+  FormWindow& formWindow_;
   Control& control_;
   HWND window_ = nullptr;
   HWND nameWindow_ = nullptr;
@@ -118,7 +119,7 @@ class ControlView {
 template <class T>
 class ViewOf : public ControlView {
  public:
-  ViewOf(DialogWindow& dialog, T& control) : ControlView(dialog, control) {}
+  ViewOf(FormWindow& formWindow, T& control) : ControlView(formWindow, control) {}
 
  protected:
   T& control() const { return static_cast<T&>(ControlView::control()); }

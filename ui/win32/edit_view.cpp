@@ -4,7 +4,7 @@
 
 #include "com/wide_text.h"
 #include "ui/masked_text.h"
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/held_keys.h"
 #include "ui/win32/window_text.h"
 

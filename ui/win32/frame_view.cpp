@@ -7,7 +7,7 @@
 #include <span>
 
 #include "com/module.h"
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/frame_class.h"
 #include "ui/win32/raster.h"
 #include "ui/win32/window_text.h"
@@ -34,11 +34,12 @@ void FrameView::create(HWND parent) {
                                 forWindow(withPlainAmpersandsDoubled(frame.caption())).c_str(),
                                 WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0, area.right, area.bottom,
                                 window(), nullptr, tillora::win32::thisModule(), nullptr);
-    SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(dialog().metrics().font()), FALSE);
+    SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(formWindow().metrics().font()),
+                 FALSE);
   } else if (holdsTabs(*frame.parent())) {
     paintTabBody();
   }
-  dialog().createChildren(frame, window());
+  formWindow().createChildren(frame, window());
 }
 
 void FrameView::show(Property what) {
@@ -92,7 +93,7 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       const auto dc = reinterpret_cast<HDC>(wParam);
       RECT area{};
       GetClientRect(window(), &area);
-      FillRect(dc, &area, dialog().background(window(), dc));
+      FillRect(dc, &area, formWindow().background(window(), dc));
       return TRUE;
     }
     case WM_THEMECHANGED:
@@ -106,9 +107,9 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CTLCOLORBTN:
       if (reinterpret_cast<HWND>(lParam) == groupBox_ && message == WM_CTLCOLORSTATIC) {
         return reinterpret_cast<LRESULT>(
-            dialog().background(groupBox_, reinterpret_cast<HDC>(wParam)));
+            formWindow().background(groupBox_, reinterpret_cast<HDC>(wParam)));
       }
-      if (const auto answer = dialog().route(message, wParam, lParam)) return *answer;
+      if (const auto answer = formWindow().route(message, wParam, lParam)) return *answer;
       break;
     default:
       break;

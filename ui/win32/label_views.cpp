@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "ui/container.h"
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/pictures.h"
 #include "ui/win32/window_text.h"
 
@@ -28,7 +28,7 @@ void LabelView::paintText(HDC dc, RECT area) const {
   if (label.alignment() == Alignment::right) format |= DT_RIGHT;
   if (label.alignment() == Alignment::centre) format |= DT_CENTER;
   if ((send(WM_QUERYUISTATE) & UISF_HIDEACCEL) != 0) format |= DT_HIDEPREFIX;
-  const Metrics& metrics = dialog().metrics();
+  const Metrics& metrics = formWindow().metrics();
   const Selection font(dc, label.bold() ? metrics.boldFont() : metrics.font());
   SetTextColor(dc, label.effectivelyEnabled() ? toColorRef(label.foreColour())
                                               : GetSysColor(COLOR_GRAYTEXT));
@@ -39,7 +39,7 @@ void LabelView::paintText(HDC dc, RECT area) const {
 void LabelView::paint(HDC dc) {
   RECT own{};
   GetClientRect(window(), &own);
-  FillRect(dc, &own, dialog().background(window(), dc));
+  FillRect(dc, &own, formWindow().background(window(), dc));
 
   struct Layer {
     const LabelView* label;
@@ -49,7 +49,7 @@ void LabelView::paint(HDC dc) {
   const RECT place = pixelBounds();
   for (const auto& sibling : control().parent()->children()) {
     if (sibling->kind() != Kind::label || !sibling->visible()) continue;
-    const auto* label = static_cast<const LabelView*>(dialog().viewOf(*sibling));
+    const auto* label = static_cast<const LabelView*>(formWindow().viewOf(*sibling));
     if (!label) continue;
     RECT area = label->pixelBounds();
     OffsetRect(&area, -place.left, -place.top);
@@ -108,7 +108,7 @@ LRESULT PictureView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   const Painting painting(window());
   RECT area{};
   GetClientRect(window(), &area);
-  FillRect(painting.dc(), &area, dialog().background(window(), painting.dc()));
+  FillRect(painting.dc(), &area, formWindow().background(window(), painting.dc()));
   const int side = std::min(area.right, area.bottom);
   if (!icon_) icon_ = makeIcon(control().picture(), side);
   DrawIconEx(painting.dc(), (area.right - side) / 2, (area.bottom - side) / 2, icon_.get(), side,

@@ -60,11 +60,11 @@ void ModalRun::leaveScreen() {
 void ModalRun::show() {
   // Those of the dialog (drop-down lists, tool tips) come later.
   std::vector<HWND> others = threadWindows();
-  dialog_ = std::make_unique<DialogWindow>(screen_, form_, owner_);
+  formWindow_ = std::make_unique<FormWindow>(screen_, form_, owner_);
   throwFailure();
-  form_.attach(dialog_.get());
+  form_.attach(formWindow_.get());
   disable(std::move(others));
-  ShowWindow(dialog_->window(), SW_SHOW);
+  ShowWindow(formWindow_->window(), SW_SHOW);
   form_.shown();
 }
 
@@ -77,7 +77,7 @@ void ModalRun::disable(std::vector<HWND> others) {
 
 void ModalRun::dispatch(MSG& message) const {
   if (CallMsgFilterW(&message, MSGF_DIALOGBOX)) return;
-  if (dialog_->preTranslate(message)) return;
+  if (formWindow_->preTranslate(message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }

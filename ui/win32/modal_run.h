@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ui/form.h"
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/visual_styles.h"
 
 namespace tillora::ui::win32 {
@@ -28,9 +28,9 @@ class ModalRun {
   void wait();
 
   Form& form() const { return form_; }
-  const DialogWindow* dialog() const { return dialog_.get(); }
+  const FormWindow* formWindow() const { return formWindow_.get(); }
   /// Null before it is made, and once it is gone.
-  HWND window() const { return dialog_ && !gone_ ? dialog_->window() : nullptr; }
+  HWND window() const { return formWindow_ && !gone_ ? formWindow_->window() : nullptr; }
   /// Shown, and nothing has failed.
   bool isRunning() const { return form_.isShown() && !failure_; }
   void dispatch(MSG& message) const;
@@ -54,7 +54,7 @@ class ModalRun {
   HWND owner_;
   HWND formerFocus_;
   std::vector<HWND> disabled_;
-  std::unique_ptr<DialogWindow> dialog_;
+  std::unique_ptr<FormWindow> formWindow_;
   std::exception_ptr failure_;
   bool gone_ = false;
 };

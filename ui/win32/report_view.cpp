@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
@@ -25,7 +25,7 @@ void ReportView::create(HWND parent) {
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LPARAM{LVS_EX_FULLROWSELECT});
   show(Property::colours);
   if (const ui::ImageList* icons = control().smallIcons()) {
-    send(LVM_SETIMAGELIST, LVSIL_SMALL, dialog().imagesOf(*icons));
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, formWindow().imagesOf(*icons));
   }
   showColumns();
   showRows();
@@ -64,7 +64,7 @@ void ReportView::showColumns() {
     LVCOLUMNW item{};
     item.mask = LVCF_TEXT | (column.fills && position < shown ? 0 : LVCF_WIDTH);
     item.pszText = text.data();
-    item.cx = dialog().metrics().toPixels(column.width);
+    item.cx = formWindow().metrics().toPixels(column.width);
     send(position < shown ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, static_cast<WPARAM>(position),
          &item);
     ++position;
@@ -84,7 +84,7 @@ void ReportView::fillLastColumn() {
   GetClientRect(window(), &area);
   auto width = static_cast<int>(area.right);
   for (std::size_t i = 0; i < last; ++i) width -= static_cast<int>(send(LVM_GETCOLUMNWIDTH, i));
-  width = std::max(width, dialog().metrics().toPixels(columns.back().width));
+  width = std::max(width, formWindow().metrics().toPixels(columns.back().width));
   if (width != static_cast<int>(send(LVM_GETCOLUMNWIDTH, last))) {
     send(LVM_SETCOLUMNWIDTH, last, LPARAM{width});
   }
@@ -175,7 +175,7 @@ void ReportView::takeBack() {
 }
 
 Point ReportView::toTwips(LPARAM position) const {
-  const Metrics& metrics = dialog().metrics();
+  const Metrics& metrics = formWindow().metrics();
   return {metrics.toTwips(GET_X_LPARAM(position)), metrics.toTwips(GET_Y_LPARAM(position))};
 }
 
@@ -206,7 +206,7 @@ LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
           drag.code == HDN_ENDTRACKW && !isEcho()) {
         const auto& resized = *reinterpret_cast<const NMHEADERW*>(lParam);
         const LRESULT result = ControlView::message(message, wParam, lParam);
-        const int width = dialog().metrics().toTwips(
+        const int width = formWindow().metrics().toTwips(
             static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(resized.iItem))));
         if (resized.iItem < static_cast<int>(control().columns().size())) {
           const Echo echo(*this);

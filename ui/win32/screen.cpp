@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ui/form.h"
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/list_order.h"
 #include "ui/win32/modal_run.h"
 

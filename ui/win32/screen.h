@@ -11,7 +11,7 @@
 
 namespace tillora::ui::win32 {
 
-class DialogWindow;
+class FormWindow;
 class ModalRun;
 
 /// The desktop of the calling thread. Forms are shown in real windows, owned by the window that is
@@ -41,7 +41,7 @@ class Screen : public ui::Screen {
   void sessionEnds() const;
 
  private:
-  friend class DialogWindow;
+  friend class FormWindow;
   friend class ModalRun;
   /// Keeps a failure inside a window procedure for the modal run on top, which ends by throwing it.
   void fail(std::exception_ptr failure) noexcept;

@@ -1,6 +1,6 @@
 #include "ui/win32/tab_view.h"
 
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {

@@ -1,6 +1,6 @@
 #include "ui/win32/up_down_view.h"
 
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 
 namespace tillora::ui::win32 {
 

@@ -16,38 +16,38 @@ namespace tillora::ui::win32 {
 namespace {
 
 template <class View, class T>
-std::unique_ptr<ControlView> make(DialogWindow& dialog, Control& control) {
-  return std::make_unique<View>(dialog, static_cast<T&>(control));
+std::unique_ptr<ControlView> make(FormWindow& formWindow, Control& control) {
+  return std::make_unique<View>(formWindow, static_cast<T&>(control));
 }
 
 }  // namespace
 
-std::unique_ptr<ControlView> makeView(DialogWindow& dialog, Control& control) {
+std::unique_ptr<ControlView> makeView(FormWindow& formWindow, Control& control) {
   switch (control.kind()) {
     case Kind::frame:
-      return make<FrameView, Frame>(dialog, control);
+      return make<FrameView, Frame>(formWindow, control);
     case Kind::label:
-      return make<LabelView, Label>(dialog, control);
+      return make<LabelView, Label>(formWindow, control);
     case Kind::textBox:
-      return make<EditView, TextBox>(dialog, control);
+      return make<EditView, TextBox>(formWindow, control);
     case Kind::checkBox:
-      return make<CheckBoxView, CheckBox>(dialog, control);
+      return make<CheckBoxView, CheckBox>(formWindow, control);
     case Kind::optionButton:
-      return make<OptionButtonView, OptionButton>(dialog, control);
+      return make<OptionButtonView, OptionButton>(formWindow, control);
     case Kind::commandButton:
-      return make<CommandButtonView, CommandButton>(dialog, control);
+      return make<CommandButtonView, CommandButton>(formWindow, control);
     case Kind::comboBox:
-      return make<ComboView, ComboBox>(dialog, control);
+      return make<ComboView, ComboBox>(formWindow, control);
     case Kind::checkListBox:
-      return make<CheckListView, CheckListBox>(dialog, control);
+      return make<CheckListView, CheckListBox>(formWindow, control);
     case Kind::listView:
-      return make<ReportView, ListView>(dialog, control);
+      return make<ReportView, ListView>(formWindow, control);
     case Kind::upDown:
-      return make<UpDownView, UpDown>(dialog, control);
+      return make<UpDownView, UpDown>(formWindow, control);
     case Kind::tabStrip:
-      return make<TabView, TabStrip>(dialog, control);
+      return make<TabView, TabStrip>(formWindow, control);
     case Kind::picture:
-      return make<PictureView, Picture>(dialog, control);
+      return make<PictureView, Picture>(formWindow, control);
     case Kind::form:
       break;
   }

@@ -7,6 +7,6 @@
 namespace tillora::ui::win32 {
 
 /// The view for a control of any kind but a form.
-std::unique_ptr<ControlView> makeView(DialogWindow& dialog, Control& control);
+std::unique_ptr<ControlView> makeView(FormWindow& formWindow, Control& control);
 
 }  // namespace tillora::ui::win32

@@ -329,8 +329,7 @@ TEST_F(RealDialogTest, ManyFullDialogsLeaveNothingBehind) {
                              {u"Inactive", i % 2 == 0}});
   }
   const auto walk = [](HWND dialog, bool paint) {
-    EXPECT_TRUE(testing::runOnThreadOf(
-        dialog, [&] { walkThroughTabs(dialog, paint); }, 60000));
+    EXPECT_TRUE(testing::runOnThreadOf(dialog, [&] { walkThroughTabs(dialog, paint); }, 60000));
   };
   const auto once = [this] {
     auto options = create();

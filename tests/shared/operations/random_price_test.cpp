@@ -150,9 +150,8 @@ TEST_F(RandomPriceTest, ATableThatIsLeftAtItsEndIsNotTakenForAnEmptyOne) {
 TEST_F(RandomPriceTest, ATableWithoutPrefix2GetsThatAlone) {
   const FakeRow other = row(45, 4, 2, u"each", u"/each", false);
   host.randomPrices = {other};
-  openTab([&](frmOptions& dialog) {
-    EXPECT_EQ(prefixes(dialog), (std::vector<Text>{u"45", u"02"}));
-  });
+  openTab(
+      [&](frmOptions& dialog) { EXPECT_EQ(prefixes(dialog), (std::vector<Text>{u"45", u"02"})); });
   EXPECT_EQ(host.randomPrices, (std::vector<FakeRow>{other, fresh(2)}));
 }
 

@@ -62,8 +62,7 @@ void strikeAndWait(std::vector<INPUT> inputs) {
   const ThreadHook ends(WH_CALLWNDPROC, &noticeEnd, thread);
   // Struck on the window's own thread no key is apart from its modifiers: between them Wine may
   // find that they are up on the display's keyboard, and lets them go.
-  const bool struck = runOnThreadOf(
-      strike.front, [&] { sendInputs(inputs); }, kPatience);
+  const bool struck = runOnThreadOf(strike.front, [&] { sendInputs(inputs); }, kPatience);
   if (IsWindowVisible(strike.front) == FALSE) return;  // gone before anybody listened
   if (struck && WaitForSingleObject(strike.over, kPatience) == WAIT_OBJECT_0) return;
   ADD_FAILURE() << "the window in front does not process its keys";

@@ -20,12 +20,12 @@ class Screen;
 /// The window of a form and, through their views, of its controls.
 ///
 /// A control gets its window when it is first seen: with the form, or with the frame around it.
-class DialogWindow final : public FormView {
+class FormWindow final : public FormView {
  public:
   /// Creates the hidden window with all that is visible of the form, centred on `owner` (or on the
   /// screen for none). The form and the screen outlive the window.
-  DialogWindow(Screen& screen, Form& form, HWND owner);
-  ~DialogWindow() override;
+  FormWindow(Screen& screen, Form& form, HWND owner);
+  ~FormWindow() override;
 
   // FormView.
   void changed(const Control& control, Property what) override;

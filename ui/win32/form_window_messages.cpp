@@ -1,7 +1,7 @@
 // What Windows sends to a form's window and to the frames in it.
 #include <utility>
 
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/modal_run.h"
 #include "ui/win32/screen.h"
 #include "ui/win32/thread_windows.h"
@@ -16,13 +16,13 @@ BOOL CALLBACK forwardColourChange(HWND window, LPARAM /*unused*/) {
 
 }  // namespace
 
-void DialogWindow::fail(std::exception_ptr failure) noexcept { screen_.fail(std::move(failure)); }
+void FormWindow::fail(std::exception_ptr failure) noexcept { screen_.fail(std::move(failure)); }
 
-bool DialogWindow::takesInput() const {
+bool FormWindow::takesInput() const {
   return form_.isShown() && !form_.isBusy() && screen_.topWindow() == window_;
 }
 
-bool DialogWindow::holdsOff(UINT message) const {
+bool FormWindow::holdsOff(UINT message) const {
   switch (message) {
     case WM_KEYDOWN:
     case WM_CHAR:
@@ -41,7 +41,7 @@ bool DialogWindow::holdsOff(UINT message) const {
 
 // Closed underneath what is shown over it, a form would leave that behind: the close goes to the
 // one on top.
-void DialogWindow::close() {
+void FormWindow::close() {
   if (!form_.isShown()) return;
   const HWND top = screen_.topWindow();
   const HWND over = top != window_ ? top : IsWindowEnabled(window_) ? nullptr : windowOver(window_);
@@ -52,7 +52,7 @@ void DialogWindow::close() {
   }
 }
 
-std::optional<LRESULT> DialogWindow::route(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<LRESULT> FormWindow::route(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
       if (ControlView* view = viewAt(reinterpret_cast<HWND>(lParam))) {
@@ -78,7 +78,7 @@ std::optional<LRESULT> DialogWindow::route(UINT message, WPARAM wParam, LPARAM l
   }
 }
 
-std::optional<LRESULT> DialogWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SYSCOMMAND:
       if ((wParam & 0xFFF0) != SC_CLOSE) return std::nullopt;
@@ -127,16 +127,16 @@ std::optional<LRESULT> DialogWindow::message(UINT message, WPARAM wParam, LPARAM
   }
 }
 
-INT_PTR CALLBACK DialogWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
     SetWindowLongPtrW(window, DWLP_USER, lParam);
     return FALSE;
   }
-  auto* dialog = reinterpret_cast<DialogWindow*>(GetWindowLongPtrW(window, DWLP_USER));
-  if (!dialog || !dialog->window_) return FALSE;
+  auto* formWindow = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, DWLP_USER));
+  if (!formWindow || !formWindow->window_) return FALSE;
   bool handled = true;
-  const LRESULT result = dialog->walled([&]() -> LRESULT {
-    const std::optional<LRESULT> answer = dialog->message(message, wParam, lParam);
+  const LRESULT result = formWindow->walled([&]() -> LRESULT {
+    const std::optional<LRESULT> answer = formWindow->message(message, wParam, lParam);
     handled = answer.has_value();
     return answer.value_or(0);
   });

@@ -1,6 +1,6 @@
 // The platform's focus and the form's, and user input on its way to the form.
 #include "ui/buttons.h"
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 #include "ui/win32/held_keys.h"
 
 namespace tillora::ui::win32 {
@@ -14,14 +14,14 @@ bool isNoStroke(WPARAM key) {
 
 }  // namespace
 
-void DialogWindow::focusMoved() {
+void FormWindow::focusMoved() {
   applyFocus();
   showDefaultButton();
 }
 
 // Only while the dialog is active: giving the focus to a window of an inactive one would bring the
 // program to the front.
-void DialogWindow::applyFocus() {
+void FormWindow::applyFocus() {
   if (!form_.isShown() || !IsWindowVisible(window_) || GetActiveWindow() != window_) return;
   const Control* active = form_.activeControl();
   HWND wanted = active ? windowOf(*active) : nullptr;
@@ -30,13 +30,13 @@ void DialogWindow::applyFocus() {
   if (now != wanted && (wanted == window_ || !IsChild(wanted, now))) SetFocus(wanted);
 }
 
-void DialogWindow::focusLanded(Control& control) {
+void FormWindow::focusLanded(Control& control) {
   if (form_.isShown() && &control != form_.activeControl()) {
     PostMessageW(window_, kReconcileFocus, 0, 0);
   }
 }
 
-void DialogWindow::reconcileFocus() {
+void FormWindow::reconcileFocus() {
   if (!form_.isShown()) return;
   const ControlView* landed = viewAround(GetFocus());
   if (landed && &landed->control() != form_.activeControl()) {
@@ -48,7 +48,7 @@ void DialogWindow::reconcileFocus() {
   applyFocus();
 }
 
-void DialogWindow::showDefaultButton() {
+void FormWindow::showDefaultButton() {
   const CommandButton* wanted = form_.enterButton();
   if (wanted && !viewOf(*wanted)) wanted = nullptr;
   if (wanted == shownDefault_) return;
@@ -59,7 +59,7 @@ void DialogWindow::showDefaultButton() {
   shownDefault_ = wanted;
 }
 
-bool DialogWindow::preTranslate(MSG& message) {
+bool FormWindow::preTranslate(MSG& message) {
   if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
   if (!form_.isShown()) return false;
   bool used = true;  // also where the form fails
@@ -91,12 +91,12 @@ bool DialogWindow::preTranslate(MSG& message) {
   return used;
 }
 
-void DialogWindow::readBackActive() {
+void FormWindow::readBackActive() {
   const Control* active = form_.activeControl();
   if (ControlView* view = active ? viewOf(*active) : nullptr) view->readBack();
 }
 
-bool DialogWindow::keyDown(const MSG& message) {
+bool FormWindow::keyDown(const MSG& message) {
   const WPARAM key = message.wParam;
   const Modifiers modifiers = heldModifiers();
   showKeyboardCues(key, modifiers.alt);
@@ -110,7 +110,7 @@ bool DialogWindow::keyDown(const MSG& message) {
   return form_.userKeyDown(static_cast<Key>(key), modifiers);
 }
 
-bool DialogWindow::character(MSG& message) {
+bool FormWindow::character(MSG& message) {
   ControlView* view = viewAround(message.hwnd);
   readBackActive();
   auto typed = static_cast<char16_t>(message.wParam);
@@ -125,7 +125,7 @@ bool DialogWindow::character(MSG& message) {
   return view && view->typed(typed);
 }
 
-bool DialogWindow::mouseDown(const MSG& message) {
+bool FormWindow::mouseDown(const MSG& message) {
   const ControlView* view = viewAround(message.hwnd);
   if (!view) return false;
   readBackActive();
@@ -135,7 +135,7 @@ bool DialogWindow::mouseDown(const MSG& message) {
   return !had && control.hasFocus() && view->clickOnlyFocuses();
 }
 
-void DialogWindow::showKeyboardCues(WPARAM key, bool alt) {
+void FormWindow::showKeyboardCues(WPARAM key, bool alt) {
   UINT hidden = 0;
   if (key == VK_TAB || (key >= VK_LEFT && key <= VK_DOWN)) hidden = UISF_HIDEFOCUS;
   if (alt || key == VK_F10) hidden = UISF_HIDEFOCUS | UISF_HIDEACCEL;

@@ -1,4 +1,4 @@
-#include "ui/win32/dialog_window.h"
+#include "ui/win32/form_window.h"
 
 #include <algorithm>
 #include <system_error>
@@ -41,7 +41,7 @@ void throwLastError(const char* function) {
   throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), function);
 }
 
-DialogWindow::DialogWindow(Screen& screen, Form& form, HWND owner) : screen_(screen), form_(form) {
+FormWindow::FormWindow(Screen& screen, Form& form, HWND owner) : screen_(screen), form_(form) {
   const EmptyTemplate empty;
   window_ = CreateDialogIndirectParamW(tillora::win32::thisModule(), &empty.header, owner,
                                        &procedure, reinterpret_cast<LPARAM>(this));
@@ -58,16 +58,16 @@ DialogWindow::DialogWindow(Screen& screen, Form& form, HWND owner) : screen_(scr
   }
 }
 
-DialogWindow::~DialogWindow() { destroy(); }
+FormWindow::~FormWindow() { destroy(); }
 
 // Without window_ its messages are nobody's.
-void DialogWindow::destroy() {
+void FormWindow::destroy() {
   if (window_) DestroyWindow(std::exchange(window_, nullptr));
 }
 
-const Metrics& DialogWindow::metrics() const { return screen_.metrics(); }
+const Metrics& FormWindow::metrics() const { return screen_.metrics(); }
 
-void DialogWindow::resize() {
+void FormWindow::resize() {
   const SIZE client{metrics().toPixels(form_.clientSize().width),
                     metrics().toPixels(form_.clientSize().height)};
   RECT whole{0, 0, client.cx, client.cy};
@@ -76,7 +76,7 @@ void DialogWindow::resize() {
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void DialogWindow::place(HWND owner) {
+void FormWindow::place(HWND owner) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &monitor);
@@ -95,36 +95,36 @@ void DialogWindow::place(HWND owner) {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-ControlView* DialogWindow::viewOf(const Control& control) const {
+ControlView* FormWindow::viewOf(const Control& control) const {
   const auto found = views_.find(&control);
   return found == views_.end() ? nullptr : found->second.get();
 }
 
-HWND DialogWindow::windowOf(const Control& control) const {
+HWND FormWindow::windowOf(const Control& control) const {
   if (&control == &form_) return window_;
   const ControlView* view = viewOf(control);
   return view ? view->window() : nullptr;
 }
 
-ControlView* DialogWindow::viewAt(HWND window) const {
+ControlView* FormWindow::viewAt(HWND window) const {
   const auto found = windows_.find(window);
   return found == windows_.end() ? nullptr : found->second;
 }
 
-ControlView* DialogWindow::viewAround(HWND window) const {
+ControlView* FormWindow::viewAround(HWND window) const {
   for (; window && window != window_; window = GetAncestor(window, GA_PARENT)) {
     if (ControlView* view = viewAt(window)) return view;
   }
   return nullptr;
 }
 
-void DialogWindow::create(Control& control, HWND parent) {
+void FormWindow::create(Control& control, HWND parent) {
   std::unique_ptr<ControlView>& view = views_[&control];
   view = makeView(*this, control);
   view->create(parent);
 }
 
-void DialogWindow::createChildren(const Container& container, HWND parent) {
+void FormWindow::createChildren(const Container& container, HWND parent) {
   bool hasTabs = false;
   for (const auto& child : container.children()) {
     if (child->visible() && !viewOf(*child)) create(*child, parent);
@@ -136,7 +136,7 @@ void DialogWindow::createChildren(const Container& container, HWND parent) {
 
 // The order of windows is the order of creation, which screen readers follow; but the pages lie
 // before the tab strip that they are shown on.
-void DialogWindow::stack(const Container& container) {
+void FormWindow::stack(const Container& container) {
   std::vector<const Control*> order;
   for (const auto& child : container.children()) order.push_back(child);
   for (const auto& child : container.children()) {
@@ -160,7 +160,7 @@ void DialogWindow::stack(const Container& container) {
   }
 }
 
-void DialogWindow::changed(const Control& control, Property what) {
+void FormWindow::changed(const Control& control, Property what) {
   if (&control == &form_) {
     if (what == Property::text) SetWindowTextW(window_, forWindow(form_.caption()).c_str());
     if (what == Property::bounds) resize();
@@ -189,19 +189,19 @@ void DialogWindow::changed(const Control& control, Property what) {
   if (what == Property::enabled || what == Property::visible) applyFocus();
 }
 
-void DialogWindow::changedWithin(const Control& holder, Property what) {
+void FormWindow::changedWithin(const Control& holder, Property what) {
   for (const auto& child : holder.children()) {
     if (ControlView* view = viewOf(*child)) view->show(what);
     changedWithin(*child, what);
   }
 }
 
-int DialogWindow::hitTest(const ListView& list, Point point) const {
+int FormWindow::hitTest(const ListView& list, Point point) const {
   const ControlView* view = viewOf(list);
   return view ? view->rowAt(metrics().toPixels(point)) : -1;
 }
 
-HBRUSH DialogWindow::background(HWND child, HDC dc) const {
+HBRUSH FormWindow::background(HWND child, HDC dc) const {
   SetBkMode(dc, TRANSPARENT);
   for (HWND window = child; window && window != window_; window = GetAncestor(window, GA_PARENT)) {
     const ControlView* view = viewAt(window);
@@ -217,13 +217,13 @@ HBRUSH DialogWindow::background(HWND child, HDC dc) const {
   return GetSysColorBrush(COLOR_BTNFACE);
 }
 
-HIMAGELIST DialogWindow::imagesOf(const ui::ImageList& images) {
+HIMAGELIST FormWindow::imagesOf(const ui::ImageList& images) {
   ImageList& made = images_[&images];
   if (!made) made = makeImages(images, GetSystemMetrics(SM_CXSMICON));
   return made.get();
 }
 
-void DialogWindow::setToolTip(HWND window, std::wstring text) {
+void FormWindow::setToolTip(HWND window, std::wstring text) {
   if (!toolTips_) {
     toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
                                 CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
@@ -241,7 +241,7 @@ void DialogWindow::setToolTip(HWND window, std::wstring text) {
   if (!text.empty()) SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-bool DialogWindow::showPointer() const {
+bool FormWindow::showPointer() const {
   if (screen_.pointer() != Pointer::hourglass) return false;
   SetCursor(LoadCursorW(nullptr, IDC_WAIT));
   return true;
