@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""lint.py native|windows-x64 [FILE...]: clang-tidy over the sources of a preset, tests and benchmarks excepted:
-of Windows those that the native preset lacks.
+"""lint.py native|windows-x64 [FILE...]: clang-tidy over the sources of a preset: of Windows those that the native
+preset lacks. Tests have checks of their own (tests/.clang-tidy).
 
 A file that passed is not analysed again until it, a header it includes or the configuration changes. Most of
 the time goes into the system's headers, so those files of a folder that are to be analysed are put one after
@@ -18,8 +18,9 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SOURCES = {
-    "native": r"(base|ui|support|identity|sales|operations|component|component/contract|host|tools/document_tables)/\w+\.cpp",
-    "windows-x64": r"(com|platform|ui/win32|component/automation|host/(automation|app|terminal)|clients/\w+)"
+    "native": r"(tests/[a-z/]+|base|ui|support|identity|sales|operations|component|component/contract|host|tools/document_tables)/\w+\.cpp",
+    "windows-x64": r"(tests/(clients|com|com_client|component/automation|host/automation|package|platform|testing/win32|"
+                   r"ui/win32|windows)|bench/windows|com|platform|ui/win32|component/automation|host/(automation|app|terminal)|clients/\w+)"
                    r"/\w+\.cpp",
 }
 # The bound on the path analysis keeps files with much inlined library code from taking ten seconds.
@@ -41,7 +42,8 @@ def included(file):
     return [ROOT / name for name in INCLUDE.findall(file.read_text()) if (ROOT / name).exists()]
 
 
-def fingerprint(file, configuration):
+def fingerprint(file):
+    configuration = configuration_of(file).read_bytes() + pathlib.Path(__file__).read_bytes()
     seen, todo = set(), [file]
     while todo:
         each = todo.pop()
@@ -52,6 +54,11 @@ def fingerprint(file, configuration):
     for each in sorted(seen):
         digest.update(str(each.relative_to(ROOT)).encode() + b"\0" + each.read_bytes())
     return digest.hexdigest()
+
+
+def configuration_of(file):
+    tests = ROOT / "tests"
+    return (tests if file.is_relative_to(tests) else ROOT) / ".clang-tidy"
 
 
 def configure(preset):
@@ -70,7 +77,7 @@ class Joined:
 
     def __init__(self, files, command, folder):
         self.files = files
-        self.source = folder / ("-".join(files[0].parent.relative_to(ROOT).parts) + ".cpp")
+        self.source = folder / ("-".join(files[0].relative_to(ROOT).parts))
         self.command = command | {"file": str(self.source),
                                   "command": command["command"].replace(command["file"], str(self.source))}
         self.origins = []  # of each line: file and number
@@ -88,6 +95,7 @@ class Joined:
         """What is wrong, with the files' own lines; empty where nothing is."""
         arguments = [f"--extra-arg-before={each}" for each in PLATFORM[preset][:1]]
         arguments += [f"--extra-arg={each}" for each in PLATFORM[preset][1:] + BOUND]
+        arguments.append(f"--config-file={configuration_of(self.files[0])}")
         done = subprocess.run(["nice", "clang-tidy-19", "--quiet", "-p", self.source.parent, *arguments, self.source],
                               cwd=ROOT, text=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
         return done.returncode and re.sub(rf"{re.escape(str(self.source))}:(\d+)",
@@ -99,7 +107,8 @@ def joined(files, commands, folder):
     for file in files:
         command = commands[file]
         options = re.sub(r"\S+\.(obj|o|cpp)\b", "", command["command"])
-        groups.setdefault((file.parent, options), []).append(file)
+        alone = file if file.is_relative_to(ROOT / "bench") else None  # each a program of its own
+        groups.setdefault((file.parent, options, alone), []).append(file)
     folder.mkdir(exist_ok=True)
     result = [Joined(group, commands[group[0]], folder) for group in groups.values()]
     (folder / "compile_commands.json").write_text(json.dumps([each.command for each in result]))
@@ -111,15 +120,13 @@ def main():
     folder = configure(preset)
     passed = folder / "passed"
     passed.mkdir(exist_ok=True)
-    configuration = (ROOT / ".clang-tidy").read_bytes() + pathlib.Path(__file__).read_bytes()
-
     commands = json.loads((folder / "compile_commands.json").read_text())
     commands = {pathlib.Path(command["file"]): command for command in commands}
     chosen = sorted(file for file in commands
                     if file.is_relative_to(ROOT) and re.fullmatch(SOURCES[preset], str(file.relative_to(ROOT)))
                     and (not wanted or str(file.relative_to(ROOT)) in wanted))
     todo = {file: stamp for file in chosen
-            if not (stamp := passed / fingerprint(file, configuration)).exists()}
+            if not (stamp := passed / fingerprint(file)).exists()}
     print(f"clang-tidy: {len(todo)} of {len(chosen)} files to analyse", flush=True)
 
     failed = 0

@@ -164,7 +164,7 @@ class Form : public Container {
   bool pressOnEnter(Modifiers modifiers);
   bool stepUpDown(Key key);
   bool switchTab(bool forward);
-  bool accessKey(char16_t character);
+  bool followAccessKey(char16_t character);
 
   Screen& screen_;
   FormView* view_ = nullptr;

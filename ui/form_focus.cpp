@@ -163,11 +163,11 @@ char16_t Form::userCharacter(Control* control, char16_t character) {
 
 bool Form::userAccessKey(char16_t character) {
   bool used = true;
-  userDoes([&] { used = accessKey(character); });
+  userDoes([&] { used = followAccessKey(character); });
   return used;
 }
 
-bool Form::accessKey(char16_t character) {
+bool Form::followAccessKey(char16_t character) {
   const std::optional<char16_t> key = accessKeyOf(Text{u'&', character});
   const std::vector<Control*> order = inTabOrder();
   std::vector<Control*> owners;

@@ -167,6 +167,7 @@ class Rows::Columns final : public Item {
 
   std::vector<Rows*> make(Container& holder) {
     std::vector<Rows*> columns;
+    columns.reserve(widths_.size());
     for (std::size_t i = 0; i < widths_.size(); ++i) {
       columns.push_back(columns_.emplace_back(std::make_unique<Rows>(holder)).get());
     }

@@ -39,8 +39,6 @@ int rowAfter(Key key, int row, int count) {
 
 }  // namespace
 
-ComboBox::ComboBox() {}
-
 void ComboBox::addItem(Text item) {
   items_.push_back(std::move(item));
   notify(Property::items);
@@ -75,8 +73,6 @@ void ComboBox::select(int index) {
 const Text& ComboBox::text() const {
   return listIndex_ < 0 ? kNoText : items_[static_cast<std::size_t>(listIndex_)];
 }
-
-CheckListBox::CheckListBox() {}
 
 void CheckListBox::addRow(Text text, std::int32_t itemData) {
   rows_.push_back({std::move(text), itemData, false});

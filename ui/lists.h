@@ -15,8 +15,6 @@ namespace tillora::ui {
 /// A drop-down list: one of its items is shown, none can be typed.
 class ComboBox final : public Control {
  public:
-  ComboBox();
-
   Kind kind() const override { return Kind::comboBox; }
   const std::vector<Text>& items() const { return items_; }
   int count() const { return static_cast<int>(items_.size()); }
@@ -56,8 +54,6 @@ class CheckListBox final : public Control {
     std::int32_t itemData = 0;
     bool checked = false;
   };
-
-  CheckListBox();
 
   Kind kind() const override { return Kind::checkListBox; }
   const std::vector<Row>& rows() const { return rows_; }

@@ -153,8 +153,9 @@ class Browsing {
 
   double walk(const Purpose& purpose) {
     const auto start = Clock::now();
-    DispatchObject list = DispatchObject(ComPtr<IDispatch>(catalogue_.database()), u"JetDatabase")
-                              .getObject(u"ItemList", u"ItemList");
+    const DispatchObject list =
+        DispatchObject(ComPtr<IDispatch>(catalogue_.database()), u"JetDatabase")
+            .getObject(u"ItemList", u"ItemList");
     BareWalk(list.object()).run(purpose.wanted, purpose.properties);
     return milliseconds(start, Clock::now());
   }

@@ -657,7 +657,7 @@ TEST_F(ShopRoundTrip, ADamagedShopIsAClearErrorBeforeAnyDialog) {
   {
     std::fstream raw(file_, std::ios::in | std::ios::out | std::ios::binary);
     for (int page = 1; page < 8; ++page) {
-      raw.seekp(page * 4096);
+      raw.seekp(std::streamoff{page} * 4096);
       raw << std::string(4096, '?');
     }
   }

@@ -33,13 +33,13 @@ TEST_F(ShopFileTest, DamageInAnyPageIsFoundOnOpening) {
   open().close();
   const auto size = static_cast<std::streamoff>(std::filesystem::file_size(file()));
   ASSERT_GT(size, 8192);
-  overwrite(4096 * 3, std::string(4096, '\x5A'));
+  overwrite(12288, std::string(4096, '\x5A'));
   EXPECT_EQ(errorOf([&] { open(); }).number(), shop_error::damaged);
 }
 
 TEST_F(ShopFileTest, ATruncatedFileIsDamaged) {
   open().close();
-  std::filesystem::resize_file(file(), 4096 * 4);
+  std::filesystem::resize_file(file(), 16384);
   EXPECT_EQ(errorOf([&] { open(); }).number(), shop_error::damaged);
 }
 

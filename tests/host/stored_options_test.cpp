@@ -35,7 +35,7 @@ TEST_F(StoredOptionsTest, KeepsEveryTypeOverReopening) {
   using Int32 = std::numeric_limits<std::int32_t>;
   using Int64 = std::numeric_limits<std::int64_t>;
   const std::pair<OptionId, Value> cases[] = {
-      {OptionId::CompanyName, Text(u"O'Neil & S\u00F8n\r\n\0|;\xD83D\xDE00", 20)},
+      {OptionId::CompanyName, Text(u"O'Neil & S\u00F8n\r\n\0|;\xD83D\xDE00", 19)},
       {OptionId::CompanyFax, Text()},
       {OptionId::EODOptionFlags, Int32::min()},
       {OptionId::LaybyStartNumber, Int32::max()},

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "tests/testing/headless_desk.h"
 #include "ui/buttons.h"
 #include "ui/lists.h"
@@ -75,7 +77,8 @@ TEST_F(LayoutTest, ALabelStandsInTheMiddleOfItsFirstLine) {
   rows.field({label, fill(box)}, 4);
   rows.place({0, 0, 5000, 1000});
   const int middle = label.bounds().top + label.bounds().height / 2;
-  EXPECT_NEAR(middle, ui::fieldHeight(form) / 2, 1);
+  const int wanted = ui::fieldHeight(form) / 2;
+  EXPECT_LE(std::abs(middle - wanted), 1);
   EXPECT_EQ(box.bounds().height, ui::fieldHeight(form, 4));
 }
 

@@ -117,7 +117,7 @@ TEST(DialogPersonTest, ADialogWithinAnotherIsLeftToWhatIsDoneInIt) {
 }
 
 TEST(DialogPersonTest, ADialogThatNobodyExpectsIsClosedAndAFailure) {
-  for (const UINT buttons : {MB_OK, MB_YESNO, MB_YESNOCANCEL}) {
+  for (const UINT buttons : {UINT{MB_OK}, UINT{MB_YESNO}, UINT{MB_YESNOCANCEL}}) {
     DialogPerson person([](HWND) {});
     show();
     MessageBoxW(nullptr, L"Text", L"Unexpected", buttons);

@@ -159,7 +159,7 @@ class AutomationHost {
     return object;
   }
   template <class T>
-  static Object makeCursor(std::shared_ptr<Cursor<T>> cursor) {
+  static Object makeCursor(const std::shared_ptr<Cursor<T>>& cursor) {
     const Object object = ScriptedObject::make();
     object->add(u"MoveFirst", [cursor](const Call&) {
       cursor->moveFirst();

@@ -20,7 +20,7 @@ class DispatchObjectTest : public ::testing::Test {
   ComPtr<ScriptedObject> scripted = ScriptedObject::make();
   DispatchObject object{ComPtr<IDispatch>(scripted.get()), u"JetDatabase"};
 
-  void gives(const Text& member, std::function<Variant()> value) {
+  void gives(const Text& member, const std::function<Variant()>& value) {
     scripted->add(member, [value](const Call&) { return value(); });
   }
   void fails(const Text& member, const Failing& failing) {

@@ -300,7 +300,10 @@ class ItemLookUpsTest : public ::testing::Test {
     });
     list->add(u"Current", [&](const Call&) { return Variant(items_[row % items_.size()].get()); });
     const auto cursor = makeItemCursor({ComPtr<IDispatch>(list.get()), u"ItemList"});
-    for (; row < rows; cursor->moveNext()) EXPECT_EQ(cursor->current().name, u"x");
+    while (row < rows) {
+      EXPECT_EQ(cursor->current().name, u"x");
+      cursor->moveNext();
+    }
   }
 
  private:
@@ -447,7 +450,7 @@ TEST_F(HostAdaptersTest, TheMessageBoxGetsEveryTextAsItIs) {
     shown = {call.text(0), call.text(2), call.text(3)};
     return Variant(std::int32_t{1});
   });
-  const Text odd = Text(u"100% %s %1 &File\r\nx\0after ", 27) + Text(10000, u'&');
+  const Text odd = Text(u"100% %s %1 &File\r\nx\0after ", 26) + Text(10000, u'&');
   makeHostMessageBox(ComPtr<IDispatch>(box.get()))->show(odd, message_style::exclamation, odd, odd);
   EXPECT_EQ(shown, (std::vector<Text>(3, odd)));
 }

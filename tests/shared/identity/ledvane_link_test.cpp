@@ -592,7 +592,7 @@ TEST_F(LedvaneLinkTest, TheMessagesOfTheSaveAreThoseOfTheClick) {
     }
   });
   ASSERT_EQ(boxes.shown.size(), 4U);
-  for (const std::size_t click : {0, 2}) {
+  for (const std::size_t click : {0U, 2U}) {
     EXPECT_EQ(boxes.shown[click].text, boxes.shown[click + 1].text);
     EXPECT_EQ(boxes.shown[click].secondaryText, boxes.shown[click + 1].secondaryText);
   }

@@ -57,7 +57,8 @@ void DrivenScreen::pumpUntilIdle() {
 HWND DrivenScreen::windowOf(const ui::Control& control) const {
   const auto run = std::ranges::find_if(
       runs_, [&](const ModalRun* shown) { return &shown->form() == &control.form(); });
-  return run != runs_.end() && (*run)->formWindow() ? (*run)->formWindow()->windowOf(control) : nullptr;
+  return run != runs_.end() && (*run)->formWindow() ? (*run)->formWindow()->windowOf(control)
+                                                    : nullptr;
 }
 
 }  // namespace tillora::testing

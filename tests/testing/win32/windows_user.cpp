@@ -101,7 +101,7 @@ void WindowsUser::clickAt(HWND window, POINT point, int times) {
   }
   std::vector<INPUT> inputs;
   for (int i = 0; i < times; ++i) {
-    for (const DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+    for (const DWORD flag : {DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {
       INPUT input{};
       input.type = INPUT_MOUSE;
       input.mi.dwFlags = flag;

@@ -114,7 +114,8 @@ TEST_F(RealControlsTest, APasswordLooksLikeAsManyStars) {
         CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"******", WS_CHILD | ES_AUTOHSCROLL, 0, 0,
                         area.right - area.left, area.bottom - area.top, GetParent(secret), nullptr,
                         win32::thisModule(), nullptr));
-    SendMessageW(stars.get(), WM_SETFONT, SendMessageW(secret, WM_GETFONT, 0, 0), FALSE);
+    SendMessageW(stars.get(), WM_SETFONT,
+                 static_cast<WPARAM>(SendMessageW(secret, WM_GETFONT, 0, 0)), FALSE);
     const auto shown = pictureOf(secret);
     EXPECT_EQ(shown, pictureOf(stars.get()));
     SetWindowTextW(stars.get(), L"*****");
