@@ -22,8 +22,9 @@ class frmBrowseItems final : public Dialog {
   explicit frmBrowseItems(ui::Screen& screen);
 
   std::int16_t BrowseType = 0;
-  /// In: the present value, whose row is selected. Out: the value chosen by OK, else as it was.
-  /// Group, colon and item name; the item name alone without a group and for a payment item.
+  /// In: the present value, whose row is selected. Out: the value chosen by OK, otherwise
+  /// unchanged. Group, colon and item name; the item name alone without a group and for a payment
+  /// item.
   Text SelectedValue;
   /// Released when the dialog closes.
   std::shared_ptr<SettingsStore> SettingsObject;

@@ -48,7 +48,7 @@ void OptionButtonView::command(WORD code) {
 
 LRESULT OptionButtonView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != WM_SETFOCUS) return ControlView::message(message, wParam, lParam);
-  // An unchosen option button reports a click when it gets the focus; only a real one chooses it.
+  // An unchosen option button reports a click when it gets the focus; only a real click chooses it.
   const Echo echo(*this);
   return ControlView::message(message, wParam, lParam);
 }

@@ -3,7 +3,7 @@
 namespace tillora::ui::win32 {
 namespace {
 
-// The platform's own names come with Windows 10; the library is to load on any.
+// The platform's own names come with Windows 10, but the library must load on older versions.
 const HANDLE kSystemAware = reinterpret_cast<HANDLE>(INT_PTR{-2});
 constexpr int kPerMonitorAware = 2;
 

@@ -132,7 +132,7 @@ void EditView::readBack() {
   control().userSelected(static_cast<int>(start), static_cast<int>(end - start));
 }
 
-// The clipboard is read only for boxes that want to know: it may hold a password.
+// Reads the clipboard only for boxes that handle a paste: it may hold a password.
 bool EditView::pasteIsUsed() {
   if (!control().paste || control().locked()) return false;
   readBack();

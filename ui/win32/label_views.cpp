@@ -74,7 +74,7 @@ LRESULT LabelView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       paint(reinterpret_cast<HDC>(wParam));
       return 0;
     case WM_SETTEXT: {
-      // The static would paint its text at once, past WM_PAINT.
+      // The static control would paint its text at once, bypassing WM_PAINT.
       SetWindowLongPtrW(window(), GWL_STYLE,
                         GetWindowLongPtrW(window(), GWL_STYLE) & ~LONG_PTR{WS_VISIBLE});
       const LRESULT result = ControlView::message(message, wParam, lParam);

@@ -37,7 +37,7 @@ class Screen : public ui::Screen {
   /// The window of the form that is on top, the owner for message boxes and file dialogs; null
   /// where no form is shown, or its window is gone.
   HWND topWindow() const;
-  /// The session of the user ends: takes the forms' windows away, and all that they own.
+  /// The user's session ends: destroys the forms' windows and all that they own.
   void sessionEnds() const;
 
  private:
