@@ -85,7 +85,7 @@ TEST(ToNumber, RefusesAnyOtherText) {
   }
 }
 
-TEST(ToNumber, AnAmountOfCurrencyHasNoExponent) {
+TEST(ToNumber, ACurrencyAmountHasNoExponent) {
   EXPECT_EQ(toNumber(u"$1e3", kAustralia), std::nullopt);
 }
 

@@ -78,7 +78,7 @@ TEST_F(EnableLabel, NeitherOfTheTwoHasAnAccessKeyWhileTheLabelIsDisabled) {
   form.showModal();
 }
 
-TEST_F(EnableLabel, AnEnabledLabelHasNone) {
+TEST_F(EnableLabel, AnEnabledLabelHasNoShadow) {
   enableLabel(label, shadow, false);
   enableLabel(label, shadow, true);
   EXPECT_TRUE(label.enabled());

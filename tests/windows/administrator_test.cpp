@@ -183,7 +183,7 @@ TEST_F(AdministratorTest, AnApplyShowsWhatItChangedWhileTheDialogIsStillOpen) {
   EXPECT_EQ(code, 0U);
 }
 
-TEST_F(AdministratorTest, AChangeByAnotherProgramIsShownWhenThatSaysSo) {
+TEST_F(AdministratorTest, AChangeByAnotherProgramIsShownWhenItIsAnnounced) {
   {
     const host::Shop other = host::Shop::open((folder_ / L"shop.db").u16string());
     const auto record = other.database()->optionsRecord();

@@ -116,7 +116,7 @@ TEST(DialogPersonTest, ADialogWithinAnotherIsLeftToWhatIsDoneInIt) {
   EXPECT_TRUE(found);
 }
 
-TEST(DialogPersonTest, ADialogThatNobodyExpectsIsClosedAndAFailure) {
+TEST(DialogPersonTest, AnUnexpectedDialogIsClosedAndAFailure) {
   for (const UINT buttons : {MB_OK, MB_YESNO, MB_YESNOCANCEL}) {
     DialogPerson person([](HWND) {});
     show();
@@ -159,7 +159,7 @@ TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceWhereNoneIsComing)
   EXPECT_LT(std::chrono::steady_clock::now() - start, DialogPatience().toBeShown);
 }
 
-/// Lets no window be activated, after others have heard that it is about to be.
+/// Refuses the activation of every window after others have been notified of it.
 LRESULT CALLBACK refuseActivation(int code, WPARAM window, LPARAM other) {
   const LRESULT result = CallNextHookEx(nullptr, code, window, other);
   return code == HCBT_ACTIVATE ? 1 : result;

@@ -49,7 +49,7 @@ std::vector<Row> rows() {
   return found;
 }
 
-/// What a caller gets to know.
+/// What a caller learns about a failure.
 struct Raised {
   HRESULT number = S_OK;
   Text source;

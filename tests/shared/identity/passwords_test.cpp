@@ -402,7 +402,7 @@ TEST_F(PasswordsTest, NothingIsWrittenBeforeTheSaveAndCancelDropsAll) {
   });
 }
 
-TEST_F(PasswordsTest, PasswordsThatNobodyTouchedSurviveASave) {
+TEST_F(PasswordsTest, UntouchedPasswordsSurviveASave) {
   storeAll();
   host.store(options::PasswordPromotions, u"KEPT AS IT IS");
   host.store(options::PasswordEndOfDay, u"a password of more than sixteen characters");

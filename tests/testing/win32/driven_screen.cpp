@@ -8,7 +8,7 @@ using ui::win32::ModalRun;
 
 namespace {
 
-/// Has a run on top of the others while it lives.
+/// Has a run on top of the others during its lifetime.
 class OnTop {
  public:
   OnTop(std::vector<ModalRun*>& runs, ModalRun& run) : runs_(runs) { runs_.push_back(&run); }
@@ -57,7 +57,8 @@ void DrivenScreen::pumpUntilIdle() {
 HWND DrivenScreen::windowOf(const ui::Control& control) const {
   const auto run = std::ranges::find_if(
       runs_, [&](const ModalRun* shown) { return &shown->form() == &control.form(); });
-  return run != runs_.end() && (*run)->formWindow() ? (*run)->formWindow()->windowOf(control) : nullptr;
+  return run != runs_.end() && (*run)->formWindow() ? (*run)->formWindow()->windowOf(control)
+                                                    : nullptr;
 }
 
 }  // namespace tillora::testing
