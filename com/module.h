@@ -12,7 +12,7 @@ HINSTANCE thisModule();
 /// Full path of a module; null means the running program.
 Text pathOfModule(HMODULE module);
 
-/// Keeps this module loaded while it lives: one in every COM object, one per LockServer.
+/// Keeps this module loaded during its lifetime: one in every COM object, one per LockServer.
 class ModuleLock {
  public:
   ModuleLock();

@@ -14,7 +14,7 @@ namespace tillora::host {
 struct ShopContents {
   /// False: tables and machine settings only, no stored option and no row; a first use.
   bool seeded = true;
-  /// Number of items in the catalogue; the small seeded catalogue where not given.
+  /// Number of items in the catalogue; the small seeded catalogue if not given.
   std::optional<std::int32_t> itemCount;
 };
 

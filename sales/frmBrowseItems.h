@@ -12,7 +12,7 @@
 namespace tillora {
 
 /// A list of the shop's items in which one is chosen. The caller sets the variables and shows the
-/// dialog modally; each show reads the list anew.
+/// dialog modally; each show reads the list again.
 class frmBrowseItems final : public Dialog {
  public:
   /// What the item is for. Any other BrowseType lists payment items and accepts none.

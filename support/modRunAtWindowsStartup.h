@@ -12,7 +12,7 @@ namespace tillora {
 /// There is a value with exactly this name, whatever its data. False if the key cannot be read.
 bool IsRunAtStartup(Registry& registry, const Text& title);
 
-/// Writes the value, or removes it where it exists. A value whose name differs only in letter case
+/// Writes the value, or removes it if it exists. A value whose name differs only in letter case
 /// is replaced.
 void SetRunAtStartup(Registry& registry, const Text& title, const Text& exePath, bool remove);
 

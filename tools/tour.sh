@@ -2,8 +2,8 @@
 # tour.sh BUILD OUT [DPI]: shows the dialog on every tab, the dialogs behind its buttons, and one edit
 # that is applied.
 #
-# Leaves in OUT: a picture per tab (tab-01.png ...) and per dialog (dialog-*.png), the edited and the
-# applied state, and tour.txt: what the edit changed in the shop database and what the host was told.
+# Leaves in OUT: a picture per tab (tab-01.png ...) and per dialog (dialog-*.png), the edited and the applied state, and
+# tour.txt: what the edit changed in the shop database and what the host was notified of.
 # Uses a display and a prefix of its own and a new shop database, which stays in OUT.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"

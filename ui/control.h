@@ -32,7 +32,7 @@ enum class Kind : std::uint8_t {
   picture,
 };
 
-/// What a view is to show anew. The view reads the new state from the control.
+/// What a view has to update. The view reads the new state from the control.
 enum class Property : std::uint8_t {
   text,         ///< caption of a control, text of a text box
   enabled,      ///< own enabled state; a container's applies to all that it holds

@@ -21,7 +21,7 @@ enum class UnloadMode : std::uint8_t {
 /// default and cancel button, access keys, modal show, and its end.
 ///
 /// A form is loaded once, shown modally, and unloaded by its own code or by its close box; showing
-/// it again loads it anew.
+/// it again loads it again.
 ///
 /// User input enters through the `user...` functions, from real windows and tests alike; each
 /// returns whether the form has handled it. Input is processed one at a time: while a handler runs,

@@ -164,7 +164,7 @@ class ListView final : public Control {
 
   const std::vector<ListItem>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
-  /// Text of a cell; empty where the row has no such column.
+  /// Text of a cell; empty if the row has no such column.
   Text text(int row, int column) const;
   /// Adds a row at the end and returns its position.
   int addRow(ListItem item);

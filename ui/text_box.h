@@ -22,7 +22,7 @@ class TextBox final : public Control {
   /// notified, and change is not raised.
   void reformat(Text text);
 
-  /// Longest text that can be typed or pasted; 0 is no limit.
+  /// Longest text that can be typed or pasted; 0 for no limit.
   int maxLength() const { return maxLength_; }
   TextBox& setMaxLength(int maxLength);
   /// A locked box shows and selects its text but cannot be edited by the user.

@@ -20,26 +20,26 @@ class OptionsRecord {
  public:
   virtual ~OptionsRecord() = default;
 
-  /// The stored value converted to the option's type; none where nothing is stored.
+  /// The stored value converted to the option's type; none if nothing is stored.
   virtual Value read(OptionId option) = 0;
   virtual void write(OptionId option, const Value& value) = 0;
   /// Makes everything permanent that was written since the record was obtained, including table
   /// rows and settings.
   virtual void commit() = 0;
 
-  /// The stored value; none where nothing is stored (a stored empty text is a value).
+  /// The stored value; none if nothing is stored (a stored empty text is a value).
   template <OptionType type>
   std::optional<typename Option<type>::Type> get(const Option<type>& option) {
     Value value = read(option.id);
     if (std::holds_alternative<std::monostate>(value)) return std::nullopt;
     return std::get<typename Option<type>::Type>(std::move(value));
   }
-  /// The stored value, or the option's default where nothing is stored.
+  /// The stored value, or the option's default if nothing is stored.
   template <OptionType type>
   typename Option<type>::Type getOrDefault(const Option<type>& option) {
     return get(option).value_or(option.defaultValue);
   }
-  /// The stored value, or the type's zero (0, empty text, False) where nothing is stored.
+  /// The stored value, or the type's zero (0, empty text, False) if nothing is stored.
   template <OptionType type>
   typename Option<type>::Type getOrZero(const Option<type>& option) {
     return get(option).value_or(typename Option<type>::Type{});
@@ -94,7 +94,7 @@ class Table {
   /// Deletes the current row. moveNext() goes on to the next one.
   virtual void remove() = 0;
 
-  /// A field of the current row: a Text, std::int32_t or bool, as its type says. None where it
+  /// A field of the current row: a Text, std::int32_t or bool, as its type says. None if it
   /// holds no value, or one that cannot be converted.
   virtual Value get(Field field) = 0;
   virtual void set(Field field, const Value& value) = 0;

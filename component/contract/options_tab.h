@@ -47,7 +47,7 @@ class OptionsDialog {
   virtual const Platform& platform() const = 0;
   /// Extension of the accounting package's data files, with or without its dot.
   virtual const Text& dataFileExtension() const = 0;
-  /// How many normal files match a path with wildcards; 0 where they cannot be listed. Error
+  /// How many normal files match a path with wildcards; 0 if they cannot be listed. Error
   /// `overflow` (6) for more than 32767.
   virtual std::int16_t GetNumberOfFiles(TextView pattern) const = 0;
 

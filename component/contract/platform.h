@@ -18,7 +18,7 @@ class Clock {
   virtual DateTime now() = 0;
 };
 
-/// Makes the message boxes: the host's own where its class is registered, else the platform's.
+/// Makes the message boxes: the host's own if its class is registered, else the platform's.
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
@@ -47,7 +47,7 @@ struct FileRequest {
 class FileDialogs {
  public:
   virtual ~FileDialogs() = default;
-  /// The existing file that was chosen; none where the user cancelled.
+  /// The existing file that was chosen; none if the user cancelled.
   virtual std::optional<Text> open(const FileRequest& request) = 0;
 };
 

@@ -122,7 +122,7 @@ int runWindow(const CommandLine& line, const Text& database, EventLog& log, HINS
   window.setDatabase(database);
   window.show(show);
 
-  // A program that ends by itself must not wait for somebody to close a message.
+  // A program that ends by itself must not wait for someone to close a message.
   shown = line.opensDialog() ? nullptr : &window;
   const bool opened = attempt(log, shown, [&] {
     session.emplace(log, [&refresh] { refresh(true); });

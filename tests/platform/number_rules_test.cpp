@@ -98,7 +98,7 @@ class NumberRules : public ::testing::TestWithParam<LCID> {
   const NumberLocale locale_ = numberLocale(lcid_);
 };
 
-TEST_P(NumberRules, TextsAreNumbersExactlyWhereThePlatformSaysSo) {
+TEST_P(NumberRules, TextsAreNumbersExactlyWhenThePlatformSaysSo) {
   int numbers = 0;
   for (int i = 0; i < kTexts; ++i) {
     const Text text = anyText();

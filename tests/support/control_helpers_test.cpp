@@ -154,7 +154,7 @@ TEST_F(ListViewSupport, AColumnThatIsNotThereIsNotSized) {
   EXPECT_EQ(width(1), 0);
 }
 
-TEST_F(ListViewSupport, TheLastColumnFillsTheListWhereHeadersCountToo) {
+TEST_F(ListViewSupport, TheLastColumnFillsTheListIfHeadersCountToo) {
   const auto fills = [&](int column) {
     return list.columns()[static_cast<std::size_t>(column)].fills;
   };

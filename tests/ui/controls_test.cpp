@@ -47,7 +47,7 @@ TEST_F(ControlsTest, ChoosingAnOptionButtonClearsTheOthersOfItsContainer) {
   EXPECT_EQ(events, 1);
 }
 
-TEST_F(ControlsTest, SettingTextRaisesChangeWhereItDiffers) {
+TEST_F(ControlsTest, SettingTextRaisesChangeIfItDiffers) {
   auto& box = form.add<ui::TextBox>();
   box.change = count;
   box.setText(u"a");

@@ -29,7 +29,7 @@ std::filesystem::path programFolder() {
   return std::filesystem::path(program.data()).parent_path();
 }
 
-/// The texts of a list view of another program, by way of memory in that program.
+/// Reads the texts of a list view of another program, through memory in that program.
 class ListOfOtherProgram {
  public:
   ListOfOtherProgram(HANDLE process, HWND list) : process_(process), list_(list) {

@@ -151,7 +151,7 @@ TEST(DialogPersonTest, ADialogWhosePersonFailsIsClosedAndAFailure) {
   EXPECT_NONFATAL_FAILURE(person.finish(), "the person failed: no such button");
 }
 
-TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceWhereNoneIsComing) {
+TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceIfNoneIsComing) {
   const auto start = std::chrono::steady_clock::now();
   DialogPerson person([](HWND) {}, 2);
   show();

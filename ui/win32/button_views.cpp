@@ -5,7 +5,7 @@
 namespace tillora::ui::win32 {
 namespace {
 
-// Captions break into lines only where there is room for two; one line is centred otherwise.
+// Captions break into lines only if there is room for two; one line is centred otherwise.
 DWORD lineStyle(const Control& control, const Metrics& metrics) {
   return control.bounds().height >= 2 * metrics.lineHeight() ? BS_MULTILINE : 0;
 }

@@ -30,7 +30,7 @@ class ControlView {
 
   /// Makes the window with the control's whole state. Called once.
   virtual void create(HWND parent) = 0;
-  /// Shows a property anew.
+  /// Updates a property in the window.
   virtual void show(Property what);
 
   /// WM_COMMAND of this window.

@@ -7,7 +7,7 @@ namespace {
 const HANDLE kSystemAware = reinterpret_cast<HANDLE>(INT_PTR{-2});
 constexpr int kPerMonitorAware = 2;
 
-/// The platform's functions; all null where it lacks one.
+/// The platform's functions; all null if it lacks one.
 struct Functions {
   HANDLE(WINAPI* setThreadContext)(HANDLE) = nullptr;
   HANDLE(WINAPI* threadContext)() = nullptr;

@@ -15,7 +15,7 @@ class SystemScaling {
   ~SystemScaling();
 
  private:
-  HANDLE former_ = nullptr;  // null where nothing was changed
+  HANDLE former_ = nullptr;  // null if nothing was changed
 };
 
 /// During its lifetime the thread is in the context that it had before SystemScaling: for calls of

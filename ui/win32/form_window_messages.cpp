@@ -82,7 +82,7 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
   switch (message) {
     case WM_SYSCOMMAND:
       if ((wParam & 0xFFF0) != SC_CLOSE) return std::nullopt;
-      close();  // the platform itself does nothing where the window is disabled
+      close();  // the platform itself does nothing if the window is disabled
       return 0;
     case WM_CLOSE:
       close();

@@ -96,7 +96,7 @@ LRESULT LabelView::message(UINT message, WPARAM wParam, LPARAM lParam) {
 void PictureView::create(HWND parent) {
   createWindow(parent, {WC_STATICW, SS_LEFT});
   const Control& picture = control();
-  // Never painted; it is what a screen reader says.
+  // Never painted; a screen reader reads it.
   const Text& name =
       picture.accessibleName().empty() ? picture.toolTip() : picture.accessibleName();
   SetWindowTextW(window(), forWindow(name).c_str());

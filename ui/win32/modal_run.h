@@ -12,9 +12,9 @@ namespace tillora::ui::win32 {
 
 class Screen;
 
-/// One form shown modally: while it lives, every other window of the thread that was there before
-/// is disabled, hidden ones included. However it ends, windows, focus and pointer are left as they
-/// were before.
+/// One form shown modally: during its lifetime every other window of the thread that was there
+/// before is disabled, hidden ones included. However it ends, windows, focus and pointer are left
+/// as they were before.
 class ModalRun {
  public:
   ModalRun(Screen& screen, Form& form);

@@ -182,7 +182,7 @@ Point ReportView::toTwips(LPARAM position) const {
 LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SIZE: {
-      // Also where a scroll bar comes or goes.
+      // Even if a scroll bar appears or disappears.
       const LRESULT result = ControlView::message(message, wParam, lParam);
       const Echo echo(*this);
       fillLastColumn();

@@ -35,7 +35,7 @@ class Screen : public ui::Screen {
   /// Taken anew at the first use in each session.
   const Metrics& metrics() const;
   /// The window of the form that is on top, the owner for message boxes and file dialogs; null
-  /// where no form is shown, or its window is gone.
+  /// if no form is shown, or its window is gone.
   HWND topWindow() const;
   /// The user's session ends: destroys the forms' windows and all that they own.
   void sessionEnds() const;

@@ -81,7 +81,7 @@ TEST_F(DispatchObjectTest, PutsTheNewValueLast) {
   EXPECT_EQ(put, u"Name=Value");
 }
 
-TEST_F(DispatchObjectTest, SetsObjectsByReferenceAndByValueWhereTheHostWantsThat) {
+TEST_F(DispatchObjectTest, SetsObjectsByReferenceOrByValueIfTheHostWantsThat) {
   std::vector<WORD> flags;
   scripted->add(u"SettingsStore", [&](const Call& call) {
     flags.push_back(call.flags);

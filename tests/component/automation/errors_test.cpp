@@ -67,7 +67,7 @@ std::string basicText(HRESULT number) {
 }
 std::string textOrNone(const Text& text) { return text.empty() ? "none" : toUtf8(text); }
 
-/// The text, with "..." where the expected text has that.
+/// The text, with "..." in the places where the expected text has it.
 std::string withGap(const std::string& text, const std::string& expected) {
   const auto gap = expected.find("...");
   if (gap == std::string::npos) return text;

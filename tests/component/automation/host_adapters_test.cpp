@@ -152,7 +152,7 @@ class HostFieldsTest : public HostAdaptersTest {
   HostFieldsTest() {
     table_->add(u"Field", [this](const Call&) { return given_(); });
   }
-  /// The field as it is read where the host answers this.
+  /// The field as it is read if the host answers this.
   Value read(Field field, std::function<Variant()> given) {
     given_ = std::move(given);
     return adapted_->get(field);

@@ -230,7 +230,7 @@ TEST_F(MemberCallTest, NumbersBeyondAPropertysTypeOverflow) {
   EXPECT_EQ(invoke(*record.get(), kPrefix, kGet).value.get().lVal, 32768);
 }
 
-TEST_F(MemberCallTest, EveryTypeOfNumberIsTakenWhereItFits) {
+TEST_F(MemberCallTest, EveryTypeOfNumberIsTakenIfItFits) {
   constexpr DISPID kPrefix = 3;
   for (const VARTYPE type :
        {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_INT, VT_UINT, VT_I8, VT_UI8}) {

@@ -84,7 +84,7 @@ DWORD gdiObjects() {
   return count;
 }
 
-/// The handles of the process; 0 where the platform does not count them.
+/// The handles of the process; 0 if the platform does not count them.
 DWORD openHandles() {
   DWORD handles = 0;
   GetProcessHandleCount(GetCurrentProcess(), &handles);

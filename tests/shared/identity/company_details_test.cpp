@@ -45,7 +45,7 @@ TEST_F(CompanyDetailsTest, ShowsTheStoredValues) {
   });
 }
 
-TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhereNothingIsStored) {
+TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhenNothingIsStored) {
   open([&](frmOptions& dialog) {
     expectTexts(dialog, 0, std::vector<Text>(CompanyDetails::count));
     EXPECT_EQ(classes(dialog).items(), std::vector<Text>{u"(none)"});

@@ -55,7 +55,7 @@ class FredLinkTest : public OptionsTest {
   }
 };
 
-TEST_F(FredLinkTest, ShowsTheDefaultsWhereNothingIsStored) {
+TEST_F(FredLinkTest, ShowsTheDefaultsWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_FALSE(active(dialog).value());
     EXPECT_EQ(path(dialog).text(), u"");

@@ -140,7 +140,7 @@ TEST_F(LedvaneLinkTest, EachBoxShowsItsBitAndTheLineItemsFollowTheFirst) {
   }
 }
 
-TEST_F(LedvaneLinkTest, NothingIsTickedWhereNothingIsStored) {
+TEST_F(LedvaneLinkTest, NothingIsTickedWhenNothingIsStored) {
   host.dataFile.clear();
   open([&](frmOptions& dialog) {
     EXPECT_EQ(ticks(dialog), 0);

@@ -158,7 +158,7 @@ TEST_F(PasswordsTest, RowsStandBelowEachOtherInsideTheirFrames) {
   });
 }
 
-TEST_F(PasswordsTest, NothingIsProtectedWhereNothingIsStored) {
+TEST_F(PasswordsTest, NothingIsProtectedWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_TRUE(ticked(dialog).empty());
     EXPECT_FALSE(applyEnabled(dialog));

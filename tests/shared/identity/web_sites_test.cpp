@@ -198,7 +198,7 @@ TEST_F(WebSitesTest, AFirstUseLeavesATableWithSitesAlone) {
   EXPECT_EQ(host.webSites, Sites{site(u"A", u"http://a")});
 }
 
-TEST_F(WebSitesTest, TheHomePageStaysWhereTheFirstSaveIsRefused) {
+TEST_F(WebSitesTest, TheHomePageStaysWhenTheFirstSaveIsRefused) {
   host.store(options::CurrencyListColumns, 0);
   options_.FirstUse = true;
   open([&](frmOptions& dialog) { EXPECT_TRUE(applyEnabled(dialog)); });

@@ -51,7 +51,7 @@ class LaybyTest : public OptionsTest {
   }
 };
 
-TEST_F(LaybyTest, ShowsTheDefaultsWhereNothingIsStored) {
+TEST_F(LaybyTest, ShowsTheDefaultsWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog, 0).text(), u"1");
     EXPECT_EQ(box(dialog, 1).text(), u"90");

@@ -46,7 +46,7 @@ class CurrencyConversionTest : public OptionsTest {
   }
 };
 
-/// The same where a comma stands before the decimals.
+/// The same with a decimal comma.
 class CurrencyConversionWithCommas : public CurrencyConversionTest {
  protected:
   CurrencyConversionWithCommas() : CurrencyConversionTest({u",", u".", u"\u20ac"}) {}
@@ -64,7 +64,7 @@ TEST_F(CurrencyConversionTest, ShowsTheStoredMarginWithAPercentSign) {
   });
 }
 
-TEST_F(CurrencyConversionTest, ShowsZeroWhereNothingIsStored) {
+TEST_F(CurrencyConversionTest, ShowsZeroWhenNothingIsStored) {
   open([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"0.00%");
     EXPECT_EQ(upDown(dialog).value(), 0);
@@ -368,7 +368,7 @@ TEST_F(CurrencyConversionTest, TheHostsSeparatorIsUsedForEverything) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 7.25F);
 }
 
-TEST_F(CurrencyConversionWithCommas, TheUsersSeparatorIsUsedWhereTheHostGivesNone) {
+TEST_F(CurrencyConversionWithCommas, TheUsersSeparatorIsUsedIfTheHostGivesNone) {
   host.decimalSeparator = u"";
   openWith(2.5F, [&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"2,50");

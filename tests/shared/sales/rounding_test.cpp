@@ -65,13 +65,13 @@ class RoundingTest : public OptionsTest {
   }
 };
 
-/// The same where a comma stands before the decimals.
+/// The same with a decimal comma.
 class RoundingWithCommas : public RoundingTest {
  protected:
   RoundingWithCommas() : RoundingTest({u",", u".", u"\u20ac"}) {}
 };
 
-TEST_F(RoundingTest, ShowsTheDefaultsWhereNothingIsStored) {
+TEST_F(RoundingTest, ShowsTheDefaultsWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(combo(dialog, Rounding::direction).text(), u"down to");
     EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 2);

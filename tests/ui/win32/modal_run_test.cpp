@@ -672,7 +672,7 @@ TEST(ScreenSessionTest, TakesFontsAndSizesAnew) {
   EXPECT_EQ(screen.lineHeight(), before);
 }
 
-/// The thread's awareness of resolutions, 0 to 2, by the platform's functions where it has them.
+/// The thread's awareness of resolutions, 0 to 2, by the platform's functions if it has them.
 class Awareness {
  public:
   bool isKnown() const { return set_ && get_ && of_; }
