@@ -11,11 +11,11 @@ namespace tillora {
 
 /// A failure that reaches the host program with its number, source and description intact.
 ///
-/// Host objects raise it, and so do the few operations of this component that a caller can get
-/// wrong. Nothing in the component catches it for good, except where a step is meant to be quiet.
+/// Host objects raise it, as do the few operations of this component that a caller can misuse. The
+/// component lets it pass, except in the few steps that are meant to fail silently.
 class Error : public std::exception {
  public:
-  /// One of the component itself; the server names it as the source.
+  /// An error of the component itself; the server adds the source.
   Error(std::int32_t number, Text description) : Error(number, {}, std::move(description)) {}
   Error(std::int32_t number, Text source, Text description, Text helpFile = {},
         std::uint32_t helpContext = 0);

@@ -20,7 +20,7 @@ constexpr Capitals kCapitals[] = {
 #include "base/letter_case_ranges.inc"
 };
 
-// Small letters whose capital has another small letter, the usual one.
+// Small letters whose capital has another, more common small letter.
 constexpr std::pair<char16_t, char16_t> kVariants[] = {
     {0x00B5, 0x03BC}, {0x0131, 0x0069}, {0x017F, 0x0073}, {0x0345, 0x03B9}, {0x03C2, 0x03C3},
     {0x03D0, 0x03B2}, {0x03D1, 0x03B8}, {0x03D5, 0x03C6}, {0x03D6, 0x03C0}, {0x03F0, 0x03BA},

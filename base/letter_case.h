@@ -4,16 +4,16 @@
 
 namespace tillora {
 
-/// The lower-case form of a letter that has one of one UTF-16 unit, in whatever alphabet; any other
-/// character, halves of surrogate pairs included, is returned as it is. The same on every machine
-/// and locale.
+/// The lower-case form of a letter of any alphabet that has one in a single UTF-16 unit; any other
+/// character, including half a surrogate pair, is returned as it is. The same on every machine and
+/// in every locale.
 char16_t lowerCase(char16_t c);
 
 /// Every character in lower case.
 Text lowerCase(TextView text);
 
-/// Whether two texts differ at most in the case of their letters. Small forms of one capital are
-/// the same letter: the two sigmas of Greek, the long s and the common one.
+/// Whether two texts are equal without regard to case. All small forms of one capital are equal:
+/// the two sigmas of Greek, the long s and the common one.
 bool sameLetters(TextView a, TextView b);
 
 }  // namespace tillora

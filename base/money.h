@@ -8,17 +8,18 @@
 
 namespace tillora {
 
-/// An amount of money: a count of ten-thousandths, as the platform's CY.
+/// An amount of money, counted in ten-thousandths like the platform's CY.
 struct Money {
   std::int64_t tenThousandths = 0;
   friend auto operator<=>(const Money&, const Money&) = default;
 };
 
-/// The amount that a text says, read as toNumber() reads it, exactly; more than four decimals are
-/// rounded, halfway to the even ten-thousandth. None for any other text and beyond the range of CY.
+/// The amount that a text stands for, read exactly by the rules of toNumber(); more than four
+/// decimals are rounded, halfway to the even ten-thousandth. None for any other text and outside
+/// the range of CY.
 std::optional<Money> toMoney(TextView text, const NumberLocale& locale);
 
-/// An amount as text by a format as in formatNumber().
+/// The amount as text, in a format of formatNumber().
 Text formatMoney(Money amount, TextView format, const NumberLocale& locale);
 
 }  // namespace tillora

@@ -47,9 +47,9 @@ std::vector<TextView> sectionsOf(TextView format) {
 /// What a section asks for.
 struct Shape {
   int whole = 0;         // placeholders before the decimal separator
-  int wholeZeros = 0;    // digits shown there at least
+  int wholeZeros = 0;    // fewest digits shown there
   int decimals = 0;      // placeholders after it
-  int decimalZeros = 0;  // digits shown there at least
+  int decimalZeros = 0;  // fewest digits shown there
   bool percent = false;
   bool thousands = false;
 
@@ -84,7 +84,7 @@ struct Digits {
   Digits(double magnitude, int decimals, bool percent) {
     auto [digits, exponent] = toScientific(magnitude, kSignificantDigits);
 
-    // Digits before the separator may be none (0.05) or more than the number holds (1e20).
+    // There may be no digits before the separator (0.05), or more than the number holds (1e20).
     const int point = exponent + 1 + (percent ? 2 : 0);
     if (point <= 0) digits.insert(0, static_cast<std::size_t>(1 - point), '0');
     const auto wholeSize = static_cast<std::size_t>(std::max(point, 1));
@@ -187,7 +187,7 @@ Text formatSections(double value, TextView format, const NumberLocale& locale) {
   const std::size_t chosen = value < 0 && has(1) ? 1 : value == 0 && has(2) ? 2 : 0;
   const Shape shape = shapeOf(sections[chosen]);
   Digits digits(std::abs(value), shape.decimals, shape.percent);
-  // What is rounded to nothing has no sign.
+  // A number that rounds to zero has no sign.
   const bool negative = value < 0 && chosen == 0 && shape.hasDigits() && !digits.isZero();
   const Text text = SectionWriter(shape, std::move(digits), locale).write(sections[chosen]);
   return negative ? u"-" + text : text;
@@ -195,7 +195,7 @@ Text formatSections(double value, TextView format, const NumberLocale& locale) {
 
 Text inCharacters(std::string_view digits) { return {digits.begin(), digits.end()}; }
 
-// As many digits as the number has, in powers of ten where it is very large or small.
+// All digits of the number, with an exponent if it is very large or small.
 Text generalNumber(double value, const NumberLocale& locale) {
   auto [digits, exponent] = toScientific(std::abs(value), kSignificantDigits);
   digits.resize(std::max<std::size_t>(digits.find_last_not_of('0') + 1, 1));

@@ -13,13 +13,13 @@ namespace tillora {
 ///     "text"   the text itself                                 ;   sections:
 ///     positive;negative;zero
 ///
-/// and any other character as it is. The first section stands for one that is missing or empty.
-/// Rounds half away from zero, on the 15 digits that a double holds exactly. "#0.00\%" of 5
-/// is 5.00%.
+/// Any other character stands for itself. A missing or empty section is replaced by the first one.
+/// Rounds half away from zero, on the 15 digits that a double holds exactly. "#0.00\%" of 5 is
+/// 5.00%.
 ///
 /// The names Standard (#,##0.00), Fixed (0.00), Percent (0.00%), Currency (by the locale) and
-/// General Number stand for formats, in whatever letter case. General Number, and an empty format,
-/// show the digits that the number has, from 1E+15 and below 0.0001 with an exponent.
+/// General Number stand for formats and are case-insensitive. General Number, and an empty format,
+/// show all digits of the number, with an exponent from 1E+15 and below 0.0001.
 ///
 /// @param value finite
 Text formatNumber(double value, TextView format, const NumberLocale& locale);

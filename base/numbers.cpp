@@ -14,7 +14,7 @@
 namespace tillora {
 namespace {
 
-// Beyond every number; sums of it are far from overflowing.
+// Larger than any exponent that matters; sums of it do not overflow.
 constexpr std::int64_t kLargestExponent = 1'000'000'000;
 
 constexpr char16_t kNoBreakSpace = 0xA0;
@@ -44,7 +44,7 @@ class NumberReader {
     return true;
   }
 
-  // A blank, or what may stand once before or after the digits.
+  // A blank, or one of the signs, symbols and brackets that may appear once around the digits.
   bool readAffix(char16_t bracket, bool& bracketSeen) {
     if (rest_.empty()) return false;
     const char16_t c = rest_.front();
@@ -84,12 +84,12 @@ class NumberReader {
     }
   }
 
-  // No keyboard has the no-break space that some locales separate thousands with.
+  // Some locales separate thousands with a no-break space, which no keyboard has.
   bool skipThousands(TextView separator) {
     return skip(separator) || (separator == TextView(&kNoBreakSpace, 1) && skip(u" "));
   }
 
-  // An amount of currency has none.
+  // A currency amount has no exponent.
   void readExponent() {
     if (currency_ || rest_.empty() || (rest_.front() != u'e' && rest_.front() != u'E')) return;
     TextView exponent = rest_.substr(1);
@@ -115,7 +115,7 @@ class NumberReader {
   bool closing_ = false;
 };
 
-// Whether digits that are cut off round the number before them up.
+// Whether the digits that are cut off round the remaining number up.
 bool roundsUp(std::string_view cutOff, bool odd) {
   if (cutOff.empty() || cutOff.front() != '5') return !cutOff.empty() && cutOff.front() > '5';
   return odd || cutOff.find_first_not_of('0', 1) != std::string_view::npos;
@@ -125,7 +125,7 @@ std::string plainText(const Decimal& number) {
   return number.digits + 'e' + std::to_string(number.exponent);
 }
 
-// Of the numbers that no double holds, those too small to tell from zero.
+// Tells a number too small for a double from one that is too large.
 bool isBelowOne(const Decimal& number) {
   const std::size_t leading = std::min(number.digits.find_first_not_of('0'), number.digits.size());
   const auto significant = static_cast<std::int64_t>(number.digits.size() - leading);
@@ -203,7 +203,7 @@ double roundHalfEven(double value) {
 }
 
 Scientific toScientific(double magnitude, int significant) {
-  // The host may have set a decimal separator for the C library: only digits are taken.
+  // The host may have set a decimal separator for the C library: take only the digits.
   std::array<char, 40> text{};
   std::snprintf(text.data(), text.size(), "%.*e", significant - 1, magnitude);
   const std::string_view written = text.data();

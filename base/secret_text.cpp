@@ -6,7 +6,7 @@
 namespace tillora {
 
 void wipe(void* memory, std::size_t bytes) {
-  // For all that an optimiser knows, it may be another function by now.
+  // Volatile, so that the optimiser cannot know which function is called.
   static void* (*const volatile fill)(void*, int, std::size_t) = &std::memset;
   if (bytes != 0) fill(memory, 0, bytes);
 }
@@ -33,7 +33,7 @@ SecretText& SecretText::operator=(SecretText&& other) noexcept {
 void SecretText::take(Text& text) noexcept {
   wipe(text_);
   text_ = std::move(text);
-  // A short text is copied by the move.
+  // Moving a short text copies it.
   wipe(text);
 }
 

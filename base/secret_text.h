@@ -6,17 +6,17 @@
 
 namespace tillora {
 
-/// Overwrites memory that is not read again. No optimiser drops it.
+/// Overwrites memory that is not read again; the optimiser cannot remove this.
 void wipe(void* memory, std::size_t bytes);
 /// Overwrites all the memory that the text holds and makes it empty.
 void wipe(Text& text);
 
-/// A text that leaves nothing of itself in memory: it is overwritten where another takes its place
-/// and where it ends.
+/// A text that leaves no copy of itself in memory: it is overwritten when it is replaced and when
+/// it is destroyed.
 class SecretText {
  public:
   SecretText() = default;
-  /// Takes a text over as take() does; of one that is copied, the copy.
+  /// Takes over a text as take() does; if the argument is a copy, the original stays.
   explicit SecretText(Text text) { take(text); }
   SecretText(const SecretText& other) = default;
   SecretText(SecretText&& other) noexcept { take(other.text_); }
@@ -24,7 +24,7 @@ class SecretText {
   SecretText& operator=(SecretText&& other) noexcept;
   ~SecretText() { wipe(text_); }
 
-  /// Takes the text over; nothing of it stays in `text`, which is empty then.
+  /// Takes over the text and wipes `text`, which is then empty.
   void take(Text& text) noexcept;
 
   const Text& text() const { return text_; }

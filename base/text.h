@@ -5,12 +5,12 @@
 
 namespace tillora {
 
-/// Text as the platform has it: UTF-16 code units. Converted to other encodings at the edges only.
+/// Text as the platform stores it: UTF-16 code units. Converted to other encodings at the edges
+/// only.
 using Text = std::u16string;
 using TextView = std::u16string_view;
 
-/// For platform functions that take the first NUL for the end: a blank in place of each, so that
-/// what comes after it is not lost.
+/// Replaces each NUL by a blank, for platform functions that would cut the text off there.
 Text nulsAsBlanks(Text text);
 
 /// UTF-8 for logs, files and test failures; a lone surrogate becomes U+FFFD.

@@ -6,10 +6,10 @@ namespace tillora {
 
 inline constexpr TextView kLineBreak = u"\r\n";
 
-/// Without the blanks (U+0020 only) before and after it.
+/// The text without the blanks (U+0020 only) at its ends.
 Text trimBlanks(TextView text);
 
-/// What stands before the last blank: "Tillora" of "Tillora Administrator", nothing of one word.
+/// The text before the last blank: "Tillora" of "Tillora Administrator"; empty for a single word.
 Text beforeLastBlank(TextView text);
 
 }  // namespace tillora

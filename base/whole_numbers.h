@@ -13,8 +13,8 @@ namespace tillora {
 /// is discarded.
 void keepDigitKey(char16_t& key);
 
-/// The number that a text says, read as toNumber() reads it, rounded to a whole one (halfway
-/// between two to the even one) and limited to 64 bits. None for any other text.
+/// The number that a text stands for, read by the rules of toNumber(), rounded to a whole one
+/// (halfway between two to the even one) and limited to 64 bits. None for any other text.
 std::optional<std::int64_t> toWholeNumber(TextView text, const NumberLocale& locale);
 
 /// The number, or the nearest one that the type holds.

@@ -4,7 +4,7 @@ function(tillora_assembly_manifest name folder)
   set(idl ${PROJECT_SOURCE_DIR}/${folder}/${name}.idl)
   set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${idl})
   file(READ ${idl} definition)
-  # What has a meaning in lists goes.
+  # Removes what has a meaning in lists.
   string(REGEX REPLACE "[][;]" "" definition "${definition}")
 
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)

@@ -1,4 +1,4 @@
-# Built by its name only; optimised, as the product is.
+# Built only by its name; optimised, like the product.
 if(WIN32)
   tillora_sources(sources FOLDERS bench/windows)
   tillora_program(bench_windows

@@ -9,13 +9,12 @@ set(CMAKE_CXX_FLAGS_RELEASE "-O2")
 
 option(TILLORA_SANITIZE "Address and undefined-behaviour sanitizers (native compilers only)" OFF)
 
-# Line numbers are enough for the sanitizers' reports, and compile in half the time of all of it.
+# Line numbers are enough for the sanitizers' reports, and compile in half the time of full debug information.
 set(CMAKE_CXX_FLAGS_DEBUG "-g1")
 
 find_program(TILLORA_CCACHE ccache)
 if(TILLORA_CCACHE)
-  # The compiler writes no time of day into our objects, which is what the cache cannot know of a
-  # precompiled header.
+  # The compiler writes no time of day into our objects; the cache cannot know this of a precompiled header.
   set(launcher env CCACHE_SLOPPINESS=pch_defines,time_macros ${TILLORA_CCACHE})
   set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
   set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
@@ -30,8 +29,8 @@ target_compile_definitions(tillora_options INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:_GLIBCXX_ASSERTIONS>)
 target_include_directories(tillora_options INTERFACE ${PROJECT_SOURCE_DIR})
 
-# The checks for undefined behaviour are for what is tested (tillora_checked); in the tests
-# themselves they would double the time of compiling.
+# The checks for undefined behaviour are for the code that is tested (tillora_checked); in the tests themselves they
+# would double the compile time.
 add_library(tillora_checked INTERFACE)
 if(TILLORA_SANITIZE)
   set(undefined -fsanitize=undefined -fno-sanitize-recover=all)

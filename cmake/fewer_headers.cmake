@@ -1,7 +1,6 @@
-# Most of the time of compiling goes into headers of the system. So the sources of one folder are compiled
-# together, and those headers once for each set of compiler options. Two rules follow: names in
-# anonymous namespaces are unique within a folder, and sources include what they use all the same;
-# tools/lint.py compiles each alone.
+# Most of the compile time goes into headers of the system. So the sources of one folder are compiled together, and
+# those headers once for each set of compiler options. Two rules follow: names in anonymous namespaces are unique within
+# a folder, and sources still include what they use; tools/lint.py compiles each alone.
 option(TILLORA_TOGETHER "Compile the sources of a folder together, with precompiled headers" ON)
 
 set(TILLORA_STANDARD_HEADERS

@@ -35,7 +35,7 @@ function(tillora_idl name folder)
     COMMAND perl ${PROJECT_SOURCE_DIR}/cmake/idl/without_time.pl ${tlb}
     COMMAND ${widl} -h -o ${header} ${idl}
     COMMAND ${widl} -u -o ${ids} ${idl}
-    # The header names its source: not by a path of the machine that built it.
+    # The header names its source by a relative path, not by one of the machine that built it.
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
     DEPENDS ${PROJECT_SOURCE_DIR}/${idl} ${tables} ${PROJECT_SOURCE_DIR}/cmake/idl/oaidl.idl
       ${PROJECT_SOURCE_DIR}/cmake/idl/without_time.pl

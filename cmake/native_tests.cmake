@@ -4,14 +4,14 @@ tillora_program(native_tests
 tillora_together(native_tests REUSE tillora_testing)
 tillora_unit_test_shards(native_tests 2)
 
-# Of the sources and documents, once for all presets.
+# Checks of the sources and documents run once for all presets.
 file(GLOB documents RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS
   README.md docs/*.md docs/tabs/*.md)
 tillora_check(documents.tables document_tables --check ${documents})
 add_custom_target(tables COMMAND document_tables ${documents}
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} VERBATIM)
 tillora_check(documents.links tools/docs_links.sh)
-# The syntax of clients that do not run under Wine, as far as there is a compiler for them here.
+# The syntax of clients that do not run under Wine, if there is a compiler for them here.
 tillora_check(clients.python python3 -c "
 import pathlib, sys
 for file in sys.argv[1:]: compile(pathlib.Path(file).read_text(), file, 'exec')"

@@ -1,6 +1,6 @@
-# Run by CPack over the folder of the installed files, which is named after the package. CPack's own archives
-# hold the time of their making; this one is the same file whenever it holds the same: entries are
-# sorted and carry one date and no owner.
+# Run by CPack over the folder of the installed files, which is named after the package. CPack's own archives hold the
+# time at which they were made. This one is always the same file for the same content: entries are sorted, and carry one
+# date and no owner.
 cmake_path(GET CPACK_TEMPORARY_INSTALL_DIRECTORY PARENT_PATH parent)
 set(CPACK_EXTERNAL_BUILT_PACKAGES ${CPACK_PACKAGE_DIRECTORY}/${CPACK_PACKAGE_FILE_NAME}.zip)
 execute_process(

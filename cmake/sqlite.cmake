@@ -23,7 +23,7 @@ target_compile_definitions(sqlite3 PRIVATE
   SQLITE_OMIT_DEPRECATED
   SQLITE_OMIT_SHARED_CACHE)
 if(NOT WIN32)
-  # Older versions wait for a lock in whole seconds without it, or not at all.
+  # Without it older versions wait for a lock in whole seconds, or not at all.
   target_compile_definitions(sqlite3 PRIVATE HAVE_USLEEP=1)
   find_package(Threads REQUIRED)
   target_link_libraries(sqlite3 PUBLIC Threads::Threads m)

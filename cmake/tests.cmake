@@ -1,7 +1,7 @@
 # Tests mirror the source tree; every *_test.cpp is found. tests/testing holds what tests share.
 #
-# A preset's `ctest` runs all that ./test runs of it. Labels: unit (GoogleTest), script (clients and
-# programs from outside), check (documents, formatting, files that are built), lint, package.
+# A preset's `ctest` runs everything that ./test runs of it. Labels: unit (GoogleTest), script (clients and programs
+# from outside), check (documents, formatting, files that are built), lint, package.
 enable_testing()
 
 set(BUILD_GMOCK OFF CACHE INTERNAL "")
@@ -10,8 +10,8 @@ set(gtest_disable_pthreads ${WIN32} CACHE INTERNAL "")
 set(TILLORA_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
 add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 
-# A shared test drives forms without windows natively and real windows on Windows: makeDesk() makes
-# the desk of the side it is built for. Windows tests of other things name the headless desk.
+# A shared test drives forms without windows natively and real windows on Windows: makeDesk() makes the desk of the side
+# it is built for. Other Windows tests name the headless desk.
 set(testing_folders tests/testing)
 if(WIN32)
   list(APPEND testing_folders tests/testing/win32)
@@ -29,8 +29,8 @@ list(FILTER windows_tests INCLUDE REGEX
   "/tests/(com|platform|ui/win32|component/automation|host/automation|windows)/")
 set(native_tests ${all_tests})
 list(REMOVE_ITEM native_tests ${windows_tests})
-# Behaviour that holds with and without windows is tested on both sides. What the tabs do in real
-# windows does not depend on the bitness: 64 bit does. The controls and the dialog are tested on both.
+# Behaviour that holds with and without windows is tested on both sides. What the tabs do in real windows does not
+# depend on the bitness, so it is tested in 64 bits only. The controls and the dialog are tested in both.
 set(shared_tests ${all_tests})
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   list(FILTER shared_tests INCLUDE REGEX "/tests/shared/")
@@ -41,7 +41,7 @@ endif()
 set(TILLORA_REPORTS ${PROJECT_BINARY_DIR}/reports)
 file(MAKE_DIRECTORY ${TILLORA_REPORTS})
 
-# tillora_check(<name> <command>...): a test that passes where the command does.
+# tillora_check(<name> <command>...): a test that passes if the command does.
 function(tillora_check name)
   add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
   set_tests_properties(${name} PROPERTIES LABELS check TIMEOUT 120)

@@ -5,18 +5,18 @@ tillora_program(windows_tests
   LINK tillora_testing tillora_host_automation tillora_automation
        tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
        tillora_windows_libraries gtest_main)
-# Some tests look at the windows with the eyes of another program.
+# Some tests look at the windows from another program.
 add_dependencies(windows_tests drive)
 tillora_resources(resources tests/windows
   ${TILLORA_IDL_DIR}/TilloraOptions.tlb
   ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md)
 target_sources(windows_tests PRIVATE ${resources})
-# Little optimisation: none at all leaves ten times the sections, and the linker a minute of work.
+# Little optimisation: without any there are ten times the sections, and the linker takes a minute.
 target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Og>)
 tillora_together(windows_tests HEADERS TEST)
 
-# A desk is a Wine prefix and a display of its own (tools/desk.sh); what runs at one desk runs there
-# one after the other, desks run side by side. A desk closes when ctest ends.
+# A desk is a Wine prefix and a display of its own (tools/desk.sh). Tests at one desk run one after the other; desks run
+# side by side. A desk closes when ctest ends.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(bits 64)
   set(unit_desks 2)
@@ -74,7 +74,7 @@ if(bits EQUAL 64)
   tillora_lint(windows-x64)
 endif()
 if(bits EQUAL 32)
-  # Of both bitnesses; it builds the libraries again, so nothing may use them meanwhile.
+  # Of both bitnesses. It builds the libraries again, so nothing may use them meanwhile.
   add_test(NAME package COMMAND tools/check_package.sh WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
   set_tests_properties(package PROPERTIES LABELS package RUN_SERIAL ON TIMEOUT 900)
 endif()

@@ -15,7 +15,7 @@ namespace tillora::win32 {
 class Bstr {
  public:
   Bstr() = default;
-  /// std::bad_alloc where there is no memory.
+  /// Throws std::bad_alloc when out of memory.
   explicit Bstr(TextView text)
       : string_(SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()),
                                   static_cast<UINT>(text.size()))) {

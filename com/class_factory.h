@@ -12,7 +12,7 @@
 
 namespace tillora::win32 {
 
-/// A class of an in-process server that programs create. It is made for single-threaded apartments.
+/// A creatable class of an in-process server, for single-threaded apartments.
 struct ServerClass {
   const CLSID& id;
   const char16_t* programId;  ///< without its version

@@ -51,7 +51,7 @@ class ComPtr {
   }
   void** outVoid() { return reinterpret_cast<void**>(out()); }
 
-  /// The same object under another interface; none where it lacks it.
+  /// The same object under another interface; none if it lacks that interface.
   template <class Other>
   ComPtr<Other> query(const IID& iid) const {
     ComPtr<Other> other;

@@ -15,7 +15,7 @@ namespace {
 void setErrorObject(const IID& interfaceId, const Error& failure, const char16_t* ownSource) {
   ComPtr<ICreateErrorInfo> error;
   if (FAILED(CreateErrorInfo(error.out()))) return;
-  // The setters copy the texts; their parameters are not const in every platform header.
+  // The setters copy the texts, but take them as non-const in some platform headers.
   error->SetGUID(interfaceId);
   const Text source = failure.source().empty() ? Text(ownSource) : failure.source();
   error->SetSource(const_cast<wchar_t*>(wide(nulsAsBlanks(source))));

@@ -4,7 +4,7 @@
 
 #include "base/error.h"
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;  // given by the linker
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // defined by the linker
 
 namespace tillora::win32 {
 namespace {

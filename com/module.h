@@ -9,10 +9,10 @@ namespace tillora::win32 {
 /// The module (program or library) that this code is linked into.
 HINSTANCE thisModule();
 
-/// Full path of a module; of the running program for null.
+/// Full path of a module; null means the running program.
 Text pathOfModule(HMODULE module);
 
-/// Keeps this module loaded while it lives: one in every COM object, one per LockServer.
+/// Keeps this module loaded during its lifetime: one in every COM object, one per LockServer.
 class ModuleLock {
  public:
   ModuleLock();
@@ -21,7 +21,7 @@ class ModuleLock {
   ~ModuleLock();
 
   static void lockServer(bool lock);
-  /// Objects and locks that keep the module loaded.
+  /// Number of objects and locks that keep the module loaded.
   static long count();
 };
 

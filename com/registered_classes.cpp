@@ -21,7 +21,7 @@ void throwIfRegistryFailed(LSTATUS status, const char16_t* function) {
 
 Text pathOf(const Text& key) { return u"Software\\Classes\\" + key; }
 
-/// None where there is no such key.
+/// None if the key does not exist.
 OwnedKey open(HKEY root, const Text& path, REGSAM access) {
   HKEY key = nullptr;
   const LSTATUS opened = RegOpenKeyExW(root, wide(path), 0, access, &key);

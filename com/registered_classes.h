@@ -8,15 +8,15 @@ namespace tillora::win32 {
 
 enum class RegistrationScope { machine, user };
 
-/// Throws where a function of the system failed: std::bad_alloc or an Error that names it.
+/// Throws if a system function failed: std::bad_alloc or an Error that names the function.
 void requireRegistered(HRESULT result, const char16_t* function);
 
 /// The registered classes of the machine or of the user. Keys are named below Software\Classes;
 /// failures are Errors that name the system's function.
 class RegisteredClasses {
  public:
-  /// Which registry a program of 64-bit Windows sees: that of its own bitness, or a certain one. On
-  /// 32-bit Windows there is one only.
+  /// Which registry a program on 64-bit Windows sees: that of its own bitness, or a given one.
+  /// 32-bit Windows has only one.
   enum class View : DWORD { own = 0, of64 = KEY_WOW64_64KEY, of32 = KEY_WOW64_32KEY };
 
   explicit RegisteredClasses(RegistrationScope scope, View view = View::own)
@@ -26,9 +26,9 @@ class RegisteredClasses {
   /// A null name is the key's own value.
   void write(const Text& key, const char16_t* name, const Text& value) const;
   bool exists(const Text& key) const;
-  /// The key with all below it. None there is no failure.
+  /// Removes the key and everything below it. A missing key is not an error.
   void remove(const Text& key) const;
-  /// The key where it holds neither keys nor values.
+  /// Removes the key if it holds neither keys nor values.
   void removeIfEmpty(const Text& key) const;
 
  private:

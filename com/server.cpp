@@ -45,7 +45,7 @@ void writeClass(const ServerClass& described, const Text& modulePath, const GUID
   classes.write(keys.versioned + u"\\CLSID", nullptr, keys.classId);
 }
 
-/// The names are those of both bitnesses: they go with the last one.
+/// Both bitnesses share the program ids, which are removed with the last one.
 void removeClass(const ServerClass& described, RegistrationScope scope) {
   const Keys keys(described);
   const RegisteredClasses of64(scope, View::of64);
@@ -58,8 +58,8 @@ void removeClass(const ServerClass& described, RegistrationScope scope) {
   }
 }
 
-/// A user without classes of their own gets none left behind. The machine's folders are always
-/// there.
+/// Leaves no empty folders behind for a user who had no classes before. The machine's folders
+/// always exist.
 void removeEmptyFolders() {
   for (const View view : {View::of64, View::of32}) {
     const RegisteredClasses classes(RegistrationScope::user, view);

@@ -10,7 +10,7 @@
 namespace tillora::win32 {
 
 /// An in-process server: the classes that programs create, and the type library inside its module.
-/// The functions below are what the library's entry points do.
+/// The functions below implement the library's entry points.
 struct Server {
   const GUID& library;
   std::span<const ServerClass> classes;
@@ -26,12 +26,12 @@ HRESULT getClassObject(const Server& server, REFCLSID classId, REFIID id, void**
 HRESULT canUnloadNow() noexcept;
 
 /// DllRegisterServer: writes the classes, their program ids and the type library, all of version 1.
-/// What a failed attempt wrote is removed again.
+/// A failed attempt removes what it wrote.
 HRESULT registerServer(const Server& server,
                        RegistrationScope scope = RegistrationScope::machine) noexcept;
 
-/// DllUnregisterServer: removes what registerServer() writes; missing keys are not an error. What
-/// serves both bitnesses, the program ids and the interfaces, goes with the last one.
+/// DllUnregisterServer: removes what registerServer() writes; missing keys are not an error. The
+/// program ids and the interfaces serve both bitnesses and are removed with the last one.
 HRESULT unregisterServer(const Server& server,
                          RegistrationScope scope = RegistrationScope::machine) noexcept;
 

@@ -30,8 +30,8 @@ DWORD WINAPI allocate() {
 
 }  // namespace
 
-// The runtime calls TlsAlloc through its import. Defined here, the import is ours: the linker takes
-// this one before that of the system's library.
+// The runtime calls TlsAlloc through this import symbol. The linker prefers the definition here to
+// the one in the system's library.
 extern "C" {
 #ifdef _WIN64
 extern const Allocate importOfTlsAlloc __asm__("__imp_TlsAlloc");

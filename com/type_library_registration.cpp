@@ -25,7 +25,7 @@ using View = RegisteredClasses::View;
 constexpr std::array kViews = {View::of64, View::of32};
 constexpr const char16_t* kPlatform = sizeof(void*) == 8 ? u"win64" : u"win32";
 constexpr const char16_t* kOtherPlatform = sizeof(void*) == 8 ? u"win32" : u"win64";
-// The marshallers of the system that work from type libraries.
+// The system's marshallers that work from type libraries.
 constexpr const char16_t* kDispatchMarshaller = u"{00020420-0000-0000-C000-000000000046}";
 constexpr const char16_t* kDualMarshaller = u"{00020424-0000-0000-C000-000000000046}";
 

@@ -24,7 +24,7 @@ WholeNumber wholeNumber(Integer value) {
   return {value < 0, static_cast<std::uint64_t>(value)};
 }
 
-/// None where the value is of another kind.
+/// None for values of other types.
 std::optional<WholeNumber> wholeNumberOf(const VARIANT& value) {
   switch (value.vt) {
     case VT_I1:
@@ -68,7 +68,7 @@ bool isObject(VARTYPE type) { return type == VT_DISPATCH || type == VT_UNKNOWN; 
 }  // namespace
 
 HRESULT changeType(Variant& result, const VARIANT& value, VARTYPE type) {
-  // Not every platform header has the source as const, though none changes it.
+  // Some platform headers declare the source as non-const, though it is never changed.
   auto* const source = const_cast<VARIANT*>(&value);
   if ((value.vt & VT_BYREF) != 0) {
     Variant followed;

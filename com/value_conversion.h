@@ -4,12 +4,12 @@
 
 namespace tillora::win32 {
 
-/// Replaces `result` by the value in another type, by the platform's rules under the user's locale
-/// (VariantChangeTypeEx). By-reference values are followed.
+/// Replaces `result` by the value converted to another type, by the platform's rules under the
+/// user's locale (VariantChangeTypeEx). By-reference values are followed.
 ///
-/// A whole number that the wanted type cannot hold is DISP_E_OVERFLOW, also where the platform
-/// would keep its bits (4294967295 as -1). An object is made of an object only. A type that has no
-/// such conversion is DISP_E_TYPEMISMATCH.
+/// A whole number that the wanted type cannot hold is DISP_E_OVERFLOW, even where the platform
+/// would keep its bits (4294967295 as -1). Only an object converts to an object. A conversion that
+/// does not exist is DISP_E_TYPEMISMATCH.
 HRESULT changeType(Variant& result, const VARIANT& value, VARTYPE type);
 
 }  // namespace tillora::win32

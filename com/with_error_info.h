@@ -7,7 +7,7 @@
 namespace tillora::win32 {
 
 /// An interface whose failures come with error information: its objects say so through
-/// ISupportErrorInfo. To be answered by their QueryInterface.
+/// ISupportErrorInfo. Their QueryInterface must return this interface.
 template <class Interface>
 class WithErrorInfo : public Interface, public ISupportErrorInfo {
  public:
@@ -18,7 +18,7 @@ class WithErrorInfo : public Interface, public ISupportErrorInfo {
  protected:
   ~WithErrorInfo() = default;
 
-  /// The interfaces of such an object; null for any other. No reference is added.
+  /// The interfaces of this base; null for any other. No reference is added.
   void* findInterface(REFIID id) {
     if (id == IID_IUnknown || id == __uuidof(Interface)) return static_cast<Interface*>(this);
     if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);

@@ -94,7 +94,7 @@ std::int16_t frmOptions::GetNumberOfFiles(TextView pattern) const {
 void frmOptions::onLoad() {
   loading_ = true;
   setHelpContext(kTabs.front().helpContext);
-  // Asked for first, though nothing shows it: a host program that cannot even tell its title fails
+  // Read first, though nothing shows it: a host program that cannot even give its title fails
   // before anything of its shop is read.
   app().title();
   if (settings().dispensingAvailable()) {
@@ -139,9 +139,9 @@ void frmOptions::setOkDefault(bool isDefault) { cmdCommand[ok].setDefault(isDefa
 void frmOptions::tabBeforeClick(bool& refuse) {
   ui::Frame& shown = fraFrame[tabOptions.selected() - 1];
   const ui::Control* active = activeControl();
-  // Until the dialog is shown a focus is only noted; on a page that is hidden it lapses.
+  // Before the dialog is shown a focus is only noted; if its page is hidden it is forgotten.
   const bool onPage = isShown() && active != nullptr && shown.contains(*active);
-  // Nothing on a hidden page is validated any more: what is pending (from Cancel) is due now.
+  // Nothing on a hidden page is validated later, so a pending validation (from Cancel) runs now.
   if (onPage ? !tabOptions.setFocus() : !validatePending()) {
     refuse = true;
     return;
@@ -171,7 +171,7 @@ void frmOptions::commandClick(int index) {
   }
 }
 
-// The dialog is gone from the screen before the host hears that its objects are released.
+// The dialog leaves the screen before its references to the host's objects are released.
 void frmOptions::close() {
   hide();
   unload();

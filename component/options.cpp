@@ -45,7 +45,7 @@ bool Options::ShowOptions() {
     }
     dialog.showModal();
   } catch (...) {
-    // What was committed is changed, whatever failed afterwards.
+    // A committed change counts, whatever failed afterwards.
     if (dialog.ChangedDataFile) changedDataFile_ = true;
     throw;
   }

@@ -11,8 +11,8 @@
 namespace tillora {
 
 /// The component's entry point: the host sets objects and values in any order, calls ShowOptions,
-/// hears OptionsChanged for every successful save, and reads ChangedDataFile afterwards. The names
-/// are those of the automation interface.
+/// receives OptionsChanged for every successful save, and reads ChangedDataFile afterwards. The
+/// names are those of the automation interface.
 class Options {
  public:
   explicit Options(Platform platform);
@@ -35,13 +35,13 @@ class Options {
   /// The user's regional settings, for the dialogs to come.
   void setNumbers(NumberLocale numbers) { platform_.numbers = std::move(numbers); }
 
-  /// The last ShowOptions changed the accounting package's data file. One that failed leaves what
-  /// was said before, unless a save of its dialog had committed another data file.
+  /// The last ShowOptions changed the accounting package's data file. A failed call leaves the
+  /// former value, unless a save of its dialog had committed another data file.
   bool ChangedDataFile() const { return changedDataFile_; }
 
   /// Shows the dialog and returns True when it has closed. Failures of the host's objects are
-  /// raised from here as they came, with no window left behind. Error `already shown` (400) while a
-  /// dialog of the component is open on the thread.
+  /// passed on unchanged, and no window is left behind. Error `already shown` (400) while a dialog
+  /// of the component is open on the thread.
   bool ShowOptions();
 
   /// A save succeeded. The mask of option_changes.h says what changed; the host may alter it.

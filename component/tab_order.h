@@ -44,7 +44,7 @@ struct Tabs {
 /// Shows the stored values in every part, in the load order.
 void loadTabs(Tabs& tabs, OptionsRecord& record);
 
-/// What a save does before its validations: one that they refuse has done it.
+/// What a save does before its validations, even if these then refuse.
 void applyBeforeValidations(Tabs& tabs, const Text& title);
 
 /// Asks the parts, before anything is written, whether the choices can be saved. A part that says

@@ -7,11 +7,11 @@
 namespace tillora::host {
 
 /// The value as the column holds it: Text, std::int32_t, bool, or none. Whole numbers and truth
-/// values go into each other (True is -1 as a number); a text and a number do not: a type mismatch,
-/// raised for `object`.
+/// values convert to each other (True is -1 as a number). A text and a number do not: that is a
+/// type mismatch, raised for `object`.
 Value columnValue(const Value& value, const Column& column, TextView object);
 
-/// The value of a result's column; a number that is no 32-bit one is an overflow.
+/// The value of a result's column; a number beyond 32 bits is an overflow.
 Value readColumn(const Statement& statement, int index, const Column& column, TextView object);
 /// Binds a value as columnValue() gives it.
 void bindColumn(Statement& statement, int parameter, const Value& value);

@@ -26,7 +26,7 @@ struct CommandLine {
   bool opensDialog() const { return optionsTab || firstUse; }
 };
 
-/// An Error for a command line that cannot be understood.
+/// Throws an Error for an invalid command line.
 CommandLine parseCommandLine(const std::vector<Text>& arguments);
 
 }  // namespace tillora::host

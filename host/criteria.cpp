@@ -45,7 +45,7 @@ class Parser {
     if (scanner_.takeWord(u"True")) return true;
     if (scanner_.takeWord(u"False")) return false;
     if (const auto number = scanner_.takeNumber()) {
-      // No column holds a larger number, so nothing equals it; 0 with a flag would say the same.
+      // No column holds a larger number, so it could never be equal.
       if (*number < std::numeric_limits<std::int32_t>::min() ||
           *number > std::numeric_limits<std::int32_t>::max()) {
         scanner_.refuse(u"a number of 32 bits");
@@ -75,7 +75,7 @@ class Parser {
                scanner_.all() + u").");
     }
     if (isText) return value;
-    // True is -1 as a number, and as a truth value every number but 0 is True.
+    // True is -1 as a number, and every number but 0 is True.
     if (column.field.type == FieldType::Boolean) {
       if (const auto* number = std::get_if<std::int32_t>(&value)) return *number != 0;
       return value;

@@ -17,8 +17,8 @@ namespace tillora::host {
 ///     text      = piece { & piece }          piece = 'letters' | Chr$(0 to 127)
 ///     number    = [ + | - ] digits
 ///
-/// with blanks between the tokens or none, and words in any case. Inside 'letters' the characters
-/// ' | ; have no place: they are written with Chr$. Texts compare exactly, case included. Anything
+/// with blanks between the tokens or none, and words in any case. Inside 'letters' the characters '
+/// | ; are not allowed: they are written with Chr$. Texts compare exactly, case included. Anything
 /// else, a field that the table does not have, and a value that its field cannot hold are Errors.
 ///
 /// No part of a criteria text ever becomes part of an SQL text: field names are replaced by the

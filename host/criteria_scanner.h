@@ -8,7 +8,7 @@
 
 namespace tillora::host {
 
-/// Takes tokens off the front of a criteria text, blanks before them included. A take that does not
+/// Takes tokens off the front of a criteria text, with the blanks before them. A take that does not
 /// find its token takes nothing.
 class CriteriaScanner {
  public:
@@ -16,16 +16,16 @@ class CriteriaScanner {
 
   bool atEnd();
   bool take(char16_t symbol);
-  /// A word in any case that does not go on; a `$` at its end belongs to it.
+  /// A whole word in any case; a `$` at its end belongs to it.
   bool takeWord(TextView word);
   /// Digits with or without a sign.
   std::optional<std::int64_t> takeNumber();
-  /// What stands between single quotes.
+  /// The text between single quotes.
   std::optional<Text> takeQuoted();
-  /// A field name with or without brackets; an Error where there is none.
+  /// A field name with or without brackets; throws an Error if there is none.
   Text name();
 
-  /// Raises the Error that says what was expected where.
+  /// Throws the Error that says what was expected where.
   [[noreturn]] void refuse(TextView expected) const;
   Text all() const { return Text(text_); }
 

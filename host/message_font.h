@@ -4,7 +4,7 @@
 
 namespace tillora::host {
 
-/// The font in which the user wants to read messages.
+/// The font that the user has chosen for messages.
 class MessageFont {
  public:
   MessageFont() {

@@ -9,11 +9,12 @@
 
 namespace tillora::host {
 
-/// Of a password nothing is shown but whether there is one.
+/// Whether the option is a password; only whether one is set is shown.
 bool isPassword(const OptionInfo& option);
 
 /// A stored value on one line, for people: texts as they are, with " / " for a line break, an
-/// amount with four decimals. "(empty)" is a stored empty text, "(not stored)" no value.
+/// amount with four decimals. "(empty)" stands for a stored empty text, "(not stored)" for no
+/// value.
 Text shownValue(const OptionInfo& option, const Value& value);
 
 /// A row of the list of stored options.
@@ -21,7 +22,7 @@ struct OptionRow {
   const OptionInfo* option;
   std::int16_t tab;  ///< of the options dialog, from 1
   Text value;
-  Text before;   ///< of a changed one: what it was
+  Text before;   ///< the former value of a changed one
   bool changed;  ///< by the last save
 };
 
@@ -30,10 +31,10 @@ class OptionList {
  public:
   OptionList();
 
-  /// Takes the values as they are now, in the order of the option table, each by shownValue(). What
-  /// differs from before is changed. Where nothing differs, `afterSave` says whether the marks of
-  /// an earlier save go (a save that changed nothing) or stay (somebody only looked again). The
-  /// first values are no change.
+  /// Takes the current values in the order of the option table, each from shownValue(). Those that
+  /// differ from before are marked as changed. If none differs, `afterSave` says whether the marks
+  /// of an earlier save are removed (a save that changed nothing) or stay (a mere refresh). The
+  /// first values do not count as changes.
   void update(const std::vector<Text>& values, bool afterSave);
 
   const std::vector<OptionRow>& rows() const { return rows_; }

@@ -14,15 +14,15 @@ namespace tillora::host {
 struct ShopContents {
   /// False: tables and machine settings only, no stored option and no row; a first use.
   bool seeded = true;
-  /// Number of items in the catalogue; the small seeded catalogue where not given.
+  /// Number of items in the catalogue; the small seeded catalogue if not given.
   std::optional<std::int32_t> itemCount;
 };
 
 /// One open shop: the host objects that its program hands to the component.
 class Shop {
  public:
-  /// Opens the shop database; makes it with these contents where there is none yet. Two programs
-  /// that start at once make it once.
+  /// Opens the shop database, and makes it with these contents if there is none yet. Two programs
+  /// that start at once make it only once.
   static Shop open(TextView path, const ShopContents& contents = {},
                    std::chrono::milliseconds busyTimeout = kBusyTimeout);
 
@@ -31,7 +31,7 @@ class Shop {
   const std::shared_ptr<ResourceStrings>& strings() const { return strings_; }
   ShopFile& file() const { return *file_; }
 
-  /// Prints every stored option, setting and table row as UTF-8 lines in a stable order. Of a
+  /// Prints every stored option, setting and table row as UTF-8 lines in a stable order; for a
   /// password only whether one is set.
   void dump(std::ostream& out) const;
 

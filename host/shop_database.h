@@ -7,8 +7,8 @@
 
 namespace tillora::host {
 
-/// The shop database over its SQLite file. All that it hands out shares one connection and with it
-/// the save in progress.
+/// The shop database over its SQLite file. Everything that it hands out shares one connection, and
+/// so the save in progress.
 class ShopDatabase final : public JetDatabase {
  public:
   explicit ShopDatabase(std::shared_ptr<ShopFile> file);

@@ -12,7 +12,7 @@
 namespace tillora::host {
 namespace {
 
-/// Criteria of many shapes must not pile up prepared statements for ever.
+/// Limits the prepared statements that criteria of many shapes would pile up.
 constexpr std::size_t kMostStatements = 200;
 
 }  // namespace
@@ -132,8 +132,8 @@ std::int64_t ShopFile::lastRowId() const { return sqlite3_last_insert_rowid(conn
 
 int ShopFile::changedRows() const { return sqlite3_changes(connection_.get()); }
 
-// Some failures (disk full, for one) make SQLite undo the whole transaction by itself. What is
-// written after that would stand on its own, so it is refused until the save's owner is gone.
+// Some failures (disk full, for one) make SQLite undo the whole transaction by itself. Later writes
+// would no longer belong to a save, so they are refused until the save's owner is gone.
 bool ShopFile::saveUndone() const {
   return saveOwner_ != nullptr && sqlite3_get_autocommit(connection_.get()) != 0;
 }

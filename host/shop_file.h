@@ -19,15 +19,16 @@ inline constexpr std::chrono::milliseconds kBusyTimeout{3000};
 
 /// The SQLite file of a shop: one connection, its prepared statements and the save in progress.
 ///
-/// A write outside a save stands on its own. From beginSave() to commitSave() every write on this
-/// connection, whichever object makes it, belongs to the save and is undone with it. Write-ahead
-/// log with full synchronisation: what was committed survives a power cut, what was not is gone.
+/// A write outside a save is committed at once. From beginSave() to commitSave() every write on
+/// this connection, whichever object makes it, belongs to the save and is undone with it.
+/// Write-ahead log with full synchronisation: committed writes survive a power cut, others are
+/// lost.
 ///
 /// Failures are Errors whose text says what to do: file damaged, in use by another program, not
 /// writable, disk full.
 class ShopFile {
  public:
-  /// Opens the file, making an empty one where there is none, and checks it for damage.
+  /// Opens the file, making an empty one if there is none, and checks it for damage.
   static std::shared_ptr<ShopFile> open(TextView path,
                                         std::chrono::milliseconds busyTimeout = kBusyTimeout);
   ~ShopFile();
@@ -39,7 +40,7 @@ class ShopFile {
   /// A statement ready to be bound, prepared once for each text. Two runs of one text must not
   /// overlap. `object` is the name of the host object that failures are raised for.
   Statement statement(std::string_view sql, TextView object);
-  /// Same, for a statement that writes: fails when the save it would belong to has been undone.
+  /// Same, for a statement that writes: fails if the save that it would belong to has been undone.
   Statement writingStatement(std::string_view sql, TextView object);
   /// Runs statements without parameters.
   void execute(const char* sql, TextView object);
@@ -50,12 +51,12 @@ class ShopFile {
 
   /// Starts the save of `owner`, or continues it. Waits for other programs' saves.
   void beginSave(const void* owner, TextView object);
-  /// Makes the save of `owner` lasting; nothing where it has none.
+  /// Commits the save of `owner`, if it has one.
   void commitSave(const void* owner, TextView object);
-  /// Undoes the save of `owner`; nothing where it has none.
+  /// Undoes the save of `owner`, if it has one.
   void abandonSave(const void* owner) noexcept;
 
-  /// Ends the connection. What uses it later fails.
+  /// Closes the connection; later uses of it fail.
   void close() noexcept;
 
   /// Raises the Error for a SQLite result code.

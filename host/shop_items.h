@@ -32,9 +32,8 @@ struct ItemRows<PaymentItem> {
   static PaymentItem read(const Statement& row);
 };
 
-/// A walk over items in the order in which they were added. Rows are fetched some at a time, so
-/// that a walk of any length holds little memory and keeps no read open; it starts at the first
-/// item.
+/// A walk over items in the order in which they were added, starting at the first one. Rows are
+/// fetched in batches, so that a walk of any length uses little memory and keeps no read open.
 template <class T>
 class ShopItems final : public Cursor<T> {
  public:

@@ -19,13 +19,13 @@ struct Column {
   bool indexed = false;
 };
 
-/// A table whose columns bear the names of the component's fields. Rows keep the order in which
+/// A table whose columns have the names of the component's fields. Rows keep the order in which
 /// they were added.
 struct TableSchema {
   const char* name;
   std::span<const Column> columns;
 
-  /// The column of that name, in any case; null where there is none.
+  /// The column of that name, in any case; null for none.
   const Column* find(TextView field) const;
 };
 
@@ -43,7 +43,7 @@ extern const TableSchema paymentItems;
 std::span<const TableSchema* const> all();
 }  // namespace tables
 
-/// A name as SQL takes it, whatever it holds.
+/// A name quoted for SQL, whatever characters it has.
 std::string quotedName(TextView name);
 /// The quoted column names of a table, separated by commas.
 std::string columnList(const TableSchema& table);

@@ -8,7 +8,7 @@ class ShopFile;
 
 /// What a new shop starts with. Each runs inside the caller's transaction.
 
-/// Currency format and resource strings: what the machine has before any shop exists.
+/// Currency format and resource strings, which a machine has before any shop exists.
 void seedSettings(ShopFile& file);
 /// A pharmacy with fuel pumps that has been in use: its tables have rows, and every option and
 /// every caption of a report is stored as the options dialog stores it. A save without an edit

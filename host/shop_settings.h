@@ -8,7 +8,7 @@
 
 namespace tillora::host {
 
-/// Names under which this host keeps what the settings store knows by member.
+/// Names under which this host keeps the settings that are members of the settings store.
 namespace setting_names {
 inline constexpr TextView decimalPlaces = u"DecimalPlaces";
 inline constexpr TextView currencyFormat = u"CurrencyFormat";

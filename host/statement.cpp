@@ -29,8 +29,7 @@ void Statement::bind(int parameter, double number) {
 }
 
 void Statement::bind(int parameter, TextView text) {
-  // SQLite takes a byte order mark off the front of what it is given. A text that begins with one
-  // gets another to lose.
+  // SQLite strips a leading byte order mark, so a text that begins with one gets a second one.
   constexpr char16_t kMark = 0xFEFF;
   constexpr char16_t kSwappedMark = 0xFFFE;
   if (!text.empty() && (text.front() == kMark || text.front() == kSwappedMark)) {

@@ -9,8 +9,8 @@ namespace tillora::host {
 
 /// The record of stored options. A row exists for an option only when a value is stored.
 ///
-/// The first write starts a save; commit() makes lasting all that was written on the shop's
-/// connection since then. Released without commit, the record undoes it.
+/// The first write starts a save; commit() makes permanent everything written on the shop's
+/// connection since then. A record that is released without it undoes the save.
 class StoredOptions final : public OptionsRecord {
  public:
   explicit StoredOptions(std::shared_ptr<ShopFile> file);
@@ -27,11 +27,11 @@ class StoredOptions final : public OptionsRecord {
   std::shared_ptr<ShopFile> file_;
 };
 
-/// The stored value of one option, and its storing within or without a save. No value removes it.
+/// Reads and stores one option, within or without a save. Storing no value removes it.
 Value readOption(ShopFile& file, const OptionInfo& option);
 void writeOption(ShopFile& file, const OptionInfo& option, const Value& value);
 
-/// The option of that name, in any case; null where there is none.
+/// The option of that name, in any case; null for none.
 const OptionInfo* findOption(TextView name);
 
 }  // namespace tillora::host

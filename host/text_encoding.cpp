@@ -19,7 +19,7 @@ void appendUtf16(Text& out, char32_t point) {
   }
 }
 
-/// Reads one character at `at`; the number of bytes it takes, or 0 where there is none.
+/// Reads one character at `at`; the number of bytes it takes, or 0 for none.
 std::size_t decode(std::string_view bytes, std::size_t at, char32_t& point) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
   const unsigned char lead = byte(at);

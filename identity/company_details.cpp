@@ -143,8 +143,8 @@ void CompanyDetails::keyDown(int index, Key& key) {
   }
 }
 
-// A whole number goes on through the groups; what the box takes alone, and any other text, is the
-// box's own affair.
+// A pasted whole number is spread over the groups. The box itself pastes a number that fits into
+// it, and any other text.
 void CompanyDetails::paste(int index, TextView text, bool& used) {
   Text digits(text.substr(0, text.find_first_of(u"\r\n")));
   std::erase(digits, u' ');
@@ -167,7 +167,7 @@ int CompanyDetails::typeDigit(int index, char16_t digit) {
 void CompanyDetails::moveFocusTo(int index, Caret caret) {
   ui::TextBox& neighbour = txtCompanyDetails[index];
   if (!neighbour.setFocus()) return;
-  // The focus has selected the whole text; here the caret goes on where it was.
+  // The focus has selected the whole text; put the caret where it continues.
   neighbour.setSelection(caret == Caret::end ? static_cast<int>(neighbour.text().size()) : 0, 0);
 }
 

@@ -9,7 +9,7 @@
 
 namespace tillora {
 
-/// Who the business is: name, address, phone, fax, e-mail, ACN, ABN and accounting class.
+/// The business: its name, address, phone, fax, e-mail, ACN, ABN and accounting class.
 class CompanyDetails final : public OptionsTab {
  public:
   /// Indexes of txtCompanyDetails. The ACN has the digit groups 5 to 7, the ABN 8 to 11.

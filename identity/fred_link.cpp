@@ -12,7 +12,7 @@
 namespace tillora {
 namespace {
 
-// Word for word, the blanks at the ends and "the the" included.
+// Word for word, including the blanks at the ends and "the the".
 constexpr std::array<TextView, 5> kExplanation = {
     u"FRED (Fast Reliable Easy Dispensing) is a pharmacy dispensing system from its supplier, "
     u"made for every pharmacy, from the smallest one-person dispensary to the largest pharmacy.  ",
@@ -67,7 +67,7 @@ FredLink::FredLink(OptionsDialog& dialog) : OptionsTab(dialog) {
        wide(udFRED.setRange(kShortest, kLongest).setBuddy(txtDispense[seconds]), kUpDownWidth),
        label(unitOfSeconds, u"seconds")},
       kIndent);
-  // Not in the explanation, though that comes first.
+  // Not the explanation, though it comes first.
   page.setFirstFocus(chkDispense[0]);
 
   chkDispense[0].click = [this] { enableLink(); };

@@ -12,8 +12,8 @@
 namespace tillora {
 
 /// The link to FRED, a pharmacy dispensing system: whether it is active, the data file that the
-/// Administrator looks at, and how often. Where the dialog does not have the tab, nothing is loaded
-/// or saved.
+/// Administrator looks at, and how often. If the dialog does not have the tab, nothing is loaded or
+/// saved.
 class FredLink final : public OptionsTab {
  public:
   /// Indexes of txtDispense.
@@ -40,7 +40,7 @@ class FredLink final : public OptionsTab {
   void browse();
   void validateSeconds();
   void spun();
-  /// The number in the box of seconds, in range or not; the default where it is none.
+  /// The number in the box of seconds, in range or not; the default if the text is not a number.
   std::int16_t secondsTyped() const;
 };
 

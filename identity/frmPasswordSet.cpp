@@ -40,7 +40,7 @@ ui::TextBox& frmPasswordSet::box(Box index) {
 }
 
 void frmPasswordSet::onLoad() {
-  // A first password is set with the other two boxes only.
+  // A first password needs only the other two boxes.
   const bool hasPassword = !Password.empty();
   ui::TextBox& old = txtPassword[oldPassword];
   old.setLocked(!hasPassword);

@@ -37,7 +37,7 @@ class frmPasswordSet final : public Dialog {
 
   void validate(int index, bool& cancel);
   void accept();
-  /// Warns of it and begins again with these boxes, from the first.
+  /// Shows the warning, empties these boxes and moves the focus to the first.
   void askAgain(TextView text, TextView title, std::initializer_list<int> boxes);
 
   Messages& messages_;

@@ -12,13 +12,13 @@ namespace {
 
 constexpr int kLineItemIndent = 270;  // under the caption of the box that they belong to
 
-// What the file dialog offers, for an extension with or without its dot.
+// The file dialog's pattern, for an extension with or without its dot.
 Text patternOf(TextView extension) {
   if (extension.starts_with(u'.')) extension.remove_prefix(1);
   return extension.empty() ? Text(u"*.*") : u"*." + Text(extension);
 }
 
-// The files of transactions that were made for this data file and not posted yet.
+// The files of transactions that were made for this data file and are not posted yet.
 Text waitingFiles(const Text& dataFile) {
   return dataFile.substr(0, dataFile.find_last_of(u"\\/:") + 1) + u"LVPst*.pos";
 }

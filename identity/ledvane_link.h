@@ -20,8 +20,8 @@ class LedvaneLink final : public OptionsTab {
 
   explicit LedvaneLink(OptionsDialog& dialog);
   void load(OptionsRecord& record);
-  /// Whether a data file that was chosen can be handed over now. False once the message that says
-  /// why not was shown, the choice was dropped, and its tab was selected.
+  /// Whether a chosen data file can take effect now. If not, the message that says why has been
+  /// shown, the choice dropped, and its tab selected.
   bool validate(const Text& title);
   void save(OptionsRecord& record, OptionChanges& changes);
 
@@ -36,8 +36,8 @@ class LedvaneLink final : public OptionsTab {
 
   void enableLineItems();
   void change();
-  /// Asks whether anything waits to be posted to the current data file. False once a message has
-  /// said so; no choice is left then.
+  /// False if something is waiting to be posted to the current data file; a message has then said
+  /// so, and the choice is dropped.
   bool mayChange(JetDatabase& database, const Text& current, const Text& title);
   void refuse(const Text& reason, const Text& advice, const Text& current);
 

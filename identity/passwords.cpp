@@ -14,7 +14,7 @@ struct Row {
   const char16_t* caption;
   const char16_t* buttonCaption;
   const char16_t* dialogCaption;
-  std::int32_t bit;  // in the order in which the protections came to be
+  std::int32_t bit;  // in the order in which the protections were introduced
   const Option<OptionType::Text>& password;
 };
 
@@ -77,7 +77,7 @@ void Passwords::load(OptionsRecord& record) {
   for (const auto& [program, frame] : fraSecurity) {
     const auto bits = record.get(bitsOf(program));
     for (const auto& [index, box] : chkSecurity) {
-      // The override is left as it is where nothing is stored.
+      // The override is left as it is if nothing is stored.
       if (rowOf(index).program != program || (!bits && index == globalOverride)) continue;
       box->setValue((bits.value_or(0) & rowOf(index).bit) != 0);
     }

@@ -10,7 +10,7 @@
 
 namespace tillora {
 
-/// Which functions of the Administrator and of the terminals ask for a password, and for which.
+/// Which functions of the Administrator and of the terminals ask for a password, and which one.
 class Passwords final : public OptionsTab {
  public:
   /// Indexes of fraSecurity.

@@ -11,7 +11,7 @@ class StartUpEntry final : public OptionsTab {
  public:
   explicit StartUpEntry(OptionsDialog& dialog);
   void load();
-  /// What a save does first: the choice into the registry.
+  /// Writes the choice to the registry; a save does this first.
   void apply(const Text& title);
 
   ui::CheckBox chkShortcut;

@@ -10,7 +10,7 @@ namespace tillora {
 /// One random-price barcode format: what the digits of an EAN-13 barcode with this prefix mean. The
 /// public class of the same name holds these fields in this order.
 struct clsRandomPrice {
-  bool mbInactive = false;        ///< barcodes with this prefix are no random-price barcodes
+  bool mbInactive = false;        ///< barcodes with this prefix are not random-price barcodes
   std::int32_t mlFormatID = 0;    ///< position in kBarcodeLayouts, from 1
   std::int32_t mlPrefix = 0;      ///< the first two digits, 0 to 99
   std::int32_t mlOptionBits = 0;  ///< of RandomPriceOption

@@ -28,7 +28,7 @@ constexpr int kDaysWidth = 600;
 constexpr int kPeriodWidth = 1950;
 constexpr int kIndent = 300;
 
-// The days that are kept where this many are asked for.
+// The days that are kept if this many are asked for.
 std::int32_t keptDays(std::int64_t days) {
   return days >= 1 && days <= kMostDays ? static_cast<std::int32_t>(days) : kMostDays;
 }

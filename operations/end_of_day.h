@@ -36,8 +36,8 @@ class EndOfDay final : public OptionsTab {
   explicit EndOfDay(OptionsDialog& dialog);
   void load(OptionsRecord& record);
   void save(OptionsRecord& record);
-  /// False where the cash drawer is to be reconciled without any In Drawer total; the tab has been
-  /// selected then, the focus set to the first total, and the message shown.
+  /// False if the cash drawer is to be reconciled without any In Drawer total; the tab has then
+  /// been selected, the focus set to the first total, and the message shown.
   bool validate(const Text& title);
 
   ui::Frame fraEndOfDay;
@@ -62,7 +62,7 @@ class EndOfDay final : public OptionsTab {
   void chooseDefaultReports();
   void changeCaptions();
 
-  // What no control of the tab holds, as it will be saved.
+  // What will be saved but is not in any control of the tab.
   std::int32_t defaultReportBits_ = 0;
   std::vector<Text> titles_;   ///< by position in kReportTitles
   std::vector<Text> details_;  ///< by position in kReportDetails

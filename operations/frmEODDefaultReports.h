@@ -13,8 +13,8 @@
 
 namespace tillora {
 
-/// Chooses the reports that an end of day prints by itself. The caller sets the variables, shows
-/// the dialog modally, and takes ReportBits back unless it was cancelled.
+/// Chooses the reports that an end of day prints automatically. The caller sets the variables,
+/// shows the dialog modally, and takes ReportBits back unless it was cancelled.
 class frmEODDefaultReports final : public EditDialog {
  public:
   /// Indexes of chkReports, and the bit positions of ReportBits.
@@ -28,13 +28,13 @@ class frmEODDefaultReports final : public EditDialog {
     salesPerson,
     time,
     salesJournal,
-    openDrawer,  ///< no report: opens the cash drawer when printing
+    openDrawer,  ///< not a report: opens the cash drawer when printing
   };
   enum Command : std::uint8_t { ok, cancel, selectAll, deselectAll };
 
   frmEODDefaultReports(ui::Screen& screen, Messages& messages);
 
-  /// Bits without a check box are gone after OK.
+  /// OK clears bits without a check box.
   std::int32_t ReportBits = 0;
   /// The drawer balance report is ticked and cannot be unticked.
   bool ForceBalanceReport = false;

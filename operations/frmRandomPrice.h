@@ -13,8 +13,8 @@
 
 namespace tillora {
 
-/// Edits one random-price barcode format. The values are clsRandomPrice's; OK puts the edited ones
-/// in their place.
+/// Edits one random-price barcode format. The values are those of clsRandomPrice; OK replaces them
+/// with the edited ones.
 class frmRandomPrice final : public EditDialog {
  public:
   /// Indexes of chkRandomPrice. From priceIncludesTax on, box i is the bit 2^(i-1) of OptionBits.
@@ -38,9 +38,9 @@ class frmRandomPrice final : public EditDialog {
 
   bool Inactive = false;
   std::int32_t Prefix = 0;  ///< shown, never changed
-  /// Outside the descriptions nothing is selected, and it is kept until a format is chosen.
+  /// A value outside the descriptions selects nothing, and is kept until a format is chosen.
   std::int32_t FormatID = 0;
-  std::int32_t OptionBits = 0;  ///< bits without a check box are gone after OK
+  std::int32_t OptionBits = 0;  ///< OK clears bits without a check box
   Text UOMUnitCaption;
   Text UOMPriceUnitCaption;
   /// By format id from 1; the one at 0 is not shown.

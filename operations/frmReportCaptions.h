@@ -14,8 +14,8 @@
 namespace tillora {
 
 /// Edits the titles of the reports and the captions of their lines. The caller sets Titles and
-/// Details, shows the dialog modally, and takes them back unless it was cancelled. None of those
-/// that it hands back is empty.
+/// Details, shows the dialog modally, and takes them back unless it was cancelled. None of the
+/// texts that it hands back is empty.
 class frmReportCaptions final : public EditDialog {
  public:
   enum Command : std::uint8_t { ok, cancel, resetTitles, resetDetails };

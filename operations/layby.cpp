@@ -14,8 +14,8 @@ constexpr int kNumberWidth = 1200;
 
 using NumberOption = Option<OptionType::Long>;
 
-// What a box says, as the option holds it. A fraction that would come to 0 becomes the default in
-// the box, too; a stored 0 that nobody touched stays.
+// The number in a box, limited to the option's type. A fraction that would round to 0 becomes the
+// default, in the box too; a stored 0 that was not edited stays.
 std::int32_t takeNumber(ui::TextBox& box, const NumberOption& option, const NumberLocale& locale) {
   const double number = toNumber(box.text(), locale).value_or(0);
   const std::int64_t whole = toWholeNumber(box.text(), locale).value_or(option.defaultValue);
@@ -24,8 +24,8 @@ std::int32_t takeNumber(ui::TextBox& box, const NumberOption& option, const Numb
   return option.defaultValue;
 }
 
-// The default replaces what is no number and 0; the nearest number that the option holds replaces
-// one beyond. Any other text stays as it was typed.
+// The default replaces 0 and any text that is not a number; a number beyond the option's type
+// becomes the nearest one that fits. Any other text stays as typed.
 void correct(ui::TextBox& box, const NumberOption& option, const NumberLocale& locale) {
   const double number = toNumber(box.text(), locale).value_or(0);
   const std::int64_t whole = toWholeNumber(box.text(), locale).value_or(0);

@@ -90,7 +90,7 @@ void PumpGrades::rowsChanged() {
 void PumpGrades::addGrade() {
   const auto number = freeNumber();
   if (!number) {
-    // It says 15 though 14 is the most, since 12 is never given to a new grade.
+    // The text says 15, but 14 is the most, since 12 is never given to a new grade.
     dialog_.messages().warn(u"You cannot add more grades.  A maximum of " +
                                 decimalText(kHighestGrade) + u" grades are allowed.",
                             u"Cannot add grade");

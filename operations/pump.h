@@ -15,7 +15,7 @@ namespace tillora {
 
 class frmPumpGrade;
 
-/// The fuel pump grades with the product and caption of each, and what a receipt says of pumps.
+/// The fuel pump grades with the product and caption of each, and what receipts print about pumps.
 class PumpGrades final : public OptionsTab {
  public:
   /// Indexes of cmdPump.
@@ -53,9 +53,9 @@ class PumpGrades final : public OptionsTab {
   void addGrade();
   void editGrade();
   void deleteGrade();
-  /// Shows the dialog; false where it was cancelled.
+  /// Shows the dialog; false if it was cancelled.
   bool accepted(frmPumpGrade& dialog);
-  /// The lowest number that a new grade can have; none where there is none left.
+  /// The lowest number that a new grade can have; none if all are taken.
   std::optional<std::int32_t> freeNumber() const;
   bool isListed(std::int32_t number) const;
   void rowsChanged();

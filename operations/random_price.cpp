@@ -20,21 +20,21 @@ namespace field = fields::randomPrice;
 
 constexpr int kListHeight = 5250;
 
-// A table without formats gets the first to the last prefix, and one that lacks the extra prefix
-// gets that.
+// A table without formats gets all prefixes from the first to the last; a table without the extra
+// prefix gets that one.
 constexpr std::int32_t kFirstPrefix = 20;
 constexpr std::int32_t kLastPrefix = 29;
 constexpr std::int32_t kUsualFormat = 1;
 constexpr std::int32_t kExtraPrefix = 2;
 constexpr std::int32_t kExtraFormat = 3;
 
-/// The first row with this prefix becomes the current one. False where there is none.
+/// Makes the first row with this prefix the current one. False if there is none.
 bool find(Table& table, std::int32_t prefix) {
   table.findFirst(u"[Prefix] = " + decimalText(prefix));
   return !table.noMatch();
 }
 
-/// Writes into the row that was started, and stores it.
+/// Writes the format into the row that was started, and stores it.
 void store(Table& table, const clsRandomPrice& format) {
   table.set(field::FormatID, format.mlFormatID);
   table.set(field::OptionBits, format.mlOptionBits);
@@ -59,7 +59,7 @@ clsRandomPrice newFormat(std::int32_t prefix, std::int32_t formatId) {
           .msUOMPriceUnitCaption = u"/kg"};
 }
 
-/// The format of the current row; none where the row has no prefix.
+/// The format of the current row; none if the row has no prefix.
 std::optional<clsRandomPrice> read(Table& table) {
   const Value prefix = table.get(field::Prefix);
   const auto* key = std::get_if<std::int32_t>(&prefix);
@@ -142,7 +142,7 @@ void RandomPrice::loadFormats() {
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
     const std::optional<clsRandomPrice> format = read(*table);
     if (!format) continue;
-    // Of rows with the same prefix only the first is looked at, as by the search of a save.
+    // Of rows with the same prefix only the first counts, as in the search of a save.
     if (std::ranges::find(formats_, format->mlPrefix, &clsRandomPrice::mlPrefix) ==
         formats_.end()) {
       formats_.push_back(*format);

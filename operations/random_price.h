@@ -13,7 +13,7 @@
 namespace tillora {
 
 /// Random-price barcodes: whether they are scanned, and the format that each prefix has. Formats
-/// are neither made nor deleted here, but for those that a shop begins with.
+/// are neither made nor deleted here, except for those that a shop starts with.
 class RandomPrice final : public OptionsTab {
  public:
   /// Columns of ltvRandomPrice. The first one holds the icon alone.

@@ -9,11 +9,11 @@
 
 namespace tillora {
 
-/// One text that end-of-day reports print and that the user can word anew.
+/// One text that end-of-day reports print and that the user can reword.
 struct ReportCaption {
   const char16_t* setting;             ///< the SettingsStore's setting that keeps it
-  const char16_t* standard;            ///< the default, where the setting does not exist
-  const char16_t* boxLabel = nullptr;  ///< label of its box where that is not the default
+  const char16_t* standard;            ///< the default, if the setting does not exist
+  const char16_t* boxLabel = nullptr;  ///< label of its box if that is not the default
 
   TextView label() const { return boxLabel != nullptr ? boxLabel : standard; }
 };
@@ -96,8 +96,8 @@ inline constexpr std::array kReportDetails = {
 /// Where the captions of the In Drawer totals stand in kReportDetails: at its start.
 inline constexpr std::size_t kInDrawerTotals = 5;
 
-/// The captions of one of the tables above as they are stored, by position; the default where the
-/// setting does not exist, while an empty one is kept.
+/// The captions of one of the tables above as they are stored, by position; the default if the
+/// setting does not exist. An empty setting is kept.
 std::vector<Text> readCaptions(SettingsStore& settings, std::span<const ReportCaption> table);
 void writeCaptions(SettingsStore& settings, std::span<const ReportCaption> table,
                    const std::vector<Text>& captions);

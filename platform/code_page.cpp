@@ -7,7 +7,7 @@
 namespace tillora::win32 {
 
 std::string toCodePage(unsigned codePage, const Text& text, bool& lossless) {
-  // It holds every character, and the conversion to it fails when it is asked whether it did.
+  // UTF-8 holds every character, and the conversion to it fails if asked to report lost ones.
   const bool holdsAll = codePage == CP_UTF8;
   BOOL replaced = FALSE;
   const auto convert = [&](char* buffer, int size) {

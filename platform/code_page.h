@@ -6,7 +6,7 @@
 
 namespace tillora::win32 {
 
-/// A text in a code page of the system. `lossless` becomes False where the page lacks a character.
+/// A text in a code page of the system. `lossless` becomes False if the page lacks a character.
 std::string toCodePage(unsigned codePage, const Text& text, bool& lossless);
 Text fromCodePage(unsigned codePage, const std::string& text);
 

@@ -10,14 +10,14 @@
 
 namespace tillora::win32 {
 
-/// The system's file-open dialog, or what else is shown for it.
+/// The system's file-open dialog, or a substitute for it.
 class SystemFileDialogs final : public FileDialogs {
  public:
   /// `owner` gives the window that the dialog is modal over; null for none.
   using Show = std::function<BOOL(OPENFILENAMEW*)>;
   explicit SystemFileDialogs(std::function<HWND()> owner, Show show = &GetOpenFileNameW)
       : owner_(std::move(owner)), show_(std::move(show)) {}
-  /// The process's current folder stays what it was.
+  /// Leaves the process's current folder unchanged.
   std::optional<Text> open(const FileRequest& request) override;
 
  private:

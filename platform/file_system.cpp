@@ -39,7 +39,7 @@ class FoundFiles final : public FileListing {
         FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     return (found_.dwFileAttributes & kOthers) == 0;
   }
-  // The system finds files by their short names too.
+  // The system also matches short file names.
   bool matches() const { return PathMatchSpecW(found_.cFileName, wide(namePattern_)) != FALSE; }
 
   FindHandle find_;
@@ -55,7 +55,7 @@ std::string ansi(const Text& text) {
   return ansi(text, lossless);
 }
 
-/// A path that the ANSI functions can open: the path itself, else its short form.
+/// A path that the ANSI functions can open: the path itself, or else its short form.
 std::string ansiPath(const Text& path) {
   bool lossless = true;
   std::string converted = ansi(path, lossless);
@@ -83,7 +83,7 @@ Text FileSystem::profileValue(TextView file, TextView section, TextView key) {
   const std::string path = ansiPath(Text(file));
   const std::string sectionName = ansi(Text(section));
   const std::string keyName = ansi(Text(key));
-  // A full buffer holds all but its last character.
+  // The function reports a value that did not fit by filling the buffer but for one character.
   std::string value(2048, '\0');
   for (;;) {
     const DWORD length =

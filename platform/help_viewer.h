@@ -15,7 +15,7 @@ class HelpViewer final : public Help {
   HelpViewer();
   explicit HelpViewer(Start start) : start_(std::move(start)) {}
 
-  /// Nothing where the file does not exist; a viewer that cannot be started is no failure.
+  /// Does nothing if the file does not exist. A viewer that cannot be started is not an error.
   void show(TextView file, int context) override;
 
  private:
@@ -24,7 +24,7 @@ class HelpViewer final : public Help {
 
 /// Full path of the viewer.
 Text helpViewerPath();
-/// What starts the viewer on a topic of the file.
+/// The command line that opens a topic of the file.
 Text helpCommandLine(TextView file, int context);
 
 }  // namespace tillora::win32

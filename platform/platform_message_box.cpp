@@ -5,14 +5,14 @@
 namespace tillora::win32 {
 namespace {
 
-// What fits on a small screen with the buttons below it, twice.
+// Twice what fits on a small screen above the buttons.
 constexpr std::size_t kMostCharacters = 1000;
 constexpr std::size_t kMostLines = 15;
 constexpr std::size_t kKeptAtTheEnd = 200;
 
 bool isSecondHalf(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 
-/// The middle is left out: a message ends with what to do.
+/// Cuts out the middle, because a message ends with what to do.
 Text withoutItsMiddle(const Text& text) {
   if (text.size() <= kMostCharacters) return text;
   std::size_t first = kMostCharacters - kKeptAtTheEnd;
@@ -22,8 +22,8 @@ Text withoutItsMiddle(const Text& text) {
   return text.substr(0, first) + u" ... " + text.substr(last);
 }
 
-/// The box grows with its text, off the screen if need be. A text that no message of ours comes
-/// near, made long by what a shop has stored, is shown in part.
+/// The box grows with its text, even off the screen. Our own messages are never that long; one that
+/// stored texts of the shop make too long is shown in part.
 Text fitting(TextView whole) {
   Text text = nulsAsBlanks(withoutItsMiddle(Text(whole)));
   std::size_t lines = 0;
@@ -45,7 +45,7 @@ MessageResult PlatformMessageBox::show(TextView text, std::int32_t style, TextVi
   const Text shownTitle = nulsAsBlanks(Text(title));
   const int button = MessageBoxW(owner_ != nullptr ? owner_ : GetActiveWindow(), wide(whole),
                                  wide(shownTitle), static_cast<UINT>(style));
-  // 0: it could not be shown. Whoever asks must not take that for a yes.
+  // 0 means that the box could not be shown, which must not count as a yes.
   return button == 0 ? MessageResult::cancel : static_cast<MessageResult>(button);
 }
 

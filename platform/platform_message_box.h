@@ -6,9 +6,9 @@
 
 namespace tillora::win32 {
 
-/// The system's message box. The secondary text goes below the text, after an empty line. Whatever
-/// a text holds is shown as text; of one beyond 1,000 characters the middle is left out, and lines
-/// beyond the 15th run on, so that the buttons stay in reach.
+/// The system's message box. The secondary text goes below the text, after an empty line. Texts are
+/// shown literally. A text of more than 1,000 characters loses its middle, and lines after the 15th
+/// are joined, so that the buttons stay within reach.
 class PlatformMessageBox final : public HostMessageBox {
  public:
   /// `owner` is disabled meanwhile; null for the thread's active window.

@@ -8,8 +8,8 @@
 namespace tillora::win32 {
 namespace {
 
-// Where the symbol ($) and the sign stand beside an amount (n), by the numbers that the platform
-// gives these orders.
+// The positions of the symbol ($) and the sign around an amount (n), by the platform's numbers for
+// these orders.
 constexpr std::array<TextView, 4> kPositiveOrders = {u"$n", u"n$", u"$ n", u"n $"};
 constexpr std::array<TextView, 16> kNegativeOrders = {
     u"($n)", u"-$n",  u"$-n",  u"$n-",  u"(n$)", u"-n$",  u"n-$",   u"n$-",

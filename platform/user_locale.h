@@ -6,7 +6,7 @@
 
 namespace tillora::win32 {
 
-/// How the user's regional settings write numbers at present.
+/// How the user's regional settings currently write numbers.
 NumberLocale userNumberLocale();
 
 /// How a locale writes them.

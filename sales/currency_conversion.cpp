@@ -20,7 +20,7 @@ constexpr TextView kPercent = u"#0.00\\%";
 constexpr int kBoxWidth = 900;
 constexpr int kUpDownWidth = 255;
 
-/// True as long as it lives.
+/// Sets a flag during its lifetime.
 class Flag {
  public:
   explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
@@ -37,7 +37,7 @@ int roundDown(int value, int step) {
   return value - (rest < 0 ? rest + step : rest);
 }
 
-// Where a click that has moved the value by one hundredth takes it: a whole step, or an end.
+// A click moves the value by one hundredth; this takes it on to a whole step, or to an end.
 int snapped(int value, int before) {
   if (value > before || value == kLargest) {
     value += kStep - 1;
@@ -91,7 +91,7 @@ void CurrencyConversion::keyPress(char16_t& key) {
 }
 
 void CurrencyConversion::validate() {
-  // The margin may have more decimals than are shown: a text that nobody edited stands for it.
+  // The margin may have more decimals than are shown: an unedited text stands for all of them.
   const std::optional<Decimal> number = edited_ ? typed() : asWritten(margin_);
   const std::optional<double> percent = number ? toDouble(*number) : std::nullopt;
   if (percent) {
@@ -106,7 +106,7 @@ void CurrencyConversion::validate() {
 }
 
 void CurrencyConversion::lostFocus() {
-  // Cancel validates nothing: what is still to be validated stays.
+  // Cancel validates nothing: an edited text stays as it is.
   if (!edited_) showMargin();
 }
 

@@ -31,10 +31,10 @@ class CurrencyConversion final : public OptionsTab {
   void lostFocus();
   void spun();
 
-  /// The margin as text: without the percent sign while the box has the focus, selected then.
+  /// Shows the margin; while the box has the focus, selected and without the percent sign.
   void showMargin();
   Text marginText(TextView format) const;
-  /// The number in the box; none where it is not one.
+  /// The number in the box; none if the text is not one.
   std::optional<Decimal> typed() const;
   void setUpDown(const Decimal& percent);
 

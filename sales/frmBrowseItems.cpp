@@ -39,7 +39,7 @@ constexpr std::array<TextView, 3> kProductTypes = {u"PART", u"STOCK", u"GRP"};
 constexpr TextView kOtherCharge = u"OTHC";
 constexpr TextView kIncomeAccount = u"INC";
 
-/// Tells of accounts whether they are active income accounts; asks the host for each once.
+/// Knows which accounts are active income accounts; asks the host for each only once.
 class IncomeAccounts {
  public:
   explicit IncomeAccounts(JetDatabase& database) : table_(database.accountTable()) {}
@@ -68,7 +68,7 @@ void forEach(Cursor<T>& list, Visitor visit) {
   for (list.moveFirst(); !list.atEnd(); list.moveNext()) visit(list);
 }
 
-/// Makes rows of properties of the current item. The memory of the texts is used again for each.
+/// Makes rows of properties of the current item. The memory of the texts is reused.
 template <class T>
 class RowReader {
  public:

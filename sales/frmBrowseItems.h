@@ -12,7 +12,7 @@
 namespace tillora {
 
 /// A list of the shop's items in which one is chosen. The caller sets the variables and shows the
-/// dialog modally; each show reads the list anew.
+/// dialog modally; each show reads the list again.
 class frmBrowseItems final : public Dialog {
  public:
   /// What the item is for. Any other BrowseType lists payment items and accepts none.
@@ -22,8 +22,9 @@ class frmBrowseItems final : public Dialog {
   explicit frmBrowseItems(ui::Screen& screen);
 
   std::int16_t BrowseType = 0;
-  /// In: the present value, whose row is selected. Out: the value chosen by OK, else as it was.
-  /// Group, colon and item name; the item name alone without a group and for a payment item.
+  /// In: the present value, whose row is selected. Out: the value chosen by OK, otherwise
+  /// unchanged. Group, colon and item name; the item name alone without a group and for a payment
+  /// item.
   Text SelectedValue;
   /// Released when the dialog closes.
   std::shared_ptr<SettingsStore> SettingsObject;

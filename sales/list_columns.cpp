@@ -97,7 +97,7 @@ constexpr std::array<ListInfo, ListColumns::count> kLists = {{
 
 const ListInfo& infoOf(int list) { return kLists[static_cast<std::size_t>(list)]; }
 
-// A sales person cannot be told by these alone.
+// These alone do not identify a sales person.
 constexpr std::int32_t kMiddleInitial = 0x2;
 constexpr std::int32_t kMrMrsMiss = 0x4;
 

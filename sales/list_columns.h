@@ -8,8 +8,8 @@
 
 namespace tillora {
 
-/// The columns that the host's lists show: a check list for each, a row for each column, and in the
-/// row's item data the bits that are the column's in the stored mask.
+/// The columns that the host's lists show: a check list for each, a row for each column. The row's
+/// item data holds the column's bits in the stored mask.
 class ListColumns final : public OptionsTab {
  public:
   /// Indexes of lstListShow.
@@ -18,8 +18,8 @@ class ListColumns final : public OptionsTab {
   explicit ListColumns(OptionsDialog& dialog);
   void load(OptionsRecord& record);
   void save(OptionsRecord& record, OptionChanges& changes);
-  /// False where the sales person list or the currency conversion list would be left without a
-  /// column to go by; the message has been shown then, and the tab selected.
+  /// False if the sales person list or the currency conversion list would be left without a column
+  /// that identifies its rows; the message has then been shown, and the tab selected.
   bool validate(const Text& title);
 
   ui::ControlArray<ui::Label> lblLists;

@@ -25,7 +25,7 @@ constexpr int kDirectionWidth = 1200;
 constexpr int kStepWidth = 1500;
 constexpr int kReportCaptionWidth = 3600;
 
-// What a step is worth: the smallest unit is a ten-thousandth times 10 for each decimal place less.
+// The amount of a step, given in the smallest unit of a currency with this many decimal places.
 Money amountOf(int step, int decimalPlaces) {
   std::int64_t amount = step;
   for (int i = decimalPlaces; i < kMostDecimalPlaces; ++i) amount *= 10;
@@ -115,7 +115,7 @@ void Rounding::loadSteps() {
   const int places = std::clamp<int>(settings.decimalPlaces().value_or(kUsualDecimalPlaces), 0,
                                      kMostDecimalPlaces);
   Text format = settings.currencyFormat();
-  // A host without a format still gets a list that can be read.
+  // A host without a format still gets a readable list.
   if (format.empty())
     format = places == 0 ? Text(u"0") : u"0." + Text(static_cast<std::size_t>(places), u'0');
   const auto shown = [&](Money amount) {

@@ -63,8 +63,8 @@ class Rounding final : public OptionsTab {
   std::uint8_t chosenMode() const;
 
   std::vector<Money> steps_;  ///< what the items of the step list stand for
-  // Kept for as long as nothing else is chosen: they may be outside their lists.
-  std::optional<Money> storedStep_;  ///< none where none was stored or another is chosen
+  // Kept until something else is chosen: they may be outside their lists.
+  std::optional<Money> storedStep_;  ///< none if none was stored or another is chosen
   std::uint8_t storedDirection_ = 0;
   std::uint8_t storedTaxDirection_ = 0;
   std::uint8_t storedMode_ = 0;

@@ -16,12 +16,12 @@ class Dialog : public ui::Form {
                    Text cancelToolTip);
 };
 
-/// A dialog that edits values of its caller, who sets them, shows it modally, and takes them back
-/// unless it was cancelled.
+/// A dialog that edits values of its caller. The caller sets them, shows the dialog modally, and
+/// takes them back unless it was cancelled.
 class EditDialog : public Dialog {
  public:
-  /// How the dialog was closed: anything but acceptAndClose() is cancelling, the close box too.
-  /// False from each showModal() until then.
+  /// The dialog was closed by anything but acceptAndClose(), the close box included. False from
+  /// each showModal() until then.
   bool Cancelled() const { return cancelled_; }
 
  protected:

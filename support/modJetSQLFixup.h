@@ -8,7 +8,7 @@ namespace tillora {
 
 enum class Compare : std::uint8_t {
   binary = 0,  ///< character codes
-  text = 1,    ///< without regard to case
+  text = 1,    ///< case-insensitive
 };
 
 /// Replaces every occurrence of `find` in `source`; the search goes on after what was put in. A

@@ -14,8 +14,8 @@ constexpr int kCellMargin = 180;         // beside a cell's text, both sides tog
 constexpr int kSmallIcon = 270;          // the icon before the text of the first column
 constexpr std::size_t kMostShown = 259;  // characters that the platform's list shows of a cell
 
-/// The widths of the widest texts of the columns from `first` to before `end`, by column. Row by
-/// row, for walking through a hundred thousand rows costs more than measuring them.
+/// The widths of the widest texts of the columns from `first` to before `end`, by column. Goes row
+/// by row, because walking through a hundred thousand rows costs more than measuring them.
 std::vector<int> widestTexts(const ui::ListView& list, std::size_t first, std::size_t end) {
   const ui::Screen& screen = list.form().screen();
   std::vector<int> widths(end);

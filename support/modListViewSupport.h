@@ -26,14 +26,14 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum 
 void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& screen);
 
 /// Turns headers that can be pressed into flat ones, and back on the next call. A header that would
-/// be left without any style keeps its own. Always reports True.
+/// be left without any style keeps its own. Always returns True.
 bool toggleHeaderButtons(ui::ListView& list);
 
 /// Selects a row and scrolls it into view.
 void selectRow(ui::ListView& list, int row);
 
-/// Calls `act` for a double-click on a row, not for one on the blank below. Takes the list's mouse
-/// and doubleClick events.
+/// Calls `act` for a double-click on a row, not below the last row. Takes the list's mouse and
+/// doubleClick events.
 void onRowDoubleClick(ui::ListView& list, std::function<void()> act);
 
 }  // namespace tillora

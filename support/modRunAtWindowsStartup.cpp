@@ -15,7 +15,7 @@ bool contains(const std::vector<Text>& names, const Text& title) {
 
 void writeValue(RegistryKey& key, const std::vector<Text>& names, const Text& title,
                 const Text& exePath) {
-  // Writing over a name in other letter case would keep that name.
+  // Writing a name that differs only in letter case would keep the old name.
   for (const Text& name : names) {
     if (name != title && lowerCase(name) == lowerCase(title)) key.removeValue(name);
   }

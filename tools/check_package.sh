@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# check_package.sh: makes the package twice, the libraries linked and the type libraries compiled anew
-# in between, and fails where the two differ, where something is missing in them, or where they name
-# a folder of this machine.
+# check_package.sh: makes the package twice, relinking the libraries and recompiling the type libraries in between.
+# Fails if the two differ, if something is missing in them, or if they name a folder of this machine.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/common.sh

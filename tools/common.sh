@@ -59,7 +59,7 @@ one_at_a_time() (
   "$@" 8>&-
 )
 
-# install_packages NAME...: installs what is missing, with apt's own progress. Fast when all is there.
+# install_packages NAME...: installs what is missing, with apt's own progress. Fast when nothing is missing.
 install_packages() {
   local missing
   mapfile -t missing < <(missing_packages "$@")
@@ -79,7 +79,7 @@ debian_mirror() {
     'Label: Debian' | sort -u | head -1
 }
 
-# What joins the files of Debian's SQLite.
+# The command that joins the files of Debian's SQLite.
 # shellcheck disable=SC2034
 SQLITE_PACKAGES=(dpkg-dev tcl make gcc libc6-dev)
 
@@ -87,7 +87,7 @@ have_windows_tools() {
   command -v wine >/dev/null && command -v x86_64-w64-mingw32-g++-posix >/dev/null
 }
 
-# build PRESET LOG TARGET...: what goes wrong goes to the terminal too.
+# build PRESET LOG TARGET...: errors go to the terminal too.
 build() {
   local preset=$1 log=$2 started=$SECONDS
   say "building $preset"

@@ -11,7 +11,7 @@ readonly TABS=(general lists transactions rounding currency scanning layby eod p
 pictures=${1:-build/tour}
 [ -n "${1:-}" ] || ./run --tour
 
-# Without the time of day in the file, a screen that looks as before is the same file as before.
+# Without the time of day in the file, a screen that looks the same gives the same file.
 keep() {
   [ -e "$pictures/$1.png" ] || die "the tour has left no $pictures/$1.png"
   convert "$pictures/$1.png" -strip -define png:exclude-chunks=date,time \

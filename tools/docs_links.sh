@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# docs_links.sh: every link of the documents into this repository leads to a file, and every document
-# and picture of docs/ can be reached by links from README.md. Says what is not so.
+# docs_links.sh: every link of the documents into this repository leads to a file, and every document and picture of
+# docs/ can be reached by links from README.md. Reports what is wrong.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

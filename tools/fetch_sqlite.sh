@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # fetch_sqlite.sh DIR: puts sqlite3.c and sqlite3.h into DIR, once. The build calls it.
 #
-# The amalgamation is pinned: it is taken out of a package whose checksum npm verifies, and its own
-# checksum is verified here. Where that package cannot be had, Debian's source package is used, whose
-# checksum apt verifies through the archive's signature.
+# The amalgamation is pinned: it is taken out of a package whose checksum npm verifies, and its own checksum is verified
+# here. If that package cannot be downloaded, Debian's source package is used, whose checksum apt verifies through the
+# archive's signature.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -51,7 +51,7 @@ from_debian() {
 if [ "${TILLORA_SQLITE_FROM:-}" != debian ] && from_package; then
   :
 else
-  warn "the pinned SQLite package could not be had; trying Debian's source package"
+  warn "the pinned SQLite package could not be downloaded; trying Debian's source package"
   from_debian >"$dir/fetch.log" 2>&1 || die "SQLite could not be fetched; see $dir/fetch.log"
 fi
 touch "$dir/.complete"

@@ -2,7 +2,7 @@
 """layers.py: checks the includes between folders against the table of rooms in docs/architecture.md.
 
 A room may include what its row names, and every row names only rooms further down. A name that no include
-needs is an error too, so that the table says how things are.
+needs is an error too, so that the table stays true.
 """
 import pathlib
 import re
@@ -28,7 +28,7 @@ def main():
 
     for folder in {file.parent for top in {room.split("/")[0] for room in order} for file in (ROOT / top).rglob("*.cpp")}:
         if str(folder.relative_to(ROOT)) not in allowed:
-            errors.append(f"{folder.relative_to(ROOT)} is no room of {TABLE.name}")
+            errors.append(f"{folder.relative_to(ROOT)} is not a room of {TABLE.name}")
 
     for room in order:
         unused = set(allowed[room])

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""lint.py native|windows-x64 [FILE...]: clang-tidy over the sources of a preset: of Windows those that the native
-preset lacks. Tests have checks of their own (tests/.clang-tidy).
+"""lint.py native|windows-x64 [FILE...]: clang-tidy over the sources of a preset: for Windows, those that
+the native preset lacks. Tests have checks of their own (tests/.clang-tidy).
 
 A file that passed is not analysed again until it, a header it includes or the configuration changes. Most of
 the time goes into the system's headers, so those files of a folder that are to be analysed are put one after
-the other into one. A file that changed alone is analysed alone, and is so seen to include what it uses.
+the other into one. A file that is the only one to change is analysed alone, which shows that it includes what it uses.
 """
 import concurrent.futures
 import functools
@@ -25,7 +25,7 @@ SOURCES = {
 }
 # The bound on the path analysis keeps files with much inlined library code from taking ten seconds.
 BOUND = ["-Xclang", "-analyzer-config", "-Xclang", "max-nodes=20000"]
-# The analyser is shown the standard library with threads; by itself it takes the other one.
+# The analyser is shown the standard library with threads; by default it takes the other one.
 MINGW = "/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include/c++"
 PLATFORM = {
     "native": [],
@@ -92,7 +92,7 @@ class Joined:
         self.source.write_text("\n".join(lines) + "\n")
 
     def analyse(self, preset):
-        """What is wrong, with the files' own lines; empty where nothing is."""
+        """What is wrong, with the files' own lines; empty if nothing is."""
         arguments = [f"--extra-arg-before={each}" for each in PLATFORM[preset][:1]]
         arguments += [f"--extra-arg={each}" for each in PLATFORM[preset][1:] + BOUND]
         arguments.append(f"--config-file={configuration_of(self.files[0])}")

@@ -30,7 +30,7 @@ NOT_IN_EXPRESSIONS = {
     "if", "for", "while", "do", "else", "switch", "try", "catch", "template", "friend", "operator",
 }
 ASSERTIONS = {"assert", "static_assert"}
-# A name of the program's (a key, a format, SQL without blanks), not a text for people.
+# A name that belongs to the program (a key, a format, SQL without blanks), not a text for people.
 KEY = re.compile(r'[uUL]?8?"(?=[^"]*[A-Za-z])(?!&?[A-Z]?[a-z&]*[:.]?")(?:\\.|[^\s"\\])+"')
 
 
@@ -113,7 +113,7 @@ class Finder:
                        if not any(start <= site[0] < end for start, end in spans)})
 
     def skipped(self):
-        """Inside of assertions and attributes, which are no behaviour; ends of pure virtuals."""
+        """Inside of assertions and attributes, which are not behaviour; ends of pure virtuals."""
         result = set()
         for i, token in enumerate(self.tokens):
             opening = None

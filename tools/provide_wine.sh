@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# provide_wine.sh 64|32|both: provides a Wine for programs of this bitness. Prints the command prefix
-# with which to run it on the last line: empty, or a runner that enters a chroot. Fails where none can
-# be had. The environment variable WINE_VERSION chooses which:
+# provide_wine.sh 64|32|both: provides a Wine for programs of this bitness. Prints the command prefix with which to run
+# it on the last line: empty, or a runner that enters a chroot. Fails if none is available. The environment variable
+# WINE_VERSION chooses which:
 #
 #   empty   the machine's own; for 32-bit programs from multi-arch packages, which cannot be installed
 #           where the machine's i386 and amd64 package lists are out of step; then that of a chroot
@@ -69,15 +69,15 @@ CONF
   touch "$root/.complete"
 }
 
-# provide_chroot RELEASE: makes it where it is missing; the second who asks at once waits for it.
+# provide_chroot RELEASE: makes it if it is missing; a second caller at the same time waits for it.
 provide_chroot() {
   exec 9>"/tmp/tillora-wine-$1.lock"
   flock 9
-  make_chroot "$1" >&2 9>&- || die "Debian $1's Wine cannot be had on this machine"
+  make_chroot "$1" >&2 9>&- || die "Debian $1's Wine is not available on this machine"
   echo "$REPO/tools/provide_wine.sh in $1"
 }
 
-# Debian's Wine 10 crashes where TMPDIR is set.
+# Debian's Wine 10 crashes if TMPDIR is set.
 run_in_chroot() {
   unset TMPDIR
   # shellcheck disable=SC2016 # expanded inside

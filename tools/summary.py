@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """summary.py REPORTS...: counts the tests of ctest's folders of reports, lists what did not pass and the
-slowest (--slowest N), and ends with the line "N passed, N failed" with ", N skipped" where some were.
+slowest (--slowest N), and ends with the line "N passed, N failed" with ", N skipped" if some were.
 
 A folder holds ctest's own report, one or several, and one of GoogleTest for each program that ran to its end;
 a program without one has failed as a whole. Exit code 0: something passed, nothing failed.
@@ -39,7 +39,7 @@ def outcomes(folder):
             elif status == "fail":
                 yield name, "failed", float(case.get("time", 0)), ["see " + str(report)]
             elif status == "run":
-                # Desks are what tests stand on, not tests.
+                # Desks are fixtures, not tests.
                 if not name.startswith("desk-"):
                     yield name, "passed", float(case.get("time", 0)), []
             else:

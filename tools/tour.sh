@@ -2,8 +2,8 @@
 # tour.sh BUILD OUT [DPI]: shows the dialog on every tab, the dialogs behind its buttons, and one edit
 # that is applied.
 #
-# Leaves in OUT: a picture per tab (tab-01.png ...) and per dialog (dialog-*.png), the edited and the
-# applied state, and tour.txt: what the edit changed in the shop database and what the host was told.
+# Leaves in OUT: a picture per tab (tab-01.png ...) and per dialog (dialog-*.png), the edited and the applied state, and
+# tour.txt: what the edit changed in the shop database and what the host was notified of.
 # Uses a display and a prefix of its own and a new shop database, which stays in OUT.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -23,8 +23,7 @@ rm -f "$out"/*.png "$out"/*.txt "$out"/*.log "$out"/*.db*
 display_open
 wine_open "tour-$dpi" 64 "$dpi"
 wine_register "$build"
-# Between two programs this one stays: the last to leave takes the prefix's desktop along, and the
-# next may then never get going.
+# Keeps this program running: the last one to end closes the prefix's desktop, and the next may then never start.
 wine_run 900 "$build/drive.exe" sleep 900000 &
 at_exit "kill $! 2>/dev/null"
 
@@ -113,7 +112,7 @@ dump after
   diff --unchanged-line-format= --old-line-format='- %L' --new-line-format='+ %L' \
     "$out/before.txt" "$out/after.txt" || true
   echo
-  echo "What the host was told:"
+  echo "What the host was notified of:"
   tr -d '\r' <"$out/events.log"
 } >"$out/tour.txt"
 rm -f "$out/before.txt" "$out/after.txt" "$out/events.log"

@@ -60,7 +60,7 @@ wine_make_prefix() {
   echo "$WINE_STAMP" >"$WINEPREFIX/tillora.stamp"
 }
 
-# A new prefix is a copy of one that nobody uses: making one takes twenty seconds, copying it one.
+# A new prefix is a copy of an unused one: making one takes twenty seconds, copying it one.
 wine_copy_prefix() {
   local unused
   unused=$WINE_HOME/unused-$(cksum <<<"$WINE_STAMP" | cut -d' ' -f1)
@@ -79,7 +79,7 @@ wine_server() {
   timeout --kill-after=5 60 ${WINE_RUNNER:-} wineserver "$@" >/dev/null 2>&1 || true
 }
 
-# The first program of a prefix leaves services behind that keep its output open: never pipe it.
+# The first program of a prefix leaves services behind that keep its output open, so never pipe it.
 wine_run() {
   local seconds=$1
   shift

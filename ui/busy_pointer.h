@@ -4,7 +4,7 @@
 
 namespace tillora::ui {
 
-/// Shows the hourglass as long as it lives; the standard pointer afterwards, whatever happened.
+/// Shows the hourglass during its lifetime, and the standard pointer afterwards.
 class BusyPointer {
  public:
   explicit BusyPointer(Screen& screen) : screen_(screen) { screen_.setPointer(Pointer::hourglass); }

@@ -28,7 +28,7 @@ class CheckBox final : public Control {
   bool value_ = false;
 };
 
-/// One of the choices that a container offers; choosing it, by user or code, lets go of the other
+/// One of the choices that a container offers. Choosing it, by user or code, clears the other
 /// option buttons of the same container and raises click.
 class OptionButton final : public Control {
  public:
@@ -45,9 +45,9 @@ class OptionButton final : public Control {
 
  protected:
   bool focusable() const override { return true; }
-  /// Of the group Tab reaches the chosen button, or the first where none is chosen.
+  /// Tab reaches only the chosen button of a group, or the first if none is chosen.
   bool isTabStop() const override;
-  /// Chooses the next of the group, from its last on to its first.
+  /// Chooses the next button of the group, wrapping around at its ends.
   bool moveByArrow(bool forward) override;
 
  private:
@@ -75,15 +75,15 @@ class CommandButton final : public Control {
   bool isCancel() const;
   CommandButton& setCancel();
 
-  /// Presses the button as the user does: nothing when it is disabled; first the pending validation
-  /// of the control with the focus, unless this button causes none; then click.
+  /// Presses the button as the user does: runs the pending validation of the control with the
+  /// focus, unless this button causes none, then raises click. Does nothing while disabled.
   void press() override;
 
   Event<> click;
 
  protected:
   bool focusable() const override { return true; }
-  /// The default button where it is beside this one (Apply), so that Enter goes on making sense.
+  /// The default button if it is beside this one (Apply), so that Enter keeps a useful target.
   Control* focusHeir() const override;
   CommandButton* enterButton() override { return this; }
   bool moveByArrow(bool forward) override;

@@ -15,10 +15,10 @@ class Container : public Control {
  public:
   ~Container() override;
 
-  /// Takes in a control that somebody else owns and that lives as long as the form is used. It is
-  /// the last of this container and thereby of its part of the tab order.
+  /// Adds a control that is owned elsewhere and lives as long as the form is used. It becomes the
+  /// last of this container, and so of its part of the tab order.
   void take(Control& control);
-  /// Makes a control without a name, which the container owns, and takes it in.
+  /// Makes a control without a name, which the container owns, and adds it.
   template <class T, class... Args>
   T& add(Args&&... args) {
     auto owned = std::make_unique<T>(std::forward<Args>(args)...);
@@ -28,7 +28,7 @@ class Container : public Control {
     return control;
   }
 
-  /// In the order in which they were taken in, which is their tab order.
+  /// In the order in which they were added, which is their tab order.
   const std::vector<Control*>& children() const override { return children_; }
   /// The control in it that starts with the focus; null for the first in the tab order.
   virtual Control* firstFocus() { return nullptr; }
@@ -38,8 +38,8 @@ class Container : public Control {
 
   /// What the container shows, from top to bottom.
   Rows& rows();
-  /// Places what is in rows() for the present size and font. A container does so by itself whenever
-  /// its size changes.
+  /// Places what is in rows() for the present size and font. A container does this by itself
+  /// whenever its size changes.
   void layOut();
   /// Distances between its edges and its rows, twips.
   virtual Margins margins() const;

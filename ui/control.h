@@ -32,11 +32,11 @@ enum class Kind : std::uint8_t {
   picture,
 };
 
-/// What a control tells its view to show anew. The view reads the new state from the control.
+/// What a view has to update. The view reads the new state from the control.
 enum class Property : std::uint8_t {
   text,         ///< caption of a control, text of a text box
-  enabled,      ///< own enabled state; a container's covers all that it holds
-  visible,      ///< own visibility; a container's covers all that it holds
+  enabled,      ///< own enabled state; a container's applies to all that it holds
+  visible,      ///< own visibility; a container's applies to all that it holds
   bounds,       ///< place and size
   toolTip,      ///< tool tip text
   colours,      ///< text or background colour
@@ -60,12 +60,12 @@ inline constexpr Colour kButtonHighlight = 0x80000014;   ///< COLOR_3DHILIGHT
 
 enum class Alignment : std::uint8_t { left, right, centre };
 
-/// A control of a form: its state and its events. What is seen of it is made by a view; without a
-/// view it behaves the same.
+/// A control of a form: its state and its events. A view makes it visible; without a view it
+/// behaves the same.
 ///
-/// Setting a property from code has the effects that the user's doing it has: a check box raises
-/// click, a text box raises change. Setters can be chained, those of every control last. Until a
-/// container has taken the control in, only its properties can be set.
+/// Setting a property from code has the same effects as the user's action: a check box raises
+/// click, a text box raises change. Setters can be chained, those of every control last. Before a
+/// container has added the control, only its properties can be set.
 class Control {
  public:
   Control(const Control&) = delete;
@@ -84,9 +84,9 @@ class Control {
   Control& setEnabled(bool enabled);
   bool visible() const { return visible_; }
   Control& setVisible(bool visible);
-  /// Enabled, and so is everything that holds it.
+  /// Enabled, like everything that holds it.
   bool effectivelyEnabled() const;
-  /// Visible, and so is everything that holds it.
+  /// Visible, like everything that holds it.
   bool effectivelyVisible() const;
 
   /// The size that its caption needs in the present font, twips.
@@ -103,7 +103,7 @@ class Control {
 
   const Text& toolTip() const { return toolTip_; }
   Control& setToolTip(Text toolTip);
-  /// Name for screen readers where no label before the control says it.
+  /// Name for screen readers if no label before the control gives one.
   const Text& accessibleName() const { return accessibleName_; }
   Control& setAccessibleName(Text name);
   Colour foreColour() const { return foreColour_; }
@@ -111,14 +111,14 @@ class Control {
   Colour backColour() const { return backColour_; }
   Control& setBackColour(Colour colour);
 
-  /// Reached by the Tab key. A control that is no tab stop can still get the focus by the mouse.
+  /// Reached by the Tab key. A control that is not a tab stop can still get the focus by the mouse.
   bool tabStop() const { return tabStop_; }
   Control& setTabStop(bool tabStop);
   /// False for controls (Cancel) that get the focus without validating the one that had it.
   bool causesValidation() const { return causesValidation_; }
   Control& setCausesValidation(bool causes);
 
-  /// A kind that takes the focus, enabled and visible.
+  /// Its kind takes the focus, and it is enabled and visible.
   bool canFocus() const;
   bool hasFocus() const;
   /// Moves the focus here as Form::setFocus does.
@@ -142,43 +142,43 @@ class Control {
   Event<> lostFocus;
   /// Before the focus leaves for a control that causes validation. Set `cancel` to keep it.
   Event<bool&> validate;
-  /// A key went down in this control. Set the key to Key::none to keep it from the control.
+  /// A key went down in this control. Set the key to Key::none to discard it.
   Event<Key&, Modifiers> keyDown;
   /// A character was typed into this control. Set it to 0 to discard it.
   Event<char16_t&> keyPress;
 
  protected:
   Control() = default;
-  /// Tells the form's view, if there is one.
+  /// Notifies the form's view, if there is one.
   void notify(Property what) const;
-  /// Tells the form that the value was edited, by the user or by code; the form decides what that
-  /// means (see Form::edited).
+  /// Notifies the form that the value was edited, by the user or by code; the form decides what
+  /// that means (see Form::edited).
   void edited();
   virtual bool focusable() const { return false; }
   virtual void sizeChanged() {}
 
-  // What the form asks its controls while it keeps the focus and deals with keys.
+  // What the form asks its controls while it moves the focus and processes keys.
 
-  /// Tab stops at this control now. Of a group of option buttons it stops at one.
+  /// Tab stops at this control now. In a group of option buttons it stops at only one.
   virtual bool isTabStop() const;
   /// The control that gets the focus when this one can no longer have it; null for none.
   virtual Control* focusHeir() const;
-  /// The control that the access key leads to: this one, or the next in the tab order where this
-  /// kind (label, frame) takes no focus. Null where it leads nowhere.
+  /// The control that the access key leads to: this one, or the next in the tab order if this kind
+  /// (label, frame) takes no focus. Null if it leads nowhere.
   Control* accessTarget();
   /// The button that Enter presses while this control has the focus; null for none.
   virtual CommandButton* enterButton();
-  /// Enter is a key of the control's own and presses no button.
+  /// The control uses Enter itself, and so it presses no button.
   virtual bool keepsEnter(Modifiers /*modifiers*/) const { return false; }
-  /// Right or Down (forward), Left or Up was pressed in the control. True where that moved the
-  /// focus, false where the key is the control's own.
+  /// Right or Down (forward), Left or Up was pressed in the control. True if that moved the focus,
+  /// false if the control itself uses the key.
   virtual bool moveByArrow(bool /*forward*/) { return false; }
-  /// Up (+1) or Down (-1) was pressed in `box`. True where this control is the up-down beside it.
+  /// Up (+1) or Down (-1) was pressed in `box`. True if this control is the up-down beside it.
   virtual bool stepFor(const Control& /*box*/, int /*direction*/) { return false; }
   /// Goes to the next or the previous page. False for all but a tab strip that can have the focus.
   virtual bool switchPage(bool /*forward*/) { return false; }
-  /// The mouse went down on the control, which is enabled: takes the focus if it can. False where
-  /// it must not see the click, since validation refused.
+  /// The mouse went down on the control, which is enabled: takes the focus if it can. False if
+  /// validation refused; the control must not see the click then.
   virtual bool mouseDown();
 
  private:
@@ -207,7 +207,7 @@ int fieldHeight(const Form& form, int lines = 1);
 std::optional<char16_t> accessKeyOf(TextView caption);
 /// The caption as it is shown: access-key ampersands dropped, doubled ones single.
 Text withoutAccessKey(TextView caption);
-/// The caption for a platform that takes every single ampersand for the mark of an access key.
+/// The caption for a platform that treats every single ampersand as the mark of an access key.
 Text withPlainAmpersandsDoubled(TextView caption);
 
 }  // namespace tillora::ui

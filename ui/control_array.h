@@ -8,9 +8,9 @@
 
 namespace tillora::ui {
 
-/// Controls of one kind that share a name and are told apart by an index (txtCompanyDetails[8]).
+/// Controls of one kind that share a name and are distinguished by an index (txtCompanyDetails[8]).
 /// The indexes need not follow the order of creation or of the screen. The array owns them; a
-/// container takes them in.
+/// container adds them.
 template <class T>
 class ControlArray {
  public:
@@ -22,7 +22,7 @@ class ControlArray {
     return *control;
   }
 
-  /// std::out_of_range for an index that no control has.
+  /// Throws std::out_of_range for an index that no control has.
   T& operator[](int index) const { return *controls_.at(index); }
 
   int count() const { return static_cast<int>(controls_.size()); }

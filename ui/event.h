@@ -5,8 +5,8 @@
 
 namespace tillora::ui {
 
-/// One event of a control. The control raises it; whoever owns the control assigns the handler.
-/// An event has one handler, as a form's event procedure; assigning another replaces it.
+/// One event of a control. The control raises it; the owner of the control assigns the handler.
+/// Like a form's event procedure, an event has one handler; assigning another replaces it.
 template <class... Args>
 class Event {
  public:

@@ -21,12 +21,12 @@ enum class UnloadMode : std::uint8_t {
 /// default and cancel button, access keys, modal show, and its end.
 ///
 /// A form is loaded once, shown modally, and unloaded by its own code or by its close box; showing
-/// it again loads it anew.
+/// it again loads it again.
 ///
-/// What the user does enters through the `user...` functions, be it from real windows or from a
-/// test; each answers whether the form has dealt with it. One thing is done at a time: while its
-/// handlers run, a save or another form included, nothing else is done, even if a host program lets
-/// messages pass meanwhile.
+/// User input enters through the `user...` functions, from real windows and tests alike; each
+/// returns whether the form has handled it. Input is processed one at a time: while a handler runs,
+/// be it a save or another form, further input is ignored, even if a host program lets messages
+/// pass meanwhile.
 class Form : public Container {
  public:
   Form(Screen& screen, Text caption);
@@ -55,8 +55,8 @@ class Form : public Container {
   void hide();
   /// Asks onQueryUnload, then hides the form and runs onUnload. Nothing if the form is not loaded.
   void unload(UnloadMode mode = UnloadMode::code);
-  /// Hides the form and unloads it, whatever it would rather do. While a handler runs it is hidden
-  /// only; it is unloaded when the handler has returned.
+  /// Hides and unloads the form unconditionally. While a handler runs it is only hidden, and
+  /// unloaded when the handler has returned.
   void end();
 
   // Focus.
@@ -64,13 +64,13 @@ class Form : public Container {
   /// The control with the focus; null for none.
   Control* activeControl() const { return active_; }
   /// Moves the focus, after validation of the control that has it unless `control` causes none.
-  /// False where validation refused or `control` cannot have the focus. Before the form is shown
-  /// it only notes where the focus will be.
+  /// False if validation refused or `control` cannot have the focus. Before the form is shown it
+  /// only notes where the focus will be.
   bool setFocus(Control& control);
-  /// Runs the validation that is pending for the control that has, or last had, the focus. False
-  /// where it refused; the focus is on that control then.
+  /// Runs the validation that is pending for the control that has, or last had, the focus. False if
+  /// it refused; the focus is then on that control.
   bool validatePending();
-  /// The control that the Tab key would lead to; null where there is none.
+  /// The control that the Tab key would lead to; null for none.
   Control* nextInTabOrder(const Control* from, bool forward = true) const;
   /// Moves the focus there from the control that has it.
   void moveInTabOrder(bool forward);
@@ -85,9 +85,9 @@ class Form : public Container {
 
   // The user.
 
-  /// Something that the user did is being done.
+  /// User input is being processed.
   bool isBusy() const { return busy_; }
-  /// Does what the user did with a control. False where the form is busy: then it is not done.
+  /// Runs what the user did with a control. False if the form is busy; it is then not run.
   template <std::invocable F>
   bool userDoes(F&& act) {
     if (busy_) return false;
@@ -99,7 +99,7 @@ class Form : public Container {
     return true;
   }
   /// Tab, Ctrl+Tab between pages, Enter, Esc, arrows between buttons, then the control's keyDown.
-  /// True where the key is used up and the control must not see it.
+  /// True if the key is used up and the control must not see it.
   bool userKeyDown(Key key, Modifiers modifiers);
   /// The keyPress of the control with the focus. The character to type, or 0 for none.
   char16_t userCharacter(char16_t character);
@@ -107,9 +107,10 @@ class Form : public Container {
   char16_t userCharacter(Control* control, char16_t character);
   /// Alt and a character: moves through the controls that have it as access key. False for none.
   bool userAccessKey(char16_t character);
-  /// The mouse went down on a control: false where it must not see it, since validation refused.
+  /// The mouse went down on a control. False if validation refused; the control must not see it
+  /// then.
   bool userMouseDown(Control& control);
-  /// The close box. While the form is busy the close is remembered, and follows what is being done.
+  /// The close box. While the form is busy the close is postponed until the handler has returned.
   void userClose();
   /// F1 anywhere on the form.
   void userHelp();
@@ -157,7 +158,7 @@ class Form : public Container {
 
   /// All controls, each container's after it, in order of creation.
   std::vector<Control*> inTabOrder() const;
-  /// Gives the focus away from a control that can no longer have it.
+  /// Moves the focus away from a control that can no longer have it.
   void releaseFocus();
   void moveFocus(Control* to);
   bool keyDown(Key key, Modifiers modifiers);

@@ -1,4 +1,4 @@
-// The form's dialog keeping: focus, validation, tab order, default button and access keys.
+// What makes a form a dialog: focus, validation, tab order, default button and access keys.
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -35,7 +35,7 @@ Control* Form::nextInTabOrder(const Control* from, bool forward) const {
   std::vector<Control*> order = inTabOrder();
   if (!forward) std::ranges::reverse(order);
   const auto here = std::ranges::find(order, from);
-  // From the place after `from` once around; from the first place where `from` is none.
+  // Once around, starting after `from`, or at the first place if there is no `from`.
   std::ranges::rotate(order, here == order.end() ? order.begin() : here + 1);
   const auto next = std::ranges::find_if(order, [](const Control* c) { return c->isTabStop(); });
   return next != order.end() ? *next : nullptr;
@@ -157,7 +157,7 @@ char16_t Form::userCharacter(Control* control, char16_t character) {
   const bool done = userDoes([&] {
     if (control != nullptr) control->keyPress.raise(character);
   });
-  // Ctrl+Backspace types it, and no text means it.
+  // Ctrl+Backspace types this character, which belongs in no text.
   return !done || character == kDeleteCharacter ? char16_t{0} : character;
 }
 

@@ -20,7 +20,7 @@ class Label final : public Control {
   Label& setBold(bool bold);
   /// Places it one pixel right of and below where another label is.
   void placeAsShadow(const Rect& label);
-  /// A mere picture of a text: drawn as any other label, but its access key leads nowhere.
+  /// Drawn like any other label, but its access key leads nowhere.
   bool decorative() const { return decorative_; }
   Label& setDecorative(bool decorative) {
     decorative_ = decorative;

@@ -46,7 +46,7 @@ Cell engraved(Label& label, Label& shadow) {
   return cell;
 }
 
-// Below as many whole pixels as on the left, also where pixels are no squares.
+// As many whole pixels below as on the left, even if pixels are not square.
 Margins Container::margins() const {
   const Size pixel = form().screen().twipsPerPixel();
   return {kPageMargin, kPageMargin, kPageMargin, kPageMargin / pixel.width * pixel.height};
@@ -58,7 +58,7 @@ Margins Frame::margins() const {
   return {kGroupMargin, caption, kGroupMargin, kGroupMargin};
 }
 
-/// Something that stands across the whole width.
+/// Something that spans the whole width.
 class Rows::Item {
  public:
   Item() = default;
@@ -70,7 +70,7 @@ class Rows::Item {
   virtual void place(const Rect& area, int labelWidth) = 0;
   /// Takes the height that the others leave over.
   virtual bool stretches() const { return false; }
-  /// Stretches with its column where it is the last in it.
+  /// Stretches with its column if it is the last in it.
   virtual bool endsWithColumn() const { return false; }
   virtual int labelWidth() const { return 0; }
 

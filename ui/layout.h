@@ -13,7 +13,8 @@ namespace tillora::ui {
 /// One control of a row and the width it takes there, twips.
 struct Cell {
   static constexpr int kNatural = -1;  ///< as wide as its caption needs
-  static constexpr int kFill = -2;     ///< what the other cells of the row leave over; one a row
+  static constexpr int kFill =
+      -2;  ///< what the other cells of the row leave over; at most one per row
 
   // NOLINTNEXTLINE(google-explicit-constructor): a row is written as a list of its controls
   Cell(Control& control, int width = kNatural) : control(&control), width(width) {}
@@ -35,14 +36,14 @@ struct Height {
   Unit unit = Unit::rest;
   int count = 0;
 };
-inline constexpr Height kRest{};  ///< what the other rows leave over; one in a column
+inline constexpr Height kRest{};  ///< what the other rows leave over; at most one per column
 constexpr Height twips(int count) { return {Height::Unit::twips, count}; }
 /// Lines of text in the control.
 constexpr Height lines(int count) { return {Height::Unit::lines, count}; }
 
 /// What a container shows, described once from top to bottom, and placed with the platform's
-/// margins and spacing, so that no page is a list of coordinates. A control that is on no container
-/// yet is taken in by the row that names it: the order of the description is the tab order.
+/// margins and spacing, so that no page lists coordinates. The row that names a control adds it to
+/// the container, unless it is on one already: the order of the description is the tab order.
 ///
 ///     ui::Rows& group = page.rows().group(fraGeneral, u"Company Details");
 ///     group.field({label(u"&Phone"), wide(box(phone), 3000), label(u"&Fax"), fill(box(fax))});
@@ -65,11 +66,10 @@ class Rows {
 
   /// A group box over the whole width, as high as the rows in it, which are returned.
   Rows& group(Frame& frame, Text caption);
-  /// Rows side by side in columns of these widths; what the others leave over is shared by those of
-  /// Cell::kFill. Their label columns are equally wide, and groups that end them end at the same
-  /// height.
+  /// Rows side by side in columns of these widths; those of Cell::kFill share what the others leave
+  /// over. Their label columns are equally wide, and groups at their ends end at the same height.
   std::vector<Rows*> columns(std::initializer_list<int> widths);
-  /// A tab strip over what the other rows leave, with its pages.
+  /// A tab strip with its pages, in the height that the other rows leave.
   void tabs(TabStrip& strip, const std::vector<Frame*>& pages);
   /// Push buttons at the bottom right, left to right.
   void buttons(std::initializer_list<Control*> buttons);

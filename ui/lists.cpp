@@ -20,7 +20,7 @@ void requirePosition(int position, int first, std::size_t count) {
   throw Error(error::invalidIndex, u"Invalid property value");
 }
 
-// Where a key leads from a row of a list; to the row itself for keys that do not move in one.
+// The row that a key leads to from a row of a list; the same row for keys that do not move in one.
 int rowAfter(Key key, int row, int count) {
   if (count == 0) return row;
   switch (key) {

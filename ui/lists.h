@@ -12,7 +12,7 @@
 
 namespace tillora::ui {
 
-/// A drop-down list: one of its items is shown, none can be typed.
+/// A drop-down list: one of its items is shown, and nothing can be typed.
 class ComboBox final : public Control {
  public:
   Kind kind() const override { return Kind::comboBox; }
@@ -26,8 +26,8 @@ class ComboBox final : public Control {
   int listIndex() const { return listIndex_; }
   /// Raises click when the position differs. Error `invalid index` (380) outside -1 to count() - 1.
   ComboBox& setListIndex(int index);
-  /// The user chose this item: raises click also where it is the one that was selected. Error
-  /// `invalid index` (380) outside 0 to count() - 1.
+  /// The user chose this item: raises click even if it was selected already. Error `invalid index`
+  /// (380) outside 0 to count() - 1.
   void userChose(int index);
   /// Up, Down, Home and End select another item.
   void userKey(Key key) override;
@@ -66,8 +66,8 @@ class CheckListBox final : public Control {
   /// The row with the selection bar; -1 for none.
   int listIndex() const { return listIndex_; }
   CheckListBox& setListIndex(int row);
-  /// The user ticked or unticked a row: takes the selection bar there, so that the keys go on from
-  /// it.
+  /// The user ticked or unticked a row: moves the selection bar there, so that the keys continue
+  /// from it.
   void userChecked(int row, bool checked);
   /// Space changes the tick of the row with the selection bar, which Up, Down, Home and End move.
   void userKey(Key key) override;
@@ -88,7 +88,7 @@ class CellTexts {
   CellTexts() = default;
   CellTexts(std::initializer_list<TextView> texts);
   std::size_t size() const { return block_ ? *block_ : 0; }
-  /// Empty beyond the cells that there are.
+  /// Empty for a cell that the row does not have.
   TextView operator[](std::size_t cell) const;
 
  private:
@@ -128,7 +128,7 @@ struct ListItem {
 struct ListColumn {
   Text header;
   int width = 0;  ///< twips
-  /// The last column alone: takes what the others leave of the list, and at least its width.
+  /// For the last column only: takes the rest of the list's width, but at least its own.
   bool fills = false;
 };
 
@@ -137,7 +137,7 @@ inline constexpr std::uint32_t kHeaderButtons = 0x2;    ///< headers can be pres
 inline constexpr std::uint32_t kHeaderFullDrag = 0x80;  ///< a column follows its dragged border
 
 /// A list in columns (report view). The rows live here; a view asks for the ones it shows, so that
-/// ten rows and a hundred thousand open alike.
+/// a hundred thousand rows open as fast as ten.
 class ListView final : public Control {
  public:
   ListView();
@@ -160,15 +160,15 @@ class ListView final : public Control {
 
   const std::vector<ListItem>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
-  /// Text of a cell; empty where the row has no such column.
+  /// Text of a cell; empty if the row has no such column.
   Text text(int row, int column) const;
   /// Adds a row at the end and returns its position.
   int addRow(ListItem item);
   /// Replaces all rows at once; nothing is selected then.
   ListView& setRows(std::vector<ListItem> rows);
   ListView& setRow(int row, ListItem item);
-  /// The row that takes its place is selected when the removed one was (the last one if it was the
-  /// last); -1 in an empty list.
+  /// If the removed row was selected, the row that takes its place becomes selected (the last one
+  /// if it was the last); -1 in an empty list.
   void removeRow(int row);
 
   /// The selected row; -1 for none.

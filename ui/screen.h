@@ -20,13 +20,13 @@ enum class Pointer : std::uint8_t {
   hourglass = 11,
 };
 
-/// What shows one form. Told of every change after the fact; reads the new state from the controls.
+/// Shows one form. Notified of every change afterwards; reads the new state from the controls.
 class FormView {
  public:
   virtual ~FormView() = default;
   /// `control` may be the form itself (caption, bounds).
   virtual void changed(const Control& control, Property what) = 0;
-  /// Form::activeControl() is another one now, or there is none.
+  /// Form::activeControl() has changed.
   virtual void focusMoved() = 0;
   /// The row at a point of the list's area (twips); -1 for none.
   virtual int hitTest(const ListView& list, Point point) const = 0;
@@ -37,11 +37,11 @@ class Screen {
  public:
   virtual ~Screen() = default;
 
-  /// Shows the form over all others of the thread, which cannot be reached meanwhile, and returns
-  /// when the form is no longer shown. A failure inside a handler ends the run and is thrown here.
+  /// Shows the form over all others of the thread, which take no input meanwhile, and returns when
+  /// the form is no longer shown. A failure inside a handler ends the run and is thrown here.
   virtual void runModal(Form& form) = 0;
-  /// False once the window of the form on top is gone: what its handlers were still to show is not
-  /// shown. A form that is run all the same ends at once.
+  /// False once the window of the form on top is gone: its handlers can show nothing more. A form
+  /// that is run nevertheless ends at once.
   virtual bool canShow() const { return true; }
 
   virtual Pointer pointer() const = 0;
@@ -56,8 +56,8 @@ class Screen {
   /// The area below the tabs of a strip, relative to the strip's parent, twips.
   virtual Rect tabClientArea(const TabStrip& tabs) const = 0;
 
-  /// The positions of texts in the platform's order for lists, without regard to case; texts that
-  /// share a place keep their order.
+  /// The positions of texts in the platform's order for lists, without regard to case; equal texts
+  /// keep their order.
   virtual std::vector<std::size_t> listOrder(std::span<const TextView> texts) const = 0;
   /// A signal that a key was not accepted.
   virtual void beep() = 0;
@@ -68,8 +68,8 @@ class Screen {
   virtual void endSession() noexcept {}
 };
 
-/// While one lives, forms are made and shown for the screen as it was at its start: its resolution,
-/// fonts and sizes. One at a time.
+/// During its lifetime forms are made and shown for the screen as it was at the start: its
+/// resolution, fonts and sizes. One at a time.
 class ScreenSession {
  public:
   explicit ScreenSession(Screen& screen) : screen_(screen) { screen_.beginSession(); }

@@ -34,7 +34,7 @@ class TabStrip final : public Control {
 
  protected:
   bool focusable() const override { return true; }
-  /// From the last page on to the first. The focus stays on the strip, or goes to the page.
+  /// Wraps around at the ends. The focus stays on the strip, or goes to the page.
   bool switchPage(bool forward) override;
 
  private:

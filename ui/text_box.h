@@ -8,7 +8,7 @@ namespace tillora::ui {
 /// A box in which text is edited, one line or many.
 ///
 /// Text set by code is never cut to maxLength() nor rewritten; the limit is for typing and pasting.
-/// Positions count UTF-16 units from 0. A text that another replaces is overwritten in memory.
+/// Positions count UTF-16 units from 0. A replaced text is overwritten in memory.
 class TextBox final : public Control {
  public:
   TextBox();
@@ -18,11 +18,11 @@ class TextBox final : public Control {
   const Text& text() const { return text_.text(); }
   /// Raises change when the text differs; the caret goes to the start.
   TextBox& setText(Text text);
-  /// Shows another form of the same value (5.00% for 5.00). Not an edit: the dialog is not told,
-  /// and change is not raised.
+  /// Shows another form of the same value (5.00% for 5.00). This is not an edit: the dialog is not
+  /// notified, and change is not raised.
   void reformat(Text text);
 
-  /// Characters that can be typed or pasted in all; 0 is no limit.
+  /// Longest text that can be typed or pasted; 0 for no limit.
   int maxLength() const { return maxLength_; }
   TextBox& setMaxLength(int maxLength);
   /// A locked box shows and selects its text but cannot be edited by the user.
@@ -47,14 +47,14 @@ class TextBox final : public Control {
   /// Limited to the text. The caret goes to the end of the selection.
   TextBox& setSelection(int start, int length);
 
-  /// The user edited the text: takes over text and selection and raises change, also where what was
+  /// The user edited the text: takes over text and selection and raises change, even if the text
   /// typed over was the same.
   void userEdited(Text text, int selStart, int selLength);
   /// The user moved the caret or the selection.
   void userSelected(int selStart, int selLength);
 
   Event<> change;
-  /// The user is about to paste this text. Set the flag to keep it from the box.
+  /// The user is about to paste this text. Set the flag to prevent the box from pasting it.
   Event<TextView, bool&> paste;
 
  protected:
@@ -62,7 +62,7 @@ class TextBox final : public Control {
   bool keepsEnter(Modifiers modifiers) const override;
 
  private:
-  /// Shows a text set by code. False where it is the one that was there.
+  /// Shows a text set by code. False if it is the text already there.
   bool show(Text& text);
 
   SecretText text_;

@@ -24,7 +24,7 @@ class UpDown final : public Control {
   void spin(int direction);
 
   Event<> change;
-  /// An arrow was pressed that leads beyond the end at which the value is.
+  /// An arrow was pressed that would move the value past the end of its range.
   Event<> pressedAtEnd;
 
  protected:

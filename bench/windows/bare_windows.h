@@ -9,15 +9,15 @@
 
 namespace tillora::bench {
 
-/// A dialog's windows written down, so that the same can be made again without anything behind
-/// them: what opening costs at the very least.
+/// Records the windows of a dialog, so that the same can be made again with nothing behind them:
+/// the least that opening can cost.
 class BareWindows {
  public:
-  /// Writes down a dialog with all windows in it.
+  /// Records a dialog with all windows in it.
   explicit BareWindows(HWND dialog);
 
   std::size_t count() const { return windows_.size(); }
-  /// Makes them all, shows the dialog and deals with every message until nothing is left to do.
+  /// Makes them all, shows the dialog and processes messages until nothing is left to do.
   ui::win32::Window open(HWND owner) const;
 
  private:
@@ -35,7 +35,7 @@ class BareWindows {
   std::vector<Record> windows_;
 };
 
-/// Deals with all messages that are waiting.
+/// Processes all messages that are waiting.
 void pump();
 
 }  // namespace tillora::bench

@@ -4,8 +4,8 @@ namespace tillora::bench {
 
 class Catalogue;
 
-// Each prints its ratios and tells whether its budgets are kept. Floor and product take turns; the
-// median of the rounds' ratios counts.
+// Each prints its ratios and returns whether its budgets are kept. Floor and product take turns;
+// the median of the rounds' ratios counts.
 
 /// Opening the options dialog, against making its windows with nothing behind them.
 bool measureOpening();

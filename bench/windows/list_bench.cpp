@@ -22,8 +22,7 @@ constexpr int kRounds = 7;
 constexpr int kPages = 40;
 constexpr double kBudget = 1.2;
 
-/// A list of the platform's with the place, the look and the rows of another, which it holds
-/// itself.
+/// A list of the platform's with the place, look and rows of another list, storing the rows itself.
 ui::win32::Window makeStoredList(HWND shown, const ui::ListView& list) {
   RECT place{};
   GetWindowRect(shown, &place);

@@ -18,8 +18,8 @@ inline double median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-/// Prints what was measured, round by round (milliseconds), and tells whether the budget is kept.
-/// The ratio is the median of the rounds' own: a machine may change its pace between rounds.
+/// Prints what was measured, round by round (milliseconds), and returns whether the budget is kept.
+/// The ratio is the median over the rounds: a machine may change its pace between rounds.
 inline bool report(const char* what, const std::vector<double>& product,
                    const std::vector<double>& floor, double budget) {
   std::vector<double> ratios;

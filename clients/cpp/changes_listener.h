@@ -6,11 +6,11 @@
 
 #include "TilloraOptions.h"
 
-/// Hears OptionsChanged of an Options object. The argument arrives by reference; what the listener
-/// leaves in it goes back to the component, which does not look at it.
+/// Receives OptionsChanged of an Options object. The argument arrives by reference; what the
+/// listener leaves in it goes back to the component, which ignores it.
 class ChangesListener final : public IDispatch {
  public:
-  /// Starts listening; nothing is heard where `options` has no events.
+  /// Starts listening; does nothing if `options` has no events.
   explicit ChangesListener(IUnknown* options);
   ~ChangesListener();
   ChangesListener(const ChangesListener&) = delete;

@@ -31,7 +31,7 @@ class Value {
   VARIANT value_;
 };
 
-/// What a late-bound call says when it fails.
+/// What a late-bound call reports when it fails.
 struct CallFailed : std::runtime_error {
   CallFailed(HRESULT number, std::wstring source, std::wstring description)
       : std::runtime_error("a call failed"),

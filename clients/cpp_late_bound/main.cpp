@@ -50,7 +50,7 @@ int wmain(int count, wchar_t** arguments) {
     std::printf("usage: cpp_late_client DATABASE [TAB]\n");
     return 1;
   }
-  // A single-threaded apartment, for the component shows windows.
+  // A single-threaded apartment, because the component shows windows.
   if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
   const long tab = count > 2 ? std::wcstol(arguments[2], nullptr, 10) : 0;
   const int status = run(arguments[1], static_cast<short>(tab));

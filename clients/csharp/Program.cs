@@ -1,12 +1,12 @@
-// Opens the options dialog over the shop database of the reference host, from C#: late bound, so that
-// no interop assembly is needed, but for the events, whose interface is declared below.
+// Opens the options dialog over the shop database of the reference host, from C#: late bound, so
+// that no interop assembly is needed except for the events, whose interface is declared below.
 //
 //   csc /platform:x64 Program.cs        then        Program.exe DATABASE [TAB]
 using System;
 using System.Runtime.InteropServices;
 using System.Runtime.InteropServices.ComTypes;
 
-/// The events of Options, as the type library has them.
+/// The events of Options, as the type library describes them.
 [ComVisible(true), Guid("adb5da98-9474-45cc-95fd-0587205bc0c9")]
 [InterfaceType(ComInterfaceType.InterfaceIsIDispatch)]
 public interface IOptionsEvents
@@ -27,7 +27,7 @@ public sealed class Listener : IOptionsEvents
     }
 }
 
-/// Any class that programs in COM can see will do as a host object.
+/// Any class that is visible to COM will do as a host object.
 [ComVisible(true), ClassInterface(ClassInterfaceType.AutoDispatch)]
 public sealed class Messages
 {

@@ -1,5 +1,6 @@
 // Opens the options dialog over the shop database of the reference host. The application, the
-// message sender and the strings are objects of this script: any object will do that knows the names.
+// message sender and the strings are objects of this script: any object that knows the names will
+// do.
 //
 //   cscript //nologo shop.js DATABASE [TAB]
 

@@ -16,7 +16,7 @@ $options.SettingsObject = $shop.Settings
 $options.LVFileExtension = 'ldv'
 $options.SelectedTab = $Tab
 
-# Events of a library need its types; without them saves are heard of through the message sender.
+# Events need the types of the library; without them the message sender reports saves.
 try {
   $null = $options.ShowOptions()
   "data file changed: $($options.ChangedDataFile)"

@@ -13,7 +13,7 @@ Class ShopApp
   End Sub
 End Class
 
-' One public variable per stored option. One that was never set is Empty: nothing is stored for it.
+' One public variable per stored option. A variable that was never set is Empty: nothing is stored.
 Class OptionsStore
   Public BalanceDueCaption
   Public ChangeCaption
@@ -317,7 +317,7 @@ Class Item
   Public Account
 End Class
 
-' A walk over items. Each walk has a place of its own; the items are shared.
+' A walk over items. Each walk has its own place; the items are shared.
 Class ItemWalk
   Private mItems
   Private mAt
@@ -385,13 +385,13 @@ Class ShopDatabase
     Set NewTable = New ShopTable
     NewTable.Create Fields
   End Function
-  ' A table is handed out at its first row.
+  ' A table is always handed out at its first row.
   Private Function AtFirst(Table)
     Table.MoveFirst
     Set AtFirst = Table
   End Function
 
-  ' Nothing of this host can fail, so that one record for good will do: nothing is ever undone.
+  ' Nothing of this host can fail, so one record is enough: nothing is ever undone.
   Public Property Get OptionsRecord
     Set OptionsRecord = Record
   End Property

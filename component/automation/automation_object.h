@@ -38,7 +38,8 @@ class AutomationObject : public Dual, public IProvideClassInfo2, public ISupport
   ULONG STDMETHODCALLTYPE Release() override {
     const ULONG left = --references_;
     if (left == 0) {
-      // What the destructor releases may call back; it must not bring the count to zero again.
+      // Releasing members in the destructor may call back; that must not bring the count to zero
+      // again.
       references_ = kDying;
       delete static_cast<Class*>(this);
     }

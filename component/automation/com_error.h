@@ -11,13 +11,13 @@ namespace tillora::automation {
 /// Program id of the class `Options`, and the source of the component's own errors.
 inline constexpr const char16_t* kProgramId = u"TilloraOptions.Options";
 
-/// The wall of the component's entries (com/error_info.h).
+/// Wraps the component's entry points (com/error_info.h).
 template <class Body>
 HRESULT guarded(const IID& interfaceId, Body&& body) noexcept {
   return win32::guarded(interfaceId, kProgramId, std::forward<Body>(body));
 }
 
-/// Throws where a function of the system failed: std::bad_alloc or an Error that names `action`.
+/// Throws if a system function failed: std::bad_alloc or an Error that names `action`.
 void throwIfFailed(HRESULT result, const char16_t* action);
 
 }  // namespace tillora::automation

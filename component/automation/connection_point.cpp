@@ -60,7 +60,7 @@ HRESULT ConnectionPoint::Advise(IUnknown* listener, DWORD* cookie) {
   return guarded(IID_IConnectionPoint, [&] {
     const ComPtr<IUnknown> given(listener);
     auto object = given.query<IDispatch>(events_);
-    // A listener written in a script answers to IDispatch alone.
+    // A listener written in a script supports only IDispatch.
     if (!object) object = given.query<IDispatch>();
     throwIfFailed(object ? S_OK : CONNECT_E_CANNOTCONNECT, u"Advise");
     listeners_.push_back({lastCookie_ + 1, std::move(object)});

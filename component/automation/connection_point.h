@@ -14,8 +14,8 @@
 
 namespace tillora::automation {
 
-/// The one connection point of an object: its listeners of one event interface. Part of its owner
-/// and alive with it.
+/// The one connection point of an object: its listeners of one event interface. Part of its owner,
+/// and lives as long.
 class ConnectionPoint final : public win32::WithErrorInfo<IConnectionPoint> {
  public:
   ConnectionPoint(IConnectionPointContainer& owner, const IID& events)
@@ -24,12 +24,12 @@ class ConnectionPoint final : public win32::WithErrorInfo<IConnectionPoint> {
   ConnectionPoint& operator=(const ConnectionPoint&) = delete;
   virtual ~ConnectionPoint() = default;
 
-  /// Calls the event with one by-reference Long on every listener, in the order they were advised.
-  /// The value that a listener leaves is what the next one gets, and the caller at last.
+  /// Calls the event with one by-reference Long on every listener, in the order in which they were
+  /// advised. Each listener gets the value that the one before left, and the caller the last one.
   ///
-  /// A listener may unadvise itself or others meanwhile; who is gone when its turn comes is not
-  /// called, who comes meanwhile is not either. A listener that fails does not concern the others,
-  /// nor the caller: what the event tells of has happened.
+  /// A listener may unadvise itself or others meanwhile: one that is gone when its turn comes is
+  /// not called, nor is one that was added meanwhile. A failing listener affects neither the others
+  /// nor the caller, since the event reports what has already happened.
   void raise(DISPID event, std::int32_t& value);
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;

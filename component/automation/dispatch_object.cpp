@@ -24,7 +24,7 @@ void DispatchObject::exchange(ComPtr<IDispatch> object) {
 bool DispatchObject::knows(const char16_t* member) { return SUCCEEDED(find(member).lookUp); }
 
 const DispatchObject::Member& DispatchObject::find(const char16_t* member) {
-  // A name is mostly the same literal as before; its text is compared for others only.
+  // A name is usually the same literal as before; only others are compared as text.
   if (const auto known = std::ranges::find(members_, member, &Member::name);
       known != members_.end()) {
     return *known;
@@ -141,7 +141,7 @@ Variant DispatchObject::invoke(WORD flags, const char16_t* member, std::span<Var
 
 HRESULT DispatchObject::invokeOnce(const Member& member, WORD flags, DISPPARAMS& parameters,
                                    Variant& result, EXCEPINFO* exception) {
-  // A host that fails without error information must not be credited with someone else's.
+  // A host that fails without error information must not be blamed for an earlier error.
   SetErrorInfo(0, nullptr);
   const ui::win32::ProgramsScaling scaling;
   VARIANT* const wanted =

@@ -15,13 +15,13 @@
 
 namespace tillora::automation {
 
-/// One automation object of the host, called by member names: the one place through which every
-/// call of a host object goes.
+/// One automation object of the host, called by member names. Every call of a host object goes
+/// through here.
 ///
 /// A name's id is looked up once per object. Objects that know their names only through IDispatchEx
 /// (classes of a script) are called through it. Arguments go by value. A failure is raised as an
-/// Error, a value that does not fit the wanted type too (`typeMismatch`, `overflow`). Conversions
-/// follow the platform's rules under the user's locale.
+/// Error, and so is a value that does not fit the wanted type (`typeMismatch`, `overflow`).
+/// Conversions follow the platform's rules under the user's locale.
 class DispatchObject {
  public:
   using Variant = win32::Variant;
@@ -31,7 +31,7 @@ class DispatchObject {
 
   IDispatch* object() const { return object_.get(); }
   const char16_t* name() const { return name_; }
-  /// Goes on with another object of the same interface: the names keep their ids.
+  /// Switches to another object of the same interface: the names keep their ids.
   void exchange(win32::ComPtr<IDispatch> object);
 
   /// Member names are literals.
@@ -60,7 +60,7 @@ class DispatchObject {
   Text getText(const char16_t* member, const Arguments&... arguments) {
     return text(get(member, arguments...), member);
   }
-  /// The same into a text that exists, whose memory is used again.
+  /// The same into an existing text, whose memory is reused.
   void readText(Text& text, const char16_t* member);
   template <class... Arguments>
   bool getBoolean(const char16_t* member, const Arguments&... arguments) {
@@ -70,7 +70,7 @@ class DispatchObject {
   std::int32_t getLong(const char16_t* member, const Arguments&... arguments) {
     return as<VT_I4>(get(member, arguments...), member).get().lVal;
   }
-  /// An object property, called `name` in failures. Error `objectNotSet` where the host gives none.
+  /// An object property, called `name` in failures. Error `objectNotSet` if the host gives none.
   DispatchObject getObject(const char16_t* member, const char16_t* name);
 
   /// The value as text; Empty and Null are empty.
@@ -88,7 +88,7 @@ class DispatchObject {
     bool viaNamesEx;
   };
 
-  /// The value itself where its type is the wanted one, as it mostly is.
+  /// The value itself if it already has the wanted type, as it usually does.
   template <VARENUM type>
   Variant as(Variant value, const char16_t* member) const {
     return value.type() == type ? std::move(value) : converted(value, type, member);

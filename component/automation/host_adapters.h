@@ -13,7 +13,7 @@ std::shared_ptr<JetDatabase> makeJetDatabase(IDispatch* object);
 std::shared_ptr<MessageSender> makeMessageSender(IDispatch* object);
 std::shared_ptr<ResourceStrings> makeResourceStrings(IDispatch* object);
 std::shared_ptr<SettingsStore> makeSettingsStore(IDispatch* object);
-/// Taken as it is: its members are asked for when they are needed.
+/// Not checked here: its members are looked up when they are needed.
 std::shared_ptr<App> makeApp(IDispatch* object);
 
 /// The host's object behind a settings store that makeSettingsStore() made; null for another.

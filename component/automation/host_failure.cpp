@@ -12,7 +12,7 @@ using win32::ComPtr;
 
 namespace {
 
-/// An object may raise a bare Basic number; the host is to see it as Basic would have passed it on.
+/// An object may raise a bare Basic number; the host gets it as Basic would have passed it on.
 std::int32_t failingNumber(std::int32_t number, HRESULT result) {
   if (number < 0) return number;
   if (number > 0 && number <= 0xFFFF) return basicError(static_cast<std::uint16_t>(number));

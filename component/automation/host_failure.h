@@ -8,7 +8,7 @@
 
 namespace tillora::automation {
 
-/// What a failed IDispatch::Invoke says about it; its strings are freed at the end.
+/// What a failed IDispatch::Invoke reports about it; its strings are freed at the end.
 class ExceptionInfo {
  public:
   ExceptionInfo() = default;
@@ -33,8 +33,8 @@ class ExceptionInfo {
 
 /// The failure of a call as an Error: number, source, description, help file and help context as
 /// the host's object gave them, from the exception information (a deferred part is asked for) or
-/// from the thread's error object. `object` and `member` make up for a source or description that
-/// is missing.
+/// from the thread's error object. `object` and `member` fill in for a missing source or
+/// description.
 Error hostFailure(HRESULT result, ExceptionInfo& exception, TextView object, TextView member);
 
 /// The same for a failure that no object explains.

@@ -92,8 +92,8 @@ class AutomationCursor final : public Cursor<T> {
   DispatchObject& item() {
     if (isCurrent_ && item_) return *item_;
     DispatchObject given = object_.getObject(u"Current", ItemInterface<T>::name);
-    // Names are looked up anew for every object, but for one that is handed out again and for those
-    // that offer the interface: they share its ids.
+    // Names are looked up again for every object, except for one that is handed out again and for
+    // those that offer the interface, which share its ids.
     auto offered =
         win32::ComPtr<IDispatch>(given.object()).query<IDispatch>(ItemInterface<T>::id());
     if (offered && item_ && isOffered_) {

@@ -5,7 +5,7 @@
 #include "component/automation/dispatch_object.h"
 #include "component/contract/host_objects.h"
 
-/// The things a host's JetDatabase hands out, reached through their automation objects.
+/// The record, tables and lists of items of a host's JetDatabase, through their automation objects.
 namespace tillora::automation {
 
 std::unique_ptr<OptionsRecord> makeOptionsRecord(DispatchObject object);

@@ -30,7 +30,7 @@ Callable callableOf(const FUNCDESC& function) {
   return found;
 }
 
-/// The first way that is asked for; of kind 0 where the member has none of them.
+/// The first of the wanted ways to call the member; of kind 0 if it has none of them.
 HRESULT findCallable(ITypeInfo& type, DISPID member, int wanted, Callable& found) {
   TYPEATTR* attributes = nullptr;
   const HRESULT described = type.GetTypeAttr(&attributes);

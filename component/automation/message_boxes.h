@@ -8,9 +8,9 @@
 
 namespace tillora::automation {
 
-/// The host's registered message box class, a new object each time; the system's message box where
-/// no such class is registered. A class that is registered but cannot be created is a failure of
-/// the host.
+/// The host's registered message box class, a new object each time; the system's message box if no
+/// such class is registered. A class that is registered but cannot be created is an error of the
+/// host.
 class AutomationMessageBoxes final : public MessageBoxes {
  public:
   /// `owner` says which window the system's message box belongs to.

@@ -10,7 +10,7 @@ using win32::ComPtr;
 
 namespace {
 
-/// Replaces a host object, and lets go of the former one when all is done: that may call back.
+/// Replaces a host object and releases the former one last, since that may call back.
 template <class Interface>
 void replace(std::shared_ptr<Interface>& held, std::shared_ptr<Interface> given) {
   held.swap(given);

@@ -12,8 +12,8 @@ namespace tillora::automation {
 
 /// The public class `Options`: the core's Options as an automation object.
 ///
-/// An object property that is set to Nothing lets go of the object set before. ShowOptions keeps
-/// the object alive until it returns, whatever the host releases meanwhile.
+/// Setting an object property to Nothing releases the object set before. ShowOptions keeps the
+/// object alive until it returns, whatever the host releases meanwhile.
 class OptionsObject final : public AutomationObject<OptionsObject, _Options>,
                             public IConnectionPointContainer {
  public:

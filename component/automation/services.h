@@ -6,11 +6,11 @@
 
 namespace tillora::automation {
 
-/// What an Options object works with, kept alive by it.
+/// What an Options object works with; it owns them.
 class Services {
  public:
   virtual ~Services() = default;
-  /// With the user's regional settings of this moment.
+  /// With the user's current regional settings.
   virtual Platform platform() = 0;
 };
 

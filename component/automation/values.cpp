@@ -10,7 +10,7 @@ using win32::Variant;
 
 namespace {
 
-/// A text that does not say a value of this type.
+/// Whether it is a text that does not represent a value of this type.
 bool isTextWithout(VARTYPE type, const Variant& value) {
   if (value.type() != VT_BSTR) return false;
   Variant said;
@@ -30,7 +30,7 @@ Value toOptionValue(const DispatchObject& object, const Variant& value, OptionTy
 Value toFieldValue(const DispatchObject& object, const Variant& value, FieldType type,
                    const char16_t* member) {
   if (value.isEmptyOrNull()) return {};
-  if (value.type() == VT_DISPATCH) {  // it has a default value, or is a type mismatch
+  if (value.type() == VT_DISPATCH) {  // either it has a default value, or it is a type mismatch
     return toFieldValue(object, object.converted(value, VT_BSTR, member), type, member);
   }
   switch (type) {

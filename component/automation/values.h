@@ -10,9 +10,9 @@ namespace tillora::automation {
 Value toOptionValue(const DispatchObject& object, const win32::Variant& value, OptionType type,
                     const char16_t* member);
 
-/// A table's field in the field's own type. None are Empty, Null, and where a whole number or a
-/// Boolean is wanted, a text that says none and a number with a fraction. Errors as those of
-/// DispatchObject::converted().
+/// A table's field in the field's own type. None for Empty and Null. Where a whole number or a
+/// Boolean is wanted, also none for any other text and for a number with a fraction. Errors as
+/// those of DispatchObject::converted().
 Value toFieldValue(const DispatchObject& object, const win32::Variant& value, FieldType type,
                    const char16_t* member);
 

@@ -6,7 +6,7 @@ namespace tillora {
 
 namespace {
 
-/// A value on its way; its text is overwritten when it has arrived.
+/// A value in transit; its text is overwritten afterwards.
 struct SecretValue {
   explicit SecretValue(const SecretText& secret) : value(secret.text()) {}
   SecretValue(const SecretValue&) = delete;

@@ -11,35 +11,35 @@
 #include "component/contract/option_table.h"
 
 /// The host program's objects, as the component uses them. Every operation can fail with an Error,
-/// which nothing below ShowOptions catches but where its caller says so.
+/// which nothing below ShowOptions catches unless its caller says so.
 namespace tillora {
 
-/// The record of stored options. Obtained afresh for each load and each save; a save's writes
-/// become lasting with commit() and are undone when the record is released without it.
+/// The record of stored options. A new one is obtained for each load and each save; a save's writes
+/// become permanent with commit() and are undone if the record is released without it.
 class OptionsRecord {
  public:
   virtual ~OptionsRecord() = default;
 
-  /// The stored value converted to the option's type; none where nothing is stored.
+  /// The stored value converted to the option's type; none if nothing is stored.
   virtual Value read(OptionId option) = 0;
   virtual void write(OptionId option, const Value& value) = 0;
-  /// Makes all that was written since the record was obtained lasting, table rows and settings
-  /// included.
+  /// Makes everything permanent that was written since the record was obtained, including table
+  /// rows and settings.
   virtual void commit() = 0;
 
-  /// The stored value; none where nothing is stored (a stored empty text is a value).
+  /// The stored value; none if nothing is stored (a stored empty text is a value).
   template <OptionType type>
   std::optional<typename Option<type>::Type> get(const Option<type>& option) {
     Value value = read(option.id);
     if (std::holds_alternative<std::monostate>(value)) return std::nullopt;
     return std::get<typename Option<type>::Type>(std::move(value));
   }
-  /// The stored value, or the option's default where nothing is stored.
+  /// The stored value, or the option's default if nothing is stored.
   template <OptionType type>
   typename Option<type>::Type getOrDefault(const Option<type>& option) {
     return get(option).value_or(option.defaultValue);
   }
-  /// The stored value, or the type's zero (0, empty text, False) where nothing is stored.
+  /// The stored value, or the type's zero (0, empty text, False) if nothing is stored.
   template <OptionType type>
   typename Option<type>::Type getOrZero(const Option<type>& option) {
     return get(option).value_or(typename Option<type>::Type{});
@@ -51,8 +51,8 @@ class OptionsRecord {
   void set(const Option<type>& option, typename Option<type>::Type value) {
     write(option.id, Value(std::move(value)));
   }
-  /// The same, and tells whether the value differs from the one stored before: how a save finds out
-  /// whether to set a change bit.
+  /// The same, and returns whether the value differs from the one stored before; a save uses this
+  /// to set its change bits.
   template <OptionType type>
   bool replace(const Option<type>& option, typename Option<type>::Type value) {
     const bool differs = getOrZero(option) != value;
@@ -91,15 +91,15 @@ class Table {
   virtual void addNew() = 0;
   virtual void edit() = 0;
   virtual void update() = 0;
-  /// Deletes the current row. moveNext() leads on.
+  /// Deletes the current row. moveNext() goes on to the next one.
   virtual void remove() = 0;
 
-  /// A field of the current row: a Text, std::int32_t or bool, as its type says. None where it
+  /// A field of the current row: a Text, std::int32_t or bool, as its type says. None if it
   /// holds no value, or one that cannot be converted.
   virtual Value get(Field field) = 0;
   virtual void set(Field field, const Value& value) = 0;
 
-  /// The same; empty, 0 or False where there is none.
+  /// The same; empty, 0 or False for none.
   Text text(Field field);
   std::int32_t integer(Field field);
   bool boolean(Field field);
@@ -138,7 +138,7 @@ namespace currency {                   ///< currencies
 inline constexpr Field Name{u"Name"};  ///< the key
 }  // namespace currency
 namespace terminal {  ///< shop terminals
-/// 0 is un-processed transactions
+/// 0 means un-processed transactions
 inline constexpr Field ReportingBits{u"ReportingBits", FieldType::Long};
 }  // namespace terminal
 }  // namespace fields
@@ -217,15 +217,15 @@ class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
 
-  /// Decimal places of the currency, 0 to 4; none where the host does not say.
+  /// Decimal places of the currency, 0 to 4; none if the host does not say.
   virtual std::optional<std::int16_t> decimalPlaces() = 0;
   /// Number format of currency amounts, e.g. "$#,##0.00".
   virtual Text currencyFormat() = 0;
-  /// Decimal separator of the regional settings; empty where the host does not say.
+  /// Decimal separator of the regional settings; empty if the host does not say.
   virtual Text decimalSeparator() = 0;
-  /// Pharmacy dispensing is used; False for a host that does not know the member.
+  /// Pharmacy dispensing is used; False if the host does not know the member.
   virtual bool dispensingAvailable() = 0;
-  /// A named setting (report captions); none where it does not exist.
+  /// A named setting (report captions); none if it does not exist.
   virtual std::optional<Text> setting(TextView name) = 0;
   virtual void setSetting(TextView name, TextView value) = 0;
 };
@@ -237,7 +237,7 @@ class ResourceStrings {
   virtual Text string(std::int32_t number) = 0;
 };
 
-/// Tells the other programs of the system.
+/// Notifies the other programs of the system.
 class MessageSender {
  public:
   virtual ~MessageSender() = default;
@@ -284,7 +284,7 @@ struct HostObjects {
   std::shared_ptr<SettingsStore> settings;
 };
 
-/// The object, or the Error "object variable not set" (91) naming `property` where it is null.
+/// The object; if it is null, the Error "object variable not set" (91) that names `property`.
 template <class T>
 T& requireObject(const std::shared_ptr<T>& object, TextView property) {
   if (!object) {

@@ -22,7 +22,7 @@ constexpr bool areSingleDistinctBits() {
 }
 static_assert(areSingleDistinctBits(), "each change is one bit of its own");
 
-/// What one save changes: the groups whose stored values differ, and apart from them the accounting
+/// What one save changes: the groups whose stored values differ and, separately, the accounting
 /// package's data file.
 class OptionChanges {
  public:

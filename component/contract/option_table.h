@@ -20,7 +20,7 @@ enum class OptionId : std::uint8_t {
 #undef TILLORA_OPTION
 };
 
-/// One stored option as the outside names it.
+/// One stored option, as hosts name it.
 struct OptionInfo {
   OptionId option;
   std::int32_t dispatchId;

@@ -35,8 +35,7 @@ class OptionsDialog {
   virtual ui::Frame& page(TabPage page) = 0;
   /// The host's objects, as they were handed over.
   virtual const HostObjects& host() const = 0;
-  // Those that are used most. Error `object variable not set` (91) for one that was not handed
-  // over.
+  // The most used ones. Error `object variable not set` (91) for one that was not handed over.
   JetDatabase& database() const { return requireObject(host().database, u"DBJetObject"); }
   SettingsStore& settings() const { return requireObject(host().settings, u"SettingsObject"); }
   App& app() const { return requireObject(host().app, u"AppObject"); }
@@ -48,14 +47,14 @@ class OptionsDialog {
   virtual const Platform& platform() const = 0;
   /// Extension of the accounting package's data files, with or without its dot.
   virtual const Text& dataFileExtension() const = 0;
-  /// How many normal files match a path with wildcards; 0 where they cannot be listed. Error
+  /// How many normal files match a path with wildcards; 0 if they cannot be listed. Error
   /// `overflow` (6) for more than 32767.
   virtual std::int16_t GetNumberOfFiles(TextView pattern) const = 0;
 
-  /// There is something to apply. Every edit of a control on a page says so by itself; this is for
-  /// changes that no control holds, such as a new row of a list. Nothing while values are loaded.
+  /// Enables Apply. Every edit of a control on a page does so by itself; this is for changes that
+  /// are not in a control, such as a new row of a list. Does nothing while values are loaded.
   virtual void markChanged() = 0;
-  /// The tab strip has this tab; that of pharmacy dispensing may be missing.
+  /// The tab strip has this tab; the one for pharmacy dispensing may be missing.
   virtual bool hasTab(TabPage page) const = 0;
   virtual void selectTab(TabPage page) = 0;
   /// False while Enter belongs to a box with several lines.
@@ -65,7 +64,7 @@ class OptionsDialog {
   ~OptionsDialog() = default;
 };
 
-/// One part of the dialog: makes its controls on its page when it is made, and keeps its edit
+/// One part of the dialog: makes its controls on its page at construction, and keeps its edit
 /// rules. Its `load` shows the stored values; edits made meanwhile leave Apply as it is. Its `save`
 /// writes them back, and enters the groups of options whose values differ.
 class OptionsTab {

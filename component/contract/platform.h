@@ -18,7 +18,7 @@ class Clock {
   virtual DateTime now() = 0;
 };
 
-/// Makes the message boxes: the host's own where its class is registered, else the platform's.
+/// Makes the message boxes: the host's own if its class is registered, else the platform's.
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
@@ -29,7 +29,7 @@ class MessageBoxes {
 class Help {
  public:
   virtual ~Help() = default;
-  /// Shows the topic with this number where the file exists; else nothing.
+  /// Shows the topic with this number if the file exists.
   virtual void show(TextView file, int context) = 0;
 };
 
@@ -39,7 +39,7 @@ struct FileRequest {
   /// What the files are called, and their names' pattern ("*.url").
   TextView filter;
   TextView pattern;
-  /// A shortcut is what is wanted, not the file that it leads to.
+  /// Returns a chosen shortcut itself, not the file that it leads to.
   bool keepsShortcuts = false;
 };
 
@@ -47,7 +47,7 @@ struct FileRequest {
 class FileDialogs {
  public:
   virtual ~FileDialogs() = default;
-  /// The existing file that was chosen; none where the user cancelled.
+  /// The existing file that was chosen; none if the user cancelled.
   virtual std::optional<Text> open(const FileRequest& request) = 0;
 };
 
@@ -55,7 +55,7 @@ class FileDialogs {
 class FileListing {
  public:
   virtual ~FileListing() = default;
-  /// Goes on to the next file; False when there is none left.
+  /// Goes on to the next file; False after the last one.
   virtual bool next() = 0;
 };
 
@@ -63,10 +63,10 @@ class FileListing {
 class Files {
  public:
   virtual ~Files() = default;
-  /// The normal files that match a path with wildcards in its last part. The listing cannot be
-  /// started (the folder does not exist, say): null.
+  /// The normal files that match a path with wildcards in its last part. Null if the listing cannot
+  /// be started (the folder does not exist, for example).
   virtual std::unique_ptr<FileListing> list(TextView pattern) = 0;
-  /// The value of a key of an initialisation file; empty where there is none.
+  /// The value of a key of an initialisation file; empty if there is none.
   virtual Text profileValue(TextView file, TextView section, TextView key) = 0;
 };
 
@@ -84,12 +84,12 @@ class Registry {
  public:
   virtual ~Registry() = default;
   enum class Access : std::uint8_t { read, write };
-  /// Fails with an Error where the key does not exist or may not be opened for this. One opened for
-  /// writing can be read, too.
+  /// Fails with an Error if the key does not exist or may not be opened for this. A key opened for
+  /// writing can also be read.
   virtual std::unique_ptr<RegistryKey> open(TextView key, Access access) = 0;
 };
 
-/// What the component needs of the machine. Chosen once, by whoever makes the Options object: the
+/// What the component needs of the machine. Chosen once, by the creator of the Options object: the
 /// real services in the automation server, scripted ones in tests.
 struct Platform {
   ui::Screen& screen;

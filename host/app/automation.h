@@ -14,7 +14,7 @@ using win32::Bstr;
 using win32::ComPtr;
 using win32::Variant;
 
-/// Keeps the automation libraries of the thread running.
+/// Keeps COM initialised for the thread.
 class ComApartment {
  public:
   ComApartment();
@@ -23,15 +23,15 @@ class ComApartment {
   ~ComApartment();
 };
 
-/// Raises the Error behind a failed result of an early-bound call; `action` is said where the
-/// object says nothing itself.
+/// Raises the Error behind a failed result of an early-bound call; `action` is its text if the
+/// object gives none.
 void check(HRESULT result, const char16_t* action);
 
-/// A new object of a registered class. An Error that says how to register it where it is not.
+/// A new object of a registered class. The Error for an unregistered one says how to register it.
 ComPtr<IDispatch> createObject(const char16_t* programId);
 
-/// Late-bound access to an object's members by name, as a script has it. Failures are Errors with
-/// the object's own number, source and description.
+/// Late-bound access to an object's members by name, as in a script. Failures are Errors with the
+/// object's own number, source and description.
 class Late {
  public:
   explicit Late(ComPtr<IDispatch> object) : object_(std::move(object)) {}

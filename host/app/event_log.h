@@ -13,7 +13,7 @@ namespace tillora::host::app {
 /// What happened, with the time: shown in the main window and appended to a file.
 class EventLog {
  public:
-  /// Appends to this file from now on (UTF-8). An Error where it cannot be written.
+  /// Appends to this file from now on (UTF-8). Throws an Error if it cannot be written.
   void appendTo(const Text& path);
   /// Called with the time and the text of each line.
   void onLine(std::function<void(const Text& time, const Text& line)> show);
@@ -26,7 +26,7 @@ class EventLog {
   std::function<void(const Text& time, const Text& line)> show_;
 };
 
-/// "0x80020005" and the like.
+/// "0x80020005", for example.
 Text hexadecimal(std::uint32_t number);
 
 }  // namespace tillora::host::app

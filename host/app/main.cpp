@@ -37,7 +37,7 @@ std::vector<Text> programArguments() {
   return arguments;
 }
 
-/// shop.db in the user's local application data; the folder is made where it is missing.
+/// shop.db in the user's local application data; the folder is made if it is missing.
 Text defaultDatabase() {
   wchar_t folder[MAX_PATH];
   check(SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, folder),
@@ -48,7 +48,7 @@ Text defaultDatabase() {
   return (tillora / L"shop.db").u16string();
 }
 
-/// To the file, or to where the program's output goes.
+/// Prints to the file, or to the program's standard output.
 void print(const Text& text, const std::optional<Text>& path) {
   const std::string bytes = toUtf8(text);
   HANDLE out = GetStdHandle(STD_OUTPUT_HANDLE);
@@ -68,7 +68,7 @@ void print(const Text& text, const std::optional<Text>& path) {
   }
 }
 
-/// Runs an action; what it raises is logged and, with a window, shown. True when nothing was
+/// Runs an action. Whatever it raises is logged and, with a window, shown. True if nothing was
 /// raised.
 template <class Action>
 bool attempt(EventLog& log, MainWindow* window, Action&& action) {
@@ -86,7 +86,7 @@ bool attempt(EventLog& log, MainWindow* window, Action&& action) {
   return false;
 }
 
-/// The commands that end by themselves: nothing is shown.
+/// Runs the commands that show no window.
 int runCommands(const CommandLine& line, const Text& database, EventLog& log) {
   const bool done = attempt(log, nullptr, [&] {
     OptionsSession session(log);
@@ -122,7 +122,7 @@ int runWindow(const CommandLine& line, const Text& database, EventLog& log, HINS
   window.setDatabase(database);
   window.show(show);
 
-  // A program that ends by itself must not wait for somebody to close a message.
+  // A program that ends by itself must not wait for someone to close a message.
   shown = line.opensDialog() ? nullptr : &window;
   const bool opened = attempt(log, shown, [&] {
     session.emplace(log, [&refresh] { refresh(true); });

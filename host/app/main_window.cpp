@@ -94,7 +94,7 @@ void MainWindow::takeFont() {
     font->applyTo(control);
   }
   options_.setFont(font->handle());
-  font_ = std::move(font);  // the former goes when nothing uses it any more
+  font_ = std::move(font);  // the former one goes when nothing uses it any more
 }
 
 int MainWindow::lineHeight() const {
@@ -236,7 +236,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wideParameter, LPARAM other) {
       }
       return 0;
     case WM_SYSCOLORCHANGE:
-      // Lists learn of it from their parent only.
+      // Lists are notified only by their parent.
       SendMessageW(options_.window(), message, wideParameter, other);
       SendMessageW(events_.window(), message, wideParameter, other);
       return 0;
@@ -277,8 +277,8 @@ LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM widePar
   try {
     return self->handle(message, wideParameter, other);
   } catch (...) {
-    // The system must see no exception. Commands report their failures themselves; what is left is
-    // memory that runs out while something is shown.
+    // No exception may reach the system. Commands report their failures themselves; what remains is
+    // running out of memory while something is shown.
     MessageBeep(MB_ICONERROR);
     return 0;
   }

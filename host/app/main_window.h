@@ -18,7 +18,7 @@ namespace tillora::host::app {
 /// and a list of what happened.
 class MainWindow {
  public:
-  /// What menu, button and lists lead to. None of them may raise.
+  /// What menu, button and lists run. None of these may throw.
   struct Commands {
     std::function<void(std::int16_t tab)> options;  ///< 0 for any tab
     std::function<void()> firstUse;

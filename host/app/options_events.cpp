@@ -41,7 +41,7 @@ class Sink final : public IDispatch {
                                    VARIANT*, EXCEPINFO*, UINT*) override {
     if (event != DISPID_OPTIONSCHANGED) return DISP_E_MEMBERNOTFOUND;
     if (parameters == nullptr || parameters->cArgs != 1) return DISP_E_BADPARAMCOUNT;
-    // The mask comes by reference; a host may change it, nobody reads it afterwards.
+    // The mask comes by reference; a host may change it, but it is not read afterwards.
     const VARIANT& mask = parameters->rgvarg[0];
     if (mask.vt != (VT_I4 | VT_BYREF)) return DISP_E_TYPEMISMATCH;
     try {

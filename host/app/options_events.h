@@ -12,7 +12,7 @@
 
 namespace tillora::host::app {
 
-/// Hears OptionsChanged of one Options object, from its making until it is destroyed.
+/// Listens to OptionsChanged of one Options object during its lifetime.
 class OptionsEvents {
  public:
   /// The handler gets the mask of what changed.

@@ -9,7 +9,7 @@ namespace tillora::host::app {
 
 namespace {
 
-/// A password's text is not looked at: that it has one is enough.
+/// A password's text is not read: it is enough to know that there is one.
 Value shownPartOf(const OptionInfo& option, const Variant& value) {
   const VARIANT& held = value.get();
   if (held.vt == VT_BSTR && isPassword(option)) {
@@ -57,7 +57,7 @@ void OptionsSession::showOptions(std::int16_t tab, bool firstUse) {
   VARIANT_BOOL shown = VARIANT_FALSE;
   check(options->ShowOptions(&shown), u"ShowOptions");
 
-  // 4. Ask what an event does not tell.
+  // Read what the event does not report.
   VARIANT_BOOL changedDataFile = VARIANT_FALSE;
   check(options->get_ChangedDataFile(&changedDataFile), u"ChangedDataFile");
   log_.write(changedDataFile != VARIANT_FALSE ? u"Options closed; ChangedDataFile is True"

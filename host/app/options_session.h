@@ -17,8 +17,8 @@ class OptionsSession {
   /// `saved` is called after each save of the options dialog, while that is still open.
   explicit OptionsSession(EventLog& log, std::function<void()> saved = nullptr);
 
-  /// Opens the shop's database; makes it where there is none, with `items` made-up items where that
-  /// is above 0, or without any stored option and row where it is to be used for the first time.
+  /// Opens the shop's database and makes it if there is none: with `items` made-up items if that is
+  /// above 0, or without any stored option and row for a first use.
   void openShop(const Text& database, std::int32_t items, bool firstUse);
 
   /// Shows the options dialog on a tab (from 1; 0 for the dialog's own choice) and returns when it
@@ -27,7 +27,7 @@ class OptionsSession {
 
   /// Stores one option, as any program of the shop does.
   void setOption(const Text& name, const Text& value);
-  /// All that the shop stores, as text.
+  /// Everything that the shop stores, as text.
   Text dump();
   /// What is stored for each option, in the order of the option table, as text for people
   /// (shownValue()).

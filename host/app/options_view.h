@@ -10,8 +10,8 @@
 
 namespace tillora::host::app {
 
-/// The list of stored options: tab, name, value, and of what the last save changed the value
-/// before. Rows that the last save changed are bold, on the colour of a tool tip.
+/// The list of stored options: tab, name, value and, for options that the last save changed, the
+/// former value. Their rows are bold, on the colour of a tool tip.
 class OptionsView {
  public:
   OptionsView() = default;

@@ -37,7 +37,7 @@ void ReportList::setBounds(const RECT& bounds) {
              bounds.bottom - bounds.top, TRUE);
   RECT client;
   GetClientRect(window_, &client);
-  // A list that has no scroll bar yet gets one when it grows.
+  // A list without a scroll bar gets one when it grows.
   int rest = client.right;
   if ((GetWindowLongPtrW(window_, GWL_STYLE) & WS_VSCROLL) == 0) {
     rest -= GetSystemMetrics(SM_CXVSCROLL);
@@ -54,7 +54,7 @@ int ReportList::addRow(std::initializer_list<TextView> texts) {
   const int index = ListView_InsertItem(window_, &row);
   int column = 0;
   for (const TextView text : texts) setText(index, column++, Text(text));
-  // Else keyboard users would not see that the list has the focus.
+  // Otherwise keyboard users would not see that the list has the focus.
   if (index == 0) ListView_SetItemState(window_, 0, LVIS_FOCUSED, LVIS_FOCUSED);
   return index;
 }

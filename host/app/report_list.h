@@ -16,7 +16,7 @@ class ReportList {
  public:
   struct Column {
     const char16_t* caption;
-    int width;  ///< pixels at 96 DPI; of the last one the least
+    int width;  ///< pixels at 96 DPI; the minimum for the last one
   };
 
   /// Makes the window. `id` is its control id.

@@ -12,7 +12,7 @@ using win32::Bstr;
 
 namespace {
 
-/// Fills the caller's exception information, where it wants any.
+/// Fills the caller's exception information, if it wants any.
 HRESULT report(EXCEPINFO* exception, const Error& error) {
   if (exception == nullptr) return error.number() < 0 ? error.number() : E_FAIL;
   Bstr source(error.source());

@@ -22,7 +22,7 @@ using win32::Variant;
 
 /// An automation object of this host: IDispatch by hand, without a type library, which is all that
 /// the component asks for. Created with one reference, on the heap, in a single-threaded apartment.
-/// No exception leaves: an Error becomes the call's exception information.
+/// No exception escapes: an Error becomes the call's exception information.
 class HostObject : public IDispatch {
  public:
   HostObject(const HostObject&) = delete;
@@ -44,7 +44,7 @@ class HostObject : public IDispatch {
   explicit HostObject(const IID& interfaceId) : interfaceId_(interfaceId) {}
   virtual ~HostObject() = default;
 
-  /// The id of a member by its name in any case; DISPID_UNKNOWN where there is none.
+  /// The id of a member by its name in any case; DISPID_UNKNOWN for none.
   virtual DISPID findMember(TextView name) const = 0;
   /// Gets a property or calls a method.
   virtual Variant get(DISPID member, const Arguments& arguments) = 0;
@@ -57,7 +57,7 @@ class HostObject : public IDispatch {
   win32::ModuleLock lock_;
 };
 
-/// A member of an object: what reads or calls it, and what sets it (null where that is refused).
+/// A member of an object: what reads or calls it, and what sets it (null if it cannot be set).
 template <class Self>
 struct Member {
   DISPID id;

@@ -20,7 +20,7 @@ Text decimalSeparator(SettingsStore& settings) {
   return length > 0 ? win32::fromWide(own) : Text();
 }
 
-/// A host that does not say how many places its currency has gives two.
+/// Two if the shop does not say how many places its currency has.
 std::int16_t decimalPlaces(SettingsStore& settings) {
   return settings.decimalPlaces().value_or(std::int16_t{2});
 }

@@ -17,7 +17,7 @@ class ShopTableObject final : public TableObject<ShopTableObject> {
   std::unique_ptr<Table> table_;
 };
 
-/// An item of the catalogue, as it was when the walk stood on it.
+/// An item of the catalogue, as it was when the walk reached it.
 class ItemObject final : public TableObject<ItemObject> {
  public:
   explicit ItemObject(Item item);
@@ -27,7 +27,7 @@ class ItemObject final : public TableObject<ItemObject> {
   Item item_;
 };
 
-/// A payment item, as it was when the walk stood on it.
+/// A payment item, as it was when the walk reached it.
 class PaymentItemObject final : public TableObject<PaymentItemObject> {
  public:
   explicit PaymentItemObject(PaymentItem item);

@@ -1,4 +1,4 @@
-// The Tillora Terminal: shows that a program of the system hears of saved options.
+// The Tillora Terminal: shows that a program of the system is notified of saved options.
 #include <windows.h>
 
 #include <shellapi.h>

@@ -29,7 +29,7 @@ TerminalWindow::TerminalWindow(HINSTANCE program, const Settings& settings)
   if (settings.log) {
     log_.open(std::filesystem::path(*settings.log), std::ios::app | std::ios::binary);
   }
-  // Programs that register the same name get the same number, which nobody else uses.
+  // Programs that register the same name get the same number, which no other message uses.
   optionsSavedMessage_ = RegisterWindowMessageW(OptionsSavedMessage::kName);
 
   WNDCLASSW description{};
@@ -112,7 +112,7 @@ LRESULT CALLBACK TerminalWindow::procedure(HWND window, UINT message, WPARAM wid
   }
   try {
     return self->handle(message, wide, other);
-  } catch (...) {  // memory that runs out; the system must see no exception
+  } catch (...) {  // out of memory; no exception may reach the system
     return 0;
   }
 }

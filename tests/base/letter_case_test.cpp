@@ -48,7 +48,7 @@ TEST(LetterCase, LeavesEverythingElseAlone) {
   EXPECT_EQ(lowerCase(u'\0'), u'\0');
 }
 
-TEST(LetterCase, WhatIsLoweredIsLow) {
+TEST(LetterCase, LowerCaseStaysAsItIs) {
   int capitals = 0;
   for (int c = 0; c <= 0xFFFF; ++c) {
     const char16_t low = lowerCase(static_cast<char16_t>(c));
@@ -78,7 +78,7 @@ TEST(LetterCase, SmallFormsOfOneCapitalAreTheSameLetter) {
   EXPECT_FALSE(sameLetters(u"\u00DF", u"ss"));
 }
 
-TEST(LetterCase, TextsOfTheSameLettersAreThoseWhoseLowerCaseIs) {
+TEST(LetterCase, ALetterEqualsItselfAndItsLowerCase) {
   for (int c = 0; c <= 0xFFFF; ++c) {
     const Text letter(1, static_cast<char16_t>(c));
     EXPECT_TRUE(sameLetters(letter, lowerCase(letter))) << c;

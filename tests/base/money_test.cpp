@@ -49,7 +49,7 @@ TEST(ToMoney, ReadsTheWholeRangeExactly) {
   EXPECT_EQ(amount(u"0e999"), 0);
 }
 
-TEST(ToMoney, RefusesWhatIsNoAmount) {
+TEST(ToMoney, RefusesAnyOtherText) {
   for (const Text text : {u"", u"abc", u"1.2.3", u"&H10", u"5%", u"922337203685477.5808",
                           u"922337203685477.58075", u"1e15", u"1e99999999999999999999"}) {
     EXPECT_EQ(toMoney(text, kAustralia), std::nullopt) << toUtf8(text);

@@ -47,7 +47,7 @@ TEST(FormatNumber, WritesTheSignBeforeTheWholeText) {
   EXPECT_EQ(format(-5, u"kr\\. 0"), u"-kr. 5");
 }
 
-TEST(FormatNumber, WritesNoSignOfWhatIsNotShown) {
+TEST(FormatNumber, WritesNoSignWhenNoDigitButZeroIsShown) {
   EXPECT_EQ(format(-0.001, u"0.00"), u"0.00");
   EXPECT_EQ(format(-0.4, u"#"), u"");
   EXPECT_EQ(format(-0.0, u"0.0"), u"0.0");
@@ -129,7 +129,7 @@ TEST(FormatNumber, ChoosesTheSectionOfTheSign) {
   EXPECT_EQ(format(-5, u"0;\";\"0"), u";5");
 }
 
-TEST(FormatNumber, ASectionThatIsMissingOrEmptyIsTheFirst) {
+TEST(FormatNumber, AMissingOrEmptySectionIsReplacedByTheFirst) {
   EXPECT_EQ(format(0, u"0.0;(0)"), u"0.0");
   EXPECT_EQ(format(0, u"0.0;(0);"), u"0.0");
   EXPECT_EQ(format(-5, u"0.0;"), u"-5.0");
@@ -145,7 +145,7 @@ TEST(FormatNumber, ASectionOfEmptyQuotesShowsNothing) {
 TEST(FormatNumber, TheSectionOfZeroHasDecimalsOfItsOwn) {
   EXPECT_EQ(format(0, u"0;0.0;0.00"), u"0.00");
   EXPECT_EQ(format(0, u"0.000;0.0;0"), u"0");
-  // The sign of the number chooses, not what is left of it.
+  // The sign of the number chooses the section, even if the number rounds to zero.
   EXPECT_EQ(format(0.25, u"0;(0.0);0.00"), u"0");
   EXPECT_EQ(format(-0.25, u"0;(0);nil"), u"(0)");
 }
@@ -160,7 +160,7 @@ TEST(FormatNumber, NamesStandForFormats) {
   EXPECT_EQ(formatNumber(1234.5, u"Currency", kGermany), u"\u20ac1.234,50");
 }
 
-TEST(FormatNumber, NamesAreReadInAnyLetterCaseAndAsAWhole) {
+TEST(FormatNumber, NamesAreCaseInsensitiveAndMatchedAsAWhole) {
   EXPECT_EQ(format(5, u"FIXED"), u"5.00");
   EXPECT_EQ(format(5, u"general number"), u"5");
   EXPECT_EQ(format(5, u"cURRENCY"), u"$5.00");
@@ -178,7 +178,7 @@ TEST(FormatNumber, CurrencyHasAFormatAndSeparatorsOfItsOwn) {
   EXPECT_EQ(formatNumber(1234.5, u"Standard", geneva), u"1\u00a0234,50");
 }
 
-TEST(FormatNumber, GeneralNumberShowsTheDigitsThatThereAre) {
+TEST(FormatNumber, GeneralNumberShowsAllDigits) {
   const std::vector<std::pair<double, Text>> numbers = {{0, u"0"},
                                                         {5, u"5"},
                                                         {-5, u"-5"},
@@ -202,13 +202,13 @@ TEST(FormatNumber, GeneralNumberShowsTheDigitsThatThereAre) {
   EXPECT_EQ(formatNumber(1234.5, u"General Number", kGermany), u"1234,5");
 }
 
-TEST(FormatNumber, AnEmptyOrMissingSectionIsTheFirstOne) {
+TEST(FormatNumber, AnEmptyOrMissingSectionFormatsLikeTheFirst) {
   EXPECT_EQ(format(0, u"0.0;(0)"), u"0.0");
   EXPECT_EQ(format(0, u"0.0;(0);"), u"0.0");
   EXPECT_EQ(format(-5, u"0.0;"), u"-5.0");
 }
 
-TEST(FormatNumber, LiteralsMayHoldWhatHasAMeaningElsewhere) {
+TEST(FormatNumber, LiteralsMayHoldFormatCharacters) {
   EXPECT_EQ(format(5, uR"(0\;0)"), u"0;5");
   EXPECT_EQ(format(5, uR"(\00)"), u"05");
   EXPECT_EQ(format(1234.5, uR"(0\.0.0)"), u"123.4.5");

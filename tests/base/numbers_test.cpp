@@ -54,7 +54,7 @@ TEST(ToNumber, NoBreakSpacesAndOtherBlanksOfUnicodeAreBlanks) {
   }
 }
 
-TEST(ToNumber, ABlankSeparatesThousandsWhereANoBreakSpaceDoes) {
+TEST(ToNumber, ABlankSeparatesThousandsIfANoBreakSpaceDoes) {
   const NumberLocale france{u",", u"\u00a0", u"\u20ac"};
   EXPECT_EQ(toNumber(u"1\u00a0234\u00a0567,5 \u20ac", france), 1234567.5);
   EXPECT_EQ(toNumber(u"1 234 567,5", france), 1234567.5);
@@ -85,7 +85,7 @@ TEST(ToNumber, RefusesAnyOtherText) {
   }
 }
 
-TEST(ToNumber, AnAmountOfCurrencyHasNoExponent) {
+TEST(ToNumber, ACurrencyAmountHasNoExponent) {
   EXPECT_EQ(toNumber(u"$1e3", kAustralia), std::nullopt);
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr TextView kShort = u"short";
 constexpr TextView kLong = u"longer than fits into the text itself";
 
-// What memory that a text holds beyond its end still says.
+// Whether nothing is left in the memory of a text, even beyond its end.
 bool isWiped(const Text& text) {
   return std::all_of(text.data(), text.data() + text.capacity(), [](char16_t c) { return c == 0; });
 }
@@ -72,7 +72,7 @@ TEST(SecretText, CopiesAreTextsOfTheirOwn) {
   EXPECT_EQ(one.text(), kLong);
 }
 
-TEST(SecretText, ATextIsOverwrittenWhenItEndsOrAnotherTakesItsPlace) {
+TEST(SecretText, ATextIsOverwrittenWhenItEndsOrIsReplaced) {
   alignas(SecretText) std::array<unsigned char, sizeof(SecretText)> place{};
   const auto holds = [&](TextView content) {
     const auto* bytes = reinterpret_cast<const unsigned char*>(content.data());

@@ -63,7 +63,7 @@ TEST(ToWholeNumber, RefusesAnyOtherText) {
   }
 }
 
-TEST(LimitedTo, EndsAtWhatTheTypeHolds) {
+TEST(LimitedTo, StopsAtTheLimitsOfTheType) {
   EXPECT_EQ(limitedTo<std::int16_t>(32767), 32767);
   EXPECT_EQ(limitedTo<std::int16_t>(32768), 32767);
   EXPECT_EQ(limitedTo<std::int16_t>(-32768), -32768);

@@ -31,7 +31,7 @@ class ClientTest : public ::testing::Test {
 
   /// Waits for the client's end; fails unless it ended with this code.
   void finish(DWORD code = 0);
-  /// The client printed this line that many times.
+  /// The client printed this line this many times.
   void expectPrinted(const std::string& line, int times = 1) const;
 
  private:

@@ -79,7 +79,7 @@ TEST_F(ClientsTest, JScriptReadsTheResult) {
   expectPrinted("data file changed: false");
 }
 
-TEST_F(ClientsTest, AScriptHearsOfWrongObjectsAndFailures) {
+TEST_F(ClientsTest, AScriptGetsErrorsForWrongObjectsAndFailures) {
   script(L"tests/scripts/bad_inputs.vbs", shop());
   drive(
       L"wait Options 60 -- key ALT+M CTRL+A -- type \"Corner Shop\" -- key ALT+O "

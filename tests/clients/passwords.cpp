@@ -1,5 +1,5 @@
-// What the reference host says of passwords, and what can be read in the windows while one is set:
-// that there is one, nowhere which.
+// What the reference host says about passwords, and what can be read in the windows while one is
+// set: that there is one, but never which.
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -54,7 +54,7 @@ class PasswordsTest : public ClientTest {
   return ::testing::AssertionFailure() << line << " is not in " << ::testing::PrintToString(lines);
 }
 
-TEST_F(PasswordsTest, NoFileAndNoWindowTellsOne) {
+TEST_F(PasswordsTest, NoFileOrWindowRevealsOne) {
   EXPECT_TRUE(hasLine(dumpAfter(L"--set-option AdminSecurityBits 8 "
                                 L"--set-option PasswordAdminOptions wren7stored"),
                       "PasswordAdminOptions = (set)"));

@@ -50,7 +50,7 @@ class ThreadStorageTest : public ::testing::TestWithParam<Library> {
     std::filesystem::remove(copy_, ignored);
   }
 
-  /// Loads the library, lets a method of its class fail, and unloads it.
+  /// Loads the library, makes a method of its class fail, and unloads it.
   void loadFailUnload() {
     const HMODULE module = LoadLibraryW(copy_.c_str());
     ASSERT_NE(module, nullptr);
@@ -87,7 +87,7 @@ class ThreadStorageTest : public ::testing::TestWithParam<Library> {
 };
 
 TEST_P(ThreadStorageTest, LoadingFailingAndUnloadingKeepsNoIndex) {
-  loadFailUnload();  // what the program's own runtime takes at its first need
+  loadFailUnload();  // the program's own runtime takes an index at its first need
   const std::size_t before = freeIndexes();
   constexpr int kRounds = 4;
   for (int round = 0; round < kRounds; ++round) loadFailUnload();

@@ -19,8 +19,8 @@ VARIANT holding(VARTYPE type, Number number) {
   return value;
 }
 
-/// The ends of every type of whole numbers, and their neighbours inside, with their amounts. What
-/// is beyond 64 bits with a sign counts as the largest of those.
+/// The limits of every whole-number type and their neighbours inside, with their amounts. A value
+/// beyond signed 64 bits counts as the largest of those.
 std::vector<std::pair<VARIANT, long long>> wholeNumbers() {
   std::vector<std::pair<VARIANT, long long>> all;
   const auto add = [&]<class Integer>(VARTYPE type, Integer) {
@@ -109,7 +109,7 @@ TEST(ValueConversionTest, ReferencesAreFollowed) {
   }
 }
 
-TEST(ValueConversionTest, AnObjectIsMadeOfAnObjectOnly) {
+TEST(ValueConversionTest, OnlyAnObjectConvertsToAnObject) {
   Variant result;
   for (const Variant& value : {Variant(), Variant(std::int32_t{0}), Variant(u"object")}) {
     EXPECT_EQ(changeType(result, value.get(), VT_DISPATCH), DISP_E_TYPEMISMATCH) << value.type();
@@ -118,7 +118,7 @@ TEST(ValueConversionTest, AnObjectIsMadeOfAnObjectOnly) {
   EXPECT_EQ(result.get().pdispVal, nullptr);
 }
 
-TEST(ValueConversionTest, WhatHasNoConversionIsATypeMismatch) {
+TEST(ValueConversionTest, AMissingConversionIsATypeMismatch) {
   Variant result;
   constexpr VARTYPE kTypes[] = {VT_NULL,   VT_ERROR,  VT_VARIANT, VT_ARRAY | VT_I4,
                                 VT_RECORD, VT_LPWSTR, VT_CLSID,   0x0FFF};

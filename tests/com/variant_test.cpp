@@ -22,7 +22,7 @@ TEST(VariantTest, EveryValueComesBackAsItWas) {
   }
 }
 
-TEST(VariantTest, AVariantOfAnotherTypeIsNoValue) {
+TEST(VariantTest, AVariantOfAnotherTypeHoldsNoValue) {
   EXPECT_EQ(toValue(Variant(1.5).get()), Value());
   EXPECT_EQ(toValue(Variant(DateTime{45000}).get()), Value());
   EXPECT_EQ(toValue(Variant(static_cast<IDispatch*>(nullptr)).get()), Value());

@@ -1,12 +1,11 @@
-// A small program that uses the component as any host does, for tests of what a test program within
-// itself cannot show:
+// A small program that uses the component as any host does, to test what a test program cannot show
+// within itself:
 //
-//   com_client create [mta]   creates the class by its names and its id, calls it, and says from
-//   which
-//                             file it came and whether anything is registered
+//   com_client create [mta]   creates the class by its names and its id, calls it, and says which
+//                             file it came from and whether anything is registered
 //   com_client show DATABASE [mta]
 //                             shows the dialog over the reference host's shop and hears the changes
-//   com_client leave [mta]    ends with objects alive, as a host may that is ended in a hurry
+//   com_client leave [mta]    ends with objects alive, like a host that is ended in a hurry
 //   com_client leave open DATABASE
 //                             ends from another thread while the dialog is being shown
 //   com_client registered     says what is registered for the machine and for the user
@@ -121,7 +120,7 @@ int createAndCall(DWORD apartment) {
   return status;
 }
 
-/// The references that are left are never given back; what the process does about them is the test.
+/// The remaining references are never released; how the process copes with that is the test.
 int leaveAlive(DWORD apartment) {
   CoInitializeEx(nullptr, apartment);
   auto options = create();
@@ -187,7 +186,7 @@ ComPtr<IDispatch> openShop(const wchar_t* database) {
   return shop;
 }
 
-/// The component over the shop's objects; none where something is missing.
+/// The component over the shop's objects; none if something is missing.
 ComPtr<_Options> createOver(const wchar_t* database) {
   const auto shop = openShop(database);
   auto options = create();

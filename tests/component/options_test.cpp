@@ -140,7 +140,7 @@ TEST_F(ShowOptionsTest, WithoutAMessageSenderASaveFailsAfterItsCommit) {
   EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(ShowOptionsTest, WithoutResourceStringsNothingElseNotices) {
+TEST_F(ShowOptionsTest, MissingResourceStringsAffectNothingElse) {
   options_.ResourceObject.reset();
   options_.FirstUse = true;
   edit([&](frmOptions&) { user.type(u"Corner Shop"); });

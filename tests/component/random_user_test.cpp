@@ -1,5 +1,5 @@
-// A person who does anything at all: the dialog never gets into a state that it must not be in, and
-// what is stored is always what a save wrote.
+// A person who does anything at all: the dialog never gets into an invalid state, and whatever is
+// stored was written by a save.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -114,7 +114,7 @@ TEST_F(RandomUser, NeverGetsTheDialogIntoABadState) {
     changes.clear();
     open([&](frmOptions& dialog) {
       for (int i = 0; i < 200 && dialog.isShown() && !HasFatalFailure(); ++i) {
-        // A dialog over this one is looked at and closed.
+        // A dialog over this one is shown and closed.
         if (desk->unusedSteps() == 0) desk->whenShown([](ui::Form&) {});
         act(dialog);
         if (dialog.isShown()) expectSound(dialog);

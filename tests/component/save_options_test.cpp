@@ -203,7 +203,7 @@ TEST_F(SaveOptionsTest, ASaveThatChangesEveryGroupRaisesTheirBitsAndNoOther) {
   EXPECT_EQ(changes, std::vector<std::int32_t>{0xF0F});
 }
 
-TEST_F(SaveOptionsTest, ADialogThatIsClosedInTheMiddleOfASaveLetsItComeToItsEnd) {
+TEST_F(SaveOptionsTest, ADialogThatIsClosedDuringASaveLetsItFinish) {
   for (const std::string middle : {"Title", "OptionsRecord", "put CompanyPhone", "RandomPriceTable",
                                    "put PasswordGlobalOverride", "commit", "send"}) {
     changes.clear();
@@ -249,8 +249,8 @@ class FailingSaveTest : public SaveOptionsTest {
     });
     return options_.ShowOptions();
   }
-  /// The stretch of calls and of table steps in which a first use makes its currencies; their
-  /// failures are caught.
+  /// The range of calls and of table steps in which a first use makes its currencies; failures
+  /// there are ignored.
   struct Quiet {
     int firstCall = -1;
     int endOfCalls = -1;
@@ -276,7 +276,7 @@ class FailingSaveTest : public SaveOptionsTest {
     steps = host.tableSteps;
     return quiet;
   }
-  /// Everything back to where the walk starts.
+  /// Restores everything to where the walk starts.
   void restart(const FakeHost& before) {
     host.stored = before.stored;
     host.randomPrices = before.randomPrices;
@@ -293,7 +293,7 @@ class FailingSaveTest : public SaveOptionsTest {
       EXPECT_EQ(host.stored, stored);
     }
     EXPECT_EQ(desk->screen().pointer(), ui::Pointer::standard);
-    desk->dropSteps();  // where the load failed no dialog was shown
+    desk->dropSteps();  // if the load failed no dialog was shown
   }
   void expectCaught() {
     host.sent.clear();
@@ -315,7 +315,8 @@ class FailingSaveTest : public SaveOptionsTest {
         continue;
       }
       expectRaised(before.stored);
-      EXPECT_EQ(static_cast<int>(host.calls.size()), number + 1) << "the host was called on";
+      EXPECT_EQ(static_cast<int>(host.calls.size()), number + 1)
+          << "the host was called after the failure";
     }
     host.failingNumber = -1;
     for (int number = 0; number < steps && !HasFailure(); ++number) {
@@ -327,7 +328,7 @@ class FailingSaveTest : public SaveOptionsTest {
         continue;
       }
       expectRaised(before.stored);
-      EXPECT_EQ(host.tableSteps, number + 1) << "the table was used on";
+      EXPECT_EQ(host.tableSteps, number + 1) << "the table was used after the failure";
     }
   }
 
@@ -341,7 +342,7 @@ TEST_F(FailingSaveTest, AFailureAtAnyCallOfALoadOrSaveIsRaisedAsItCame) {
   EXPECT_GT(steps, 50);
 }
 
-TEST_F(FailingSaveTest, AFailureAtAnyCallOfAFirstUseIsRaisedButForThoseOfItsCurrencies) {
+TEST_F(FailingSaveTest, AFailureAtAnyCallOfAFirstUseIsRaisedExceptForItsCurrencies) {
   options_.FirstUse = true;
   walk();
   EXPECT_GT(calls, 300);

@@ -53,7 +53,7 @@ class ShopRoundTrip : public OptionsTest {
     options_.SettingsObject = shop->settings();
     options_.ResourceObject = shop->strings();
   }
-  /// Another program on the same shop. Waits for a lock no longer than a test can.
+  /// Another program on the same shop. Waits for a lock only as long as a test can.
   host::Shop openAnother(const host::ShopContents& contents = {}) const {
     return host::Shop::open(file_.u16string(), contents, std::chrono::milliseconds(50));
   }

@@ -7,7 +7,7 @@
 namespace tillora::host {
 namespace {
 
-/// What the refusal of a text says before it repeats the text; empty where there is none.
+/// What the refusal of a text says before it repeats the text; empty if it is not refused.
 template <class Take>
 Text refusal(TextView text, Take take) {
   CriteriaScanner scanner(text);
@@ -39,7 +39,7 @@ TEST(CriteriaScanner, ANameWithoutBracketsIsOfLettersDigitsAndUnderscores) {
   }
 }
 
-TEST(CriteriaScanner, AKeywordIsNoNameButMayBeginOne) {
+TEST(CriteriaScanner, AKeywordIsNotANameButMayBeginOne) {
   EXPECT_EQ(refusalOfName(u" and"),
             u"Syntax error in criteria at character 2: a field name expected");
   EXPECT_EQ(CriteriaScanner(u"Android").name(), u"Android");

@@ -183,7 +183,7 @@ TEST_F(CriteriaTest, RefusesValuesThatTheFieldCannotHold) {
   }
 }
 
-TEST_F(CriteriaTest, NothingOfACriteriaTextBecomesSql) {
+TEST_F(CriteriaTest, NoPartOfACriteriaTextBecomesSql) {
   const TextView attacks[] = {u"x' OR '1'='1",
                               u"'; DROP TABLE accounts; --",
                               u"x\" OR 1=1 --",

@@ -76,7 +76,7 @@ TEST_F(OptionListTest, ShowsStoredValuesOnOneLine) {
   EXPECT_EQ(rowOf(list_, OptionId::TotalCaption).value, u"(not stored)");
 }
 
-TEST_F(OptionListTest, ShowsOfPasswordsOnlyWhetherThereIsOne) {
+TEST_F(OptionListTest, ShowsOnlyWhetherAPasswordIsSet) {
   save(options::PasswordStartAdmin, u"swordfish");
   update(false);
   int passwords = 0;
@@ -90,7 +90,7 @@ TEST_F(OptionListTest, ShowsOfPasswordsOnlyWhetherThereIsOne) {
   EXPECT_EQ(rowOf(list_, OptionId::PasswordTransferData).value, u"(not set)");
 }
 
-TEST_F(OptionListTest, TheFirstValuesAreNoChange) {
+TEST_F(OptionListTest, TheFirstValuesAreNotAChange) {
   update(true);
   EXPECT_EQ(changedNames(list_), std::vector<Text>{});
 }

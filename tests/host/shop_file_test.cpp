@@ -20,7 +20,7 @@ class ShopFileTest : public ShopFixture {
   }
 };
 
-TEST_F(ShopFileTest, WhatIsNoDatabaseIsDamaged) {
+TEST_F(ShopFileTest, AFileThatIsNotADatabaseIsDamaged) {
   std::ofstream(file()) << std::string(5000, 'x');
   const Error error = errorOf([&] { open(); });
   EXPECT_EQ(error.number(), shop_error::damaged);

@@ -41,7 +41,7 @@ class ShopFixture : public testing::Test {
     return open({}, "copy.db");
   }
 
-  /// The Error that the action raises; a test failure when it raises none.
+  /// The Error that the action raises; a test failure if it raises none.
   static Error errorOf(const std::function<void()>& action) {
     try {
       action();

@@ -56,7 +56,7 @@ TEST_F(ShopTableTest, AnEmptyTableIsAtItsEnd) {
   EXPECT_EQ(errorOf([&] { empty->remove(); }).number(), shop_error::noCurrentRow);
 }
 
-TEST_F(ShopTableTest, FindsAndKeepsTheRowWhenThereIsNone) {
+TEST_F(ShopTableTest, FindsARowAndKeepsItWhenNoneMatches) {
   table_->findFirst(u"[URL] = 'b'");
   EXPECT_FALSE(table_->noMatch());
   EXPECT_EQ(std::get<Text>(table_->get(site::Description)), u"site b");
@@ -167,7 +167,7 @@ TEST_F(ShopTableTest, NoticesThatAnotherProgramDeletedTheRow) {
   EXPECT_EQ(std::get<Text>(table_->get(site::URL)), u"c");
 }
 
-TEST_F(ShopTableTest, RowsAddedOutsideASaveStandOnTheirOwn) {
+TEST_F(ShopTableTest, RowsAddedOutsideASaveAreCommittedAtOnce) {
   Shop copy = openAsAfterPowerCut();
   EXPECT_EQ(urls(*copy.database()->webSiteTable()), u"abc");
 }

@@ -88,7 +88,7 @@ TEST_F(StoredOptionsTest, ReportsStoredValuesThatDoNotFit) {
   EXPECT_EQ(errorOf([&] { record()->read(OptionId::CompanyName); }).number(), error::typeMismatch);
 }
 
-TEST_F(StoredOptionsTest, ASaveIsLastingOnlyAfterItsCommit) {
+TEST_F(StoredOptionsTest, ASaveIsPermanentOnlyAfterItsCommit) {
   save(OptionId::CompanyName, Text(u"old"));
   const auto saving = record();
   saving->write(OptionId::CompanyName, Text(u"new"));
@@ -161,7 +161,7 @@ TEST_F(StoredOptionsTest, ASaveThatTheDiskUndidStaysUndone) {
     const Error full =
         errorOf([&] { saving->write(OptionId::CompanyAddress, Text(1000000, u'x')); });
     EXPECT_EQ(full.number(), shop_error::diskFull);
-    // Whether or not the transaction is gone, nothing of it can become lasting in part.
+    // Whether or not the transaction is gone, no part of it can be committed.
     bool committed = true;
     try {
       shop_.settings()->setSetting(u"ReportTitleX", u"late");
@@ -215,7 +215,7 @@ TEST_F(StoredOptionsTest, ASecondProgramsSaveIsRefusedUntilTheFirstEnds) {
   EXPECT_EQ(record()->read(OptionId::CompanyName), Value(Text(u"second")));
 }
 
-TEST_F(StoredOptionsTest, AWalkElsewhereDoesNotStandInTheWayOfASave) {
+TEST_F(StoredOptionsTest, AWalkElsewhereDoesNotBlockASave) {
   Shop other = open();
   const auto items = other.database()->itemList();
   const auto classes = other.database()->classTable();

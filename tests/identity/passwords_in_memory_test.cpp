@@ -11,7 +11,7 @@ namespace {
 
 using ui::Key;
 
-// Of one length for which a text has memory of its own, and of one for which it has not.
+// One is long enough for a text to keep it on the heap, the other is not.
 constexpr TextView kStored = u"zq8wx4kv7jt5yb3n";
 constexpr TextView kTyped = u"Pf6Hd2GmLc9RsVxA";
 constexpr TextView kOther = u"TN0EIU1OYBQKWZ";
@@ -137,7 +137,7 @@ TEST_F(PasswordsInMemoryTest, NothingIsLeftOfAPasswordThatUntickingErases) {
   EXPECT_EQ(host.value(options::PasswordAdminOptions), u"");
 }
 
-TEST_F(PasswordsInMemoryTest, NothingIsLeftWhereTheHostFails) {
+TEST_F(PasswordsInMemoryTest, NothingIsLeftWhenTheHostFails) {
   for (const std::string call :
        {"get PasswordChangePrices", "put PasswordAdminOptions", "commit", "send"}) {
     store(kStored);
@@ -150,7 +150,7 @@ TEST_F(PasswordsInMemoryTest, NothingIsLeftWhereTheHostFails) {
     host.failingCall = call;
     EXPECT_THROW(options_.ShowOptions(), Error);
     EXPECT_EQ(memory.blocksWithSecrets(), 0) << call;
-    desk->dropSteps();  // where the load failed no dialog was shown
+    desk->dropSteps();  // if the load failed no dialog was shown
   }
 }
 

@@ -5,7 +5,7 @@
 namespace tillora::testing {
 namespace {
 
-// A screen whose pixels are no squares tells width from height.
+// On a screen whose pixels are not square, width and height cannot be confused.
 class TermsBoxTest : public OptionsTest {
  protected:
   TermsBoxTest() {

@@ -4,7 +4,7 @@
 //   run_tests [machine]
 //
 // The component is registered while some of the tests need it, for the user or, with "machine", for
-// the machine. What was found is in the package's folder "report". Exit code 0 where all passed.
+// the machine. The results are in the package's folder "report". Exit code 0 if all passed.
 #include <windows.h>
 
 #include <algorithm>
@@ -28,12 +28,12 @@ constexpr DWORD kMostMinutes = 90;
 // Of windows_tests.
 constexpr const wchar_t* kNeedRegistration =
     L"OptionsServerTest.TheRegisteredClassIsCreatedByNameAndById:UnloadTest.*";
-// Of client_tests: those alone whose programs find the component by a manifest.
+// Of client_tests: only those whose programs find the component by a manifest.
 constexpr const wchar_t* kNeedNoRegistration = L"*AProgramWithAManifest*";
 // Tests write below it, and remove it unless they are ended in the middle.
 constexpr const wchar_t* kTestsKey = L"Software\\TilloraOptionsTest";
 
-// Set when the user ends the run; everything is put in order then as at any other end.
+// Set when the user ends the run; the machine is then put in order as at any other end.
 HANDLE stopping = nullptr;
 HANDLE finished = nullptr;
 
@@ -76,7 +76,7 @@ class TestRun {
                                  const std::wstring& arguments, const fs::path& log,
                                  DWORD milliseconds);
   bool isCreatable(const Bitness& bitness);
-  /// Throws where a component is registered that is not of this package.
+  /// Throws if a component is registered that does not belong to this package.
   void removeLeftovers(const Bitness& bitness);
 
   Scope scope_;
@@ -175,7 +175,7 @@ void TestRun::removeLeftovers(const Bitness& bitness) {
   }
 }
 
-/// What needs the component registered.
+/// The tests that need the component to be registered.
 void TestRun::testRegistered(const Bitness& bitness) {
   const Registration registration(bitness, scope_);
   if (!registration.succeeded()) {

@@ -43,13 +43,13 @@ class Registration {
   bool succeeded_;
 };
 
-/// The library that is registered as the component or as the reference host; empty where none is.
+/// The library that is registered as the component or as the reference host; empty for none.
 std::wstring registeredLibrary(const Bitness& bitness, Scope scope);
 
 /// What the registry holds of the classes, as far as it concerns the two servers.
 class RegisteredNow {
  public:
-  /// Lines about what came and went since; empty where nothing did.
+  /// Lines about what was added and removed since; empty if nothing was.
   std::string changesTo(const RegisteredNow& later, const Bitness& bitness) const;
 
  private:

@@ -13,9 +13,9 @@ wchar_t platformCase(wchar_t letter, DWORD which) {
   return mapped;
 }
 
-// The platform leaves a letter alone that it could not bring back: the Kelvin sign, whose small
+// The platform leaves a letter alone if it could not convert it back: the Kelvin sign, whose small
 // letter is that of K, or the dotted capital I.
-TEST(PlatformLetterCase, OursIsThatOfThePlatformWhereverItKnowsTheLetter) {
+TEST(PlatformLetterCase, AgreesWithThePlatformWhereverItKnowsTheLetter) {
   int compared = 0;
   for (int c = 1; c <= 0xFFFF; ++c) {
     const auto letter = static_cast<wchar_t>(c);

@@ -118,7 +118,7 @@ TEST_F(MachineTest, LongValuesAreReadWhole) {
   }
 }
 
-TEST(CodePage, HoldsWhatItCanAndSaysWhatItCannot) {
+TEST(CodePage, ReportsCharactersThatItLacks) {
   const Text text = u"Caf\u00E9 \u20AC";
   bool lossless = false;
   EXPECT_EQ(toCodePage(1252, text, lossless), "Caf\xE9 \x80");
@@ -130,7 +130,7 @@ TEST(CodePage, HoldsWhatItCanAndSaysWhatItCannot) {
   EXPECT_TRUE(lossless);
 }
 
-TEST(CodePage, ThatOfUtf8HoldsEverything) {
+TEST(CodePage, Utf8HoldsEverything) {
   const Text text = u"Caf\u00E9 \u6771 \U0001F600";
   bool lossless = false;
   const std::string converted = toCodePage(CP_UTF8, text, lossless);
@@ -210,7 +210,7 @@ TEST_F(UserRegistryTest, AKeyThatTheUserMayOnlyReadIsRead) {
   allow(L"D:P(A;;KA;;;WD)");
 }
 
-TEST_F(UserRegistryTest, WhatCannotBeDoneIsAnError) {
+TEST_F(UserRegistryTest, AnOperationThatCannotBeDoneIsAnError) {
   EXPECT_THROW(registry.open(u"Software\\TilloraOptionsTest\\Missing", Registry::Access::write),
                Error);
   const auto key = registry.open(kKey, Registry::Access::write);

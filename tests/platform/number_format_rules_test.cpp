@@ -52,10 +52,10 @@ class NumberFormatRules : public ::testing::TestWithParam<LCID> {
     return text;
   }
 
-  /// Left out are formats by which the platform under test loses digits: a # behind a 0 before the
-  /// point (0# of 10 is 1), a # behind a comma (#,# of 10 is 1), a point that no placeholder
-  /// precedes
-  /// (.00 of 1.5 is .50), and a percent sign that none precedes (it multiplies nothing).
+  /// Leaves out formats with which the platform under test loses digits: a # behind a 0 before the
+  /// point (0# of 10 is 1), a # behind a comma (#,# of 10 is 1), and a point without a placeholder
+  /// before it (.00 of 1.5 is .50). Leaves out a percent sign without one, too (it multiplies
+  /// nothing).
   Section anySection() {
     Section section;
     section.before = literals(2);
@@ -97,9 +97,9 @@ class NumberFormatRules : public ::testing::TestWithParam<LCID> {
     return text;
   }
 
-  /// Compares the texts of a value. Where the platform under test is not followed: it puts the sign
-  /// behind literals before the digits ($-5.00 for -$5.00) and before what is rounded to nothing,
-  /// and cuts a number below one to whole digits instead of rounding it.
+  /// Compares the texts of a value. The platform under test is not followed where it puts the sign
+  /// behind literals before the digits ($-5.00 for -$5.00) or before what rounds to zero, nor where
+  /// it cuts a number below one to whole digits instead of rounding it.
   void compare(double value, const Text& format, const Section& chosen) const {
     const bool belowOne = value != 0 && std::abs(value) < 1;
     if (belowOne && !chosen.hasDecimals()) return;
@@ -141,7 +141,7 @@ TEST_P(NumberFormatRules, SectionsAreChosenAsThePlatformDoes) {
   }
 }
 
-TEST_P(NumberFormatRules, NamesMeanWhatThePlatformMakesOfThem) {
+TEST_P(NumberFormatRules, NamesMeanTheSameAsOnThePlatform) {
   const Section twoDecimals{{}, u"0.00", {}};
   for (const Text name : {u"Standard", u"Fixed", u"Percent", u"fIXED", u"STANDARD", u"percent"}) {
     for (int i = 0; i < kFormats; ++i) compare(anyValue(), name, twoDecimals);
@@ -171,7 +171,7 @@ TEST_P(NumberFormatRules, CurrencyIsThatOfTheRegionalSettings) {
     ASSERT_GT(GetCurrencyFormatW(lcid_, 0, std::wstring(plain.begin(), plain.end()).c_str(),
                                  nullptr, buffer, 100),
               0);
-    if (std::abs(value) < 1) continue;  // what is rounded to nothing has no sign
+    if (std::abs(value) < 1) continue;  // rounded to zero, it has no sign
     EXPECT_EQ(formatNumber(value, u"Currency", locale_), fromWide(buffer)) << value;
   }
 }

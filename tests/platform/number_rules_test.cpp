@@ -37,14 +37,14 @@ class NumberRules : public ::testing::TestWithParam<LCID> {
     return text;
   }
 
-  /// A blank, or a character that looks like one and is none (the last three).
+  /// A blank, or a character that looks like one and is not (the last three).
   Text anyBlank() {
     constexpr TextView kBlanks =
         u" \t\r\u0085\u00a0\u1680\u2000\u2009\u2028\u202f\u205f\u3000\u180e\u200b\ufeff";
     return Text(1, kBlanks[static_cast<std::size_t>(below(static_cast<int>(kBlanks.size())))]);
   }
 
-  /// A text that is a number, nearly one, or none at all.
+  /// A text that is a number, almost one, or not one at all.
   Text anyText() {
     if (chance(25)) {
       const Text letters = u"0123456789+-.,eE()$ \t\u00a0\u202f\u3000" + locale_.currencySymbol;
@@ -69,8 +69,8 @@ class NumberRules : public ::testing::TestWithParam<LCID> {
     return text;
   }
 
-  /// Texts that this platform takes for numbers and we do not, on purpose: nobody means a number by
-  /// two signs, two currency symbols, an open parenthesis, or separators out of place.
+  /// Texts that this platform takes for numbers and we do not, on purpose: two signs, two currency
+  /// symbols, an open parenthesis and misplaced separators are more likely mistakes.
   bool isOutOfShape(Text text) const {
     // A blank may stand for a no-break space between thousands.
     if (locale_.thousandsSeparator == u"\u00a0") std::ranges::replace(text, u' ', u'\u00a0');
@@ -98,7 +98,7 @@ class NumberRules : public ::testing::TestWithParam<LCID> {
   const NumberLocale locale_ = numberLocale(lcid_);
 };
 
-TEST_P(NumberRules, TextsAreNumbersExactlyWhereThePlatformSaysSo) {
+TEST_P(NumberRules, TextsAreNumbersExactlyWhenThePlatformSaysSo) {
   int numbers = 0;
   for (int i = 0; i < kTexts; ++i) {
     const Text text = anyText();
@@ -114,7 +114,7 @@ TEST_P(NumberRules, TextsAreNumbersExactlyWhereThePlatformSaysSo) {
   EXPECT_GT(numbers, kTexts / 4);
 }
 
-TEST_P(NumberRules, AmountsAreThePlatforms) {
+TEST_P(NumberRules, AmountsAreThoseOfThePlatform) {
   int amounts = 0;
   for (int i = 0; i < kTexts; ++i) {
     const Text text = anyText();
@@ -124,7 +124,7 @@ TEST_P(NumberRules, AmountsAreThePlatforms) {
     if (!ours && amount && isOutOfShape(text)) continue;
     EXPECT_EQ(ours.has_value(), amount) << '[' << toUtf8(text) << ']';
     if (!amount || !ours) continue;
-    // Ours is exact; this platform's conversion goes by way of a double, which shows in amounts of
+    // Ours is exact; this platform's conversion goes through a double, which shows in amounts of
     // many digits and in halves of a ten-thousandth.
     const auto apart = std::abs(static_cast<double>(ours->tenThousandths - theirs.int64));
     const auto size = std::abs(static_cast<double>(theirs.int64));

@@ -29,7 +29,7 @@ class Presser {
   }
   /// After text(): the title of the box.
   const Text& title() const { return title_; }
-  /// Of the box's texts, after text(): none of them takes an ampersand for an access key.
+  /// After text(): no text of the box treats an ampersand as the mark of an access key.
   bool ampersandsShow() const { return ampersandsShow_; }
   /// After text(): all buttons can be seen and clicked.
   bool buttonsAreOnScreen() const { return buttonsAreOnScreen_; }
@@ -94,7 +94,7 @@ TEST(PlatformMessageBoxTest, AnswersOkAndNo) {
   presser.text();
 }
 
-TEST(PlatformMessageBoxTest, WhateverTheTextHoldsStaysText) {
+TEST(PlatformMessageBoxTest, TextsAreShownLiterally) {
   const Text shown = u"100% %s%n%1 &File && <b> {0} \\n 'q' \"\r\nx after";
   Text odd = shown;
   odd[odd.rfind(u' ')] = u'\0';

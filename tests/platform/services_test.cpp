@@ -37,11 +37,11 @@ TEST(HelpViewerTest, AMissingFileOpensNothing) {
   const DWORD before = GetTickCount();
   EXPECT_NO_THROW(viewer.show(u"C:\\no\\such\\file.chm", 53));
   EXPECT_NO_THROW(viewer.show(u"", 0));
-  EXPECT_NO_THROW(viewer.show(u"C:\\windows", 0)) << "a folder is no help file";
+  EXPECT_NO_THROW(viewer.show(u"C:\\windows", 0)) << "a folder is not a help file";
   EXPECT_LT(GetTickCount() - before, 2000U);
 }
 
-TEST(UserLocaleTest, SaysWhatThePlatformConvertsBy) {
+TEST(UserLocaleTest, HasTheSeparatorsThatThePlatformConvertsWith) {
   const NumberLocale locale = userNumberLocale();
   const Text text = u"1" + locale.decimalSeparator + u"5";
   Variant number;

@@ -1,4 +1,4 @@
-' What a client in a script gets to know when it hands over the wrong things or its own objects fail.
+' What a client in a script learns when it hands over the wrong things or its own objects fail.
 '
 '   cscript //nologo bad_inputs.vbs DATABASE
 Option Explicit
@@ -68,7 +68,7 @@ Set dialog.DBJetObject = New FailingDatabase
 Report "failing object set", Err.Number, Err.Source, ""
 Err.Clear
 dialog.ShowOptions
-' Not every script engine passes on what its own classes say beyond the number.
+' Some script engines pass on only the number of what their own classes raise.
 Report "failing script class", Err.Number, "", ""
 Err.Clear
 
@@ -82,7 +82,8 @@ dialog.ShowOptions
 Report "failing host", Err.Number, Err.Source, Err.Description
 Err.Clear
 
-' The dialog opens here for the first time: whoever runs this changes something and presses OK.
+' The dialog opens here for the first time: the person or test running this changes something and
+' presses OK.
 Fresh
 Set dialog.MsgSndObject = New ImpatientSender
 WScript.Echo "returned: " & dialog.ShowOptions

@@ -47,8 +47,8 @@ same() {
   fi
 }
 
-# works NAME BITS [FOLDER]: a program of this bitness creates the component, also from a multi-threaded
-# apartment, where the system needs the registered interfaces; fails NAME BITS: it cannot.
+# works NAME BITS [FOLDER]: a program of this bitness creates the component, even from a multi-threaded apartment, where
+# the system needs the registered interfaces; fails NAME BITS: it cannot.
 works() {
   local name=$1 bits=$2 folder=${3:-$(folder "$2")} apartment line
   for apartment in sta mta; do
@@ -108,7 +108,7 @@ done
 dump "$TMPDIR/after.reg"
 same no_key_of_the_user_is_left "$TMPDIR/before.reg" "$TMPDIR/after.reg"
 
-# Last, for Wine registers a type library that it finds by a manifest.
+# Comes last, because Wine registers a type library that it finds by a manifest.
 for bits in 64 32; do
   beside=$TMPDIR/$bits
   mkdir "$beside"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# run.sh TEST.sh: runs one test of this folder at the desk that $DESK names. It passes where every line
-# of its results is "ok NAME"; "FAIL NAME reason" and "skip NAME reason" are the others. A test has:
+# run.sh TEST.sh: runs one test of this folder at the desk that $DESK names. It passes if every line of its results is
+# "ok NAME"; "FAIL NAME reason" and "skip NAME reason" are the others. A test has:
 #   WINE   runs a Windows program:  "$WINE" cscript //nologo file.vbs
 #   BUILD  the folder with the DLLs and programs; BITS is 64 or 32; both servers are registered
 #   REPO   the repository; TMPDIR a folder for its files

@@ -78,7 +78,7 @@ TEST_F(EnableLabel, NeitherOfTheTwoHasAnAccessKeyWhileTheLabelIsDisabled) {
   form.showModal();
 }
 
-TEST_F(EnableLabel, AnEnabledLabelHasNone) {
+TEST_F(EnableLabel, AnEnabledLabelHasNoShadow) {
   enableLabel(label, shadow, false);
   enableLabel(label, shadow, true);
   EXPECT_TRUE(label.enabled());
@@ -154,7 +154,7 @@ TEST_F(ListViewSupport, AColumnThatIsNotThereIsNotSized) {
   EXPECT_EQ(width(1), 0);
 }
 
-TEST_F(ListViewSupport, TheLastColumnFillsTheListWhereHeadersCountToo) {
+TEST_F(ListViewSupport, TheLastColumnFillsTheListIfHeadersCountToo) {
   const auto fills = [&](int column) {
     return list.columns()[static_cast<std::size_t>(column)].fills;
   };

@@ -23,7 +23,7 @@ TEST(RunAtWindowsStartup, WritesReplacesAndRemovesTheQuotedPath) {
   EXPECT_TRUE(registry.values.empty());
 }
 
-TEST(RunAtWindowsStartup, TellsNamesApartByTheirLetterCase) {
+TEST(RunAtWindowsStartup, DistinguishesNamesByTheirLetterCase) {
   FakeRegistry registry;
   registry.values = {{u"SHOP", u"x"}};
   EXPECT_FALSE(IsRunAtStartup(registry, u"Shop"));
@@ -33,7 +33,7 @@ TEST(RunAtWindowsStartup, TellsNamesApartByTheirLetterCase) {
   EXPECT_EQ(registry.values, (Values{{u"Shop", u"\"C:\\Shop.exe\""}}));
 }
 
-TEST(RunAtWindowsStartup, AKeyThatMayOnlyBeReadTellsWhatIsThere) {
+TEST(RunAtWindowsStartup, AReadOnlyKeyShowsWhatIsThere) {
   FakeRegistry registry;
   registry.values = {{u"Shop", u"x"}};
   registry.readOnly = true;
@@ -53,7 +53,7 @@ TEST(RunAtWindowsStartup, ReplacesANameThatDiffersInTheCaseOfAnyLetter) {
   EXPECT_EQ(registry.values, (Values{{u"\u01B0\u01A1ng", u"\"C:\\a.exe\""}}));
 }
 
-TEST(RunAtWindowsStartup, AWriteThatFailsIsQuietThoughTheOtherNameIsGone) {
+TEST(RunAtWindowsStartup, AFailedWriteIsSilentThoughTheOtherNameIsGone) {
   FakeRegistry registry;
   registry.values = {{u"SHOP", u"x"}};
   registry.textsCannotBeWritten = true;
@@ -61,7 +61,7 @@ TEST(RunAtWindowsStartup, AWriteThatFailsIsQuietThoughTheOtherNameIsGone) {
   EXPECT_TRUE(registry.values.empty());
 }
 
-TEST(RunAtWindowsStartup, IsQuietWhereTheRegistryFails) {
+TEST(RunAtWindowsStartup, IgnoresFailuresOfTheRegistry) {
   FakeRegistry registry;
   registry.values = {{u"Shop", u"x"}};
   const auto setBothWays = [&] {

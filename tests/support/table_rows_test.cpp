@@ -52,7 +52,7 @@ TEST_F(TableRows, TheFirstRowThatSatisfiesTheCriteriaIsEdited) {
   EXPECT_EQ(descriptions(), (std::vector<Text>{u"1", u"new", u"3"}));
 }
 
-TEST_F(TableRows, ARowIsAddedWhereNoneDoes) {
+TEST_F(TableRows, ARowIsAddedIfNoneSatisfiesThem) {
   host.webSites = {site(u"a", u"1")};
   const auto table = open();
   EXPECT_TRUE(editOrAdd(*table, u"[URL] = 'b'"));
@@ -68,7 +68,7 @@ TEST_F(TableRows, UnlistedRowsOfOursAreDeleted) {
   EXPECT_EQ(descriptions(), (std::vector<Text>{u"2", u"3"}));
 }
 
-TEST_F(TableRows, OfOneListedKeyTheFirstRowIsLeftAndOfAForeignKeyAll) {
+TEST_F(TableRows, OfAListedKeyTheFirstRowStaysAndOfAForeignKeyAll) {
   host.webSites = {site(u"b", u"1"), site(u"b", u"2"), site(u"b", u"3"), site(u"c", u"4"),
                    site(u"c", u"5")};
   removeUnlisted(*open(), fields::webSite::URL, {u"b"}, [](const Text&) { return false; });

@@ -7,13 +7,13 @@
 namespace tillora::testing {
 
 /// A password that the test program itself never holds in one piece: only its letters behind a
-/// mask, so that a search of the memory for it finds copies of others. Of ASCII letters and digits,
-/// all different.
+/// mask, so that a search of the memory finds only copies that others made. Of ASCII letters and
+/// digits, all different.
 class Canary {
  public:
   static constexpr std::size_t kLength = 16;
-  /// So many characters in a row count as a copy; of 8 bits each, more of them are needed than
-  /// turn up in any memory by chance.
+  /// This many characters in a row count as a copy. For copies of 8 bits a character more are
+  /// needed, as many as do not turn up in any memory by chance.
   static constexpr std::size_t kPart = 5;
   static constexpr std::size_t kNarrowPart = 8;
 

@@ -13,7 +13,7 @@ using ui::TextBox;
 int length(const TextBox& box) { return static_cast<int>(box.text().size()); }
 
 void replaceSelection(TextBox& box, int start, int count, TextView with) {
-  // In one piece: what grows leaves parts of itself in memory.
+  // In one piece: a text that grows leaves parts of itself in memory.
   const TextView before = box.text();
   Text text;
   text.reserve(before.size() - static_cast<std::size_t>(count) + with.size());

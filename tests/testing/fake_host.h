@@ -26,8 +26,8 @@ struct ShownMessage {
   bool settingsGiven = false;
 };
 
-/// A host program in memory. It keeps what is stored, writes down every call that the component
-/// makes, and can be told to fail.
+/// A host program in memory. It keeps what is stored, records every call that the component makes,
+/// and can be told to fail.
 class FakeHost {
  public:
   FakeHost();
@@ -71,10 +71,10 @@ class FakeHost {
   std::vector<std::string> writes;
   /// Those of one table.
   std::vector<std::string> writesOf(const std::string& table) const;
-  /// A table that is handed out again stands where it was left, as one object for all times does.
+  /// A table that is handed out again is where it was left, as if it were always the same object.
   bool keepsTables = false;
   std::map<std::string, std::size_t> tablePositions;  ///< by name of the table
-  /// Told of every call after it was written down.
+  /// Called after each call was recorded.
   std::function<void(const std::string&)> onCall;
   /// The call with this text fails from its nth time on; none if empty.
   std::string failingCall;
@@ -83,9 +83,9 @@ class FakeHost {
   /// Calls that start with `prefix`, in order.
   std::vector<std::string> callsStarting(const std::string& prefix) const;
 
-  /// What fails says so with this error.
+  /// The error that all failures raise.
   static Error failure();
-  /// Runs `act`, out of which that error must come as it was raised.
+  /// Runs `act`, which must raise this very error.
   static void expectFailure(const std::function<void()>& act);
 
   HostObjects objects();
@@ -93,13 +93,13 @@ class FakeHost {
   void store(const Option<type>& option, typename Option<type>::Type value) {
     stored[option.id] = Value(std::move(value));
   }
-  /// The stored value; fails the test with bad_variant_access or out_of_range where there is none.
+  /// The stored value; fails the test with bad_variant_access or out_of_range if there is none.
   template <OptionType type>
   typename Option<type>::Type value(const Option<type>& option) const {
     return std::get<typename Option<type>::Type>(stored.at(option.id));
   }
 
-  /// Notes a call and fails if it is to.
+  /// Records a call and fails if it is to.
   void called(const std::string& call);
   /// The objects that the component still holds, records and tables included.
   int live = 0;
@@ -107,7 +107,7 @@ class FakeHost {
   int liveRecords = 0;
 };
 
-/// Message boxes with answers given beforehand; OK where none is left.
+/// Message boxes with answers given beforehand; OK if none is left.
 class ScriptedMessageBoxes final : public MessageBoxes {
  public:
   explicit ScriptedMessageBoxes(ui::Screen& screen) : screen_(screen) {}

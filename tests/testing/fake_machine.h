@@ -17,14 +17,14 @@ class FixedClock final : public Clock {
   DateTime time{45000.5};
 };
 
-/// Help that writes down what it was asked for.
+/// Help that records what it was asked for.
 class RecordedHelp final : public Help {
  public:
   void show(TextView file, int context) override { topics.emplace_back(Text(file), context); }
   std::vector<std::pair<Text, int>> topics;
 };
 
-/// File-open dialogs with answers given beforehand; cancelled where none is left.
+/// File-open dialogs with answers given beforehand; cancelled if none is left.
 class ScriptedFileDialogs final : public FileDialogs {
  public:
   struct Shown {
@@ -42,7 +42,7 @@ class ScriptedFileDialogs final : public FileDialogs {
 /// A file system in memory.
 class FakeFiles final : public Files {
  public:
-  /// Number of files by the pattern that they are listed with; no other can be listed.
+  /// Number of files by the pattern that they are listed with; any other pattern cannot be listed.
   std::map<Text, int> matches;
   /// Values of initialisation files by "file|section|key".
   std::map<Text, Text> profile;
@@ -56,7 +56,7 @@ class FakeFiles final : public Files {
 /// The user's registry in memory: the text values of one key.
 class FakeRegistry final : public Registry {
  public:
-  /// What is opened; any other key cannot be. Empty for none.
+  /// The only key that can be opened; empty for none.
   Text key = u"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
   /// By name. As in the real one, a name in other letter case is the same name.
   std::vector<std::pair<Text, Text>> values;

@@ -26,7 +26,7 @@ namespace {
 
 constexpr std::size_t kPart = 4;
 
-// Nothing here may use the heap: it is looked at while a block is given back.
+// Nothing here may use the heap: it runs while a block is being freed.
 struct Watch {
   std::array<TextView, 8> secrets;
   std::size_t count = 0;
@@ -39,7 +39,7 @@ char16_t inSmallLetters(char16_t c) {
   return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
 }
 
-// The block may have parts that the program must not read yet, or no more.
+// The block may have parts that the program must not read.
 [[gnu::no_sanitize_address]] char16_t characterAt(const volatile unsigned char* bytes) {
   return static_cast<char16_t>(bytes[0] | bytes[1] << 8);
 }

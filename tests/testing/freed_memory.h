@@ -6,7 +6,7 @@
 
 namespace tillora::testing {
 
-/// Watches memory while it lives: counts the blocks of the heap that are given back while they
+/// Watches memory during its lifetime: counts the blocks of the heap that are freed while they
 /// still hold a part of one of the secrets, four characters or more in UTF-16, in capitals or small
 /// letters. One at a time. Secrets are of ASCII characters.
 class FreedMemory {

@@ -79,7 +79,7 @@ ui::Form* HeadlessUser::form() const {
 
 bool HeadlessUser::reach(ui::Control& control) const {
   if (form() != &control.form() || !control.effectivelyEnabled()) return false;
-  EXPECT_TRUE(control.effectivelyVisible()) << "the control is on no page that shows";
+  EXPECT_TRUE(control.effectivelyVisible()) << "the control is not on a visible page";
   if (!control.effectivelyVisible()) return false;
   return form()->userMouseDown(control);
 }

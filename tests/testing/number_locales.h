@@ -4,7 +4,7 @@
 
 namespace tillora::testing {
 
-/// What a locale is where nothing else is said.
+/// The locale of tests that name no other.
 inline const NumberLocale kAustralia;
 inline const NumberLocale kGermany{u",", u".", u"\u20ac"};
 

@@ -23,7 +23,7 @@ class OptionsTest : public ::testing::Test {
  protected:
   /// @param numbers the user's regional settings
   explicit OptionsTest(NumberLocale numbers = {});
-  /// No form was shown that the test did not expect, and nothing of the host is held on to.
+  /// Checks that no unexpected form was shown and that nothing of the host is still held.
   void TearDown() override;
 
   /// Calls ShowOptions; `act` is what the person does while the dialog is open.
@@ -45,7 +45,7 @@ class OptionsTest : public ::testing::Test {
   /// Each control has the focus in its turn when Tab is pressed over and over.
   void expectTabOrder(const std::vector<ui::Control*>& order);
   void untickAll(ui::CheckListBox& list);
-  /// Makes the dialog and the tabs in it wider and higher by as much (twips).
+  /// Makes the dialog and the tabs in it wider and higher by this much (twips).
   static void enlarge(frmOptions& dialog, ui::Size by);
   /// The text boxes of a page that can be typed into at present.
   static std::vector<ui::TextBox*> openBoxes(const ui::Container& page);

@@ -32,7 +32,7 @@ TEST_F(ControlsTest, SettingACheckBoxFiresItsClickOncePerChange) {
   EXPECT_EQ(form.edits, 2);
 }
 
-TEST_F(ControlsTest, ChoosingAnOptionButtonLetsGoOfTheOthersOfItsContainer) {
+TEST_F(ControlsTest, ChoosingAnOptionButtonClearsTheOthersOfItsContainer) {
   auto& frame = form.add<ui::Frame>(u"Frame");
   auto& one = form.add<ui::OptionButton>(u"One");
   auto& two = form.add<ui::OptionButton>(u"Two");
@@ -47,7 +47,7 @@ TEST_F(ControlsTest, ChoosingAnOptionButtonLetsGoOfTheOthersOfItsContainer) {
   EXPECT_EQ(events, 1);
 }
 
-TEST_F(ControlsTest, SettingTextRaisesChangeWhereItDiffers) {
+TEST_F(ControlsTest, SettingTextRaisesChangeIfItDiffers) {
   auto& box = form.add<ui::TextBox>();
   box.change = count;
   box.setText(u"a");
@@ -55,7 +55,7 @@ TEST_F(ControlsTest, SettingTextRaisesChangeWhereItDiffers) {
   EXPECT_EQ(events, 1);
 }
 
-TEST_F(ControlsTest, ReformattedTextIsNoEdit) {
+TEST_F(ControlsTest, ReformattingATextIsNotAnEdit) {
   auto& box = form.add<ui::TextBox>();
   box.change = count;
   box.reformat(u"5.00%");
@@ -105,7 +105,7 @@ TEST_F(ControlsTest, AUsersChoiceOfTheSelectedItemRaisesClickAgain) {
   EXPECT_EQ(events, 2);
 }
 
-TEST_F(ControlsTest, ACheckListTellsWhichRowWasTicked) {
+TEST_F(ControlsTest, ACheckListReportsWhichRowWasTicked) {
   auto& list = form.add<ui::CheckListBox>();
   list.addRow(u"a", 1);
   list.addRow(u"b", 2);
@@ -140,7 +140,7 @@ TEST_F(ControlsTest, RemovingARowAboveKeepsTheSelectedOne) {
   EXPECT_EQ(list.selectedRow(), 0);
 }
 
-TEST_F(ControlsTest, WhatHoldsTextToReadOrEditHasTheColoursOfAWindow) {
+TEST_F(ControlsTest, ControlsThatHoldTextHaveTheColoursOfAWindow) {
   const auto expectWindowColours = [](const ui::Control& control) {
     EXPECT_EQ(control.foreColour(), ui::kWindowText);
     EXPECT_EQ(control.backColour(), ui::kWindowBackground);
@@ -227,7 +227,7 @@ TEST_F(ControlsTest, ATabStripAsksBeforeItSwitches) {
   EXPECT_THROW(tabs.setSelected(0), Error);
 }
 
-TEST_F(ControlsTest, AnArraysHandlerIsToldTheIndex) {
+TEST_F(ControlsTest, AnArraysHandlerGetsTheIndex) {
   ui::ControlArray<ui::CheckBox> boxes;
   for (const int index : {0, 3, 7}) form.take(boxes.add(index, u"Box"));
   std::vector<int> clicked;
@@ -250,7 +250,7 @@ TEST(AccessKey, IsTheCharacterAfterASingleAmpersand) {
   EXPECT_EQ(ui::accessKeyOf(u""), std::nullopt);
 }
 
-TEST(AccessKey, IsNoBlank) {
+TEST(AccessKey, IsNotABlank) {
   EXPECT_EQ(ui::accessKeyOf(u"Profit & Loss"), std::nullopt);
   EXPECT_EQ(ui::accessKeyOf(u"Profit & &Loss"), u'l');
   EXPECT_EQ(ui::accessKeyOf(u"& "), std::nullopt);

@@ -47,7 +47,7 @@ class FirstOnPage : public ::testing::Test {
   PagesForm form{desk.screen()};
 };
 
-TEST_F(FirstOnPage, IsTheFirstInTheTabOrderWhereThePageNamesNone) {
+TEST_F(FirstOnPage, IsTheFirstInTheTabOrderIfThePageNamesNone) {
   show([&] {
     EXPECT_TRUE(form.name.hasFocus());
     nextPage();
@@ -65,7 +65,7 @@ TEST_F(FirstOnPage, IsTheOneThatThePageNames) {
   show([&] { EXPECT_TRUE(form.check.hasFocus()); });
 }
 
-TEST_F(FirstOnPage, IsTheFirstInTheTabOrderWhereTheNamedOneCannotHaveTheFocus) {
+TEST_F(FirstOnPage, IsTheFirstInTheTabOrderIfTheNamedOneCannotHaveTheFocus) {
   form.check.setEnabled(false);
   show([&] {
     nextPage();
@@ -73,7 +73,7 @@ TEST_F(FirstOnPage, IsTheFirstInTheTabOrderWhereTheNamedOneCannotHaveTheFocus) {
   });
 }
 
-TEST_F(FirstOnPage, IsWhatFollowsThePageWhereThatHoldsNothingToFocus) {
+TEST_F(FirstOnPage, IsWhatFollowsThePageIfThatHoldsNothingToFocus) {
   form.notes.setEnabled(false);
   form.check.setEnabled(false);
   show([&] {

@@ -285,7 +285,7 @@ TEST_F(FormTest, AnUnknownAccessKeyIsNotUsed) {
   show([&] { EXPECT_FALSE(form.userAccessKey(u'z')); });
 }
 
-TEST_F(FormTest, ABlankIsNoAccessKey) {
+TEST_F(FormTest, ABlankIsNotAnAccessKey) {
   form.check.setCaption(u"Start Smith & Co");
   show([&] {
     EXPECT_FALSE(form.userAccessKey(u' '));

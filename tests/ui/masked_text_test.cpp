@@ -16,7 +16,7 @@ TEST(MaskedText, ThereIsAPlaceholderForEachCharacter) {
   EXPECT_EQ(after(placeholders(3), u"abc"), u"abc");
 }
 
-TEST(MaskedText, PlaceholdersTellTheirCharacterWhereverTheyStand) {
+TEST(MaskedText, PlaceholdersStandForTheirCharacterAnywhere) {
   const Text shown = placeholders(3);
   EXPECT_EQ(after(shown.substr(1), u"abc"), u"bc");
   EXPECT_EQ(after(shown.substr(0, 1) + shown.substr(2), u"abc"), u"ac");
@@ -24,7 +24,7 @@ TEST(MaskedText, PlaceholdersTellTheirCharacterWhereverTheyStand) {
   EXPECT_EQ(after(u"xyz", u"abc"), u"xyz");
 }
 
-TEST(MaskedText, ACharacterThatStandsForNothingIsItself) {
+TEST(MaskedText, OtherCharactersStandForThemselves) {
   const Text shown = placeholders(4);
   EXPECT_EQ(after(shown, u"abc"), u"abc" + shown.substr(3));
   EXPECT_EQ(after(u"\uE000", u""), u"\uE000");

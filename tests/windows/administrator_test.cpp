@@ -29,7 +29,7 @@ std::filesystem::path programFolder() {
   return std::filesystem::path(program.data()).parent_path();
 }
 
-/// The texts of a list view of another program, by way of memory in that program.
+/// Reads the texts of a list view of another program, through memory in that program.
 class ListOfOtherProgram {
  public:
   ListOfOtherProgram(HANDLE process, HWND list) : process_(process), list_(list) {
@@ -183,7 +183,7 @@ TEST_F(AdministratorTest, AnApplyShowsWhatItChangedWhileTheDialogIsStillOpen) {
   EXPECT_EQ(code, 0U);
 }
 
-TEST_F(AdministratorTest, AChangeByAnotherProgramIsShownWhenThatSaysSo) {
+TEST_F(AdministratorTest, AChangeByAnotherProgramIsShownWhenItIsAnnounced) {
   {
     const host::Shop other = host::Shop::open((folder_ / L"shop.db").u16string());
     const auto record = other.database()->optionsRecord();

@@ -116,7 +116,7 @@ TEST(DialogPersonTest, ADialogWithinAnotherIsLeftToWhatIsDoneInIt) {
   EXPECT_TRUE(found);
 }
 
-TEST(DialogPersonTest, ADialogThatNobodyExpectsIsClosedAndAFailure) {
+TEST(DialogPersonTest, AnUnexpectedDialogIsClosedAndAFailure) {
   for (const UINT buttons : {UINT{MB_OK}, UINT{MB_YESNO}, UINT{MB_YESNOCANCEL}}) {
     DialogPerson person([](HWND) {});
     show();
@@ -151,7 +151,7 @@ TEST(DialogPersonTest, ADialogWhosePersonFailsIsClosedAndAFailure) {
   EXPECT_NONFATAL_FAILURE(person.finish(), "the person failed: no such button");
 }
 
-TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceWhereNoneIsComing) {
+TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceIfNoneIsComing) {
   const auto start = std::chrono::steady_clock::now();
   DialogPerson person([](HWND) {}, 2);
   show();
@@ -159,7 +159,7 @@ TEST(DialogPersonTest, ADialogThatNeverAppearsIsAFailureAtOnceWhereNoneIsComing)
   EXPECT_LT(std::chrono::steady_clock::now() - start, DialogPatience().toBeShown);
 }
 
-/// Lets no window be activated, after others have heard that it is about to be.
+/// Refuses the activation of every window after others have been notified of it.
 LRESULT CALLBACK refuseActivation(int code, WPARAM window, LPARAM other) {
   const LRESULT result = CallNextHookEx(nullptr, code, window, other);
   return code == HCBT_ACTIVATE ? 1 : result;

@@ -17,7 +17,7 @@ namespace {
 
 constexpr const wchar_t* kHangs = L"TILLORA_TEST_HANGS";
 
-/// Sets or, for null, removes an environment variable while it lives.
+/// Sets or, for null, removes an environment variable during its lifetime.
 class Variable {
  public:
   Variable(const wchar_t* name, const wchar_t* value) : name_(name) {

@@ -20,7 +20,7 @@ constexpr std::string_view kBegin = "<!-- table: ";
 constexpr std::string_view kBeginEnd = " -->\n";
 constexpr std::string_view kEnd = "<!-- end of table -->\n";
 
-/// The document with its tables made anew; none, with a message, where that cannot be done.
+/// The document with its tables made anew; none, with a message, if that cannot be done.
 std::optional<std::string> refreshed(const char* file, std::string_view document) {
   std::string result;
   while (true) {

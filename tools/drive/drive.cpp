@@ -109,7 +109,7 @@ void waitUntilIdle(HWND front) {
 }
 
 /// Waits until the window's program has seen all that the display has to report. One report says
-/// which keys are down; Wine goes by it, and one that comes late would end Ctrl between Ctrl and A.
+/// which keys are down; Wine relies on it, and a late one would release Ctrl between Ctrl and A.
 void waitForDisplay(HWND front) {
   waitUntilIdle(front);  // it has sent the display all its requests
   // Moving the pointer waits for the display. The display serves one program at a time, so that the

@@ -12,8 +12,7 @@ std::vector<HWND> topLevelWindows();
 /// The visible top-level window with exactly this title; null for none.
 HWND findWindow(const std::wstring& title);
 
-/// The visible windows of a class inside a window, at any depth. Classes are compared without
-/// regard to case.
+/// The visible windows of a class inside a window, at any depth. Class names are case-insensitive.
 std::vector<HWND> childrenOf(HWND window, const std::wstring& className);
 /// The first of them with exactly this text; null for none.
 HWND findChild(HWND window, const std::wstring& className, const std::wstring& text);

@@ -5,7 +5,7 @@
 namespace tillora::ui::win32 {
 namespace {
 
-// Captions break into lines only where there is room for two; one line is centred otherwise.
+// Captions break into lines only if there is room for two; one line is centred otherwise.
 DWORD lineStyle(const Control& control, const Metrics& metrics) {
   return control.bounds().height >= 2 * metrics.lineHeight() ? BS_MULTILINE : 0;
 }
@@ -48,7 +48,7 @@ void OptionButtonView::command(WORD code) {
 
 LRESULT OptionButtonView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != WM_SETFOCUS) return ControlView::message(message, wParam, lParam);
-  // An unchosen option button reports a click when it gets the focus; only a real one chooses it.
+  // An unchosen option button reports a click when it gets the focus; only a real click chooses it.
   const Echo echo(*this);
   return ControlView::message(message, wParam, lParam);
 }

@@ -25,7 +25,7 @@ class OptionButtonView final : public ViewOf<OptionButton> {
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
-/// A push button. Which one looks like the default is shown by the dialog.
+/// A push button. The dialog shows which one is the default.
 class CommandButtonView final : public ViewOf<CommandButton> {
  public:
   using ViewOf::ViewOf;

@@ -22,7 +22,8 @@ RECT ComboView::pixelBounds() const {
 
 void ComboView::create(HWND parent) {
   createWindow(parent, {WC_COMBOBOXW, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL});
-  // The field is as high as its text, whatever is asked; the rest of the height is its border.
+  // The field is as high as its text, whatever height is asked for; the rest of the height is its
+  // border.
   const RECT place = ControlView::pixelBounds();
   const LRESULT text = send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
   RECT whole{};
@@ -87,7 +88,7 @@ void ComboView::command(WORD code) {
 }
 
 void ComboView::choiceMade() {
-  // Some platforms report it for keys in the closed box too, which may have changed nothing.
+  // Some platforms report it also for keys in the closed box, even if they changed nothing.
   if (isDropped() && chosen() >= 0) {
     control().userChose(chosen());
   } else {

@@ -7,8 +7,8 @@
 
 namespace tillora::ui::win32 {
 
-/// A drop-down list. A choice counts when the list closes with it, the item shown before included,
-/// or at once while it is closed, where only another item is one.
+/// A drop-down list. In the open list a choice counts when the list closes, even if it is the item
+/// shown before. In the closed list only another item counts, at once.
 class ComboView final : public ViewOf<ComboBox> {
  public:
   using ViewOf::ViewOf;

@@ -10,8 +10,8 @@ namespace tillora::ui::win32 {
 
 class FormWindow;
 
-/// The window of one control. It shows the control's state and hands what the user does with the
-/// window to the control; focus and keys that belong to the form have been dealt with before.
+/// The window of one control. It shows the control's state and passes the user's input to the
+/// control; the form has already handled the focus and keys of its own.
 ///
 /// The window is destroyed with its parent window; the view outlives it.
 class ControlView {
@@ -28,9 +28,9 @@ class ControlView {
   /// The hidden label before window() that names it to screen readers; null for none.
   HWND nameWindow() const { return nameWindow_; }
 
-  /// Makes the window with all that the control says. Called once.
+  /// Makes the window with the control's whole state. Called once.
   virtual void create(HWND parent) = 0;
-  /// Shows a property anew.
+  /// Updates a property in the window.
   virtual void show(Property what);
 
   /// WM_COMMAND of this window.
@@ -39,7 +39,7 @@ class ControlView {
   virtual LRESULT notify(NMHDR& /*header*/) { return 0; }
   /// WM_CTLCOLOR... of this window.
   virtual HBRUSH colours(HDC dc);
-  /// Brings the control up to date with what the user may have moved without a notification.
+  /// Updates the control with what the user may have moved without a notification.
   virtual void readBack() {}
   /// A key that the window needs for itself just now, before the form's Enter and Esc (an open
   /// drop-down list).
@@ -48,10 +48,10 @@ class ControlView {
   virtual bool clickOnlyFocuses() const { return false; }
   /// The row at a point of the window, pixels; -1 for none and for kinds without rows.
   virtual int rowAt(POINT /*point*/) const { return -1; }
-  /// What the window's own background and that of its children is painted with; null for that of
-  /// the window around it.
+  /// What paints the background of the window and of its children; null for that of the surrounding
+  /// window.
   virtual HBRUSH ownBackground() const { return nullptr; }
-  /// A typed character that the control is to get; true where the view has dealt with it.
+  /// A typed character that the control is to get; true if the view has handled it.
   virtual bool typed(char16_t /*character*/) { return false; }
 
  protected:
@@ -76,7 +76,7 @@ class ControlView {
     return SendMessageW(window_, message, wParam, reinterpret_cast<LPARAM>(data));
   }
 
-  /// While one lives, notifications are echoes of the program's own doing.
+  /// During its lifetime, notifications are echoes of the program's own changes.
   class Echo {
    public:
     explicit Echo(ControlView& view) : view_(view) { ++view_.echoes_; }
@@ -88,8 +88,8 @@ class ControlView {
     ControlView& view_;
   };
   bool isEcho() const { return echoes_ > 0; }
-  /// Does what the user did with the window, unless it is an echo. Where the form takes no input
-  /// now it is taken back.
+  /// Runs what the user did with the window, unless it is an echo. If the form takes no input now,
+  /// the change is taken back.
   template <std::invocable F>
   void userDoes(F&& act) {
     if (isEcho()) return;
@@ -99,7 +99,7 @@ class ControlView {
       takeBack();
     }
   }
-  /// Shows the control's value in place of what the window has by now.
+  /// Shows the control's value again in place of the window's.
   virtual void takeBack() {}
 
  private:

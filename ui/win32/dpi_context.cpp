@@ -3,11 +3,11 @@
 namespace tillora::ui::win32 {
 namespace {
 
-// The platform's own names come with Windows 10; the library is to load on any.
+// The platform's own names come with Windows 10, but the library must load on older versions.
 const HANDLE kSystemAware = reinterpret_cast<HANDLE>(INT_PTR{-2});
 constexpr int kPerMonitorAware = 2;
 
-/// The platform's functions; all null where it lacks one.
+/// The platform's functions; all null if it lacks one.
 struct Functions {
   HANDLE(WINAPI* setThreadContext)(HANDLE) = nullptr;
   HANDLE(WINAPI* threadContext)() = nullptr;

@@ -4,9 +4,9 @@
 
 namespace tillora::ui::win32 {
 
-/// While one lives, windows that the thread makes are scaled by the system where they move to a
-/// monitor of another resolution. It changes something only in a program that is aware of each
-/// monitor's resolution, on a platform that knows contexts of threads.
+/// During its lifetime the system scales windows that the thread makes when they move to a monitor
+/// of another resolution. Has an effect only in a program that is per-monitor DPI aware, on a
+/// platform with DPI contexts of threads.
 class SystemScaling {
  public:
   SystemScaling();
@@ -15,11 +15,11 @@ class SystemScaling {
   ~SystemScaling();
 
  private:
-  HANDLE former_ = nullptr;  // null where nothing was changed
+  HANDLE former_ = nullptr;  // null if nothing was changed
 };
 
-/// While one lives, the thread is in the context that it had before SystemScaling: for calls of the
-/// program's own code, which measures its own windows.
+/// During its lifetime the thread is in the context that it had before SystemScaling: for calls of
+/// the program's own code, which measures its own windows.
 class ProgramsScaling {
  public:
   ProgramsScaling();

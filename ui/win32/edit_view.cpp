@@ -16,7 +16,7 @@ constexpr char16_t kEscapeCharacter = 27;
 
 void unlockMemory(HGLOBAL memory) { GlobalUnlock(memory); }
 
-/// The clipboard, open as long as it lives.
+/// Keeps the clipboard open during its lifetime.
 class Clipboard {
  public:
   explicit Clipboard(HWND reader) : open_(OpenClipboard(reader) != FALSE) {}
@@ -25,7 +25,7 @@ class Clipboard {
   ~Clipboard() {
     if (open_) CloseClipboard();
   }
-  /// Empty where it holds none.
+  /// Empty if it holds none.
   Text text() const {
     const HGLOBAL data = open_ ? GetClipboardData(CF_UNICODETEXT) : nullptr;
     const auto* units = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr;
@@ -132,7 +132,7 @@ void EditView::readBack() {
   control().userSelected(static_cast<int>(start), static_cast<int>(end - start));
 }
 
-// The clipboard is read only for boxes that want to know: it may hold a password.
+// Reads the clipboard only for boxes that handle a paste: it may hold a password.
 bool EditView::pasteIsUsed() {
   if (!control().paste || control().locked()) return false;
   readBack();

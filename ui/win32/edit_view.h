@@ -5,8 +5,8 @@
 
 namespace tillora::ui::win32 {
 
-/// An edit control. What the user makes of its text goes to the box after each change; a text that
-/// the user did not touch is never written back.
+/// An edit control. After each change by the user its text goes to the box; a text that the user
+/// did not touch is never written back.
 ///
 /// The window of a box with a password character holds placeholders (ui/masked_text.h) and cannot
 /// undo.
@@ -31,7 +31,7 @@ class EditView final : public ViewOf<TextBox> {
   bool isMasked() const { return control().passwordCharacter() != 0; }
   void edited();
   Text editedText() const;
-  /// Offers what is about to be pasted to the box; true where it wants it kept from the window.
+  /// Offers the text about to be pasted to the box; true if the box keeps it from the window.
   bool pasteIsUsed();
   void showText();
   void showSelection();

@@ -60,7 +60,7 @@ FormWindow::FormWindow(Screen& screen, Form& form, HWND owner) : screen_(screen)
 
 FormWindow::~FormWindow() { destroy(); }
 
-// Without window_ its messages are nobody's.
+// Clears window_ first, so that the messages sent meanwhile are ignored.
 void FormWindow::destroy() {
   if (window_) DestroyWindow(std::exchange(window_, nullptr));
 }

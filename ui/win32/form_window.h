@@ -36,9 +36,9 @@ class FormWindow final : public FormView {
   Form& form() const { return form_; }
   const Metrics& metrics() const;
 
-  /// Deals with a message of the form's windows before Windows does: keys, typed characters and
-  /// mouse buttons go to the form first. True where the message is used up; otherwise it is to be
-  /// translated and dispatched, changed or not.
+  /// Handles a message of the form's windows before Windows does: keys, typed characters and mouse
+  /// buttons go to the form first. True if the message is used up; otherwise it is to be translated
+  /// and dispatched, changed or not.
   bool preTranslate(MSG& message);
 
   /// The window of a control; null while it has none.
@@ -66,14 +66,13 @@ class FormWindow final : public FormView {
   HIMAGELIST imagesOf(const ui::ImageList& images);
   /// The platform put the focus into a control's window.
   void focusLanded(Control& control);
-  /// What the user does now reaches the form: it is shown, on top, and not busy.
+  /// User input reaches the form now: it is shown, on top, and not busy.
   bool takesInput() const;
-  /// A message by which the user does something with a window of the form, which takes no input
-  /// now.
+  /// The message is user input for a window of the form, and the form takes no input now.
   bool holdsOff(UINT message) const;
   /// Shows the hourglass; false for the standard pointer, which each window knows best.
   bool showPointer() const;
-  /// Runs code that may fail where no exception may pass; a failure ends the form's modal run.
+  /// Runs code that may fail where no exception may escape; a failure ends the form's modal run.
   template <std::invocable F>
   LRESULT walled(F&& code) noexcept {
     try {
@@ -123,7 +122,7 @@ class FormWindow final : public FormView {
   const CommandButton* shownDefault_ = nullptr;
 };
 
-/// Ends with std::system_error of GetLastError().
+/// Throws std::system_error with GetLastError().
 [[noreturn]] void throwLastError(const char* function);
 
 }  // namespace tillora::ui::win32

@@ -62,7 +62,7 @@ void FormWindow::showDefaultButton() {
 bool FormWindow::preTranslate(MSG& message) {
   if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
   if (!form_.isShown()) return false;
-  bool used = true;  // also where the form fails
+  bool used = true;  // even if the form fails
   walled([&] {
     switch (message.message) {
       case WM_KEYDOWN:

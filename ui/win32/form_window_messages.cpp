@@ -39,8 +39,8 @@ bool FormWindow::holdsOff(UINT message) const {
   }
 }
 
-// Closed underneath what is shown over it, a form would leave that behind: the close goes to the
-// one on top.
+// Closing a form under another would leave the upper one behind, so the close goes to the form on
+// top.
 void FormWindow::close() {
   if (!form_.isShown()) return;
   const HWND top = screen_.topWindow();
@@ -82,7 +82,7 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
   switch (message) {
     case WM_SYSCOMMAND:
       if ((wParam & 0xFFF0) != SC_CLOSE) return std::nullopt;
-      close();  // the platform itself does nothing where the window is disabled
+      close();  // the platform itself does nothing if the window is disabled
       return 0;
     case WM_CLOSE:
       close();
@@ -101,14 +101,14 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
       reconcileFocus();
       return 0;
     case WM_SYSCOLORCHANGE:
-      // Only top-level windows are told; common controls want to know too.
+      // Only top-level windows are notified; common controls need to know too.
       EnumChildWindows(window_, &forwardColourChange, 0);
       return std::nullopt;
     case WM_HELP:
       if (takesInput()) form_.userHelp();
       return TRUE;
     case WM_ENTERIDLE:
-      // A form over this one has nothing to do: neither has the host.
+      // While a form over this one is idle, so is the host.
       SendMessageW(GetWindow(window_, GW_OWNER), message, wParam, lParam);
       return 0;
     case WM_ENDSESSION:

@@ -6,8 +6,8 @@
 
 namespace tillora::ui::win32 {
 
-/// The class of windows that hold the controls of a frame. It is registered while anyone holds it,
-/// so that nothing is left behind when the module is unloaded.
+/// The class of windows that hold the controls of a frame. It is registered only while it is in
+/// use, so that nothing is left behind when the module is unloaded.
 class FrameClass {
  public:
   static std::shared_ptr<FrameClass> get();

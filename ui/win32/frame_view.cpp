@@ -57,7 +57,7 @@ void FrameView::show(Property what) {
 
 // What the theme paints behind a tab's page, as a brush, so that the page and the controls on it,
 // which fill their own background, match the strip around them. Themes vary it from top to bottom
-// at most, so a narrow strip from the middle is enough; where it is all one colour the brush is
+// at most, so a narrow strip from the middle is enough; if it is all one colour the brush is
 // plain.
 void FrameView::paintTabBody() {
   const Theme theme(OpenThemeData(window(), L"TAB"));

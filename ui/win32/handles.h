@@ -10,7 +10,7 @@
 
 namespace tillora::ui::win32 {
 
-/// The owner of a Windows handle, which `Close` gives back.
+/// The owner of a Windows handle, which `Close` releases.
 template <class Handle, auto Close>
 struct HandleCloser {
   using pointer = Handle;
@@ -37,7 +37,7 @@ using ImageList = Owned<HIMAGELIST, destroyImages>;
 using Window = Owned<HWND, destroyWindow>;
 using Theme = Owned<HTHEME, closeTheme>;
 
-/// Has a GDI object selected for as long as it lives.
+/// Keeps a GDI object selected during its lifetime.
 class Selection {
  public:
   Selection(HDC dc, HGDIOBJ object) : dc_(dc), former_(SelectObject(dc, object)) {}

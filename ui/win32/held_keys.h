@@ -6,7 +6,7 @@
 
 namespace tillora::ui::win32 {
 
-/// The modifier keys that were down when the message that is being handled was made.
+/// The modifier keys that were down when the current message was generated.
 inline Modifiers heldModifiers() {
   const auto isDown = [](int key) { return GetKeyState(key) < 0; };
   return {.shift = isDown(VK_SHIFT), .ctrl = isDown(VK_CONTROL), .alt = isDown(VK_MENU)};

@@ -74,7 +74,7 @@ LRESULT LabelView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       paint(reinterpret_cast<HDC>(wParam));
       return 0;
     case WM_SETTEXT: {
-      // The static would paint its text at once, past WM_PAINT.
+      // The static control would paint its text at once, bypassing WM_PAINT.
       SetWindowLongPtrW(window(), GWL_STYLE,
                         GetWindowLongPtrW(window(), GWL_STYLE) & ~LONG_PTR{WS_VISIBLE});
       const LRESULT result = ControlView::message(message, wParam, lParam);
@@ -96,7 +96,7 @@ LRESULT LabelView::message(UINT message, WPARAM wParam, LPARAM lParam) {
 void PictureView::create(HWND parent) {
   createWindow(parent, {WC_STATICW, SS_LEFT});
   const Control& picture = control();
-  // Never painted; it is what a screen reader says.
+  // Never painted; a screen reader reads it.
   const Text& name =
       picture.accessibleName().empty() ? picture.toolTip() : picture.accessibleName();
   SetWindowTextW(window(), forWindow(name).c_str());

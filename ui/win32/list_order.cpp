@@ -24,7 +24,7 @@ std::string keyOf(TextView text, const wchar_t* locale) {
                                                   reinterpret_cast<wchar_t*>(key),
                                                   static_cast<int>(room), nullptr, nullptr, 0));
   };
-  // Long enough for most texts; what is needed is asked for where it is not.
+  // Long enough for most texts; for others the required length is queried.
   std::string key(4 * text.size() + 16, '\0');
   std::size_t size = map(key.data(), key.size());
   if (size == 0) {
@@ -35,11 +35,11 @@ std::string keyOf(TextView text, const wchar_t* locale) {
   return key;
 }
 
-/// Makes the first levels of keys: what counts before accents, hyphens and the like.
+/// Makes the first levels of keys: what counts before accents and hyphens.
 ///
-/// Those of ASCII texts are put together from the levels of the characters, which takes a tenth of
-/// the time that the platform takes. It is asked about each pair of neighbours once: where two
-/// characters sort as one, or change each other, the text is the platform's.
+/// For ASCII texts they are put together from the levels of the characters, in a tenth of the
+/// platform's time. The platform is asked about each pair of neighbours once: if two characters
+/// sort as one or affect each other, the platform makes the key.
 class FirstLevels {
  public:
   explicit FirstLevels(const wchar_t* locale) : locale_(locale), pairs_(kAscii * kAscii) {
@@ -132,7 +132,7 @@ class Order {
   }
 
   std::vector<std::size_t> positions() {
-    // Numbers that lie beside each other are compared in no time.
+    // Adjacent numbers are cheap to compare.
     struct Place {
       std::uint64_t start;  // the first bytes in which levels differ
       std::uint64_t next;   // those that follow
@@ -164,7 +164,7 @@ class Order {
     return std::string_view(levels_).substr(begin, ends_[text] - begin);
   }
 
-  /// Number of bytes with which all levels begin alike.
+  /// Length of the prefix that all levels share, in bytes.
   std::size_t commonPrefix() const {
     if (texts_.empty()) return 0;
     std::string_view common = level(0);

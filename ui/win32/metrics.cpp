@@ -86,7 +86,7 @@ Rect Metrics::tabClientArea(const TabStrip& tabs) const {
 }
 
 void addTabs(HWND strip, const std::vector<Text>& tabs) {
-  // As wide as its caption each, so that one row holds them all.
+  // Each tab is as wide as its caption, so that one row holds them all.
   SendMessageW(strip, TCM_SETMINTABWIDTH, 0, 0);
   int position = 0;
   for (const Text& tab : tabs) {

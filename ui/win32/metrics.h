@@ -10,11 +10,12 @@
 
 namespace tillora::ui::win32 {
 
-/// Fonts of forms and the conversion between twips and pixels, for the screen as it is when made.
+/// Fonts of forms and the conversion between twips and pixels, for the screen as it is at
+/// construction.
 class Metrics {
  public:
   Metrics();
-  /// For a screen with so many pixels per inch.
+  /// For a screen with this many pixels per inch.
   explicit Metrics(int dpi);
 
   HFONT font() const { return font_.get(); }
@@ -51,12 +52,13 @@ class Metrics {
   MemoryDc dc_;
   int dpi_;
   int linePixels_ = 0;
-  /// Widths of the Latin letters, pixels: where a text holds no others its width is their sum.
+  /// Widths of the Latin letters, pixels: a text of these alone is as wide as their sum.
   std::array<int, 0x250> widths_{};
   mutable std::vector<TabInsets> tabInsets_;
 };
 
-/// The text of a tab and the style of the strip, alike in the strip and in measuring it.
+/// The text of a tab and the style of the strip, the same for showing the strip and for measuring
+/// it.
 void addTabs(HWND strip, const std::vector<Text>& tabs);
 inline constexpr DWORD kTabStripStyle = WS_CHILD | WS_CLIPSIBLINGS | TCS_MULTILINE;
 

@@ -48,8 +48,7 @@ ModalRun::~ModalRun() {
 void ModalRun::leaveScreen() {
   for (const HWND window : std::exchange(disabled_, {})) EnableWindow(window, TRUE);
   if (!window() || !IsWindowVisible(window())) return;
-  // The owner comes first: were the dialog hidden while it is active, another program could be
-  // brought to the front.
+  // Activates the owner first: hiding the active dialog could bring another program to the front.
   const bool wasActive = GetActiveWindow() == window();
   if (wasActive && owner_) SetActiveWindow(owner_);
   ShowWindow(window(), SW_HIDE);
@@ -89,7 +88,7 @@ void ModalRun::wait() {
     if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
       saidIdle = false;
       if (message.message == WM_QUIT) {
-        // The program is ending: so does the form, whatever it would rather do.
+        // The program is ending, and the form ends with it unconditionally.
         PostQuitMessage(static_cast<int>(message.wParam));
         form_.end();
       } else {
@@ -105,7 +104,7 @@ void ModalRun::wait() {
   throwFailure();
 }
 
-// As the platform's own dialogs do, for hosts that work while nothing else is to be done.
+// Like the platform's own dialogs, for hosts that do work when idle.
 void ModalRun::sayIdle() const {
   if (!owner_) return;
   SendMessageW(owner_, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(window()));
@@ -127,8 +126,8 @@ void ModalRun::windowGone() {
 void ModalRun::fail(std::exception_ptr failure) noexcept {
   if (failure_) return;
   failure_ = std::move(failure);
-  // A host may go on letting messages pass in the call that it is in: nothing more can be done in
-  // the dialog.
+  // A host may go on letting messages pass in the call that it is in, but the dialog takes no more
+  // input.
   form_.hide();
 }
 

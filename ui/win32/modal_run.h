@@ -12,8 +12,8 @@ namespace tillora::ui::win32 {
 
 class Screen;
 
-/// One form shown modally: while it lives, every other window of the thread that was there before
-/// is disabled, hidden ones included. Its end, in whatever way, leaves windows, focus and pointer
+/// One form shown modally: during its lifetime every other window of the thread that was there
+/// before is disabled, hidden ones included. However it ends, windows, focus and pointer are left
 /// as they were before.
 class ModalRun {
  public:
@@ -36,10 +36,9 @@ class ModalRun {
   void dispatch(MSG& message) const;
   /// Hides the form; wait() throws the first failure.
   void fail(std::exception_ptr failure) noexcept;
-  /// The form is not shown any more: its window goes, and the others of the thread are enabled.
+  /// The form is no longer shown: its window goes, and the others of the thread are enabled.
   void leaveScreen();
-  /// The form's window is being destroyed by somebody else, its owner's end in most cases: ends the
-  /// form.
+  /// The form's window is being destroyed from outside, usually with its owner: ends the form.
   void windowGone();
   bool isWindowGone() const { return gone_; }
 

@@ -118,7 +118,7 @@ Icon makeIcon(PictureId picture, int side) {
   const Raster colours(side, side);
   if (!colours.bitmap()) return {};
   auto pixels = colours.pixels().begin();
-  // The mask is for what knows no alpha channel: set where the ground shows.
+  // The mask is for code without alpha channels: set where the ground shows.
   const std::size_t maskRow = (static_cast<std::size_t>(side) + 15) / 16 * 2;
   std::vector<std::uint8_t> mask(maskRow * static_cast<std::size_t>(side));
   for (int row = 0; row < side; ++row) {

@@ -8,8 +8,8 @@
 
 namespace tillora::ui::win32 {
 
-/// A bitmap whose pixels can be read and written: 0xAARRGGBB, row by row from the top. After GDI
-/// has drawn into it, GdiFlush() comes before reading.
+/// A bitmap whose pixels can be read and written: 0xAARRGGBB, row by row from the top. Call
+/// GdiFlush() between drawing with GDI and reading.
 class Raster {
  public:
   Raster(int width, int height) {
@@ -26,7 +26,7 @@ class Raster {
                static_cast<std::size_t>(width) * static_cast<std::size_t>(height)};
   }
 
-  /// Null where there is no memory for it, or no area.
+  /// Null when out of memory or without an area.
   HBITMAP bitmap() const { return bitmap_.get(); }
   std::span<std::uint32_t> pixels() const { return pixels_; }
 

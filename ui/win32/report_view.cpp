@@ -10,7 +10,7 @@
 namespace tillora::ui::win32 {
 namespace {
 
-/// What the list decides of its header's style.
+/// The header styles that the list controls.
 constexpr LONG_PTR kListsStyles = kHeaderButtons | kHeaderFullDrag;
 static_assert(kListsStyles == (HDS_BUTTONS | HDS_FULLDRAG));
 
@@ -74,8 +74,8 @@ void ReportView::showColumns() {
   fillLastColumn();
 }
 
-// What LVSCW_AUTOSIZE_USEHEADER does, but with the texts of all rows: of rows that are asked for
-// the window would measure those in view alone.
+// Like LVSCW_AUTOSIZE_USEHEADER, but with the texts of all rows: in a virtual list the window would
+// measure only those in view.
 void ReportView::fillLastColumn() {
   const auto& columns = control().columns();
   if (columns.empty() || !columns.back().fills) return;
@@ -182,7 +182,7 @@ Point ReportView::toTwips(LPARAM position) const {
 LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SIZE: {
-      // Also where a scroll bar comes or goes.
+      // Even if a scroll bar appears or disappears.
       const LRESULT result = ControlView::message(message, wParam, lParam);
       const Echo echo(*this);
       fillLastColumn();

@@ -62,7 +62,7 @@ ModalRun* Screen::runOf(const Form& form) const {
 }
 
 void Screen::sessionEnds() const {
-  // The others belong to it, and go with it.
+  // It owns the others, which go with it.
   if (!runs_.empty() && runs_.front()->window()) DestroyWindow(runs_.front()->window());
 }
 

@@ -35,9 +35,9 @@ class Screen : public ui::Screen {
   /// Taken anew at the first use in each session.
   const Metrics& metrics() const;
   /// The window of the form that is on top, the owner for message boxes and file dialogs; null
-  /// where no form is shown, or its window is gone.
+  /// if no form is shown, or its window is gone.
   HWND topWindow() const;
-  /// The session of the user ends: takes the forms' windows away, and all that they own.
+  /// The user's session ends: destroys the forms' windows and all that they own.
   void sessionEnds() const;
 
  private:

@@ -32,7 +32,7 @@ LRESULT TabView::notify(NMHDR& header) {
   if (header.code != TCN_SELCHANGE) return 0;
   userDoes([this] {
     const auto chosen = static_cast<int>(send(TCM_GETCURSEL)) + 1;
-    if (chosen >= 1) control().setSelected(chosen);  // shows the choice, also where it is refused
+    if (chosen >= 1) control().setSelected(chosen);  // shows the choice, even if it is refused
   });
   return 0;
 }

@@ -4,8 +4,8 @@
 
 namespace tillora::ui::win32 {
 
-/// Makes the common controls those of the module's manifest (resource 2 of type 24) while it lives.
-/// Without such a resource it does nothing.
+/// During its lifetime the common controls are those of the module's manifest (resource 2 of type
+/// 24). Without such a resource it does nothing.
 class VisualStyles {
  public:
   VisualStyles();

@@ -31,7 +31,7 @@ void inMultiThreadedApartment(const std::function<void()>& body) {
   }).join();
 }
 
-/// A thread with an apartment of its own and a message loop, as the main thread of a program with
+/// A thread with an apartment of its own and a message loop, like the main thread of a program with
 /// windows.
 class WindowThread {
  public:
@@ -64,7 +64,7 @@ class WindowThread {
     MSG message;
     PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // makes the queue
     started.set_value(GetCurrentThreadId());
-    // It survives a WM_QUIT, with which a dialog that would not close may have been ended.
+    // It survives a WM_QUIT, which may have ended a dialog that would not close.
     for (;;) {
       if (GetMessageW(&message, nullptr, 0, 0) <= 0) continue;
       if (message.hwnd == nullptr && message.message == kEnd) break;
@@ -130,7 +130,7 @@ class ApartmentsTest : public ::testing::Test {
   FakeHost host;
 };
 
-TEST_F(ApartmentsTest, AHostInTheMultiThreadedApartmentIsServedFromTheObjectsOwn) {
+TEST_F(ApartmentsTest, CallsFromTheMultiThreadedApartmentRunInTheObjectsApartment) {
   WindowThread owner;
   inMultiThreadedApartment([&] {
     AutomationHost objects(host);
@@ -180,7 +180,7 @@ TEST_F(ApartmentsTest, AHostsFailureKeepsItsNumberAcrossApartments) {
     VARIANT_BOOL shown = VARIANT_TRUE;
     EXPECT_EQ(options->ShowOptions(&shown), FakeHost::failure().number());
 
-    // By name, the whole of it arrives.
+    // By name, the whole error arrives.
     DispatchObject named(ComPtr<IDispatch>(options.get()), u"Options");
     try {
       named.call(u"ShowOptions");

@@ -34,7 +34,7 @@ class AutomationHost {
   win32::ComPtr<ScriptedObject> settings;
   /// The records handed out, the latest last. Each holds a reference.
   std::vector<win32::ComPtr<ScriptedObject>> records;
-  /// Fields of tables that the host gives as values of this type, whatever it holds.
+  /// Fields of tables that the host gives as values of this type, whatever it stores.
   std::map<Text, VARTYPE> fieldTypes;
   /// The host answers a missing option with Empty and never says NoValue.
   bool missingIsEmpty = false;
@@ -45,7 +45,7 @@ class AutomationHost {
 
   static Variant reference(const Object& object) { return Variant(object.get()); }
 
-  /// A value on its way between component and host; of a text nothing is left in memory.
+  /// A value in transit between component and host; its text leaves nothing in memory.
   class Passing {
    public:
     explicit Passing(Value passed) : value(std::move(passed)) {}

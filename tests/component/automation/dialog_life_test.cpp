@@ -24,13 +24,13 @@
 #include "tests/testing/win32/windows_desk.h"
 #include "ui/win32/thread_windows.h"
 
-// The ends of the dialog that nobody chose in it, with each of its sub-dialogs on top.
+// The dialog is ended from outside, with each of its sub-dialogs on top.
 namespace tillora::testing {
 namespace {
 
 using win32::ComPtr;
 
-/// The whole component in real windows, which nobody but the test closes.
+/// The whole component in real windows, which only the test closes.
 class SubDialogTest : public OptionsTest {
  protected:
   using Press = std::function<ui::CommandButton*(ui::Form&)>;
@@ -209,7 +209,7 @@ class LibraryLifeTest : public ::testing::Test {
               }
             }};
   }
-  /// The dialog ended as by its close box, and nothing of the host is held by it.
+  /// The dialog ended as by its close box, and holds nothing of the host.
   void expectEnded() {
     EXPECT_TRUE(host.callsStarting("commit").empty());
     EXPECT_TRUE(IsWindowEnabled(other));
@@ -272,7 +272,7 @@ TEST_F(LibraryLifeTest, ShowOptionsReturnsWhenTheSessionEnds) {
   expectEnded();
 }
 
-TEST_F(LibraryLifeTest, ACloseUnderAMessageOfTheHostIsTheMessages) {
+TEST_F(LibraryLifeTest, ACloseUnderAMessageOfTheHostGoesToTheMessage) {
   HWND dialog = nullptr;
   EXPECT_EQ(
       show(*create(10).get(), {{L"Options",
@@ -342,7 +342,7 @@ TEST_F(LibraryLifeTest, AHostThatLetsMessagesPassInEveryCallOfASaveSeesOneSave) 
   EXPECT_EQ(host.value(options::CompanyName), u"a");
 }
 
-TEST_F(LibraryLifeTest, AHostThatIsAwareOfEachMonitorIsCalledInItsOwnContext) {
+TEST_F(LibraryLifeTest, APerMonitorAwareHostIsCalledInItsOwnContext) {
   using SetContext = HANDLE(WINAPI*)(HANDLE);
   using ContextOf = HANDLE(WINAPI*)(HWND);
   using Current = HANDLE(WINAPI*)();

@@ -81,7 +81,7 @@ TEST_F(DispatchObjectTest, PutsTheNewValueLast) {
   EXPECT_EQ(put, u"Name=Value");
 }
 
-TEST_F(DispatchObjectTest, SetsObjectsByReferenceAndByValueWhereTheHostWantsThat) {
+TEST_F(DispatchObjectTest, SetsObjectsByReferenceOrByValueIfTheHostWantsThat) {
   std::vector<WORD> flags;
   scripted->add(u"SettingsStore", [&](const Call& call) {
     flags.push_back(call.flags);
@@ -138,7 +138,7 @@ TEST_F(DispatchObjectTest, ValuesThatDoNotFitAreErrorsThatNameTheMember) {
   EXPECT_EQ(mismatch.description(), u"JetDatabase.Word gave a value of another type.");
 }
 
-TEST_F(DispatchObjectTest, NoObjectIsAnError) {
+TEST_F(DispatchObjectTest, AMissingObjectIsAnError) {
   gives(u"ClassTable", [] { return Variant(static_cast<IDispatch*>(nullptr)); });
   gives(u"GradeTable", [] { return Variant(); });
   gives(u"ItemList", [] { return Variant(std::int32_t{5}); });

@@ -49,7 +49,7 @@ std::vector<Row> rows() {
   return found;
 }
 
-/// What a caller gets to know.
+/// What a caller learns about a failure.
 struct Raised {
   HRESULT number = S_OK;
   Text source;
@@ -67,7 +67,7 @@ std::string basicText(HRESULT number) {
 }
 std::string textOrNone(const Text& text) { return text.empty() ? "none" : toUtf8(text); }
 
-/// The text, with "..." where the expected text has that.
+/// The text, with "..." in the places where the expected text has it.
 std::string withGap(const std::string& text, const std::string& expected) {
   const auto gap = expected.find("...");
   if (gap == std::string::npos) return text;
@@ -349,7 +349,7 @@ const std::vector<Case>& ErrorsTest::cases() {
   static const std::vector<Case> all = {
       {"A host object that is needed was not set", &T::nothingSet},
       {"The object set lacks a member", &T::wrongObject},
-      {"Something else than an object is set", &T::noObject},
+      {"Something other than an object is set", &T::noObject},
       {"ShowOptions is called while a dialog", &T::shownTwice},
       {"ShowOptions is called with SelectedTab beyond", &T::tabBeyondTheLast},
       {"SelectedTab is set to a number of more", &T::tabTooLarge},
@@ -359,11 +359,11 @@ const std::vector<Case>& ErrorsTest::cases() {
       {"An early-bound caller passes a null pointer", &T::nullPointer},
       {"clsRandomPrice is created", &T::recordCreated},
       {"The class is created as a part of another", &T::aggregated},
-      {"What is advised for events", &T::noListener},
+      {"The object advised for events", &T::noListener},
       {"A listener is unadvised", &T::notAdvised},
-      {"DllInstall is asked for another scope", &T::otherScope},
-      {"A member raises an error: all is passed on", &T::hostRaises},
-      {"A member raises an error without saying", &T::hostSaysNothing},
+      {"DllInstall is called with a scope other", &T::otherScope},
+      {"A member raises an error: everything is passed on", &T::hostRaises},
+      {"A member raises an error without a source", &T::hostSaysNothing},
       {"A member raises a number from 1 to 65535", &T::bareBasicNumber},
       {"A member raises an error without a number", &T::noNumber},
       {"A member returns a failure without", &T::bareResult},

@@ -19,14 +19,14 @@ namespace tillora::testing {
 /// A client's sink of the component's events. Created with one reference, on the heap.
 class EventListener final : public IDispatch {
  public:
-  /// Gets the by-reference argument; its result is what the sink answers.
+  /// Gets the by-reference argument; its result is what the sink returns.
   using Handler = std::function<HRESULT(LONG& changes)>;
 
   static win32::ComPtr<EventListener> make(Handler handler) {
     return win32::ComPtr<EventListener>::adopt(new EventListener(std::move(handler)));
   }
 
-  /// What the listener says where its handler fails, as exception information.
+  /// What the listener reports when its handler fails, as exception information.
   std::optional<Error> raises;
   int heard = 0;
   ULONG references() const { return references_; }

@@ -88,7 +88,7 @@ TEST_F(EventsTest, EveryListenerHearsInTheOrderAdvisedAndGetsWhatTheOneBeforeLef
   EXPECT_EQ(heard[1], 64);
 }
 
-TEST_F(EventsTest, AFailingListenerConcernsNobodyElse) {
+TEST_F(EventsTest, AFailingListenerDoesNotAffectTheOthers) {
   const auto failing = EventListener::make([](LONG&) { return E_FAIL; });
   const auto other = EventListener::make(ignore);
   advise(failing);
@@ -118,7 +118,7 @@ TEST_F(EventsTest, AListenerMayUnadviseItselfAndOthersInsideTheEvent) {
   EXPECT_EQ(first->references(), 1U);
 }
 
-TEST_F(EventsTest, AListenerThatComesInsideAnEventHearsTheNextOne) {
+TEST_F(EventsTest, AListenerAddedInsideAnEventHearsTheNextOne) {
   const auto late = EventListener::make(ignore);
   bool added = false;
   const auto early = EventListener::make([&](LONG&) {
@@ -153,7 +153,7 @@ TEST_F(EventsTest, TheHostMayReleaseTheComponentInsideTheEvent) {
   EXPECT_EQ(win32::ModuleLock::count(), locksBefore);
 }
 
-TEST_F(EventsTest, AListenerThatRaisesConcernsNobodyElse) {
+TEST_F(EventsTest, AListenerThatRaisesDoesNotAffectTheOthers) {
   const auto raising = EventListener::make([](LONG& changes) {
     changes = 64;
     return E_FAIL;
@@ -255,7 +255,7 @@ TEST_F(EventsTest, ObjectsAndValuesSetInsideTheEventAreForTheNextShowOptions) {
 }
 
 TEST_F(EventsTest, TheDialogMayBeClosedInsideTheEvent) {
-  // As when the host lets messages be dealt with, and the user presses the close box meanwhile.
+  // As if the host let messages pass and the user pressed the close box meanwhile.
   frmOptions* open = nullptr;
   const auto listener = EventListener::make([&](LONG&) {
     desk.user().closeWindow(*open);
@@ -362,7 +362,7 @@ TEST_F(EventsTest, TheOnlyConnectionPointIsThatOfTheEvents) {
   EXPECT_EQ(container->FindConnectionPoint(IID_IDispatch, none.out()), CONNECT_E_NOCONNECTION);
 }
 
-TEST_F(EventsTest, WhatIsNoListenerIsRefused) {
+TEST_F(EventsTest, AnythingButAListenerIsRefused) {
   DWORD cookie = 5;
   EXPECT_EQ(point->Advise(nullptr, &cookie), E_POINTER);
   const auto unknown = point.query<IUnknown>();

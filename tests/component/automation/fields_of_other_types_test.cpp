@@ -141,7 +141,7 @@ TEST_P(TextsHeldAs, NumbersAreShownAndSavedAsTheirText) {
 INSTANTIATE_TEST_SUITE_P(Types, TextsHeldAs,
                          ::testing::Values(VT_I2, VT_I4, VT_R4, VT_R8, VT_CY, VT_DECIMAL));
 
-TEST_F(FieldsOfOtherTypes, RowsWhoseKeyIsNoWholeNumberAreNeitherListedNorTouched) {
+TEST_F(FieldsOfOtherTypes, RowsWhoseKeyIsNotAWholeNumberAreNeitherListedNorTouched) {
   host.grades = {grade(Text(u"three")), grade(1.5F), grade(std::int32_t{4}), grade(Value()),
                  grade(Text())};
   host.randomPrices = {format(Text(u"x"), 1, 1, true), format(std::int32_t{2}, 3, 1, true),

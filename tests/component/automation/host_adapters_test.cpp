@@ -152,7 +152,7 @@ class HostFieldsTest : public HostAdaptersTest {
   HostFieldsTest() {
     table_->add(u"Field", [this](const Call&) { return given_(); });
   }
-  /// The field as it is read where the host answers this.
+  /// The field as it is read if the host answers this.
   Value read(Field field, std::function<Variant()> given) {
     given_ = std::move(given);
     return adapted_->get(field);
@@ -189,7 +189,7 @@ TEST_F(HostFieldsTest, NumbersOfEveryTypeAreWholeOnes) {
   EXPECT_EQ(readHeld(number, -2147483648.0), Value(std::int32_t{-2147483647 - 1}));
 }
 
-TEST_F(HostFieldsTest, WhatSaysNoWholeNumberIsNone) {
+TEST_F(HostFieldsTest, AnythingButAWholeNumberIsNone) {
   EXPECT_EQ(read(number, [] { return Variant(); }), Value());
   EXPECT_EQ(read(number, nullVariant), Value());
   for (const char16_t* text : {u"", u" ", u"seven", u"7 litres", u"7.5"}) {
@@ -223,7 +223,7 @@ TEST_F(HostFieldsTest, ATextFieldTakesTheTextOfANumber) {
   EXPECT_EQ(read(caption, nullVariant), Value());
 }
 
-TEST_F(HostFieldsTest, WhatIsTooLargeOrHasNoTextIsAnError) {
+TEST_F(HostFieldsTest, ValuesTooLargeOrWithoutATextAreErrors) {
   EXPECT_EQ(errorOf([&] { read(number, as(VT_I8, 1e12)); }), error::overflow);
   EXPECT_EQ(errorOf([&] { readHeld(number, 1e12); }), error::overflow);
   EXPECT_EQ(errorOf([&] { readHeld(number, u"99999999999"); }), error::overflow);
@@ -275,7 +275,7 @@ TEST_F(HostAdaptersTest, ItemsAreWalked) {
   EXPECT_EQ(payments->current().account, u"Till");
 }
 
-/// What items are asked for their names while a list of them is walked.
+/// The names that items are asked for while a list of them is walked.
 class ItemLookUpsTest : public ::testing::Test {
  protected:
   ComPtr<ScriptedObject> addItem() {
@@ -310,7 +310,7 @@ class ItemLookUpsTest : public ::testing::Test {
   std::vector<ComPtr<ScriptedObject>> items_;
 };
 
-TEST_F(ItemLookUpsTest, AnObjectHandedOutAgainIsNotAskedForItsNamesAnew) {
+TEST_F(ItemLookUpsTest, AnObjectHandedOutAgainIsNotAskedForItsNamesAgain) {
   const auto item = addItem();
   walk(5);
   EXPECT_EQ(item->lookUps, eachNameOnce());
@@ -360,7 +360,7 @@ TEST_F(HostAdaptersTest, Settings) {
   EXPECT_TRUE(settings->dispensingAvailable());
 }
 
-TEST_F(HostAdaptersTest, AHostThatDoesNotSayIsNoFailure) {
+TEST_F(HostAdaptersTest, SettingsThatTheHostDoesNotGiveAreNotAnError) {
   const auto silent = ScriptedObject::make();
   for (const char16_t* name : {u"DecimalPlaces", u"CurrencyFormat", u"DecimalSeparator"}) {
     silent->add(name, [](const Call&) { return Variant(); });
@@ -374,7 +374,7 @@ TEST_F(HostAdaptersTest, AHostThatDoesNotSayIsNoFailure) {
   EXPECT_FALSE(store->dispensingAvailable());
 }
 
-TEST_F(HostAdaptersTest, DecimalPlacesOfAnySizeAreNoFailure) {
+TEST_F(HostAdaptersTest, DecimalPlacesOfAnySizeAreNotAnError) {
   std::function<Variant()> answer;
   const auto places = [&](std::function<Variant()> given) {
     answer = std::move(given);

@@ -48,7 +48,7 @@ class ItemBrowserTest : public OptionsObjectTest {
     EXPECT_EQ(list->references(), 1U);
   }
 
-  /// Properties that are not given are texts without characters.
+  /// Properties that are not given are empty texts.
   void addItem(const std::vector<Property>& properties) {
     const auto item = ScriptedObject::make();
     for (const char16_t* name :
@@ -91,7 +91,7 @@ class ItemBrowserTest : public OptionsObjectTest {
   std::size_t failingItem = 1000;
 };
 
-TEST_F(ItemBrowserTest, APropertyThatIsNoTextIsShownAsItsText) {
+TEST_F(ItemBrowserTest, APropertyThatIsNotATextIsShownAsText) {
   addCharge(u"A", {{u"Group", nullVariant}, {u"Description", [] { return Variant(); }}});
   addCharge(u"B", {{u"Group", [] { return Variant(std::int32_t{100}); }},
                    {u"Description", [] { return Variant(25.0); }},

@@ -32,7 +32,7 @@ struct CallAnswer {
   UINT argument = 99;
 };
 
-/// A call as a client makes it that goes by ids.
+/// A call by id, as some clients make it.
 CallAnswer invoke(IDispatch& object, DISPID member, WORD flags, VARIANT* value = nullptr) {
   DISPID newValue = DISPID_PROPERTYPUT;
   const bool isPut = value != nullptr && (flags & (kPut | kPutRef)) != 0;
@@ -138,13 +138,14 @@ TEST_F(MemberCallTest, MembersAreFoundForTheKindsOfCallThatTheyAreMadeForOnly) {
   members.push_back({object.get(), 10, kMethod});
   for (DISPID field = 1; field <= 6; ++field) members.push_back({record.get(), field, kGet | kPut});
 
-  // Nothing given: what is found asks for its argument, or fails for want of host objects.
+  // Nothing is passed: a member that is found misses its argument, or fails for lack of host
+  // objects.
   const auto isFound = [](const Expected& tried, WORD flags) {
     return invoke(*tried.object, tried.member, flags).result != DISP_E_MEMBERNOTFOUND;
   };
   for (const Expected& tried : members) {
     for (WORD flags = 0; flags <= kAllFlags; ++flags) {
-      // A plain put is let pass to an object property, a mixture goes to what there is.
+      // A plain put to an object property is let through; mixed flags find whatever there is.
       const bool mixedPut = (flags & kPut) != 0 && flags != kPut;
       const int kinds = mixedPut && tried.kinds == (kPutRef | kPut) ? int{kPutRef} : tried.kinds;
       EXPECT_EQ(isFound(tried, flags), (flags & kinds) != 0)
@@ -158,7 +159,7 @@ TEST_F(MemberCallTest, MembersAreFoundForTheKindsOfCallThatTheyAreMadeForOnly) {
   }
 }
 
-TEST_F(MemberCallTest, AnotherNumberOfArgumentsIsRefused) {
+TEST_F(MemberCallTest, AWrongNumberOfArgumentsIsRefused) {
   VARIANT value = Variant(std::int16_t{1}).get();
   EXPECT_EQ(invoke(*object.get(), 3, kGet, &value).result, DISP_E_BADPARAMCOUNT);
   EXPECT_EQ(invoke(*object.get(), 10, kMethod, &value).result, DISP_E_BADPARAMCOUNT);
@@ -229,7 +230,7 @@ TEST_F(MemberCallTest, NumbersBeyondAPropertysTypeOverflow) {
   EXPECT_EQ(invoke(*record.get(), kPrefix, kGet).value.get().lVal, 32768);
 }
 
-TEST_F(MemberCallTest, EveryTypeOfNumberIsTakenWhereItFits) {
+TEST_F(MemberCallTest, EveryTypeOfNumberIsTakenIfItFits) {
   constexpr DISPID kPrefix = 3;
   for (const VARTYPE type :
        {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_INT, VT_UINT, VT_I8, VT_UI8}) {
@@ -292,7 +293,7 @@ std::vector<IID> withErrorInfo(IUnknown& object, const std::vector<IID>& tried) 
   return found;
 }
 
-TEST_F(MemberCallTest, ObjectsSayOfWhichInterfacesTheFailuresAreExplained) {
+TEST_F(MemberCallTest, ObjectsSayWhichInterfacesExplainTheirFailures) {
   const std::vector<IID> tried = {IID_IUnknown,
                                   IID_IDispatch,
                                   IID__Options,

@@ -32,7 +32,7 @@ TEST_F(OptionsObjectTest, ShowsTheDialogAndSaves) {
   EXPECT_FALSE(client->getBoolean(u"ChangedDataFile"));
 }
 
-TEST_F(OptionsObjectTest, MembersStandInTheOrderOfTheInterface) {
+TEST_F(OptionsObjectTest, MembersAreInTheOrderOfTheInterface) {
   ComPtr<ITypeInfo> info;
   ASSERT_EQ(object->GetTypeInfo(0, LOCALE_NEUTRAL, info.out()), S_OK);
   ComPtr<ITypeInfo> members;
@@ -129,7 +129,7 @@ TEST_F(OptionsObjectTest, EachNameIsLookedUpOncePerObject) {
   for (const auto& record : automationHost.records) expectOnce(*record.get());
 }
 
-TEST_F(OptionsObjectTest, ObjectsThatAnswerTheInterfaceIdAreTakenWithoutAnyNameAskedFor) {
+TEST_F(OptionsObjectTest, ObjectsThatAnswerTheInterfaceIdAreTakenWithoutAskingForNames) {
   const auto database = ScriptedObject::make();
   database->offers = DIID_JetDatabase;
   EXPECT_EQ(object->putref_DBJetObject(database.get()), S_OK);
@@ -182,7 +182,7 @@ TEST_F(OptionsObjectTest, ObjectsCanBeAssignedWithoutSet) {
   EXPECT_EQ(automationHost.settings->references(), 2U);
 }
 
-TEST_F(OptionsObjectTest, ValuesThatAreNoObjectsAreRefused) {
+TEST_F(OptionsObjectTest, ValuesThatAreNotObjectsAreRefused) {
   EXPECT_EQ(failureOf([&] { client->put(u"DBJetObject", std::int32_t{5}); }).number(),
             DISP_E_TYPEMISMATCH);
 }

@@ -103,7 +103,8 @@ class PasswordsInProcessTest : public ::testing::Test {
   }
   ~PasswordsInProcessTest() override { DestroyWindow(owner_); }
 
-  /// Shows the dialog to a person who does this; searches the memory when ShowOptions has returned.
+  /// Shows the dialog to a person who does this, and searches the memory when ShowOptions has
+  /// returned.
   HRESULT show(const std::function<void()>& act) {
     const auto options = server.create();
     options->putref_DBJetObject(automationHost.database.get());
@@ -197,7 +198,7 @@ class PasswordsInProcessTest : public ::testing::Test {
     }
   }
 
-  /// The password that is stored, compared as it lies there.
+  /// Whether this is the stored password, compared in its stored form.
   bool isStored(const Canary& canary) {
     return host.value(options::PasswordAdminOptions) == reversed(canary);
   }
@@ -276,7 +277,7 @@ TEST_F(PasswordsInProcessTest, NothingIsLeftOfPasswordsThatAreDropped) {
   EXPECT_TRUE(isStored(kStored));
 }
 
-TEST_F(PasswordsInProcessTest, NothingIsLeftAndNothingIsToldWhereTheHostFails) {
+TEST_F(PasswordsInProcessTest, NothingIsLeftOrRevealedWhenTheHostFails) {
   for (const std::string call : {"put PasswordAdminOptions", "commit"}) {
     host.failingCall = call;
     EXPECT_EQ(show([this] {

@@ -84,7 +84,7 @@ DWORD gdiObjects() {
   return count;
 }
 
-/// The handles of the process; 0 where the platform does not count them.
+/// The handles of the process; 0 if the platform does not count them.
 DWORD openHandles() {
   DWORD handles = 0;
   GetProcessHandleCount(GetCurrentProcess(), &handles);
@@ -139,7 +139,7 @@ class RealDialogTest : public ::testing::Test {
     return result;
   }
 
-  /// Hears the events of an object as long as it lives.
+  /// Listens to the events of an object during its lifetime.
   class Listening {
    public:
     Listening(_Options& options, EventListener& listener) : point_(connectionPoint(options)) {
@@ -217,7 +217,8 @@ TEST_F(RealDialogTest, ADialogClosedByOkIsOffTheScreenBeforeTheHostsObjectsAreRe
   auto options = create();
   HWND dialog = nullptr;
   std::vector<bool> visibleAtRelease;
-  // The host lets go inside the event: from then on the dialog alone holds its objects.
+  // The host releases its references inside the event: from then on only the dialog holds its
+  // objects.
   const auto listener = EventListener::make([&](LONG&) {
     automationHost.app->released = [&](ULONG left) {
       if (left == 1) visibleAtRelease.push_back(IsWindowVisible(dialog) != FALSE);
@@ -303,15 +304,15 @@ struct Holdings {
   DWORD gdi = gdiObjects();
   DWORD handles = openHandles();
 
-  /// Whether `later` shows a leak of one for every so many of these dialogs. A platform's own stock
-  /// of device contexts and handles grows and shrinks by a few.
+  /// Whether `later` shows a leak of one object or handle per dialog. A platform's own stock of
+  /// device contexts and handles grows and shrinks by a few.
   bool leaked(const Holdings& later, DWORD dialogs) const {
     return later.windows != windows || later.gdi >= gdi + dialogs ||
            later.handles >= handles + dialogs;
   }
 };
 
-/// Forty dialogs; a long run has as many as TILLORA_DIALOGS says (200: with
+/// Forty dialogs; a long run has as many as TILLORA_DIALOGS says (200 with
 /// TILLORA_TEST_SECONDS=900).
 int dialogsOfTheLongTest() {
   const char* const number = std::getenv("TILLORA_DIALOGS");
@@ -320,7 +321,7 @@ int dialogsOfTheLongTest() {
 
 TEST_F(RealDialogTest, ManyFullDialogsLeaveNothingBehind) {
   const int rounds = dialogsOfTheLongTest();
-  constexpr int kPainted = 4;  // every so many dialogs
+  constexpr int kPainted = 4;  // one in this many dialogs
   host.dispensingAvailable = true;
   for (int i = 0; i < 1000; ++i) {
     const Text number = decimalText(i);

@@ -53,12 +53,12 @@ TEST_F(OptionsRegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
   EXPECT_TRUE(registered.machine.mentions(L"\\{92ABADCE-DDA1-4620-9C8F-7306584041D2}\\1.0\\0"));
   EXPECT_EQ(Registry::text(before.user, registered.user), "");
 
-  EXPECT_EQ(server.registerServer(), S_OK) << "registering again is no failure";
+  EXPECT_EQ(server.registerServer(), S_OK) << "registering again is not an error";
   EXPECT_EQ(registered.changesTo(Registry()), "");
 
   ASSERT_EQ(server.unregisterServer(), S_OK);
   EXPECT_EQ(before.changesTo(Registry()), "");
-  EXPECT_EQ(server.unregisterServer(), S_OK) << "nothing to remove is no failure";
+  EXPECT_EQ(server.unregisterServer(), S_OK) << "nothing to remove is not an error";
 }
 
 TEST_F(OptionsRegistrationTest, PerUserRegistrationTouchesTheUsersKeysOnly) {

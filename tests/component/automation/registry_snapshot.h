@@ -20,7 +20,7 @@ class RegistrySnapshot {
     return std::ranges::any_of(
         lines_, [&](const std::wstring& line) { return line.find(part) != std::wstring::npos; });
   }
-  /// What was added and removed since; empty where nothing was.
+  /// What was added and removed since; empty if nothing was.
   std::wstring changesTo(const RegistrySnapshot& later) const {
     std::wstring text;
     for (const std::wstring& line : lines_) {

@@ -66,7 +66,7 @@ class ScriptedObject final : public IDispatchEx {
   std::map<Text, int> lookUps;
   /// Names of the members called, in order.
   std::vector<Text> calls;
-  /// Told of every reference that is given back, with the number that is left.
+  /// Called for every reference that is released, with the number of those left.
   std::function<void(ULONG)> released;
   ULONG references() const { return references_; }
 

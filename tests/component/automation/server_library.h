@@ -51,7 +51,7 @@ class ServerLibrary {
     factory()->CreateInstance(nullptr, IID__Options, options.outVoid());
     return options;
   }
-  /// S_OK when no object of it is left, nor a lock.
+  /// S_OK when none of its objects and locks is left.
   HRESULT canUnloadNow() const { return function<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
   HRESULT registerServer() const { return function<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
   HRESULT unregisterServer() const { return function<HRESULT(WINAPI*)()>("DllUnregisterServer")(); }

@@ -23,7 +23,7 @@ std::string presentText() {
   return typeLibraryText(*library.get());
 }
 
-/// The text that stands in docs/type-library.txt.
+/// The text of docs/type-library.txt.
 std::string frozenText() { return embeddedText(3); }
 
 std::string linesOf(const std::vector<std::string>& lines) {
@@ -68,7 +68,7 @@ TEST_F(FrozenInterfaceTest, IsWhatHostsWereBuiltWith) {
          << (broken.empty() ? "Nothing that a host depends on differs, only help strings.\n"
                             : "To hosts that exist this means:\n")
          << linesOf(broken)
-         << "Where that is wanted, copy type-library.txt from the build folder to docs/.";
+         << "If that is intended, copy type-library.txt from the build folder to docs/.";
 }
 
 TEST_F(FrozenInterfaceTest, EveryTypeAndMemberHasAHelpString) {
@@ -89,36 +89,36 @@ TEST_F(FrozenInterfaceTest, EveryChangeIsANamedConstantAndNothingElseIs) {
   EXPECT_EQ(constants, expected);
 }
 
-TEST_F(FrozenInterfaceTest, TheSameIsNoChange) {
+TEST_F(FrozenInterfaceTest, AnEqualTextIsNotAChange) {
   EXPECT_EQ(linesOf(brokenPromises(frozen, frozen)), "");
 }
 
-TEST_F(FrozenInterfaceTest, AnotherHelpStringBreaksNobody) {
+TEST_F(FrozenInterfaceTest, AnotherHelpStringBreaksNothing) {
   EXPECT_EQ(linesOf(afterReplacing("One random-price barcode format.", "A format.")), "");
 }
 
-TEST_F(FrozenInterfaceTest, ARenumberedMemberIsTold) {
+TEST_F(FrozenInterfaceTest, ARenumberedMemberIsReported) {
   EXPECT_EQ(
       linesOf(afterReplacing("Path() as BSTR, id 2", "Path() as BSTR, id 3")),
       "  App.propget Path by its dispatch id was '2' and is '3': hosts compiled with the former "
       "id reach another member or none.\n");
 }
 
-TEST_F(FrozenInterfaceTest, AMovedMemberIsTold) {
+TEST_F(FrozenInterfaceTest, AMovedMemberIsReported) {
   EXPECT_EQ(
       linesOf(afterReplacing(", id 8, vtable 14", ", id 8, vtable 15")),
       "  _Options.propput SelectedTab by its place in the vtable was '14' and is '15': compiled "
       "hosts call another member in its place.\n");
 }
 
-TEST_F(FrozenInterfaceTest, AnotherTypeIsTold) {
+TEST_F(FrozenInterfaceTest, AnotherTypeIsReported) {
   EXPECT_EQ(linesOf(afterReplacing("SelectedTab([in] short)", "SelectedTab([in] long)")),
             "  _Options.propput SelectedTab by its signature was 'propput SelectedTab([in] short) "
             "as HRESULT' and is 'propput SelectedTab([in] long) as HRESULT': hosts pass and "
             "expect what the former says.\n");
 }
 
-TEST_F(FrozenInterfaceTest, AMissingAndANewMemberAreTold) {
+TEST_F(FrozenInterfaceTest, AMissingAndANewMemberAreReported) {
   EXPECT_EQ(
       linesOf(afterReplacing("  method Send(", "  method Post(")),
       "  MessageSender.method Send is gone: hosts still offer it and wait in vain to be asked "
@@ -127,21 +127,21 @@ TEST_F(FrozenInterfaceTest, AMissingAndANewMemberAreTold) {
       "without it there.\n");
 }
 
-TEST_F(FrozenInterfaceTest, AnotherConstantIsTold) {
+TEST_F(FrozenInterfaceTest, AnotherConstantIsReported) {
   EXPECT_EQ(
       linesOf(afterReplacing("Rounding = 512", "Rounding = 16")),
       "  OptionChanges.constant Rounding by its signature was 'constant Rounding = 512' and is "
       "'constant Rounding = 16': hosts test the former number and refresh the wrong thing.\n");
 }
 
-TEST_F(FrozenInterfaceTest, AnotherIdIsToldWithItsConsequence) {
+TEST_F(FrozenInterfaceTest, AnotherIdIsReportedWithItsConsequence) {
   EXPECT_EQ(linesOf(afterReplacing("{7bb23f27", "{00000000")),
             "  ResourceStrings by its id was '{7bb23f27-a02a-49bf-b914-4beeeef57bb4}' and is "
             "'{00000000-a02a-49bf-b914-4beeeef57bb4}': host objects that answer the former id are "
             "not recognised.\n");
 }
 
-TEST_F(FrozenInterfaceTest, AnotherOrderIsTold) {
+TEST_F(FrozenInterfaceTest, AnotherOrderIsReported) {
   const std::string title = "  propget Title() as BSTR, id 1\n      \"Title of the product.\"\n";
   std::string text = frozen;
   const auto found = text.find(title);
@@ -154,7 +154,7 @@ TEST_F(FrozenInterfaceTest, AnotherOrderIsTold) {
       "from the former ones.\n");
 }
 
-TEST_F(FrozenInterfaceTest, AMissingHelpStringIsTold) {
+TEST_F(FrozenInterfaceTest, AMissingHelpStringIsReported) {
   std::string text = frozen;
   const std::string help = "      \"Title of the product.\"\n";
   ASSERT_NE(text.find(help), std::string::npos);

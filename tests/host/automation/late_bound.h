@@ -41,7 +41,7 @@ class LateBound {
   IDispatch* get() const { return object_.get(); }
   explicit operator bool() const { return static_cast<bool>(object_); }
 
-  /// The member's id; DISPID_UNKNOWN where there is none.
+  /// The member's id; DISPID_UNKNOWN for none.
   DISPID id(const wchar_t* name) const {
     auto* names = const_cast<wchar_t*>(name);
     DISPID id = DISPID_UNKNOWN;

@@ -25,7 +25,7 @@ TEST(AppObjectTest, HasATitleAndTheProgramsFolder) {
   EXPECT_EQ(app.call(L"Path").text(), u"C:\\Elsewhere");
 }
 
-/// A top-level window that keeps what it hears of saves.
+/// A top-level window that keeps what it receives about saves.
 class Listener {
  public:
   Listener() {
@@ -89,7 +89,7 @@ class Presser {
           PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
         }) {}
 
-  /// All of them, each with a slash behind it.
+  /// All of them, each followed by a slash.
   const Text& texts() {
     EXPECT_EQ(person_.finish(), 1);
     return texts_;

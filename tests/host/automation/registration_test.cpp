@@ -55,11 +55,11 @@ TEST_F(HostRegistrationTest, UnregistrationLeavesTheRegistryAsItWas) {
   ASSERT_EQ(registerServer(), S_OK);
   const Registry registered;
   EXPECT_NE(before.changesTo(registered), "");
-  EXPECT_EQ(registerServer(), S_OK) << "registering again is no failure";
+  EXPECT_EQ(registerServer(), S_OK) << "registering again is not an error";
   EXPECT_EQ(registered.changesTo(Registry()), "");
   ASSERT_EQ(unregister(), S_OK);
   EXPECT_EQ(before.changesTo(Registry()), "");
-  EXPECT_EQ(unregister(), S_OK) << "nothing to remove is no failure";
+  EXPECT_EQ(unregister(), S_OK) << "nothing to remove is not an error";
 }
 
 TEST_F(HostRegistrationTest, PerUserRegistrationTouchesTheUsersKeysOnly) {

@@ -80,7 +80,7 @@ TEST_F(ShopObjectsTest, EveryOptionIsAPropertyOfTheRecord) {
   EXPECT_EQ(record.id(L"NoSuchOption"), DISPID_UNKNOWN);
 }
 
-TEST_F(ShopObjectsTest, TheRecordTellsNoValueFromZero) {
+TEST_F(ShopObjectsTest, TheRecordDistinguishesNoValueFromZero) {
   const LateBound stored = database_.object(L"OptionsRecord");
   EXPECT_EQ(stored.call(L"TaxExemptCaption").text(), u"");
   EXPECT_EQ(stored.call(L"NoValue").value.get().boolVal, VARIANT_FALSE);
@@ -213,7 +213,7 @@ TEST_F(ShopObjectsTest, ReadsValuesBehindReferences) {
   EXPECT_EQ(value.get().lVal, 1);
 }
 
-TEST_F(ShopObjectsTest, TheShopOpensItsKinds) {
+TEST_F(ShopObjectsTest, TheShopOpensEmptyAndSeededShops) {
   EXPECT_EQ(shop_.call(L"CreateEmpty", path("empty.db")).result, S_OK);
   EXPECT_EQ(shop_.object(L"Database").object(L"ClassTable").call(L"EOF").value.get().boolVal,
             VARIANT_TRUE);
@@ -228,7 +228,7 @@ TEST_F(ShopObjectsTest, TheShopOpensItsKinds) {
   EXPECT_EQ(closed.source, u"TilloraHost.Shop");
 }
 
-TEST_F(ShopObjectsTest, AShopThatCannotBeOpenedLeavesTheOneThatIs) {
+TEST_F(ShopObjectsTest, AShopThatCannotBeOpenedLeavesTheOpenOne) {
   EXPECT_EQ(shop_.call(L"Open", path("missing\\shop.db")).number, shop_error::cannotOpen);
   EXPECT_EQ(shop_.call(L"Database").result, S_OK);
 }

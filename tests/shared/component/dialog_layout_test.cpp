@@ -51,7 +51,7 @@ std::string nameOf(const ui::Control& control, std::size_t index) {
   return "control " + std::to_string(index) + " " + toUtf8(control.caption());
 }
 
-/// What is seen of a container lies inside it, shows its whole caption and hides nothing else.
+/// The visible controls of a container lie inside it, show their whole caption and hide no other.
 void expectTidy(const ui::Container& holder) {
   const ui::Screen& screen = holder.form().screen();
   const auto& children = holder.children();

@@ -41,7 +41,7 @@ class DialogLifeTest : public OptionsTest {
   }
 };
 
-TEST_F(DialogLifeTest, InNoCallOfASaveCanAnythingBeEditedOrAnotherSaveStarted) {
+TEST_F(DialogLifeTest, NothingCanBeEditedOrSavedInsideAnyCallOfASave) {
   host.dispensingAvailable = true;
   host.grades = {{{u"GradeNumber", std::int32_t{1}},
                   {u"Product", Text(u"Fuel:ULP")},
@@ -198,14 +198,14 @@ TEST_F(DialogLifeTest, UntilTheEndOfAFirstUseNoEditEnablesApply) {
   EXPECT_TRUE(applyEnabled(dialog));
 }
 
-/// What ShowOptions says of the data file when it fails.
+/// What ShowOptions reports about the data file when it fails.
 class FailedDialogTest : public DialogLifeTest {
  protected:
   void chooseDataFile(frmOptions& dialog, TextView file) {
     machine.fileDialogs.answers = {Text(file)};
     user.click(dialog.tabs().ledvaneLink.cmdLedvane);
   }
-  /// A dialog that ends in a failure of the commit after `act`.
+  /// A dialog whose commit fails after `act`.
   void fail(const std::function<void(frmOptions&)>& act) {
     desk->whenShown([&](ui::Form& form) {
       auto& dialog = dynamic_cast<frmOptions&>(form);
@@ -220,7 +220,7 @@ class FailedDialogTest : public DialogLifeTest {
   }
 };
 
-TEST_F(FailedDialogTest, AnotherDataFileThatWasCommittedIsSaidThoughALaterSaveFails) {
+TEST_F(FailedDialogTest, ACommittedDataFileIsReportedThoughALaterSaveFails) {
   fail([&](frmOptions& dialog) {
     chooseDataFile(dialog, u"C:\\Ledvane\\Other.ldv");
     user.click(dialog.cmdCommand[frmOptions::apply]);
@@ -229,7 +229,7 @@ TEST_F(FailedDialogTest, AnotherDataFileThatWasCommittedIsSaidThoughALaterSaveFa
   EXPECT_TRUE(options_.ChangedDataFile());
 }
 
-TEST_F(FailedDialogTest, AnotherDataFileIsSaidThoughTheMessageAfterItsCommitFails) {
+TEST_F(FailedDialogTest, ACommittedDataFileIsReportedThoughTheMessageAfterItFails) {
   host.failingCall = "send";
   desk->whenShown([&](ui::Form& form) {
     chooseDataFile(dynamic_cast<frmOptions&>(form), u"C:\\Ledvane\\Other.ldv");
@@ -297,7 +297,7 @@ TEST_F(DialogLifeTest, ADialogThatEndsWithItsWindowIsCancelled) {
   EXPECT_FALSE(editor.isLoaded());
 }
 
-TEST_F(DialogLifeTest, OptionsThatEndInTheMiddleOfASaveLetItComeToItsEnd) {
+TEST_F(DialogLifeTest, OptionsThatEndDuringASaveLetItFinish) {
   saveDefaults();
   open([&](frmOptions& dialog) {
     user.type(u"One");

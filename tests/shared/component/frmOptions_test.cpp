@@ -178,7 +178,7 @@ TEST_F(FrmOptionsTest, ASelectedTabBeyondTheLastIsAnErrorAndShowsNothing) {
   open([&](frmOptions& dialog) { expectOnlyPageShown(dialog, 11); });
 }
 
-TEST_F(FrmOptionsTest, AFirstUseThatEndsAtATabBeyondTheLastHasSavedAllTheSame) {
+TEST_F(FrmOptionsTest, AFirstUseThatEndsAtATabBeyondTheLastHasStillSaved) {
   options_.FirstUse = true;
   options_.SelectedTab = 99;
   try {
@@ -261,7 +261,7 @@ TEST_F(FrmOptionsTest, ChoosingTheItemThatIsShownIsAnEdit) {
   });
 }
 
-TEST_F(FrmOptionsTest, AnArrowKeyThatCannotMoveIsNoChoice) {
+TEST_F(FrmOptionsTest, AnArrowKeyThatCannotMoveIsNotAChoice) {
   host.store(options::RoundingDirection, std::uint8_t{Rounding::downTo});
   openOn(TabPage::rounding, [&](frmOptions& dialog) {
     ui::ComboBox& direction = dialog.tabs().rounding.cboRounding[Rounding::direction];

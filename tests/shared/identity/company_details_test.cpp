@@ -45,7 +45,7 @@ TEST_F(CompanyDetailsTest, ShowsTheStoredValues) {
   });
 }
 
-TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhereNothingIsStored) {
+TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhenNothingIsStored) {
   open([&](frmOptions& dialog) {
     expectTexts(dialog, 0, std::vector<Text>(CompanyDetails::count));
     EXPECT_EQ(classes(dialog).items(), std::vector<Text>{u"(none)"});
@@ -622,7 +622,7 @@ TEST_F(CompanyDetailsTest, NumbersThatAreNotDigitsAloneStay) {
   });
 }
 
-TEST_F(CompanyDetailsTest, AStoredGroupThatIsNoNumberIsClearedWhenItIsTabbedOver) {
+TEST_F(CompanyDetailsTest, AStoredGroupThatIsNotANumberIsClearedWhenItIsTabbedOver) {
   host.store(options::CompanyACN, u"12a456");
   open([&](frmOptions& dialog) {
     expectTexts(dialog, 5, {u"12a", u"456", u"456"});
@@ -634,7 +634,7 @@ TEST_F(CompanyDetailsTest, AStoredGroupThatIsNoNumberIsClearedWhenItIsTabbedOver
   });
 }
 
-TEST_F(CompanyDetailsTest, TabbingOverEmptyGroupsIsNoEdit) {
+TEST_F(CompanyDetailsTest, TabbingOverEmptyGroupsIsNotAnEdit) {
   open([&](frmOptions& dialog) {
     user.click(box(dialog, 5));
     for (int i = 0; i < 7; ++i) user.press(Key::tab);

@@ -55,7 +55,7 @@ class FredLinkTest : public OptionsTest {
   }
 };
 
-TEST_F(FredLinkTest, ShowsTheDefaultsWhereNothingIsStored) {
+TEST_F(FredLinkTest, ShowsTheDefaultsWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_FALSE(active(dialog).value());
     EXPECT_EQ(path(dialog).text(), u"");
@@ -451,7 +451,7 @@ TEST_F(FredLinkTest, AStoredIntervalOutOfRangeIsShownAndKeptUntilTheBoxIsLeft) {
   });
 }
 
-TEST_F(FredLinkTest, AnArrowThatLeadsOutPutsAStoredIntervalOutOfRangeRight) {
+TEST_F(FredLinkTest, AnArrowPastTheEndCorrectsAStoredIntervalOutOfRange) {
   const std::vector<std::tuple<std::int16_t, int, Text>> presses = {{std::int16_t{300}, +1, u"60"},
                                                                     {std::int16_t{61}, +1, u"60"},
                                                                     {std::int16_t{3}, -1, u"5"},
@@ -480,7 +480,7 @@ TEST_F(FredLinkTest, AnArrowAtTheEndGoesToTheBoxAndChangesNothing) {
   }
 }
 
-TEST_F(FredLinkTest, ApplyByItsAccessKeyPutsTheIntervalRightFirst) {
+TEST_F(FredLinkTest, ApplyByItsAccessKeyCorrectsTheIntervalFirst) {
   openWith(15, [&](frmOptions& dialog) {
     typeSeconds(dialog, u"99");
     user.accessKey(u'a');
@@ -572,7 +572,7 @@ TEST_F(FredLinkTest, AHostThatFailsEndsTheSaveWithNothingWritten) {
   saveDefaults();
   for (const char* call : {"put FREDPollSeconds", "get FREDDataFile", "put FREDDataFile"}) {
     desk->whenShown([&](ui::Form& form) {
-      // What the load reads is not to fail.
+      // What the load reads must not fail.
       host.failingCall = call;
       user.spin(upDown(dynamic_cast<frmOptions&>(form)), +1);
       user.accessKey(u'o');

@@ -101,7 +101,7 @@ TEST_F(FrmPasswordSetTest, NothingOverlapsOrLiesOutside) {
   }
 }
 
-TEST_F(FrmPasswordSetTest, WithoutAPasswordTheOldBoxIsLockedGreyAndNoTabStop) {
+TEST_F(FrmPasswordSetTest, WithoutAPasswordTheOldBoxIsLockedGreyAndNotATabStop) {
   EXPECT_EQ(show(u"",
                  [&] {
                    EXPECT_TRUE(box(0).locked());
@@ -342,7 +342,7 @@ TEST_F(FrmPasswordSetTest, EveryBoxRefusesOneToThreeCharacters) {
   }
 }
 
-TEST_F(FrmPasswordSetTest, OkLooksAtAllBoxesInTheirOrder) {
+TEST_F(FrmPasswordSetTest, OkChecksAllBoxesInTheirOrder) {
   show(u"secret", [&] {
     box(2).setText(u"xyz");
     box(1).setText(u"ABC");
@@ -354,7 +354,7 @@ TEST_F(FrmPasswordSetTest, OkLooksAtAllBoxesInTheirOrder) {
   });
 }
 
-TEST_F(FrmPasswordSetTest, ABoxThatCannotBeLeftStillLetsOneOut) {
+TEST_F(FrmPasswordSetTest, ABoxThatCannotBeLeftStillLetsTheUserCancel) {
   const std::vector<std::function<void(frmPasswordSet&)>> ways = {
       [&](frmPasswordSet&) { user.press(Key::escape); },
       [&](frmPasswordSet& form) { user.click(form.cmdCommand[1]); },
@@ -408,7 +408,7 @@ TEST_F(FrmPasswordSetTest, CancelAfterARefusedOkLeavesThePasswordInLowerCase) {
             u"secret");
 }
 
-TEST_F(FrmPasswordSetTest, NoMessageOrToolTipTellsAPassword) {
+TEST_F(FrmPasswordSetTest, NoMessageOrToolTipRevealsAPassword) {
   show(u"secret", [&] {
     fill({u"wrongone", u"othertwo", u"otherthree"});
     user.press(Key::enter);

@@ -205,7 +205,7 @@ TEST_F(WebSiteDialogTest, ACancelledFileDialogChangesNothing) {
   });
 }
 
-TEST_F(WebSiteDialogTest, AFileThatIsNoShortcutIsRefusedByName) {
+TEST_F(WebSiteDialogTest, AFileThatIsNotAShortcutIsRefusedByName) {
   const Text file = u"C:\\O'Neil & Co\\notes.url";
   machine.fileDialogs.answers = {file};
   machine.files.profile[file + u"|InternetShortcut|IconFile"] = u"x";

@@ -140,7 +140,7 @@ TEST_F(LedvaneLinkTest, EachBoxShowsItsBitAndTheLineItemsFollowTheFirst) {
   }
 }
 
-TEST_F(LedvaneLinkTest, NothingIsTickedWhereNothingIsStored) {
+TEST_F(LedvaneLinkTest, NothingIsTickedWhenNothingIsStored) {
   host.dataFile.clear();
   open([&](frmOptions& dialog) {
     EXPECT_EQ(ticks(dialog), 0);
@@ -377,7 +377,7 @@ TEST_F(LedvaneLinkTest, AChoiceIsDroppedByCancel) {
   EXPECT_FALSE(options_.ChangedDataFile());
 }
 
-TEST_F(LedvaneLinkTest, ChoosingTheStoredFileIsNoChange) {
+TEST_F(LedvaneLinkTest, ChoosingTheStoredFileIsNotAChange) {
   open([&](frmOptions& dialog) {
     choose(dialog, kStored);
     EXPECT_FALSE(applyEnabled(dialog));
@@ -388,7 +388,7 @@ TEST_F(LedvaneLinkTest, ChoosingTheStoredFileIsNoChange) {
     EXPECT_EQ(tab(dialog).txtLedvane.text(), kStored);
     host.calls.clear();
     apply(dialog);
-    // What was chosen is compared with what the host has by then.
+    // The choice is compared with what the host has by then.
     EXPECT_EQ(host.callsStarting("get DataFile").size(), 1U);
   });
   EXPECT_TRUE(host.callsStarting("put DataFile").empty());
@@ -435,7 +435,7 @@ TEST_F(LedvaneLinkTest, TheChangeIsReportedOnceTheSaveIsCommitted) {
             (std::vector<std::pair<std::string, bool>>{{"commit", false}, {"send", true}}));
 }
 
-TEST_F(LedvaneLinkTest, WhenShowOptionsRaisesTheReportTellsOnlyOfAFileThatWasCommitted) {
+TEST_F(LedvaneLinkTest, WhenShowOptionsRaisesOnlyACommittedFileIsReported) {
   for (const bool before : {false, true}) {
     host.dataFile = kStored;
     if (before) edit([&](frmOptions& dialog) { choose(dialog, u"E:\\Shop.lvd"); });
@@ -518,7 +518,7 @@ TEST_F(LedvaneLinkTest, ASaveThatHandsNothingOverAsksNothing) {
   EXPECT_TRUE(host.callsStarting("TerminalCount").empty());
   host.terminals.clear();
   machine.files.matches.clear();
-  // A choice that the host has meanwhile is none to hand over.
+  // A choice that the host has meanwhile need not be handed over.
   open([&](frmOptions& dialog) {
     choose(dialog, kOther);
     host.dataFile = kOther;
@@ -599,7 +599,7 @@ TEST_F(LedvaneLinkTest, TheMessagesOfTheSaveAreThoseOfTheClick) {
   EXPECT_NE(boxes.shown[0].text, boxes.shown[2].text);
 }
 
-TEST_F(LedvaneLinkTest, AfterARefusedSaveTheOtherEditsAreSavedWithTheFileThatThereWas) {
+TEST_F(LedvaneLinkTest, AfterARefusedSaveTheOtherEditsAreSavedWithTheFormerFile) {
   saveDefaults();
   open([&](frmOptions& dialog) {
     choose(dialog, kOther);
@@ -619,7 +619,7 @@ TEST_F(LedvaneLinkTest, AfterARefusedSaveTheOtherEditsAreSavedWithTheFileThatThe
   EXPECT_TRUE(options_.ChangedDataFile());
 }
 
-TEST_F(LedvaneLinkTest, ARefusedSaveByEnterLeavesTheFocusOnAControlThatIsSeen) {
+TEST_F(LedvaneLinkTest, ARefusedSaveByEnterLeavesTheFocusOnAVisibleControl) {
   open([&](frmOptions& dialog) {
     choose(dialog, kOther);
     user.clickTab(dialog.tabOptions, static_cast<int>(TabPage::pump));

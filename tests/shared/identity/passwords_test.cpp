@@ -158,7 +158,7 @@ TEST_F(PasswordsTest, RowsStandBelowEachOtherInsideTheirFrames) {
   });
 }
 
-TEST_F(PasswordsTest, NothingIsProtectedWhereNothingIsStored) {
+TEST_F(PasswordsTest, NothingIsProtectedWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_TRUE(ticked(dialog).empty());
     EXPECT_FALSE(applyEnabled(dialog));
@@ -402,7 +402,7 @@ TEST_F(PasswordsTest, NothingIsWrittenBeforeTheSaveAndCancelDropsAll) {
   });
 }
 
-TEST_F(PasswordsTest, PasswordsThatNobodyTouchedSurviveASave) {
+TEST_F(PasswordsTest, UntouchedPasswordsSurviveASave) {
   storeAll();
   host.store(options::PasswordPromotions, u"KEPT AS IT IS");
   host.store(options::PasswordEndOfDay, u"a password of more than sixteen characters");

@@ -45,7 +45,7 @@ TEST_F(StartUpEntryTest, TheCaptionNamesTheHostProgram) {
   }
 }
 
-TEST_F(StartUpEntryTest, AnAmpersandOfTheTitleIsShownAndIsNoAccessKey) {
+TEST_F(StartUpEntryTest, AnAmpersandOfTheTitleIsShownAndIsNotAnAccessKey) {
   host.title = u"Smith & Co Administrator";
   open([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).accessKey(), std::nullopt);
@@ -97,7 +97,7 @@ TEST_F(StartUpEntryTest, NamesAreComparedExactly) {
   }
 }
 
-TEST_F(StartUpEntryTest, ANameInOtherLetterCaseGivesWayToTheRightOne) {
+TEST_F(StartUpEntryTest, ANameInOtherLetterCaseIsReplaced) {
   values = {{u"TILLORA administrator", u"x"}, kOther};
   edit([&](frmOptions& dialog) { user.click(box(dialog)); });
   EXPECT_EQ(values, (Values{kOther, {kName, kData}}));
@@ -124,7 +124,7 @@ TEST_F(StartUpEntryTest, AKeyThatCannotBeOpenedLoadsUntickedAndSavesNothing) {
   EXPECT_EQ(host.sent.size(), 1U);
 }
 
-TEST_F(StartUpEntryTest, AKeyThatMayOnlyBeReadShowsItsEntryAndStopsNoSave) {
+TEST_F(StartUpEntryTest, AReadOnlyKeyShowsItsEntryAndDoesNotStopASave) {
   values = {{kName, u"x"}};
   machine.registry.readOnly = true;
   EXPECT_TRUE(tickedAtLoad());
@@ -137,7 +137,7 @@ TEST_F(StartUpEntryTest, AKeyThatMayOnlyBeReadShowsItsEntryAndStopsNoSave) {
   EXPECT_TRUE(tickedAtLoad());
 }
 
-TEST_F(StartUpEntryTest, ARegistryThatFailsStopsNoSave) {
+TEST_F(StartUpEntryTest, ARegistryThatFailsDoesNotStopASave) {
   machine.registry.writesFail = true;
   const Values before = {{kName, u"x"}};
   values = before;

@@ -198,7 +198,7 @@ TEST_F(WebSitesTest, AFirstUseLeavesATableWithSitesAlone) {
   EXPECT_EQ(host.webSites, Sites{site(u"A", u"http://a")});
 }
 
-TEST_F(WebSitesTest, TheHomePageStaysWhereTheFirstSaveIsRefused) {
+TEST_F(WebSitesTest, TheHomePageStaysWhenTheFirstSaveIsRefused) {
   host.store(options::CurrencyListColumns, 0);
   options_.FirstUse = true;
   open([&](frmOptions& dialog) { EXPECT_TRUE(applyEnabled(dialog)); });
@@ -391,7 +391,7 @@ TEST_F(WebSitesTest, SitesOfOtherProgramsStayAndOursGo) {
     user.click(dialog.cmdCommand[frmOptions::apply]);
     EXPECT_EQ(host.webSites, (Sites{site(u"B", u"b"), site(u"Theirs", u"t"),
                                     site(u"Theirs again", u"t"), site(u"N", u"n")}));
-    // What was saved here is ours now; what was deleted here is anybody's.
+    // What was saved here is ours now; what was deleted here no longer is.
     host.webSites.push_back(site(u"A of others", u"a"));
     deleteRow(dialog, 1);
     user.click(dialog.cmdCommand[frmOptions::apply]);

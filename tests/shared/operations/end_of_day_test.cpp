@@ -364,7 +364,7 @@ TEST_F(EndOfDayTest, HistoryDaysThatAreANumberAreShownAsWholeOnes) {
   for (const auto& [text, shown] : cases) EXPECT_EQ(daysAfter(text), shown) << toUtf8(text);
 }
 
-TEST_F(EndOfDayTest, OkDealsWithTheDaysBeforeItSaves) {
+TEST_F(EndOfDayTest, OkCorrectsTheDaysBeforeItSaves) {
   for (const bool byEnter : {true, false}) {
     openPage([&](frmOptions& dialog) {
       user.click(days(dialog));
@@ -379,7 +379,7 @@ TEST_F(EndOfDayTest, OkDealsWithTheDaysBeforeItSaves) {
   }
 }
 
-TEST_F(EndOfDayTest, TabbingOverTheDaysIsNoEdit) {
+TEST_F(EndOfDayTest, TabbingOverTheDaysIsNotAnEdit) {
   host.store(options::EODHistoryDays, 30);
   openPage([&](frmOptions& dialog) {
     user.click(days(dialog));
@@ -611,7 +611,7 @@ TEST_F(EndOfDayTest, TheBalanceReportIsForcedByItsOptionSavedOrNot) {
   });
 }
 
-TEST_F(EndOfDayTest, CaptionsAreStoredAtApplyOnly) {
+TEST_F(EndOfDayTest, CaptionsAreStoredOnlyByApply) {
   const Text setting = kReportTitles[0].setting;
   host.settings[setting] = u"Old";
   openPage([&](frmOptions& dialog) {
@@ -654,7 +654,7 @@ TEST_F(EndOfDayTest, CaptionsThatWereCancelledOrNotAppliedAreForgotten) {
   });
 }
 
-TEST_F(EndOfDayTest, ARenamedReportIsCalledSoAmongTheDefaultReportsAtOnce) {
+TEST_F(EndOfDayTest, ARenamedReportHasItsNewNameAmongTheDefaultReportsAtOnce) {
   openPage([&](frmOptions& dialog) {
     rename(dialog, static_cast<int>(ReportTitle::journal), u"Day &book");
     inDefaultReports([&](frmEODDefaultReports& reports) {

@@ -59,7 +59,7 @@ class EODDefaultReportsTest : public OptionsTest {
   std::vector<Text> titles;
 };
 
-TEST_F(EODDefaultReportsTest, AnAmpersandBeforeABlankIsNoAccessKeyAndOneBeforeAnyLetterIs) {
+TEST_F(EODDefaultReportsTest, AnAmpersandMarksAnAccessKeyBeforeALetterButNotBeforeABlank) {
   titles[static_cast<std::size_t>(ReportTitle::balance)] = u"Profit & Loss";
   titles[static_cast<std::size_t>(ReportTitle::productSales)] = u"&\u00DCbersicht";
   titles[static_cast<std::size_t>(ReportTitle::salesPerson)] = u"Ta&x";
@@ -132,7 +132,7 @@ TEST_F(EODDefaultReportsTest, EachBoxIsHandedBackAsItsBit) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(EODDefaultReportsTest, BitsWithoutABoxAreGoneAfterOk) {
+TEST_F(EODDefaultReportsTest, OkClearsBitsWithoutABox) {
   const Result result = choose(-1, false, [&](frmEODDefaultReports&) { user.press(Key::enter); });
   EXPECT_EQ(result.bits, kAllReports | kDrawerBit);
 }
@@ -291,7 +291,7 @@ TEST_F(EODDefaultReportsTest, EverythingFitsIntoTheDialog) {
   });
 }
 
-TEST_F(EODDefaultReportsTest, AVeryLongTitleIsShownForWhatItIs) {
+TEST_F(EODDefaultReportsTest, AVeryLongTitleIsShownAsItIs) {
   titles[0] = Text(10000, u'W');
   titles[4] = u"";
   choose(0x1, false, [&](frmEODDefaultReports& dialog) {

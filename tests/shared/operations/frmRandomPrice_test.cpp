@@ -194,7 +194,7 @@ TEST_F(FrmRandomPriceTest, OptionBitsAreThoseOfTheBoxesOneAndTwo) {
   }
 }
 
-TEST_F(FrmRandomPriceTest, OptionBitsWithoutABoxAreGoneAfterOkAndKeptByCancel) {
+TEST_F(FrmRandomPriceTest, OptionBitsWithoutABoxAreClearedByOkAndKeptByCancel) {
   for (const std::int32_t bits : {-1, 7, 0x40000001}) {
     editor.OptionBits = bits;
     show([&] { user.press(Key::escape); });
@@ -204,7 +204,7 @@ TEST_F(FrmRandomPriceTest, OptionBitsWithoutABoxAreGoneAfterOkAndKeptByCancel) {
   }
 }
 
-TEST_F(FrmRandomPriceTest, TheInactiveBoxIsNoOptionBit) {
+TEST_F(FrmRandomPriceTest, TheInactiveBoxIsNotAnOptionBit) {
   editor.OptionBits = 0;
   accept([&] { user.click(check(frmRandomPrice::inactive)); });
   EXPECT_TRUE(editor.Inactive);

@@ -51,7 +51,7 @@ class LaybyTest : public OptionsTest {
   }
 };
 
-TEST_F(LaybyTest, ShowsTheDefaultsWhereNothingIsStored) {
+TEST_F(LaybyTest, ShowsTheDefaultsWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog, 0).text(), u"1");
     EXPECT_EQ(box(dialog, 1).text(), u"90");
@@ -309,7 +309,7 @@ TEST_F(LaybyTest, AFractionThatRoundsToAWholeNumberStaysInItsBox) {
   EXPECT_EQ(host.value(options::LaybyStartNumber), 1);
 }
 
-TEST_F(LaybyTest, NumbersEndAtWhatTheirOptionHolds) {
+TEST_F(LaybyTest, NumbersAreLimitedToTheTypeOfTheirOption) {
   openTab([&](frmOptions& dialog) {
     for (std::size_t i = 0; i < kNumbers.size(); ++i) {
       const int index = kNumbers[i];
@@ -378,7 +378,7 @@ TEST_F(LaybyTest, CancelSavesAndCorrectsNothing) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(LaybyTest, StoredNumbersThatNobodyTouchesAreKept) {
+TEST_F(LaybyTest, UntouchedStoredNumbersAreKept) {
   host.store(options::LaybyStartNumber, 0);
   host.store(options::LaybyTermDays, -7);
   host.store(options::LaybyHistoryDays, 0);
@@ -492,7 +492,7 @@ TEST_F(LaybyTest, TheTermsFillThePageWithTheirLeftMarginBelow) {
   });
 }
 
-TEST_F(LaybyTest, CallsTheHostByIndexOfTheBoxes) {
+TEST_F(LaybyTest, CallsTheHostInTheOrderOfTheBoxes) {
   editTab([&](frmOptions&) {
     EXPECT_EQ(host.callsStarting("get Layby"),
               (std::vector<std::string>{

@@ -133,7 +133,7 @@ TEST_F(PumpTest, TwoButtonsShareAnAccessKeyThatPressesNeither) {
   });
 }
 
-TEST_F(PumpTest, ShowsTheDefaultsWhereNothingIsStored) {
+TEST_F(PumpTest, ShowsTheDefaultsWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(tab(dialog).txtPump[PumpGrades::volumeUnit].text(), u"L");
     EXPECT_EQ(tab(dialog).txtPump[PumpGrades::priceUnit].text(), u"/L");

@@ -329,7 +329,7 @@ TEST_F(RandomPriceTest, OkInTheEditorWithoutAChangeEnablesApply) {
   });
 }
 
-TEST_F(RandomPriceTest, WhateverIsNotOkInTheEditorLeavesTheFormat) {
+TEST_F(RandomPriceTest, AnythingButOkInTheEditorLeavesTheFormat) {
   const std::vector<std::function<void(Editor&)>> ways = {
       [&](Editor& editor) { user.click(editor.cmdCommand[Editor::cancel]); },
       [&](Editor&) { user.press(Key::escape); }, [&](Editor& editor) { user.closeWindow(editor); }};

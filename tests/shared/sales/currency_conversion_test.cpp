@@ -46,7 +46,7 @@ class CurrencyConversionTest : public OptionsTest {
   }
 };
 
-/// The same where a comma stands before the decimals.
+/// The same with a decimal comma.
 class CurrencyConversionWithCommas : public CurrencyConversionTest {
  protected:
   CurrencyConversionWithCommas() : CurrencyConversionTest({u",", u".", u"\u20ac"}) {}
@@ -64,7 +64,7 @@ TEST_F(CurrencyConversionTest, ShowsTheStoredMarginWithAPercentSign) {
   });
 }
 
-TEST_F(CurrencyConversionTest, ShowsZeroWhereNothingIsStored) {
+TEST_F(CurrencyConversionTest, ShowsZeroWhenNothingIsStored) {
   open([&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"0.00%");
     EXPECT_EQ(upDown(dialog).value(), 0);
@@ -271,7 +271,7 @@ TEST_F(CurrencyConversionTest, AnEmptyBoxCountsAsZero) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 0);
 }
 
-TEST_F(CurrencyConversionTest, ATextThatIsNoNumberKeepsTheMargin) {
+TEST_F(CurrencyConversionTest, ATextThatIsNotANumberKeepsTheMargin) {
   openWith(5, [&](frmOptions& dialog) {
     for (const Text garbage : {u"abc", u"%", u"1e999", u"1..2", u"-", u".", u"5%%", u"&H10", u"NaN",
                                u"1.#IND", u"inf", u"-1e400", u"0x5"}) {
@@ -368,7 +368,7 @@ TEST_F(CurrencyConversionTest, TheHostsSeparatorIsUsedForEverything) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 7.25F);
 }
 
-TEST_F(CurrencyConversionWithCommas, TheUsersSeparatorIsUsedWhereTheHostGivesNone) {
+TEST_F(CurrencyConversionWithCommas, TheUsersSeparatorIsUsedIfTheHostGivesNone) {
   host.decimalSeparator = u"";
   openWith(2.5F, [&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"2,50");
@@ -384,7 +384,7 @@ TEST_F(CurrencyConversionWithCommas, TheUsersSeparatorIsUsedWhereTheHostGivesNon
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 15.5F);
 }
 
-TEST_F(CurrencyConversionWithCommas, TheHostsSeparatorGroupsNoThousandsAnyMore) {
+TEST_F(CurrencyConversionWithCommas, TheHostsSeparatorNoLongerGroupsThousands) {
   host.decimalSeparator = u".";
   openWith(2.5F, [&](frmOptions& dialog) {
     EXPECT_EQ(box(dialog).text(), u"2.50");
@@ -458,7 +458,7 @@ TEST_F(CurrencyConversionTest, AMarginTypedAsItIsShownIsStored) {
   }
 }
 
-TEST_F(CurrencyConversionTest, ADigitTypedAnewStoresTheMarginAsItIsShown) {
+TEST_F(CurrencyConversionTest, RetypingADigitStoresTheMarginAsShown) {
   openWith(2.555F, [&](frmOptions& dialog) {
     user.press(Key::end);
     user.press(Key::backspace);
@@ -470,7 +470,7 @@ TEST_F(CurrencyConversionTest, ADigitTypedAnewStoresTheMarginAsItIsShown) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), 2.56F);
 }
 
-TEST_F(CurrencyConversionTest, AKeyThatIsRefusedAndATextThatIsUndoneEditNoMargin) {
+TEST_F(CurrencyConversionTest, ARefusedKeyAndAnUndoneTextDoNotEditTheMargin) {
   openWith(2.555F, [&](frmOptions& dialog) {
     user.type(u"x");
     user.press(Key::tab);
@@ -589,7 +589,7 @@ TEST_F(CurrencyConversionTest, ClicksGoOnFromTheNearestEndOfAMarginOutOfRange) {
   EXPECT_EQ(host.value(options::DefaultCurrencyMargin), -99.9F);
 }
 
-TEST_F(CurrencyConversionTest, AStoredValueThatIsNoNumberShowsZero) {
+TEST_F(CurrencyConversionTest, AStoredValueThatIsNotANumberShowsZero) {
   for (const float stored :
        {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
     openWith(stored, [&](frmOptions& dialog) { EXPECT_EQ(box(dialog).text(), u"0.00"); });

@@ -231,7 +231,7 @@ TEST_F(ListColumnsTest, EachRowIsSavedAsItsOwnBits) {
   openPage([&](frmOptions& dialog) {
     for (std::size_t row = 0; row < 24; ++row) {
       for (int i = 0; i < ListColumns::count; ++i) {
-        // The last two columns of a sales person do not do alone.
+        // The last two columns of a sales person are not enough by themselves.
         const std::size_t choices = i == ListColumns::salesPerson ? 3 : listOf(i).rows.size();
         tickOnly(dialog, i, {static_cast<int>(row % choices)});
       }

@@ -65,13 +65,13 @@ class RoundingTest : public OptionsTest {
   }
 };
 
-/// The same where a comma stands before the decimals.
+/// The same with a decimal comma.
 class RoundingWithCommas : public RoundingTest {
  protected:
   RoundingWithCommas() : RoundingTest({u",", u".", u"\u20ac"}) {}
 };
 
-TEST_F(RoundingTest, ShowsTheDefaultsWhereNothingIsStored) {
+TEST_F(RoundingTest, ShowsTheDefaultsWhenNothingIsStored) {
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(combo(dialog, Rounding::direction).text(), u"down to");
     EXPECT_EQ(combo(dialog, Rounding::step).listIndex(), 2);
@@ -198,7 +198,7 @@ TEST_F(RoundingTest, AStepThatIsNotInTheListShowsTheThird) {
   EXPECT_EQ(host.value(options::RoundingStep), Money{500});
 }
 
-TEST_F(RoundingTest, AStepThatItsTextDoesNotTellIsFoundByItsAmount) {
+TEST_F(RoundingTest, AStepWithAnAmbiguousTextIsFoundByItsAmount) {
   host.decimalPlaces = 3;
   host.currencyFormat = u"0 units";
   host.store(options::RoundingStep, Money{250});
@@ -308,7 +308,7 @@ TEST_F(RoundingWithCommas, StepsAreShownAndFoundByTheUsersSeparators) {
     EXPECT_EQ(steps.text(), u"0,05 \u20ac");
     EXPECT_EQ(tab(dialog).lblRounding[Rounding::taxStep].caption(), u"0,00 \u20ac");
   });
-  // Offered by none of its own amounts: 0,025 is shown as 0,03.
+  // This is not an offered amount, but 0,025 is shown as 0,03.
   host.store(options::RoundingStep, Money{300});
   openTab([&](frmOptions& dialog) {
     EXPECT_EQ(combo(dialog, Rounding::step).text(), u"0,03 \u20ac");

@@ -460,7 +460,7 @@ TEST_F(TransactionsTest, SharedAccessKeysWalkAndTickNothing) {
       user.accessKey(u'm');
       EXPECT_TRUE(check(dialog, TransactionOptions::enteredAmountsWithTax).hasFocus());
     }
-    // With the button of the help.
+    // The Help button has this key, too.
     user.accessKey(u'h');
     EXPECT_TRUE(dialog.cmdCommand[frmOptions::help_].hasFocus());
     user.accessKey(u'h');

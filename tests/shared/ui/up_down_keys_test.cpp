@@ -148,7 +148,7 @@ TEST_F(UpDownKeys, ARefusedTextKeepsTheUpDownWhereItIs) {
   form.showModal();
 }
 
-TEST_F(UpDownKeys, ThePressedKeyIsTheBoxesOwnFirst) {
+TEST_F(UpDownKeys, TheBoxGetsThePressedKeyFirst) {
   UpDownForm form(desk->screen());
   form.box.keyDown = [](Key& key, ui::Modifiers) {
     if (key == Key::up) key = Key::none;

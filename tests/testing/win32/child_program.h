@@ -21,13 +21,13 @@ std::filesystem::path programFolder();
 std::wstring quoted(const std::filesystem::path& path);
 
 /// A program that runs beside this one. It is ended, with every program that it started, when this
-/// object goes or this program ends.
+/// object or this program ends.
 class ChildProgram {
  public:
-  /// Whatever it prints goes into the file. Throws std::runtime_error where it cannot be run.
+  /// Whatever it prints goes into the file. Throws std::runtime_error if it cannot be run.
   ChildProgram(std::wstring commandLine, const std::filesystem::path& output);
 
-  /// Its exit code; none where it still runs after this time or when the event is set meanwhile.
+  /// Its exit code; none if it still runs after this time or if the event is set meanwhile.
   std::optional<DWORD> wait(DWORD milliseconds, HANDLE event = nullptr) const;
 
  private:
@@ -35,7 +35,7 @@ class ChildProgram {
   KernelHandle process_;
 };
 
-/// The lines of a text file, whatever ends them; none where it cannot be read.
+/// The lines of a text file, whatever ends them; none if it cannot be read.
 std::vector<std::string> linesOf(const std::filesystem::path& file);
 
 }  // namespace tillora::testing

@@ -125,7 +125,7 @@ void DialogPerson::use(const Dialog& dialog) {
   }
 }
 
-// First as the dialog offers it, in the end as the end of the program.
+// First in the ways that the dialog offers, finally as the end of the program does.
 void DialogPerson::closeAll() {
   constexpr int kAttempts = 10;
   constexpr int kPolite = 3;

@@ -42,11 +42,11 @@ class DialogPerson {
   /// fewer than expected and everything that went wrong are failures of the test.
   int finish();
 
-  /// For `act`: waits until a dialog of the thread with this title has the keyboard; false, and a
-  /// failure, where it does not.
+  /// For `act`: waits until a dialog of the thread with this title has the keyboard. If none gets
+  /// it, returns false and fails the test.
   bool waitFor(const wchar_t* title);
 
-  // These return when the window in front has dealt with the keys, or is gone.
+  // These return when the window in front has processed the keys, or is gone.
   static void type(const wchar_t* text);
   static void type(wchar_t character);
   static void press(WORD key, bool alt = false, bool ctrl = false);
@@ -56,7 +56,7 @@ class DialogPerson {
   using Dialog = ShownDialogs::Dialog;
 
   void work();
-  /// The next dialog, with the keyboard; number 0 where none is coming.
+  /// The next dialog, with the keyboard; number 0 if none is coming.
   Dialog next();
   void use(const Dialog& dialog);
   void closeAll();

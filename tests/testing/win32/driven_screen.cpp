@@ -8,7 +8,7 @@ using ui::win32::ModalRun;
 
 namespace {
 
-/// Has a run on top of the others while it lives.
+/// Has a run on top of the others during its lifetime.
 class OnTop {
  public:
   OnTop(std::vector<ModalRun*>& runs, ModalRun& run) : runs_(runs) { runs_.push_back(&run); }

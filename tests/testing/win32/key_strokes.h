@@ -47,7 +47,7 @@ inline std::vector<INPUT> inputsOf(const KeyStroke& stroke) {
   return inputs;
 }
 
-/// A character: by its key where the keyboard has one that needs no more than Shift.
+/// A character: by its key if the keyboard has one that needs no more than Shift.
 inline std::vector<INPUT> inputsOf(wchar_t character) {
   const SHORT key = VkKeyScanW(character);
   constexpr int kShifted = 1;
@@ -75,7 +75,7 @@ inline HWND focusBeside(HWND window) {
   return thread.hwndFocus;
 }
 
-/// Whether the keyboard is this top-level window's. Keys that are struck as soon as it is visible
+/// Whether this top-level window has the keyboard. Keys that are struck as soon as it is visible
 /// may still go to the window that was in front before.
 inline bool hasKeyboard(HWND window) {
   const HWND focus = focusBeside(window);

@@ -9,11 +9,10 @@ struct ProgramRun {
   std::string printed;  ///< standard output and errors
 };
 
-/// Runs a program that lies beside the test program; throws std::runtime_error where it cannot be
-/// run.
+/// Runs a program that lies beside the test program; throws std::runtime_error if it cannot be run.
 ProgramRun runBeside(const std::wstring& name, const std::wstring& arguments);
 
-/// Runs drive.exe and gives what it printed (UTF-8); throws std::runtime_error where it cannot be
+/// Runs drive.exe and returns what it printed (UTF-8); throws std::runtime_error if it cannot be
 /// run or fails.
 std::string drive(const std::wstring& arguments);
 

@@ -26,7 +26,7 @@ class Search {
     }
   }
 
-  /// All that the program may write but what it shares with others; heaps included.
+  /// Everything that the program may write and does not share with others, including heaps.
   void everything() {
     std::size_t found = 0;
     const unsigned char* at = nullptr;

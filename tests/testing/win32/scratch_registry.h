@@ -6,10 +6,10 @@
 
 namespace tillora::testing {
 
-/// While one lives, what this program asks of the machine's and of the user's part of the registry
-/// goes to an empty registry of the test's own: a test that is killed leaves nothing that another
-/// one would see. The system's own look-ups, such as that of a class to be created, do not see it
-/// either.
+/// During its lifetime, whatever this program asks of the machine's and of the user's part of the
+/// registry goes to an empty registry of the test's own, so that a test that is killed leaves
+/// nothing for another one to see. The system's own look-ups, such as that of a class to be
+/// created, do not see it either.
 class ScratchRegistry {
  public:
   ScratchRegistry();

@@ -15,7 +15,7 @@ TestReport::TestReport(const std::filesystem::path& file) : file_(file, std::ios
 void TestReport::note(const std::string& line) {
   std::printf("%s\n", line.c_str());
   std::fflush(stdout);
-  // Flushed, for a machine that is switched off leaves the report so far.
+  // Flushed, so that a machine that is switched off leaves the report so far.
   file_ << line << "\r\n" << std::flush;
 }
 

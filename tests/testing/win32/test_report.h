@@ -9,7 +9,7 @@ namespace tillora::testing {
 /// Results as they come: failures and notes on the screen, everything in a text file.
 class TestReport {
  public:
-  /// Throws where the file cannot be written.
+  /// Throws if the file cannot be written.
   explicit TestReport(const std::filesystem::path& file);
 
   void note(const std::string& line);
@@ -17,11 +17,11 @@ class TestReport {
   void failed(const std::string& name, const std::string& why);
   void skipped(const std::string& name, const std::string& why);
 
-  /// What the log of a GoogleTest program says. A test that was begun and not ended has failed.
-  /// Gives the number of failures.
+  /// Reports the log of a GoogleTest program. A test that was begun and not ended has failed.
+  /// Returns the number of failures.
   int addLog(const std::string& program, const std::filesystem::path& log);
 
-  /// Ends with the closing line; true where something was tested and nothing failed.
+  /// Ends with the closing line; true if something was tested and nothing failed.
   bool close();
 
  private:

@@ -6,7 +6,7 @@
 
 namespace tillora::testing {
 
-/// A window hook of another thread of this program; without effect where it cannot be set.
+/// A window hook of another thread of this program; has no effect if it cannot be set.
 class ThreadHook {
  public:
   ThreadHook(int kind, HOOKPROC procedure, DWORD thread)
@@ -20,7 +20,7 @@ class ThreadHook {
 };
 
 /// Runs something on the thread of a window of this program, in between its messages; it must not
-/// throw. False where the thread does not get to it within `milliseconds`, or the window is gone.
+/// throw. False if the thread does not get to it within `milliseconds`, or the window is gone.
 bool runOnThreadOf(HWND window, const std::function<void()>& act, UINT milliseconds);
 
 }  // namespace tillora::testing

@@ -30,7 +30,7 @@ struct Library {
   std::set<std::string> events;  // interfaces that a class of the component raises
 };
 
-/// Cuts off and returns what follows the last `mark`; empty where there is none.
+/// Cuts off and returns what follows the last `mark`; empty for none.
 std::string cutAfter(std::string& text, const std::string& mark) {
   const auto found = text.rfind(mark);
   if (found == std::string::npos) return "";

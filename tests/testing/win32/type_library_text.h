@@ -19,8 +19,8 @@ namespace tillora::testing {
 ///         "The host's JetDatabase: its shop database."
 std::string typeLibraryText(ITypeLib& library);
 
-/// What the change from one text of typeLibraryText() to another does to hosts that exist: a line
-/// for each difference, empty where only help strings differ. A line begins with the type and the
+/// What the change from one text of typeLibraryText() to another means for existing hosts: a line
+/// for each difference, empty if only help strings differ. A line begins with the type and the
 /// member and says what was and what is.
 std::vector<std::string> brokenPromises(const std::string& frozen, const std::string& present);
 

@@ -46,11 +46,10 @@ LRESULT CALLBACK takeMark(int code, WPARAM remove, LPARAM parameter) {
 
 }  // namespace
 
-// A last key, which nobody gets to see, is taken when the others have been processed.
+// A last key, which no window gets to see, is taken when the others have been processed.
 void strikeAndWait(std::vector<INPUT> inputs) {
   Strike& strike = current();
-  strike.mark =
-      strike.mark % 100 + 1;  // one that was left behind by a window that closed is another
+  strike.mark = strike.mark % 100 + 1;  // a mark left behind by a window that closed is different
   for (const bool up : {false, true}) {
     inputs.push_back(keyInput(kMark, up));
     inputs.back().ki.wScan = strike.mark;
@@ -60,10 +59,10 @@ void strikeAndWait(std::vector<INPUT> inputs) {
   const DWORD thread = GetWindowThreadProcessId(strike.front, nullptr);
   const ThreadHook marks(WH_GETMESSAGE, &takeMark, thread);
   const ThreadHook ends(WH_CALLWNDPROC, &noticeEnd, thread);
-  // Struck on the window's own thread no key is apart from its modifiers: between them Wine may
-  // find that they are up on the display's keyboard, and lets them go.
+  // Struck on the window's own thread, so that a key and its modifiers stay together. Between them
+  // Wine might find the modifiers up on the display's keyboard, and release them.
   const bool struck = runOnThreadOf(strike.front, [&] { sendInputs(inputs); }, kPatience);
-  if (IsWindowVisible(strike.front) == FALSE) return;  // gone before anybody listened
+  if (IsWindowVisible(strike.front) == FALSE) return;  // gone before it could take them
   if (struck && WaitForSingleObject(strike.over, kPatience) == WAIT_OBJECT_0) return;
   ADD_FAILURE() << "the window in front does not process its keys";
 }

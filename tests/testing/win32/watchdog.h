@@ -16,7 +16,7 @@ class Watchdog final : public ::testing::EmptyTestEventListener {
  public:
   /// The exit code of a program that was ended.
   static constexpr unsigned kExitCode = 124;
-  /// Seconds that a test may take, where other than 300.
+  /// Seconds that a test may take, if other than 300.
   static constexpr const char* kVariable = "TILLORA_TEST_SECONDS";
 
   void OnTestProgramStart(const ::testing::UnitTest& program) override;

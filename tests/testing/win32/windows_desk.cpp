@@ -28,7 +28,7 @@ void WindowsDesk::shown(ui::Form& form) {
     step(form);
   }
   user_.closeWindow(form);
-  form.hide();  // one that would not close ends with its step all the same
+  form.hide();  // even a form that would not close ends with its step
 }
 
 std::unique_ptr<Desk> makeDesk() { return std::make_unique<WindowsDesk>(); }

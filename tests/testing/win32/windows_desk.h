@@ -9,7 +9,7 @@
 namespace tillora::testing {
 
 /// Keys and mouse buttons sent to real windows, as hardware would. Each action returns when
-/// everything that follows from it has been dealt with, forms shown and closed included.
+/// everything that follows from it has been processed, including forms shown and closed.
 class WindowsUser final : public User {
  public:
   explicit WindowsUser(DrivenScreen& screen) : screen_(screen) {}
@@ -34,7 +34,7 @@ class WindowsUser final : public User {
  private:
   /// The window where the mouse can reach the control: visible, on the form on top. Null otherwise.
   HWND reach(const ui::Control& control) const;
-  /// Moves the pointer to a point of the screen; false where it is not on that window's form.
+  /// Moves the pointer to a point of the screen; false if that is not on the window's form.
   bool moveTo(HWND window, POINT at);
   /// Clicks at a point of the window's client area.
   void clickAt(HWND window, POINT point, int times = 1);

@@ -15,7 +15,7 @@ using ui::Kind;
 
 constexpr ULONGLONG kMostWaiting = 10000;  // milliseconds
 
-/// Another program may be reading it. A clipboard that nobody owns takes no data.
+/// Another program may be reading it. A clipboard without an owner takes no data.
 bool openClipboard(HWND owner) {
   const ULONGLONG end = GetTickCount64() + kMostWaiting;
   while (!OpenClipboard(owner)) {
@@ -75,7 +75,7 @@ void WindowsUser::settle() {
 }
 
 // Wine puts a window on top when the display says that the pointer has entered it. A late event
-// about the window below, from between one dialog and the next, would send the click there.
+// about the window below, from before the dialog was shown, would send the click there.
 bool WindowsUser::moveTo(HWND window, POINT at) {
   settle();
   SetCursorPos(at.x, at.y);

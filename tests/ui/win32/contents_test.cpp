@@ -216,7 +216,7 @@ TEST_F(ContentsTest, AKeyThatAHandlerTakesDoesNothing) {
   });
 }
 
-TEST_F(ContentsTest, EnterPressesTheDefaultButtonOrMakesALineWhereThereIsNone) {
+TEST_F(ContentsTest, EnterPressesTheDefaultButtonOrMakesALineIfThereIsNone) {
   show([&] {
     user.click(gallery.notes);
     gallery.ok.setDefault(false);
@@ -408,7 +408,7 @@ TEST_F(ContentsTest, WhatComesAfterANulIsShown) {
     EXPECT_EQ(shownIn(gallery), shown);
     EXPECT_EQ(shownIn(gallery.nameLabel), shown);
     EXPECT_EQ(shownIn(gallery.name), shown);
-    EXPECT_EQ(gallery.name.text(), odd);  // nobody has edited it
+    EXPECT_EQ(gallery.name.text(), odd);  // it was not edited
     user.click(gallery.name);
     user.press(Key::end);
     user.type(u"!");

@@ -1,4 +1,4 @@
-// The last column of a list takes what the others leave, as the platform's own width code has it.
+// The last column of a list takes what the others leave, as with the platform's own width code.
 #include <gtest/gtest.h>
 
 #include "support/modListViewSupport.h"

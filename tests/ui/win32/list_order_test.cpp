@@ -91,7 +91,7 @@ TEST(ListOrderTest, AKeyMayBeMuchLongerThanItsText) {
   EXPECT_EQ(inOrder({longest, longest.substr(1)}), (std::vector<Text>{longest.substr(1), longest}));
 }
 
-TEST(ListOrderTest, NothingHasAnOrderToo) { EXPECT_TRUE(inOrder({}).empty()); }
+TEST(ListOrderTest, AnEmptyListIsInOrder) { EXPECT_TRUE(inOrder({}).empty()); }
 
 }  // namespace
 }  // namespace tillora::testing

@@ -92,7 +92,7 @@ TEST_F(ListViewTest, TypingFindsTheRow) {
   });
 }
 
-TEST_F(ListViewTest, ADoubleClickTellsWhereItWas) {
+TEST_F(ListViewTest, ADoubleClickReportsWhereItWas) {
   ui::Point last;
   int doubleClicks = 0;
   list.mouse = [&](ui::Point point) { last = point; };
@@ -117,7 +117,7 @@ TEST_F(ListViewTest, AClickBelowTheRowsKeepsTheSelection) {
   });
 }
 
-TEST_F(ListViewTest, TwoClicksApartAreNoDoubleClick) {
+TEST_F(ListViewTest, TwoClicksApartAreNotADoubleClick) {
   int doubleClicks = 0;
   list.doubleClick = [&] { ++doubleClicks; };
   show([&] {
@@ -127,7 +127,7 @@ TEST_F(ListViewTest, TwoClicksApartAreNoDoubleClick) {
   });
 }
 
-TEST_F(ListViewTest, HeadersAreHitByNoRow) {
+TEST_F(ListViewTest, AHeaderIsNotARow) {
   show([&] {
     EXPECT_EQ(list.hitTest({150, 30}), -1);
     EXPECT_EQ(list.hitTest({150, 100000}), -1);

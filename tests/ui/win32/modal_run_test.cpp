@@ -92,7 +92,7 @@ class ModalRunTest : public ::testing::Test {
     SetActiveWindow(owner.get());
   }
 
-  /// Opens so many forms, each from a handler of the one below; acts when the last one is shown.
+  /// Opens this many forms, each from a handler of the one below; acts when the last one is shown.
   void open(int depth, const std::function<void()>& act) {
     for (int i = 0; i < depth; ++i) levels.push_back(std::make_unique<Level>(screen));
     for (int i = 0; i + 1 < depth; ++i) {
@@ -167,7 +167,7 @@ class ModalRunTest : public ::testing::Test {
 
 enum class Way { timer, postedMessage, otherThread };
 
-/// The owner's end, whichever way it comes about: depth of forms, a message box over the last one.
+/// The owner ends, in whichever way: with this depth of forms, and a message box over the last one.
 class OwnersEndTest : public ModalRunTest,
                       public ::testing::WithParamInterface<std::tuple<Way, int, bool>> {
  protected:
@@ -273,14 +273,14 @@ TEST_F(ModalRunTest, AFormWhoseWindowAloneIsDestroyedEndsAndTheOneBelowGoesOn) {
   expectHostIsBack();
 }
 
-TEST_F(ModalRunTest, TheProgramsEndIsNoFormsOwnDoing) {
+TEST_F(ModalRunTest, TheProgramsEndEndsEveryFormAndIsPassedOn) {
   open(3, [] { PostQuitMessage(3); });
   MSG message{};
   EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
   expectAllEnded();
 }
 
-TEST_F(ModalRunTest, ASessionThatIsOnlyAskedForLeavesTheForms) {
+TEST_F(ModalRunTest, ASessionEndThatIsOnlyQueriedLeavesTheForms) {
   nextEnded = [&](Level& below) { closeByUser(window(below)); };
   open(2, [&] {
     for (const HWND form : {window(level(0)), window(level(1))}) {
@@ -360,7 +360,7 @@ TEST_F(ModalRunTest, ACloseOfAFormUnderAMessageBoxIsAnsweredByTheBox) {
   expectAllEnded();
 }
 
-TEST_F(ModalRunTest, WhatALowerFormIsSentDoesNothingThere) {
+TEST_F(ModalRunTest, MessagesToALowerFormDoNothing) {
   open(2, [&] {
     const HWND button = window(level(0).next);
     int pressed = 0;
@@ -577,7 +577,7 @@ TEST_F(BusyFormTest, WhatAnotherProgramPutsIntoItsWindowsIsTakenBack) {
   EXPECT_EQ(gallery.tabs.selected(), 2);
 }
 
-TEST_F(BusyFormTest, NothingIsPastedIntoABoxThatTakesWhatIsPastedItself) {
+TEST_F(BusyFormTest, NothingIsPastedIntoABoxThatHandlesThePaste) {
   int pasted = 0;
   gallery.name.paste = [&](TextView, bool& used) {
     ++pasted;
@@ -635,7 +635,7 @@ TEST_F(BusyFormTest, AWindowThatTheHostShowsInItsCallCanBeUsed) {
   EXPECT_EQ(got, 2);
 }
 
-/// Other metrics of the platform for as long as it lives.
+/// Changes the platform's message font during its lifetime.
 class OtherMessageFont {
  public:
   OtherMessageFont() {
@@ -672,7 +672,7 @@ TEST(ScreenSessionTest, TakesFontsAndSizesAnew) {
   EXPECT_EQ(screen.lineHeight(), before);
 }
 
-/// The thread's awareness of resolutions, 0 to 2, by the platform's functions where it has them.
+/// The thread's awareness of resolutions, 0 to 2, by the platform's functions if it has them.
 class Awareness {
  public:
   bool isKnown() const { return set_ && get_ && of_; }
@@ -698,7 +698,7 @@ constexpr INT_PTR kSystemAware = -2;
 constexpr INT_PTR kPerMonitorAware = -3;
 constexpr INT_PTR kPerMonitorAwareV2 = -4;
 
-TEST(ScreenSessionTest, IsScaledByTheSystemInAProgramThatIsAwareOfEachMonitor) {
+TEST(ScreenSessionTest, IsScaledByTheSystemInAPerMonitorAwareProgram) {
   const Awareness awareness;
   ASSERT_TRUE(awareness.isKnown());
   for (const INT_PTR context : {kPerMonitorAware, kPerMonitorAwareV2}) {

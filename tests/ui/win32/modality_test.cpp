@@ -98,7 +98,7 @@ TEST_F(ModalityTest, ItIsCentredOnItsOwner) {
   gallery.showModal();
 }
 
-TEST_F(ModalityTest, ItStaysOnTheScreenWhereItsOwnerIsAtTheEdge) {
+TEST_F(ModalityTest, ItStaysOnTheScreenIfItsOwnerIsAtTheEdge) {
   SetWindowPos(desk.host(), nullptr, -850, -650, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   desk.whenShown([&](ui::Form&) {
     RECT own{};

@@ -1,4 +1,4 @@
-// Text that is pasted into a box whose owner wants to know, by each way that the platform has.
+// Text that is pasted into a box with a handler for it, in every way that the platform has.
 #include <gtest/gtest.h>
 
 #include "tests/testing/win32/gallery.h"

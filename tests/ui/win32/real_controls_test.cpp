@@ -22,7 +22,7 @@ class RealControlsTest : public ::testing::Test {
     gallery.showModal();
   }
   HWND window(const ui::Control& control) { return desk.windows().windowOf(control); }
-  /// Lets messages pass until it is so; a patient wait for the platform's timers.
+  /// Processes messages until the condition holds, with patience for the platform's timers.
   bool soon(const std::function<bool()>& isSo) {
     const ULONGLONG end = GetTickCount64() + 20000;
     while (!isSo() && GetTickCount64() < end) {
