@@ -13,7 +13,8 @@
 namespace tillora {
 namespace {
 
-// In the smallest unit of the currency; how many are offered depends on its decimal places.
+// In the smallest unit of the currency. How many are offered depends on its decimal places: with
+// any they end at 1, without at 10000.
 constexpr std::array kSteps = {1,   2,   5,   10,   20,   25,   50,   100,
                                200, 250, 500, 1000, 2000, 2500, 5000, 10000};
 constexpr std::array<std::size_t, 5> kStepCounts = {16, 4, 8, 12, 16};

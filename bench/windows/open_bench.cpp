@@ -1,4 +1,4 @@
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "bench/windows/bare_windows.h"
@@ -50,14 +50,14 @@ class Opening {
  private:
   void record() {
     screen_.modalShown = [this](ui::Form& form) {
-      firstPage_.emplace(screen_.topWindow());
+      firstPage_ = std::make_unique<BareWindows>(screen_.topWindow());
       auto& dialog = dynamic_cast<frmOptions&>(form);
       for (int tab = 1; tab <= dialog.tabOptions.count(); ++tab) {
         dialog.tabOptions.setSelected(tab);
         screen_.pumpUntilIdle();
       }
       dialog.tabOptions.setSelected(1);
-      allPages_.emplace(screen_.topWindow());
+      allPages_ = std::make_unique<BareWindows>(screen_.topWindow());
       form.unload();
     };
     options_.ShowOptions();
@@ -89,8 +89,8 @@ class Opening {
   testing::ScriptedMessageBoxes boxes_{screen_};
   testing::FakeMachine machine_;
   Options options_{machine_.platform(screen_, boxes_)};
-  std::optional<BareWindows> firstPage_;
-  std::optional<BareWindows> allPages_;
+  std::unique_ptr<BareWindows> firstPage_;
+  std::unique_ptr<BareWindows> allPages_;
 };
 
 }  // namespace

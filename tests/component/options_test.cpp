@@ -55,51 +55,49 @@ TEST_F(ShowOptionsTest, TheOrderOfTheLoadIsTitleRecordThenTabs) {
   const auto found = std::ranges::search(host.calls, captions);
   ASSERT_EQ(found.size(), captions.size());
   host.calls.erase(found.begin() + 1, found.end());
-  EXPECT_EQ(
+  expectSameCalls(
       host.calls,
-      (std::vector<std::string>{
-          "Title", "DispensingAvailable", "OptionsRecord",
-          // General
-          "get CompanyName", "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
-          "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass", "ClassTable",
-          "find ClassTable Hidden=False", "get DataFile", "get LVSummariseBits", "Title",
-          // Transactions
-          "get TransactionOptionBits", "get TerminalIDCaption", "get TransactionNumberCaption",
-          "get SalesPersonCaption", "get TaxedSellPriceCaption", "get TaxedWholesaleCaption",
-          "get TaxExemptCaption", "get ItemTaxCaption", "get ItemsSoldCaption",
-          "get TotalExTaxCaption", "get TaxTotalCaption", "get TotalCaption", "get ChangeCaption",
-          "get BalanceDueCaption", "get LaybyOpeningBalanceCaption",
-          "get LaybyClosingBalanceCaption", "get LaybyDateDueCaption",
-          // Rounding
-          "get RoundingDirection", "DecimalPlaces", "CurrencyFormat", "get RoundingStep",
-          "get RoundedCaption", "get RoundingVarianceCaption", "get RoundingItem",
-          "get RoundingFlags", "get TaxRoundingMode", "get TaxRoundingDirection",
-          // Currency
-          "DecimalSeparator", "get DefaultCurrencyMargin",
-          // Scanning
-          "get RandomPriceScanningFlags", "RandomPriceTable", "find RandomPriceTable [Prefix] = 2",
-          "update RandomPriceTable",
-          // Layby
-          "get LaybyStartNumber", "get LaybyTermDays", "get LaybyTermsText", "get LaybyHistoryDays",
-          // Lists
-          "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
-          "get LaybyCustomerListColumns", "get CurrencyListColumns",
-          // EOD
-          "get EODOptionFlags", "get EODReconcileTotalFlags", "get EODHistoryDays",
-          "get TimeReportPeriod", "get PrintNRGT", "get EODDefaultReportBits",
-          // FRED
-          "get FREDPollSeconds", "get FREDDataFile", "get FREDLinkActive",
-          // Pump
-          "get PumpVolumeUnitCaption", "get PumpPriceUnitCaption", "get PumpOptionBits",
-          "GradeTable",
-          // Web
-          "WebSiteTable",
-          // Security
-          "get AdminSecurityBits", "get TerminalSecurityBits", "get PasswordStartAdmin",
-          "get PasswordTransferData", "get PasswordPostTransactions", "get PasswordCompactDatabase",
-          "get PasswordAdminOptions", "get PasswordDeleteTerminal", "get PasswordChangePrices",
-          "get PasswordPromotions", "get PasswordEndOfDay", "get PasswordTerminalOptions",
-          "get PasswordGlobalOverride"}));
+      {"Title", "DispensingAvailable", "OptionsRecord",
+       // General
+       "get CompanyName", "get CompanyAddress", "get CompanyPhone", "get CompanyFax",
+       "get CompanyEmail", "get CompanyACN", "get CompanyABN", "get LVClass", "ClassTable",
+       "find ClassTable Hidden=False", "get DataFile", "get LVSummariseBits", "Title",
+       // Transactions
+       "get TransactionOptionBits", "get TerminalIDCaption", "get TransactionNumberCaption",
+       "get SalesPersonCaption", "get TaxedSellPriceCaption", "get TaxedWholesaleCaption",
+       "get TaxExemptCaption", "get ItemTaxCaption", "get ItemsSoldCaption",
+       "get TotalExTaxCaption", "get TaxTotalCaption", "get TotalCaption", "get ChangeCaption",
+       "get BalanceDueCaption", "get LaybyOpeningBalanceCaption", "get LaybyClosingBalanceCaption",
+       "get LaybyDateDueCaption",
+       // Rounding
+       "get RoundingDirection", "DecimalPlaces", "CurrencyFormat", "get RoundingStep",
+       "get RoundedCaption", "get RoundingVarianceCaption", "get RoundingItem", "get RoundingFlags",
+       "get TaxRoundingMode", "get TaxRoundingDirection",
+       // Currency
+       "DecimalSeparator", "get DefaultCurrencyMargin",
+       // Scanning
+       "get RandomPriceScanningFlags", "RandomPriceTable", "find RandomPriceTable [Prefix] = 2",
+       "update RandomPriceTable",
+       // Layby
+       "get LaybyStartNumber", "get LaybyTermDays", "get LaybyTermsText", "get LaybyHistoryDays",
+       // Lists
+       "get SalesPersonListColumns", "get ProductListColumns", "get CustomerListColumns",
+       "get LaybyCustomerListColumns", "get CurrencyListColumns",
+       // EOD
+       "get EODOptionFlags", "get EODReconcileTotalFlags", "get EODHistoryDays",
+       "get TimeReportPeriod", "get PrintNRGT", "get EODDefaultReportBits",
+       // FRED
+       "get FREDPollSeconds", "get FREDDataFile", "get FREDLinkActive",
+       // Pump
+       "get PumpVolumeUnitCaption", "get PumpPriceUnitCaption", "get PumpOptionBits", "GradeTable",
+       // Web
+       "WebSiteTable",
+       // Security
+       "get AdminSecurityBits", "get TerminalSecurityBits", "get PasswordStartAdmin",
+       "get PasswordTransferData", "get PasswordPostTransactions", "get PasswordCompactDatabase",
+       "get PasswordAdminOptions", "get PasswordDeleteTerminal", "get PasswordChangePrices",
+       "get PasswordPromotions", "get PasswordEndOfDay", "get PasswordTerminalOptions",
+       "get PasswordGlobalOverride"});
 }
 
 TEST_F(ShowOptionsTest, TheLoadReadsEveryOption) {

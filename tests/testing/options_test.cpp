@@ -1,5 +1,7 @@
 #include "tests/testing/options_test.h"
 
+#include <algorithm>
+
 namespace tillora::testing {
 
 OptionsTest::OptionsTest(NumberLocale numbers) : machine(std::move(numbers)) {
@@ -99,6 +101,15 @@ std::vector<ui::TextBox*> OptionsTest::openBoxes(const ui::Container& page) {
     }
   }
   return found;
+}
+
+void OptionsTest::expectSameCalls(const std::vector<std::string>& calls,
+                                  const std::vector<std::string>& expected) {
+  const auto [call, wanted] = std::ranges::mismatch(calls, expected);
+  EXPECT_TRUE(call == calls.end() && wanted == expected.end())
+      << "call " << call - calls.begin() + 1 << " is "
+      << (call == calls.end() ? "missing" : "\"" + *call + "\"") << ", expected was "
+      << (wanted == expected.end() ? "none" : "\"" + *wanted + "\"");
 }
 
 bool OptionsTest::applyEnabled(frmOptions& dialog) const {

@@ -52,6 +52,10 @@ class OptionsTest : public ::testing::Test {
 
   bool applyEnabled(frmOptions& dialog) const;
 
+  /// Says at which call two long lists first differ.
+  static void expectSameCalls(const std::vector<std::string>& calls,
+                              const std::vector<std::string>& expected);
+
   std::unique_ptr<Desk> desk = makeDesk();
   User& user = desk->user();
   FakeHost host;
