@@ -69,7 +69,10 @@ class Frame final : public Container {
   /// The control that gets the focus when a tab shows this page; null for the first in the tab
   /// order.
   Control* firstFocus() override { return firstFocus_; }
-  void setFirstFocus(Control& control) { firstFocus_ = &control; }
+  Frame& setFirstFocus(Control& control) {
+    firstFocus_ = &control;
+    return *this;
+  }
 
   Margins margins() const override;
 

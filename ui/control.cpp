@@ -43,12 +43,13 @@ bool Control::effectivelyVisible() const {
   return visible_ && (parent_ == nullptr || parent_->effectivelyVisible());
 }
 
-void Control::setBounds(const Rect& bounds) {
-  if (bounds_ == bounds) return;
+Control& Control::setBounds(const Rect& bounds) {
+  if (bounds_ == bounds) return *this;
   const bool hasOtherSize = bounds_.width != bounds.width || bounds_.height != bounds.height;
   bounds_ = bounds;
   notify(Property::bounds);
   if (hasOtherSize) sizeChanged();
+  return *this;
 }
 
 void Control::bringToFront() {

@@ -95,7 +95,7 @@ class Control {
   virtual int heightFor(int lines) const;
   /// Twips, relative to the client area of parent().
   const Rect& bounds() const { return bounds_; }
-  void setBounds(const Rect& bounds);
+  Control& setBounds(const Rect& bounds);
   /// Draws the control above its siblings.
   void bringToFront();
   /// Of two siblings the one with the higher number is drawn above; with equal ones, the later.

@@ -10,15 +10,17 @@ Form::Form(Screen& screen, Text caption) : screen_(screen), caption_(std::move(c
   form_ = this;
 }
 
-void Form::setCaption(Text caption) {
+Form& Form::setCaption(Text caption) {
   caption_ = std::move(caption);
   notify(Property::text);
+  return *this;
 }
 
-void Form::setClientSize(Size size) {
+Form& Form::setClientSize(Size size) {
   clientSize_ = size;
   notify(Property::bounds);
   if (loaded_) layOut();
+  return *this;
 }
 
 void Form::load() {
@@ -90,11 +92,12 @@ void Form::edited(Control& /*control*/) {}
 
 void Form::onFocus(Control& /*control*/) {}
 
-void Form::setDefaultButton(CommandButton* button) {
-  if (default_ == button) return;
+Form& Form::setDefaultButton(CommandButton* button) {
+  if (default_ == button) return *this;
   CommandButton* before = std::exchange(default_, button);
   if (before != nullptr) before->notify(Property::defaultness);
   if (button != nullptr) button->notify(Property::defaultness);
+  return *this;
 }
 
 void Form::closeIfAsked() {

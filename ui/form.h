@@ -34,13 +34,16 @@ class Form : public Container {
   Kind kind() const override { return Kind::form; }
   Screen& screen() const { return screen_; }
   const Text& caption() const override { return caption_; }
-  void setCaption(Text caption);
+  Form& setCaption(Text caption);
   /// Size of the area that holds the controls, twips.
   Size clientSize() const override { return clientSize_; }
-  void setClientSize(Size size);
+  Form& setClientSize(Size size);
   /// Topic of the host program's help that F1 opens.
   int helpContext() const { return helpContext_; }
-  void setHelpContext(int context) { helpContext_ = context; }
+  Form& setHelpContext(int context) {
+    helpContext_ = context;
+    return *this;
+  }
 
   // Life.
 
@@ -81,7 +84,7 @@ class Form : public Container {
   CommandButton* cancelButton() const { return cancel_; }
   /// The button that Enter presses now: the one with the focus, or else the default button.
   CommandButton* enterButton() override;
-  void setDefaultButton(CommandButton* button);
+  Form& setDefaultButton(CommandButton* button);
 
   // The user.
 
