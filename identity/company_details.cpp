@@ -126,8 +126,8 @@ void CompanyDetails::keyPress(int index, char16_t& key) {
   // Typing over a full group replaces digit by digit.
   const bool full = static_cast<int>(box.text().size()) >= box.maxLength();
   if (key != 0 && full && box.selLength() == 0) box.setSelection(caret, 1);
-  // The digit still goes into this box: where a key is typed is settled before. A discarded key moves
-  // on as well.
+  // The digit still goes into this box: where a key is typed is settled before. A discarded key
+  // moves on as well.
   if (!isLastGroup(index) && caret == box.maxLength() - 1) moveFocusTo(index + 1, Caret::start);
 }
 
