@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <vector>
@@ -13,10 +14,9 @@ namespace tillora::ui {
 /// One control of a row and the width it takes there, twips.
 struct Cell {
   static constexpr int kNatural = -1;  ///< as wide as its caption needs
-  static constexpr int kFill =
-      -2;  ///< what the other cells of the row leave over; at most one per row
+  static constexpr int kFill = -2;     ///< what the other cells leave over; at most one per row
 
-  // NOLINTNEXTLINE(google-explicit-constructor): a row is written as a list of its controls
+  // Implicit, so that a row is written as a list of its controls.
   Cell(Control& control, int width = kNatural) : control(&control), width(width) {}
 
   Control* control;
