@@ -1,7 +1,5 @@
 #include "identity/frmPasswordSet.h"
 
-#include <array>
-
 #include "base/letter_case.h"
 #include "ui/layout.h"
 

@@ -1,7 +1,5 @@
 #include "identity/ledvane_link.h"
 
-#include <array>
-
 #include "base/numbers.h"
 #include "base/text_rules.h"
 #include "support/check_box_bits.h"

@@ -1,7 +1,6 @@
 #include "operations/end_of_day.h"
 
 #include <array>
-#include <utility>
 
 #include "base/numbers.h"
 #include "base/text_rules.h"

@@ -1,6 +1,5 @@
 #include "operations/layby.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "base/whole_numbers.h"

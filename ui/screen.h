@@ -38,7 +38,7 @@ class Screen {
   virtual ~Screen() = default;
 
   /// Shows the form over all others of the thread, which take no input meanwhile, and returns when
-  /// the form is no longer shown. A failure inside a handler ends the run and is thrown here.
+  /// the form is no longer shown. An exception from a handler ends the run and is rethrown here.
   virtual void runModal(Form& form) = 0;
   /// False once the window of the form on top is gone: its handlers can show nothing more. A form
   /// that is run nevertheless ends at once.

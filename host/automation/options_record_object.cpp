@@ -3,7 +3,6 @@
 #include <TilloraOptions.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "host/shop_error.h"

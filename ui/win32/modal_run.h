@@ -36,7 +36,8 @@ class ModalRun {
   void dispatch(MSG& message) const;
   /// Hides the form; wait() throws the first failure.
   void fail(std::exception_ptr failure) noexcept;
-  /// The form is no longer shown: its window goes, and the others of the thread are enabled.
+  /// Call when the form is no longer shown: removes its window and enables the others of the
+  /// thread.
   void leaveScreen();
   /// The form's window is being destroyed from outside, usually with its owner: ends the form.
   void windowGone();
