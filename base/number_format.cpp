@@ -146,7 +146,7 @@ class SectionWriter {
   void writePlaceholder() {
     hasPlaceholder_ = true;
     if (fraction_) {
-      if (decimal_ < digits_.fraction.size()) out_ += digits_.fraction[decimal_++];
+      if (decimal_ < digits_.fraction.size()) out_ += static_cast<char16_t>(digits_.fraction[decimal_++]);
       return;
     }
     // The first placeholder takes all digits that the others have no place for.
@@ -163,7 +163,7 @@ class SectionWriter {
   }
 
   void writeWholeDigit() {
-    out_ += digits_.whole[next_++];
+    out_ += static_cast<char16_t>(digits_.whole[next_++]);
     const std::size_t rest = digits_.whole.size() - next_;
     if (shape_.thousands && rest > 0 && rest % 3 == 0) out_ += locale_.thousandsSeparator;
   }

@@ -24,6 +24,9 @@ endif()
 add_library(tillora_options INTERFACE)
 target_compile_options(tillora_options INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Werror>)
+# The standard library's own sorting uses what it declares deprecated.
+target_compile_options(tillora_options INTERFACE
+  $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-Wno-deprecated-declarations>)
 # Bounds checks in the standard containers: an index slip ends the program instead of corrupting it.
 target_compile_definitions(tillora_options INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:_GLIBCXX_ASSERTIONS>)
