@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # desk.sh NAME 64|32 BUILD: a desk for tests of real windows: a Wine prefix and a display of its own, with
-# the automation servers of BUILD registered. It stays open as long as the calling program runs
+# the automation servers of BUILD registered, all on one processor. It stays open as long as the calling program runs
 # (ctest, as a rule); tools/wine_exec.sh runs programs at the desk that $DESK names.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -10,17 +10,38 @@ name=$1 bits=$2 build=$3
 desk=$REPO/build/desks/$name${WINE_VERSION:+-wine$WINE_VERSION}
 mkdir -p "$(dirname "$desk")"
 
+# next_processor: the processors that this program may use, in turn. A program, its display and Wine's server hand work
+# to each other all the time; on one processor that takes half as long as on two.
+next_processor() {
+  local turn=$REPO/build/desks/turn number processors
+  mapfile -t processors < <(awk '$1 == "Cpus_allowed_list:" {
+    count = split($2, ranges, ",")
+    for (i = 1; i <= count; i++) {
+      split(ranges[i] "-" ranges[i], ends, "-")
+      for (number = ends[1]; number <= ends[2]; number++) print number
+    }
+  }' /proc/self/status)
+  exec 8>"$REPO/build/desks/turn.lock"
+  flock 8
+  number=$(cat "$turn" 2>/dev/null || echo 0)
+  echo $((number + 1)) >"$turn"
+  exec 8>&-
+  echo "${processors[number % ${#processors[@]}]}"
+}
+
 # Keeps the desk open until the program with this process id has ended.
 hold() {
   trap '' HUP
   exec 9>"$desk.lock"
   flock 9 # a desk of the same name may still be closing
+  WINE_PROCESSOR=$(next_processor)
+  taskset -pc "$WINE_PROCESSOR" "$BASHPID"
   display_open 9>&-
   wine_open "desk-$name" "$bits" 9>&-
   [ "$bits" = 64 ] || wine_draws || die "this 32-bit Wine draws nothing"
   wine_register "$build"
   at_exit "rm -f '$desk.env'"
-  declare -px DISPLAY WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_LOADER WINE_TMPDIR LC_ALL >"$desk.new"
+  declare -px DISPLAY WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_LOADER WINE_TMPDIR WINE_PROCESSOR LC_ALL >"$desk.new"
   mv "$desk.new" "$desk.env"
   tail --pid="$1" -f /dev/null 9>&-
 }

@@ -10,6 +10,7 @@ export TMPDIR=${WINE_TMPDIR:-${TMPDIR:-/tmp}}
 # shellcheck disable=SC2086 # the runner is several words, or none
 run() { timeout --kill-after=10 "${WINE_TIMEOUT:-0}" ${WINE_RUNNER:-} wine "$@"; }
 [ -n "${DESK:-}" ] || { run "$@"; exit; }
+taskset -pc "$WINE_PROCESSOR" $$ >/dev/null
 # A program that a failed test left behind must not keep the output open, or ctest would wait for it.
 output=$(mktemp)
 trap 'cat "$output"; rm -f "$output"' EXIT
