@@ -60,6 +60,8 @@ function(tillora_unit_tests test program)
   set(reports ${TILLORA_REPORTS})
   if(WIN32)
     set(reports Z:${reports})
+  else()
+    list(APPEND ARGN ASAN_OPTIONS=allow_addr2line=1)
   endif()
   set_tests_properties(${test} PROPERTIES LABELS unit TIMEOUT 1800
     ENVIRONMENT "GTEST_OUTPUT=xml:${reports}/${test}.xml;GTEST_BRIEF=1;${ARGN}")

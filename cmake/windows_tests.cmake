@@ -49,12 +49,9 @@ tillora_unit_tests(client_tests client_tests)
 tillora_at_desk(client_tests scripts)
 
 # A Wine that runs 32-bit programs runs 64-bit ones too.
-set(pattern "*_test.sh")
-if(bits EQUAL 32)
-  list(APPEND pattern "*_test_with_32.sh")
-endif()
-list(TRANSFORM pattern PREPEND ${PROJECT_SOURCE_DIR}/tests/scripts/)
-file(GLOB scripts CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/tests/scripts ${pattern})
+file(GLOB scripts CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/tests/scripts
+  ${PROJECT_SOURCE_DIR}/tests/scripts/*_test.sh
+  ${PROJECT_SOURCE_DIR}/tests/scripts/*_test_with_${bits}.sh)
 foreach(script IN LISTS scripts)
   string(REGEX REPLACE "_test.*$" "" test ${script})
   add_test(NAME scripts.${test}

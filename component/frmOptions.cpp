@@ -33,8 +33,6 @@ constexpr std::array<TabInfo, 12> kTabs = {{
     {u"FRED", 25},
 }};
 
-constexpr ui::Size kClientSize{11400, 8640};
-
 }  // namespace
 
 frmOptions::frmOptions(Platform platform)
@@ -47,7 +45,7 @@ frmOptions::frmOptions(Platform platform)
 }
 
 void frmOptions::describeFrame() {
-  setClientSize(kClientSize);
+  setResizable();
   std::vector<ui::Frame*> pages;
   for (std::size_t i = 0; i < kTabs.size(); ++i) {
     const auto index = static_cast<int>(i);

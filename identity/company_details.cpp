@@ -18,8 +18,7 @@ using ui::Key;
 constexpr std::array<int, CompanyDetails::count> kMaxLength = {255, 0, 50, 50, 50, 3,
                                                                3,   3, 2,  3,  3,  3};
 constexpr int kAddressLines = 4;
-constexpr int kPhoneWidth = 3000;
-constexpr int kDigitGroupWidth = 540;
+constexpr int kPhoneDigits = 28;
 constexpr std::size_t kLongestClassWithoutToolTip = 12;
 
 bool isDigitGroup(int index) { return index >= CompanyDetails::firstOfAcn; }
@@ -44,7 +43,8 @@ CompanyDetails::CompanyDetails(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Rows& group = dialog.page(TabPage::general).rows().group(fraGeneral, u"Company Details");
   group.field({label(u"Na&me"), fill(box(name))});
   group.field({label(u"A&ddress"), fill(box(address).setMultiLine(true))}, kAddressLines);
-  group.field({label(u"&Phone"), wide(box(phone), kPhoneWidth), label(u"&Fax"), fill(box(fax))});
+  group.field({label(u"&Phone"), wide(box(phone), ui::characters(kPhoneDigits)), label(u"&Fax"),
+               fill(box(fax))});
   group.field({label(u"&Email"), fill(box(email))});
   group.field({label(u"AC&N"), digits(5), digits(6), digits(7)});
   group.field({label(u"A&BN"), digits(8), digits(9), digits(10), digits(11), label(u"&Class"),
@@ -74,7 +74,7 @@ ui::Cell CompanyDetails::digits(int index) {
   if (!isFirstGroup(index)) {
     group.setAccessibleName(index < firstOfAbn ? u"ACN, next digits" : u"ABN, next digits");
   }
-  return wide(group, kDigitGroupWidth);
+  return group;
 }
 
 void CompanyDetails::load(OptionsRecord& record) {

@@ -34,10 +34,9 @@ constexpr const char16_t* kSecondsToolTip =
     u"Indicates how frequently Tillora will check for FRED data (ranges between 5-60 seconds)";
 
 constexpr int kExplanationLines = 14;
-constexpr int kPictureWidth = 315;
+constexpr int kExplanationWidth = 90;
+constexpr ui::Length kPictureWidth = ui::twips(315);
 constexpr int kIndent = 270;
-constexpr int kSecondsWidth = 540;
-constexpr int kUpDownWidth = 255;
 
 std::int16_t inRange(std::int16_t seconds) { return std::clamp(seconds, kShortest, kLongest); }
 
@@ -56,17 +55,17 @@ FredLink::FredLink(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Frame& page = dialog.page(TabPage::fred);
   ui::Rows& rows = page.rows();
   rows.row({wide(imgDispense, kPictureWidth), fill(label(heading, u"FRED").setBold(true))});
-  rows.block(lockedBox(explanation).setMultiLine(true), ui::lines(kExplanationLines));
+  rows.block(lockedBox(explanation).setMultiLine(true), ui::restFromLines(kExplanationLines),
+             ui::characters(kExplanationWidth));
   rows.gap();
   rows.row({chkDispense.add(0, u"Ac&tivate link to FRED")});
   rows.row({label(labelOfDataFile, u"Path to FRED's point-of-sale data file")}, kIndent);
   rows.row({fill(lockedBox(dataFile)), cmdDispense.setCaption(u"B&rowse...")}, kIndent);
-  rows.row(
-      {label(labelOfSeconds, u"Ch&eck the FRED point-of-sale data file every"),
-       wide(txtDispense.add(seconds).setMaxLength(2).setToolTip(kSecondsToolTip), kSecondsWidth),
-       wide(udFRED.setRange(kShortest, kLongest).setBuddy(txtDispense[seconds]), kUpDownWidth),
-       label(unitOfSeconds, u"seconds")},
-      kIndent);
+  rows.row({label(labelOfSeconds, u"Ch&eck the FRED point-of-sale data file every"),
+            txtDispense.add(seconds).setMaxLength(2).setToolTip(kSecondsToolTip),
+            joined(udFRED.setRange(kShortest, kLongest).setBuddy(txtDispense[seconds])),
+            label(unitOfSeconds, u"seconds")},
+           kIndent);
   // Not the explanation, though it comes first.
   page.setFirstFocus(chkDispense[0]);
 
@@ -86,11 +85,7 @@ ui::Label& FredLink::label(Label index, Text caption) {
   return lblDispenseLabels.add(index, std::move(caption));
 }
 
-ui::TextBox& FredLink::lockedBox(Box index) {
-  ui::TextBox& box = txtDispense.add(index).setLocked(true);
-  box.setBackColour(ui::kButtonFace);
-  return box;
-}
+ui::TextBox& FredLink::lockedBox(Box index) { return txtDispense.add(index).setLocked(true); }
 
 void FredLink::load(OptionsRecord& record) {
   if (!dialog_.hasTab(TabPage::fred)) return;

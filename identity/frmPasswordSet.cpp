@@ -6,7 +6,7 @@
 namespace tillora {
 namespace {
 
-constexpr int kPictureSide = 480;
+constexpr ui::Length kPictureSide = ui::twips(480);
 constexpr std::size_t kShortestPassword = 4;
 constexpr int kLongestPassword = 16;
 
@@ -18,9 +18,8 @@ bool isTooShort(const ui::TextBox& box) {
 
 frmPasswordSet::frmPasswordSet(ui::Screen& screen, Messages& messages)
     : Dialog(screen, Text()), messages_(messages) {
-  setClientSize({5400, 1980});
-  const auto columns = rows().columns({kPictureSide, ui::Cell::kFill});
-  columns[0]->block(imgPassword, ui::twips(kPictureSide));
+  const auto columns = rows().columns({kPictureSide, ui::kRest});
+  columns[0]->block(imgPassword, kPictureSide);
   columns[1]->field({lblPassword.add(oldPassword, u"O&ld password"), fill(box(oldPassword))});
   columns[1]->field({lblPassword.add(newPassword, u"&New password"), fill(box(newPassword))});
   columns[1]->field(
@@ -43,7 +42,6 @@ void frmPasswordSet::onLoad() {
   ui::TextBox& old = txtPassword[oldPassword];
   old.setLocked(!hasPassword);
   old.setTabStop(hasPassword);
-  old.setBackColour(hasPassword ? ui::kWindowBackground : ui::kButtonFace);
 }
 
 void frmPasswordSet::validate(int index, bool& cancel) {

@@ -4,15 +4,20 @@
 #include "ui/layout.h"
 
 namespace tillora {
+namespace {
+
+constexpr int kUrlCharacters = 60;
+
+}  // namespace
+
 frmWebSite::frmWebSite(const Platform& platform, Messages& messages)
     : EditDialog(platform.screen, Text()), platform_(platform), messages_(messages) {
-  setClientSize({7500, 2850});
   rows().row({fill(lblWebSite.add(instruction))});
   rows().row({fill(lblWebSite.add(descriptionLabel, u"&Description"))});
   rows().row({fill(txtWebSite.add(description))});
   rows().row({fill(lblWebSite.add(urlLabel, u"&URL"))});
   rows().row(
-      {fill(txtWebSite.add(url)),
+      {fill(txtWebSite.add(url), ui::characters(kUrlCharacters)),
        cmdWebSite.add(browse, u"&Browse...").setToolTip(u"Browse for a URL Information file")});
   rows().row({fill(chkInactive.setCaption(u"This Web site is Inactive"))});
   okAndCancel(cmdWebSite.add(ok, u"&OK"), u"Accept all changes then close this window",

@@ -25,8 +25,7 @@ Text waitingFiles(const Text& dataFile) {
 
 LedvaneLink::LedvaneLink(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Rows& group = dialog.page(TabPage::general).rows().group(fraGeneral, u"Ledvane");
-  group.field({lblDataFile.setCaption(u"Da&ta File"),
-               fill(txtLedvane.setLocked(true).setBackColour(ui::kButtonFace)),
+  group.field({lblDataFile.setCaption(u"Da&ta File"), fill(txtLedvane.setLocked(true)),
                cmdLedvane.setCaption(u"Change&...")
                    .setToolTip(u"Change the Ledvane data file used by Tillora")});
   group.row({check(summarise, u"&Summarise transactions for posting to Ledvane")});

@@ -22,9 +22,7 @@ constexpr std::array kPeriods = {u"Every 15 Minutes", u"Every 30 Minutes", u"Hou
 
 constexpr std::int32_t kMostDays = 730;
 
-constexpr int kDayWidth = 5100;
-constexpr int kDaysWidth = 600;
-constexpr int kPeriodWidth = 1950;
+constexpr int kDaysDigits = 5;
 constexpr int kIndent = 300;
 
 // The days that are kept if this many are asked for.
@@ -41,7 +39,7 @@ bool isPeriod(std::int32_t position) {
 EndOfDay::EndOfDay(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Rows& page = dialog.page(TabPage::eod).rows();
   const auto columns =
-      page.group(fraEndOfDay, u"E&nd-Of-Day Options").columns({kDayWidth, ui::Cell::kFill});
+      page.group(fraEndOfDay, u"E&nd-Of-Day Options").columns({ui::kRest, ui::kRest});
   describeDay(*columns[0]);
   describeReconciliation(*columns[1]);
   describeReports(page.group(fraReports, u"Reports Options"));
@@ -63,7 +61,7 @@ void EndOfDay::describeDay(ui::Rows& column) {
       {chkEOD.add(balanceReportOnReset, u"Balance report must be selected on RESET (Z) reports")});
   column.row({chkEOD.add(noReadReports, u"Don't allow READ (X) reports")});
   column.row({lblEOD.add(historyDays, u"Number of days to keep historical data"),
-              wide(txtEOD, kDaysWidth)});
+              wide(txtEOD, ui::characters(kDaysDigits))});
   column.row({lblEOD.add(historyNote, u"(Maximum of 2 years of data allowed)")});
   column.row({cmdReports.add(defaultReports, u"Default Reports...")
                   .setToolTip(u"Select the default reports for End-Of-Day processing")});
@@ -82,8 +80,7 @@ void EndOfDay::describeReconciliation(ui::Rows& column) {
 
 void EndOfDay::describeReports(ui::Rows& group) {
   for (const char16_t* period : kPeriods) cboTimeReportPeriod.addItem(period);
-  group.row(
-      {lblReports.add(0, u"P&eriod for Time Report"), wide(cboTimeReportPeriod, kPeriodWidth)});
+  group.row({lblReports.add(0, u"P&eriod for Time Report"), cboTimeReportPeriod});
   group.row({chkReports.add(0, u"&Print the Non-Resetable Grand Total (NRGT)")});
   group.row({cmdReports.add(reportCaptions, u"Change &Report Captions...")
                  .setToolTip(u"Set captions for the reports")});

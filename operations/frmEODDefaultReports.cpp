@@ -43,7 +43,6 @@ std::int32_t maskOf(const ui::ControlArray<ui::CheckBox>& boxes) {
 
 frmEODDefaultReports::frmEODDefaultReports(ui::Screen& screen, Messages& messages)
     : EditDialog(screen, u"Default Reports - EOD Processing"), messages_(messages) {
-  setClientSize({8700, 4500});
   rows().row(
       {fill(lblLabel.setCaption(u"Select the reports that should be automatically printed "
                                 u"when performing an End-Of-Day report."))});

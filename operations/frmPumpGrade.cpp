@@ -5,15 +5,20 @@
 #include "ui/layout.h"
 
 namespace tillora {
+namespace {
+
+constexpr int kProductCharacters = 40;
+
+}  // namespace
 frmPumpGrade::frmPumpGrade(ui::Screen& screen)
     : EditDialog(screen, u"Edit Pump Grade Information") {
-  setClientSize({6300, 1950});
   rows().row({fill(lblPumpGrade.add(heading))});
   rows().field({lblPumpGrade.add(captionLabel, u"Caption"), fill(txtPumpGrade.add(captionBox))});
-  rows().field({lblPumpGrade.add(productLabel, u"Product"),
-                fill(txtPumpGrade.add(productBox).setLocked(true)),
-                cmdPumpGrade.add(browse, u"&Browse...")
-                    .setToolTip(u"Browse and select a product for this Grade")});
+  rows().field(
+      {lblPumpGrade.add(productLabel, u"Product"),
+       fill(txtPumpGrade.add(productBox).setLocked(true), ui::characters(kProductCharacters)),
+       cmdPumpGrade.add(browse, u"&Browse...")
+           .setToolTip(u"Browse and select a product for this Grade")});
   okAndCancel(cmdPumpGrade.add(ok, u"OK"), u"Accept all changes then close this window",
               cmdPumpGrade.add(cancel, u"&Cancel"), u"Cancel all changes and close this window");
 

@@ -9,8 +9,8 @@
 namespace tillora {
 namespace {
 
-constexpr int kPrefixWidth = 600;
-constexpr int kExampleWidth = 1800;
+constexpr ui::Length kPrefixWidth = ui::characters(6);
+constexpr ui::Length kExampleWidth = ui::characters(16);
 constexpr int kLegendLines = 3;
 
 std::int32_t bitOf(int check) { return std::int32_t{1} << (check - 1); }
@@ -22,7 +22,6 @@ static_assert(kCalculateUnitOfMeasure == 1 << (frmRandomPrice::calculateUnitOfMe
 
 frmRandomPrice::frmRandomPrice(ui::Screen& screen)
     : EditDialog(screen, u"Random Price Barcode Format") {
-  setClientSize({7500, 5250});
   rows().field(
       {label(ofPrefix, u"Prefix"), wide(txtRandomPrice.add(prefix).setLocked(true), kPrefixWidth)});
   rows().field({label(ofFormat, u"&Barcode Format"), fill(cboRandomPrice)});

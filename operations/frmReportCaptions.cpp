@@ -15,9 +15,6 @@ using Boxes = ui::ControlArray<ui::TextBox>;
 using Labels = ui::ControlArray<ui::Label>;
 using Captions = std::span<const ReportCaption>;
 
-constexpr ui::Size kClientSize{10650, 8850};
-constexpr int kNoteLines = 8;
-
 // What a message calls the texts of a page.
 constexpr TextView kTitlesName = u"Report Titles";
 constexpr TextView kDetailsName = u"Report Detail captions";
@@ -58,7 +55,6 @@ void fillWithDefaults(const Boxes& boxes, Captions captions, Fill which) {
 
 frmReportCaptions::frmReportCaptions(ui::Screen& screen, Messages& messages)
     : EditDialog(screen, u"Report Captions"), messages_(messages) {
-  setClientSize(kClientSize);
   tabReportCaptions.addTab(u"Report Titles");
   tabReportCaptions.addTab(u"Report Detail Captions");
   rows().tabs(tabReportCaptions, {&fraTitles, &fraDetails});
@@ -95,11 +91,11 @@ void frmReportCaptions::describeTitles() {
           u"When the title is printed or displayed in a list the ampersand character itself will "
           u"not "
           u"be printed or displayed."),
-      ui::lines(kNoteLines));
+      ui::kWrapped);
 }
 
 void frmReportCaptions::describeDetails() {
-  const auto columns = fraDetails.rows().columns({ui::Cell::kFill, ui::Cell::kFill});
+  const auto columns = fraDetails.rows().columns({ui::kRest, ui::kRest});
   const std::size_t inFirst = (std::size(kReportDetails) + 1) / 2;
   for (std::size_t i = 0; i < std::size(kReportDetails); ++i) {
     addBox(*columns[i < inFirst ? 0 : 1], kReportDetails[i], lblReportDetailCaptions,

@@ -9,7 +9,8 @@
 namespace tillora {
 namespace {
 
-constexpr int kNumberWidth = 1200;
+constexpr int kNumberDigits = 12;
+constexpr int kLeastTermsLines = 8;
 
 using NumberOption = Option<OptionType::Long>;
 
@@ -46,7 +47,7 @@ LaybyOptions::LaybyOptions(OptionsDialog& dialog) : OptionsTab(dialog) {
       {label(history, u"Historical &Layby Data"), number(history), label(historyUnit, u"days")});
   rows.gap();
   rows.row({label(terms, u"T&erms and Conditions")});
-  rows.block(txtLayby.add(terms).setMultiLine(true), ui::kRest);
+  rows.block(txtLayby.add(terms).setMultiLine(true), ui::restFromLines(kLeastTermsLines));
 
   for (const Box box : {startNumber, term, history}) {
     txtLayby[box].keyPress = keepDigitKey;
@@ -59,7 +60,9 @@ ui::Label& LaybyOptions::label(int index, Text caption) {
   return lblLayby.add(index, std::move(caption));
 }
 
-ui::Cell LaybyOptions::number(Box index) { return wide(txtLayby.add(index), kNumberWidth); }
+ui::Cell LaybyOptions::number(Box index) {
+  return wide(txtLayby.add(index), ui::characters(kNumberDigits));
+}
 
 void LaybyOptions::load(OptionsRecord& record) {
   const auto& box = txtLayby;

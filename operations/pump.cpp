@@ -19,8 +19,8 @@ namespace {
 constexpr std::int32_t kHighestGrade = 15;
 constexpr std::int32_t kReservedGrade = 12;  // for the pump console
 
-constexpr int kGradesHeight = 3000;
-constexpr int kUnitWidth = 1800;
+constexpr int kLeastGrades = 8;
+constexpr int kUnitCharacters = 18;
 
 }  // namespace
 
@@ -30,7 +30,7 @@ PumpGrades::PumpGrades(OptionsDialog& dialog) : OptionsTab(dialog) {
 
   ui::Rows& rows = dialog.page(TabPage::pump).rows();
   rows.row({fill(label(assignments, u"&Grade and Product Assignments"))});
-  rows.block(ltvPump, ui::twips(kGradesHeight));
+  rows.block(ltvPump, ui::restFromLines(kLeastGrades));
   rows.row({cmdPump.add(add, u"&New").setToolTip(u"Add a new Grade"),
             cmdPump.add(remove, u"D&elete").setToolTip(u"Delete the selected grade from the list"),
             cmdPump.add(edit, u"&Edit").setToolTip(u"Assign a product to the selected grade")});
@@ -38,9 +38,9 @@ PumpGrades::PumpGrades(OptionsDialog& dialog) : OptionsTab(dialog) {
       label(note, u"Note: Grade number 12 is reserved for special use in the Pump Console."))});
   rows.gap();
   rows.field({label(volumeUnitLabel, u"Caption for &volume unit"),
-              wide(txtPump.add(volumeUnit), kUnitWidth)});
+              wide(txtPump.add(volumeUnit), ui::characters(kUnitCharacters))});
   rows.field({label(priceUnitLabel, u"Caption for price per &unit"),
-              wide(txtPump.add(priceUnit), kUnitWidth)});
+              wide(txtPump.add(priceUnit), ui::characters(kUnitCharacters))});
   rows.row({fill(chkPump.add(0, u"Print Pump Dispenser Caption on Receipt"))});
 
   onRowDoubleClick(ltvPump, [this] { editGrade(); });

@@ -18,7 +18,8 @@ namespace {
 
 namespace field = fields::randomPrice;
 
-constexpr int kListHeight = 5250;
+constexpr int kFormatRows = 11;
+constexpr int kListCharacters = 108;
 
 // A table without formats gets all prefixes from the first to the last; a table without the extra
 // prefix gets that one.
@@ -115,7 +116,7 @@ RandomPrice::RandomPrice(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Rows& group = page.group(fraRandomPrice, u"EAN-13 Random Pricing");
   group.row({fill(chkRandomPrice.add(0, u"Ac&tivate random price barcode scanning"))});
   group.row({lblRandomPrice.setCaption(u"&Barcode Formats")});
-  group.block(ltvRandomPrice, ui::twips(kListHeight));
+  group.block(ltvRandomPrice, ui::restFromLines(kFormatRows), ui::characters(kListCharacters));
   group.row({cmdRandomPrice.setCaption(u"&Edit").setToolTip(u"Edit the selected barcode format")});
 
   onRowDoubleClick(ltvRandomPrice, [this] { EditRandomPrice(); });

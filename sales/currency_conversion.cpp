@@ -16,8 +16,7 @@ constexpr int kLargest = 9999;  // hundredths of a percent
 constexpr int kStep = 10;
 constexpr TextView kPlain = u"#0.00";
 constexpr TextView kPercent = u"#0.00\\%";
-constexpr int kBoxWidth = 900;
-constexpr int kUpDownWidth = 255;
+constexpr int kMarginCharacters = 10;
 
 /// Sets a flag during its lifetime.
 class Flag {
@@ -50,10 +49,10 @@ int snapped(int value, int before) {
 CurrencyConversion::CurrencyConversion(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Rows& page = dialog.page(TabPage::currency).rows();
   page.group(fraCurrencyConversion, u"Currency Conversion")
-      .field(
-          {lblCurrencyConversion.setCaption(u"Default % &Margin"),
-           wide(txtCurrencyConversion.add(0).setAlignment(ui::Alignment::right), kBoxWidth),
-           wide(udCurrencyConversion.setRange(-kLargest, kLargest).setBuddy(box()), kUpDownWidth)});
+      .field({lblCurrencyConversion.setCaption(u"Default % &Margin"),
+              wide(txtCurrencyConversion.add(0).setAlignment(ui::Alignment::right),
+                   ui::characters(kMarginCharacters)),
+              joined(udCurrencyConversion.setRange(-kLargest, kLargest).setBuddy(box()))});
 
   box().gotFocus = [this] { showMargin(); };
   box().lostFocus = [this] { lostFocus(); };

@@ -34,7 +34,8 @@ namespace {
 
 using ui::ListItem;
 
-constexpr ui::Size kClientSize{9000, 5700};
+constexpr ui::Length kListWidth = ui::characters(95);
+constexpr int kListRows = 15;
 constexpr std::array<TextView, 3> kProductTypes = {u"PART", u"STOCK", u"GRP"};
 constexpr TextView kOtherCharge = u"OTHC";
 constexpr TextView kIncomeAccount = u"INC";
@@ -91,11 +92,10 @@ class RowReader {
 }  // namespace
 
 frmBrowseItems::frmBrowseItems(ui::Screen& screen) : Dialog(screen, Text()) {
-  setClientSize(kClientSize);
   for (std::size_t i = 0; i < kColumns; ++i) ltvItems.addColumn(Text());
   toggleHeaderButtons(ltvItems);
   rows().row({fill(lblLabel)});
-  rows().block(ltvItems, ui::kRest);
+  rows().block(ltvItems, ui::restFromLines(kListRows), kListWidth);
   okAndCancel(cmdCommand.add(ok, u"&OK"), u"Accept the selected item and close this window",
               cmdCommand.add(cancel, u"&Cancel"), u"Close this window");
 

@@ -101,7 +101,8 @@ const ListInfo& infoOf(int list) { return kLists[static_cast<std::size_t>(list)]
 constexpr std::int32_t kMiddleInitial = 0x2;
 constexpr std::int32_t kMrMrsMiss = 0x4;
 
-constexpr int kUpperListHeight = 3390;  // the 13 rows of the product list at 96 DPI
+constexpr int kUpperRows = 13;  // all of the product list
+constexpr int kLeastLowerRows = 7;
 
 std::vector<std::int32_t> tickedBits(const ui::CheckListBox& list) {
   std::vector<std::int32_t> bits;
@@ -120,18 +121,19 @@ std::int32_t chosenMask(const ui::CheckListBox& list) {
 }  // namespace
 
 ListColumns::ListColumns(OptionsDialog& dialog) : OptionsTab(dialog) {
-  constexpr int kThird = ui::Cell::kFill;
-  const auto columns = dialog.page(TabPage::lists).rows().columns({kThird, kThird, kThird});
-  addList(*columns[0], salesPerson, ui::twips(kUpperListHeight));
-  addList(*columns[1], product, ui::twips(kUpperListHeight));
-  addList(*columns[2], customer, ui::kRest);
+  const auto columns =
+      dialog.page(TabPage::lists).rows().columns({ui::kRest, ui::kRest, ui::kRest});
+  constexpr ui::Length kRest = ui::restFromLines(kLeastLowerRows);
+  addList(*columns[0], salesPerson, ui::lines(kUpperRows));
+  addList(*columns[1], product, ui::lines(kUpperRows));
+  addList(*columns[2], customer, kRest);
   columns[0]->gap();
-  addList(*columns[0], laybyCustomer, ui::kRest);
+  addList(*columns[0], laybyCustomer, kRest);
   columns[1]->gap();
-  addList(*columns[1], currency, ui::kRest);
+  addList(*columns[1], currency, kRest);
 }
 
-void ListColumns::addList(ui::Rows& column, List index, ui::Height height) {
+void ListColumns::addList(ui::Rows& column, List index, ui::Length height) {
   const ListInfo& info = infoOf(index);
   ui::CheckListBox& list = lstListShow.add(index);
   for (const Column& row : info.columns) list.addRow(row.name, row.bits);

@@ -26,7 +26,7 @@ class ListColumns final : public OptionsTab {
   ui::ControlArray<ui::CheckListBox> lstListShow;
 
  private:
-  void addList(ui::Rows& column, List index, ui::Height height);
+  void addList(ui::Rows& column, List index, ui::Length height);
   bool refuse(const Text& title, TextView list);
 };
 

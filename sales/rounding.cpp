@@ -22,9 +22,8 @@ constexpr int kUsualStep = 2;
 constexpr int kMostDecimalPlaces = 4;
 constexpr std::int16_t kUsualDecimalPlaces = 2;
 
-constexpr int kDirectionWidth = 1200;
-constexpr int kStepWidth = 1500;
-constexpr int kReportCaptionWidth = 3600;
+constexpr int kStepCharacters = 14;
+constexpr int kCaptionCharacters = 30;
 
 // The amount of a step, given in the smallest unit of a currency with this many decimal places.
 Money amountOf(int step, int decimalPlaces) {
@@ -60,14 +59,14 @@ Rounding::Rounding(OptionsDialog& dialog) : OptionsTab(dialog) {
 
 void Rounding::describeTendering(ui::Rows& group) {
   group.field({label(round, u"&Round"), directions(direction), label(nearest, u"the &nearest"),
-               wide(cboRounding.add(step), kStepWidth)});
+               wide(cboRounding.add(step), ui::characters(kStepCharacters))});
   group.field(
       {cmdBrowse.setCaption(u"Rounding &Item").setToolTip(u"Choose an item from a list"),
        fill(txtRoundingCaption.add(item).setLocked(true).setAccessibleName(u"Rounding Item"))});
   group.field({label(captionOfRounded, u"Caption for 'roun&ded' amount"),
-               wide(txtRoundingCaption.add(roundedCaption), kReportCaptionWidth)});
+               wide(txtRoundingCaption.add(roundedCaption), ui::characters(kCaptionCharacters))});
   group.field({label(captionOfVariance, u"Caption for 'rounding variance' a&mount"),
-               wide(txtRoundingCaption.add(varianceCaption), kReportCaptionWidth)});
+               wide(txtRoundingCaption.add(varianceCaption), ui::characters(kCaptionCharacters))});
 }
 
 void Rounding::describeTax(ui::Rows& group) {
@@ -90,7 +89,7 @@ ui::Cell Rounding::directions(Combo index) {
   ui::ComboBox& combo = cboRounding.add(index);
   combo.addItem(u"up to");
   combo.addItem(u"down to");
-  return wide(combo, kDirectionWidth);
+  return combo;
 }
 
 void Rounding::load(OptionsRecord& record) {

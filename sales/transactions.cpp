@@ -10,11 +10,10 @@
 namespace tillora {
 namespace {
 
-constexpr int kCaptionWidth = 2700;
-constexpr int kTenderingWidth = 1450;
-constexpr int kTaxStatusWidth = 1200;
+constexpr ui::Length kCaptionWidth = ui::characters(24);
+constexpr ui::Length kTenderingWidth = ui::characters(14);
+constexpr ui::Length kTaxStatusWidth = ui::characters(11);
 constexpr int kIndent = 300;
-constexpr int kLaybyWidth = 2300;
 
 using Check = TransactionOptions::Check;
 using Caption = TransactionOptions::Caption;
@@ -62,7 +61,7 @@ constexpr std::array<Stored, 16> kStored = {{
 TransactionOptions::TransactionOptions(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Rows& page = dialog.page(TabPage::transactions).rows();
   describeDetail(page.group(fraTransaction.add(detail), u"Transaction Detail"));
-  const auto columns = page.columns({kLaybyWidth, ui::Cell::kFill});
+  const auto columns = page.columns({ui::kNatural, ui::kRest});
   describeLayby(columns[0]->group(fraTransaction.add(layby), u"Layby captions for..."));
   describeTendering(columns[1]->group(fraTransaction.add(tendering), u"Tendering"));
   chkTransaction.on(&ui::CheckBox::click, [this](int i) { enableCaptions(i); });
@@ -133,7 +132,7 @@ ui::Cell TransactionOptions::taxStatus(int index, Text caption) {
 }
 
 void TransactionOptions::addPrinted(ui::Rows& group, Check index, Text caption, Caption box,
-                                    int width) {
+                                    ui::Length width) {
   ui::CheckBox& printed = check(index, std::move(caption));
   group.row({fill(printed),
              wide(txtCaption.add(box).setAccessibleName(ui::withoutAccessKey(printed.caption())),

@@ -15,7 +15,7 @@ for what in "$@"; do
     windows-x64) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools wine wine64 ccache googletest) ;;
     windows-x86) packages+=(g++-mingw-w64-i686) ;;
     package) packages+=(zip unzip binutils) ;;
-    tests) packages+=(xvfb imagemagick fonts-wine fonts-liberation python3 clang-format-19 clang-tidy-19
+    tests) packages+=(xvfb imagemagick fonts-wine fonts-liberation fonts-open-sans fonts-dejavu-core python3 clang-format-19 clang-tidy-19
       shellcheck) ;;
   esac
 done

@@ -5,7 +5,8 @@
 #                                WINE_MANAGED=Y its windows are left to a window manager, with
 #                                WINE_VERSION=10 it is build/wine/NAME-wine10, of that Wine
 #   wine_run SECONDS PROGRAM...  runs a program in it with a time limit
-#   display_open                 starts an X server of our own on a free display and sets DISPLAY
+#   display_open                 starts an X server of our own on a free display, DISPLAY_SIZE large,
+#                                and sets DISPLAY
 # Both are closed when the script ends.
 #
 # WINE_RUNNER is several words, or none:
@@ -14,7 +15,7 @@
 WINE_HOME=${TILLORA_WINE_HOME:-$REPO/build/wine}
 
 # Raise it when the settings below change: prefixes made with other settings are made anew.
-readonly WINE_SETTINGS_VERSION=1
+readonly WINE_SETTINGS_VERSION=2
 
 wine_registry_settings() {
   local dpi=$1
@@ -41,6 +42,8 @@ wine_copy_fonts() {
   mkdir -p "$fonts"
   cp /usr/share/wine/fonts/{tahoma,tahomabd,marlett}.ttf "$fonts"
   cp /usr/share/fonts/truetype/liberation/LiberationSans-*.ttf "$fonts"
+  # For tests of other fonts, if they are installed.
+  cp /usr/share/fonts/truetype/{open-sans/OpenSans-Regular,dejavu/DejaVuSans}.ttf "$fonts" 2>/dev/null || true
 }
 
 wine_make_prefix() {
@@ -142,7 +145,7 @@ display_open() {
   local number pipe
   pipe=$(mktemp -u)
   mkfifo "$pipe"
-  Xvfb -displayfd 7 -screen 0 1280x1024x24 -nolisten tcp 7>"$pipe" >/dev/null 2>&1 &
+  Xvfb -displayfd 7 -screen 0 "${DISPLAY_SIZE:-1280x1024}x24" -nolisten tcp 7>"$pipe" >/dev/null 2>&1 &
   at_exit "kill $! 2>/dev/null"
   read -r -t 20 number <"$pipe" || { rm -f "$pipe"; warn "Xvfb does not start"; return 1; }
   rm -f "$pipe"

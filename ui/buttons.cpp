@@ -13,8 +13,6 @@ constexpr int kMarkWidth = 300;  // the mark of a check box and the blanks aroun
 constexpr int kMarkHeight = 240;
 constexpr int kButtonMargin = 240;  // beside a button's caption, both sides together
 constexpr int kButtonWidth = 1125;
-constexpr int kAboveAndBelowCaption = 150;
-constexpr int kButtonHeight = 345;
 
 int captionWidth(const Control& control) {
   return control.form().screen().textWidth(withoutAccessKey(control.caption()));
@@ -97,8 +95,7 @@ bool OptionButton::moveByArrow(bool forward) {
 CommandButton::CommandButton(Text caption) : caption_(std::move(caption)) {}
 
 Size CommandButton::naturalSize() const {
-  return {std::max(captionWidth(*this) + kButtonMargin, kButtonWidth),
-          std::max(form().screen().lineHeight() + kAboveAndBelowCaption, kButtonHeight)};
+  return {std::max(captionWidth(*this) + kButtonMargin, kButtonWidth), heightFor(1)};
 }
 
 CommandButton& CommandButton::setCaption(Text caption) {

@@ -64,6 +64,7 @@ class CommandButton final : public Control {
   explicit CommandButton(Text caption = {});
 
   Kind kind() const override { return Kind::commandButton; }
+  bool fillsRow() const override { return true; }
   Size naturalSize() const override;
   const Text& caption() const override { return caption_; }
   CommandButton& setCaption(Text caption);

@@ -38,20 +38,43 @@ class Container : public Control {
 
   /// What the container shows, from top to bottom.
   Rows& rows();
-  /// Places what is in rows() for the present size and font. A container does this by itself
-  /// whenever its size changes.
+  /// Places what is in rows(), and in the containers in it, for the present size and font.
   void layOut();
   /// Distances between its edges and its rows, twips.
   virtual Margins margins() const;
+  /// The size in which its rows are seen in full, twips.
+  Size naturalSize() const override;
+  /// The height in which its rows are seen in full in this width, twips.
+  int heightIn(int width) const;
+
+  /// What is scrolled of a container that is too small for its rows, twips.
+  struct Scrolling {
+    Size content;    ///< of all that it shows
+    Size seen;       ///< of the part that is seen, beside the scroll bars
+    Point position;  ///< of that part in the content
+
+    bool across() const { return content.width > seen.width; }
+    bool down() const { return content.height > seen.height; }
+    friend bool operator==(const Scrolling&, const Scrolling&) = default;
+  };
+  const Scrolling& scrolling() const { return scrolling_; }
+  /// Limited to what there is to scroll.
+  void scrollTo(Point position);
+  /// Scrolls as little as needed to show a control in it.
+  void scrollIntoView(const Control& control);
 
  protected:
   Container();
-  void sizeChanged() override { layOut(); }
+  /// Scrolls when it is too small. Others are always as large as their rows need.
+  virtual bool canScroll() const { return false; }
 
  private:
+  void makeRoom(const Margins& around);
+
   std::vector<Control*> children_;
   std::vector<std::unique_ptr<Control>> owned_;
   std::unique_ptr<Rows> rows_;
+  Scrolling scrolling_;
 };
 
 /// A group of controls: with a border and a caption, or without either (a tab's page).
@@ -75,6 +98,9 @@ class Frame final : public Container {
   }
 
   Margins margins() const override;
+
+ protected:
+  bool canScroll() const override { return border_ == Border::none; }
 
  private:
   Text caption_;

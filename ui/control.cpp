@@ -11,7 +11,10 @@ namespace {
 
 // At 96 DPI, in twips.
 constexpr int kBesideText = 30;
-constexpr int kTextMargin = 120;  // a box's borders and inner margins, above and below together
+// Both sides together. A box is as high as a button.
+constexpr int kAboveAndBelowText = 150;
+constexpr int kLeastBoxHeight = 345;
+constexpr int kBoxBorders = 105;
 
 bool isBlank(TextView text, std::size_t place) {
   return place < text.size() && text[place] == u' ';
@@ -45,10 +48,8 @@ bool Control::effectivelyVisible() const {
 
 Control& Control::setBounds(const Rect& bounds) {
   if (bounds_ == bounds) return *this;
-  const bool hasOtherSize = bounds_.width != bounds.width || bounds_.height != bounds.height;
   bounds_ = bounds;
   notify(Property::bounds);
-  if (hasOtherSize) sizeChanged();
   return *this;
 }
 
@@ -100,6 +101,11 @@ Size Control::naturalSize() const {
 
 int Control::heightFor(int lines) const { return fieldHeight(*form_, lines); }
 
+int Control::widthFor(int characters) const {
+  // One more, for the margins, which follow the font, and the caret.
+  return form_->screen().textWidth(u"0") * (characters + 1) + kBoxBorders;
+}
+
 bool Control::canFocus() const {
   return focusable() && effectivelyEnabled() && effectivelyVisible();
 }
@@ -147,7 +153,7 @@ void Control::edited() {
 }
 
 int fieldHeight(const Form& form, int lines) {
-  return form.screen().lineHeight() * lines + kTextMargin;
+  return std::max(form.screen().lineHeight() * lines + kAboveAndBelowText, kLeastBoxHeight);
 }
 
 std::optional<char16_t> accessKeyOf(TextView caption) {

@@ -37,6 +37,7 @@ enum class Property : std::uint8_t {
   enabled,      ///< own enabled state; a container's applies to all that it holds
   visible,      ///< own visibility; a container's applies to all that it holds
   bounds,       ///< place and size
+  scrolling,    ///< what a container shows of its content
   toolTip,      ///< tool tip text
   colours,      ///< text or background colour
   selection,    ///< selected text of a text box
@@ -92,6 +93,10 @@ class Control {
   virtual Size naturalSize() const;
   /// Height with this many lines of text, twips.
   virtual int heightFor(int lines) const;
+  /// Width with this many digits, twips.
+  virtual int widthFor(int characters) const;
+  /// As high as its row; other controls keep their own height.
+  virtual bool fillsRow() const { return false; }
   /// Twips, relative to the client area of parent().
   const Rect& bounds() const { return bounds_; }
   Control& setBounds(const Rect& bounds);
@@ -154,7 +159,6 @@ class Control {
   /// that means (see Form::edited).
   void edited();
   virtual bool focusable() const { return false; }
-  virtual void sizeChanged() {}
 
   // What the form asks its controls while it moves the focus and processes keys.
 

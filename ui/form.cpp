@@ -27,8 +27,8 @@ void Form::load() {
   if (loaded_) return;
   loaded_ = true;
   try {
-    layOut();
     onLoad();
+    if (loaded_) setClientSize(naturalSize());
   } catch (...) {
     loaded_ = false;
     throw;

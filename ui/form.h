@@ -21,7 +21,7 @@ enum class UnloadMode : std::uint8_t {
 /// default and cancel button, access keys, modal show, and its end.
 ///
 /// A form is loaded once, shown modally, and unloaded by its own code or by its close box; showing
-/// it again loads it again.
+/// it again loads it again. When it is loaded it takes the size that its rows need.
 ///
 /// User input enters through the `user...` functions, from real windows and tests alike; each
 /// returns whether the form has handled it. Input is processed one at a time: while a handler runs,
@@ -38,6 +38,8 @@ class Form : public Container {
   /// Size of the area that holds the controls, twips.
   Size clientSize() const override { return clientSize_; }
   Form& setClientSize(Size size);
+  /// The user may give the window another size, from that of its rows on.
+  bool resizable() const { return resizable_; }
   /// Topic of the host program's help that F1 opens.
   int helpContext() const { return helpContext_; }
   Form& setHelpContext(int context) {
@@ -49,7 +51,7 @@ class Form : public Container {
 
   bool isLoaded() const { return loaded_; }
   bool isShown() const { return shown_; }
-  /// Lays the form out and runs onLoad, unless the form is loaded.
+  /// Runs onLoad and lays the form out in its natural size, unless the form is loaded.
   void load();
   /// Loads the form if need be, shows it and returns when it is hidden or unloaded. Error `already
   /// shown` (400) while it is shown.
@@ -136,6 +138,9 @@ class Form : public Container {
   virtual void onLoad() {}
   /// The control has just received the focus; its gotFocus follows.
   virtual void onFocus(Control& control);
+  bool canScroll() const override { return true; }
+  /// Fixed once the form is shown.
+  void setResizable() { resizable_ = true; }
   /// The control that starts with the focus; by default the first in the tab order.
   Control* firstFocus() override { return nextInTabOrder(nullptr); }
   /// Set `cancel` to stay.
@@ -180,6 +185,7 @@ class Form : public Container {
   CommandButton* cancel_ = nullptr;
   int helpContext_ = 0;
   std::optional<UnloadMode> closing_;  // remembered until the form is no longer busy
+  bool resizable_ = false;
   bool busy_ = false;
   bool loaded_ = false;
   bool shown_ = false;

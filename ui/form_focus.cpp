@@ -89,6 +89,11 @@ void Form::moveFocus(Control* to) {
   if (to == active_) return;
   Control* from = std::exchange(active_, to);
   if (to != nullptr && to->causesValidation()) unvalidated_ = to;
+  if (to != nullptr) {
+    for (Container* holder = to->parent(); holder != nullptr; holder = holder->parent()) {
+      holder->scrollIntoView(*to);
+    }
+  }
   if (view_ != nullptr) view_->focusMoved();
   if (from != nullptr) from->lostFocus.raise();
   if (to == nullptr || active_ != to) return;

@@ -1,6 +1,7 @@
 #include "ui/layout.h"
 
 #include <algorithm>
+#include <numeric>
 #include <ranges>
 #include <utility>
 
@@ -17,20 +18,23 @@ constexpr int kBetweenCells = 90;
 constexpr int kBetweenRows = 75;
 constexpr int kBetweenGroups = 135;
 
-int widthOf(const Cell& cell) {
-  return cell.width == Cell::kNatural ? cell.control->naturalSize().width : cell.width;
-}
-
-int heightOf(Height height, const Control& control) {
-  switch (height.unit) {
-    case Height::Unit::twips:
-      return height.count;
-    case Height::Unit::lines:
-      return control.heightFor(height.count);
+int widthOf(const Control& control, Length width) {
+  switch (width.unit) {
+    case Length::Unit::twips:
+      return width.count;
+    case Length::Unit::characters:
+      return control.widthFor(width.count);
     default:
-      return 0;
+      return control.naturalSize().width;
   }
 }
+
+int widthOf(const Cell& cell) {
+  const bool fills = cell.width.unit == Length::Unit::rest;
+  return widthOf(*cell.control, fills ? cell.least : cell.width);
+}
+
+int distanceBefore(const Cell& cell) { return cell.joined ? 0 : kBetweenCells; }
 
 void placeCell(const Cell& cell, const Rect& place) {
   cell.control->setBounds(place);
@@ -38,6 +42,18 @@ void placeCell(const Cell& cell, const Rect& place) {
 }
 
 }  // namespace
+
+Cell fill(Control& control, Length least) {
+  Cell cell(control, kRest);
+  cell.least = least;
+  return cell;
+}
+
+Cell joined(Control& control) {
+  Cell cell(control);
+  cell.joined = true;
+  return cell;
+}
 
 Cell engraved(Label& label, Label& shadow) {
   shadow.setVisible(false);
@@ -66,7 +82,8 @@ class Rows::Item {
   Item& operator=(const Item&) = delete;
   virtual ~Item() = default;
 
-  virtual int height() const = 0;
+  virtual int width(int labelWidth, Pages pages) const = 0;
+  virtual int height(int width, int labelWidth, Pages pages) const = 0;
   virtual void place(const Rect& area, int labelWidth) = 0;
   /// Takes the height that the others leave over.
   virtual bool stretches() const { return false; }
@@ -81,7 +98,12 @@ class Rows::Row final : public Item {
  public:
   Row(std::vector<Cell> cells, int indent) : cells_(std::move(cells)), indent_(indent) {}
 
-  int height() const override {
+  int width(int /*labelWidth*/, Pages /*pages*/) const override {
+    int width = indent_ - kBetweenCells;
+    for (const Cell& cell : cells_) width += distanceBefore(cell) + widthOf(cell);
+    return width;
+  }
+  int height(int /*width*/, int /*labelWidth*/, Pages /*pages*/) const override {
     int height = 0;
     for (const Cell& cell : cells_) {
       height = std::max(height, cell.control->naturalSize().height);
@@ -89,20 +111,17 @@ class Rows::Row final : public Item {
     return height;
   }
   void place(const Rect& area, int /*labelWidth*/) override {
-    placeCells({area.left + indent_, area.top, area.width - indent_, area.height});
-  }
-  void placeCells(const Rect& area) {
-    int rest = area.width - kBetweenCells * (static_cast<int>(cells_.size()) - 1);
-    for (const Cell& cell : cells_) rest -= std::max(0, widthOf(cell));
-    int left = area.left;
+    int rest = area.width - width(0, Pages::inFull);
+    int left = area.left + indent_ - kBetweenCells;
     for (const Cell& cell : cells_) {
-      const int width = cell.width == Cell::kFill ? std::max(0, rest) : widthOf(cell);
-      // A text box is as high as its row; anything else keeps its own height, centred in it.
-      const bool fills = cell.control->kind() == Kind::textBox;
+      int width = widthOf(cell);
+      if (cell.width.unit == Length::Unit::rest)
+        width = std::max(0, width + std::exchange(rest, 0));
       const int natural = cell.control->naturalSize().height;
-      const int height = fills ? area.height : std::min(area.height, natural);
+      const int height = cell.control->fillsRow() ? area.height : std::min(area.height, natural);
+      left += distanceBefore(cell);
       placeCell(cell, {left, area.top + (area.height - height) / 2, width, height});
-      left += width + kBetweenCells;
+      left += width;
     }
   }
 
@@ -116,14 +135,19 @@ class Rows::Field final : public Item {
   Field(const Cell& label, std::vector<Cell> cells, int lines)
       : label_(label), cells_(std::move(cells), 0), lines_(lines) {}
 
-  int height() const override { return fieldHeight(label_.control->form(), lines_); }
-  int labelWidth() const override { return label_.control->naturalSize().width; }
+  int labelWidth() const override { return widthOf(label_); }
+  int width(int labelWidth, Pages pages) const override {
+    return labelWidth + kBetweenCells + cells_.width(0, pages);
+  }
+  int height(int /*width*/, int /*labelWidth*/, Pages /*pages*/) const override {
+    return fieldHeight(label_.control->form(), lines_);
+  }
   void place(const Rect& area, int labelWidth) override {
-    const int height = label_.control->naturalSize().height;
-    const int drop = (fieldHeight(label_.control->form()) - height) / 2;
-    placeCell(label_, {area.left, area.top + drop, labelWidth, height});
+    const int first = fieldHeight(label_.control->form());
+    const int height = label_.control->fillsRow() ? first : label_.control->naturalSize().height;
+    placeCell(label_, {area.left, area.top + (first - height) / 2, labelWidth, height});
     const int indent = labelWidth + kBetweenCells;
-    cells_.placeCells({area.left + indent, area.top, area.width - indent, area.height});
+    cells_.place({area.left + indent, area.top, area.width - indent, area.height}, 0);
   }
 
  private:
@@ -134,28 +158,53 @@ class Rows::Field final : public Item {
 
 class Rows::Block final : public Item {
  public:
-  Block(Control& control, Height height) : control_(control), height_(height) {}
+  Block(Control& control, Length height, Length least)
+      : control_(control), height_(height), least_(least) {}
 
-  int height() const override { return heightOf(height_, control_); }
-  bool stretches() const override { return height_.unit == Height::Unit::rest; }
+  int width(int /*labelWidth*/, Pages /*pages*/) const override {
+    const bool fitsAnyWidth = height_.unit == Length::Unit::wrapped;
+    return fitsAnyWidth && least_.unit == Length::Unit::natural ? 0 : widthOf(control_, least_);
+  }
+  int height(int width, int /*labelWidth*/, Pages /*pages*/) const override {
+    switch (height_.unit) {
+      case Length::Unit::twips:
+        return height_.count;
+      case Length::Unit::wrapped:
+        return control_.form().screen().wrappedHeight(control_.caption(), width);
+      default:
+        return control_.heightFor(std::max(1, height_.count));
+    }
+  }
+  bool stretches() const override { return height_.unit == Length::Unit::rest; }
   void place(const Rect& area, int /*labelWidth*/) override { control_.setBounds(area); }
 
  private:
   Control& control_;
-  Height height_;
+  Length height_;
+  Length least_;
 };
 
 class Rows::Group final : public Item {
  public:
   explicit Group(Frame& frame) : frame_(frame) { distanceToNext = kBetweenGroups; }
 
-  int height() const override {
+  int labelWidth() const override { return frame_.rows().labelWidth(); }
+  int width(int labelWidth, Pages pages) const override {
     const Margins margins = frame_.margins();
-    return margins.top + frame_.rows().height() + margins.bottom;
+    return margins.left + frame_.rows().width(labelWidth, pages) + margins.right;
+  }
+  int height(int width, int labelWidth, Pages pages) const override {
+    const Margins margins = frame_.margins();
+    const int inside = width - margins.left - margins.right;
+    return margins.top + frame_.rows().height(inside, labelWidth, pages) + margins.bottom;
   }
   bool stretches() const override { return frame_.rows().stretches(); }
   bool endsWithColumn() const override { return true; }
-  void place(const Rect& area, int /*labelWidth*/) override { frame_.setBounds(area); }
+  void place(const Rect& area, int labelWidth) override {
+    frame_.rows().sharedLabelWidth_ = labelWidth;
+    frame_.setBounds(area);
+    frame_.layOut();
+  }
 
  private:
   Frame& frame_;
@@ -163,7 +212,7 @@ class Rows::Group final : public Item {
 
 class Rows::Columns final : public Item {
  public:
-  explicit Columns(std::initializer_list<int> widths) : widths_(widths) {}
+  explicit Columns(std::initializer_list<Length> widths) : widths_(widths) {}
 
   std::vector<Rows*> make(Container& holder) {
     std::vector<Rows*> columns;
@@ -173,32 +222,64 @@ class Rows::Columns final : public Item {
     }
     return columns;
   }
-  int height() const override {
+  int width(int /*labelWidth*/, Pages pages) const override {
+    const std::vector<int> widths = naturalWidths(pages);
+    return std::accumulate(widths.begin(), widths.end(), betweenColumns());
+  }
+  int height(int width, int /*labelWidth*/, Pages pages) const override {
+    const std::vector<int> widths = widthsIn(width);
     int height = 0;
-    for (const auto& column : columns_) height = std::max(height, column->height());
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      height = std::max(height, columns_[i]->height(widths[i], columnLabelWidth(), pages));
+    }
     return height;
   }
   bool stretches() const override {
     return std::ranges::any_of(columns_, [](const auto& column) { return column->stretches(); });
   }
   void place(const Rect& area, int /*labelWidth*/) override {
-    int rest = area.width - kBetweenGroups * (static_cast<int>(widths_.size()) - 1);
-    for (const int width : widths_) rest -= std::max(0, width);
-    const auto filling = static_cast<int>(std::ranges::count(widths_, Cell::kFill));
-    const int share = rest / std::max(1, filling);
-    int labelWidth = 0;
-    for (const auto& column : columns_) labelWidth = std::max(labelWidth, column->labelWidth());
-
+    const std::vector<int> widths = widthsIn(area.width);
     Rect place = area;
-    for (std::size_t i = 0; i < widths_.size(); ++i) {
-      place.width = widths_[i] == Cell::kFill ? share : widths_[i];
-      columns_[i]->placeItems(place, labelWidth, End::ofColumn);
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      place.width = widths[i];
+      columns_[i]->placeItems(place, columnLabelWidth(), End::ofColumn);
       place.left += place.width + kBetweenGroups;
     }
   }
 
  private:
-  std::vector<int> widths_;
+  bool shares(std::size_t column) const { return widths_[column].unit == Length::Unit::rest; }
+  int betweenColumns() const { return kBetweenGroups * (static_cast<int>(widths_.size()) - 1); }
+  int columnLabelWidth() const {
+    int width = 0;
+    for (const auto& column : columns_) width = std::max(width, column->labelWidth());
+    return width;
+  }
+  std::vector<int> naturalWidths(Pages pages) const {
+    std::vector<int> widths;
+    int share = 0;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const bool isGiven = widths_[i].unit == Length::Unit::twips;
+      widths.push_back(isGiven ? widths_[i].count : columns_[i]->width(columnLabelWidth(), pages));
+      if (shares(i)) share = std::max(share, widths.back());
+    }
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+      if (shares(i)) widths[i] = share;
+    }
+    return widths;
+  }
+  std::vector<int> widthsIn(int total) const {
+    std::vector<int> widths = naturalWidths(Pages::inFull);
+    const int rest = total - std::accumulate(widths.begin(), widths.end(), betweenColumns());
+    int sharing = 0;
+    for (std::size_t i = 0; i < widths.size(); ++i) sharing += shares(i) ? 1 : 0;
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+      if (shares(i)) widths[i] = std::max(0, widths[i] + rest / sharing);
+    }
+    return widths;
+  }
+
+  std::vector<Length> widths_;
   std::vector<std::unique_ptr<Rows>> columns_;
 };
 
@@ -206,16 +287,38 @@ class Rows::Tabs final : public Item {
  public:
   Tabs(TabStrip& strip, std::vector<Frame*> pages) : strip_(strip), pages_(std::move(pages)) {}
 
-  int height() const override { return 0; }
+  int width(int /*labelWidth*/, Pages pages) const override {
+    int width = 0;
+    if (pages == Pages::inFull) {
+      for (const Frame* page : pages_) width = std::max(width, page->naturalSize().width);
+    }
+    const int tabs = strip_.naturalSize().width;
+    const Margins around = strip_.marginsIn(tabs);
+    return std::max(width + around.left + around.right, tabs) - 2 * kOutwards;
+  }
+  int height(int width, int /*labelWidth*/, Pages pages) const override {
+    const Margins around = strip_.marginsIn(width + 2 * kOutwards);
+    const int inside = width + 2 * kOutwards - around.left - around.right;
+    int height = kLeastPageLines * strip_.form().screen().lineHeight();
+    if (pages == Pages::inFull) {
+      for (const Frame* page : pages_) height = std::max(height, page->heightIn(inside));
+    }
+    return height + around.top + around.bottom - 2 * kOutwards;
+  }
   bool stretches() const override { return true; }
   void place(const Rect& area, int /*labelWidth*/) override {
-    constexpr int kOutwards = kPageMargin - kTabMargin;
     strip_.setBounds({area.left - kOutwards, area.top - kOutwards, area.width + 2 * kOutwards,
                       area.height + 2 * kOutwards});
-    for (Frame* page : pages_) page->setBounds(strip_.clientArea());
+    for (Frame* page : pages_) {
+      page->setBounds(strip_.clientArea());
+      page->layOut();
+    }
   }
 
  private:
+  static constexpr int kOutwards = kPageMargin - kTabMargin;
+  static constexpr int kLeastPageLines = 8;
+
   TabStrip& strip_;
   std::vector<Frame*> pages_;
 };
@@ -254,7 +357,9 @@ void Rows::row(std::initializer_list<Cell> cells, int indent) {
   append<Row>(std::vector<Cell>(cells), indent);
 }
 
-void Rows::block(Control& control, Height height) { append<Block>(take(control), height); }
+void Rows::block(Control& control, Length height, Length least) {
+  append<Block>(take(control), height, least);
+}
 
 void Rows::gap() {
   if (!items_.empty()) items_.back()->distanceToNext = kBetweenGroups;
@@ -266,7 +371,7 @@ Rows& Rows::group(Frame& frame, Text caption) {
   return frame.rows();
 }
 
-std::vector<Rows*> Rows::columns(std::initializer_list<int> widths) {
+std::vector<Rows*> Rows::columns(std::initializer_list<Length> widths) {
   return append<Columns>(widths).make(holder_);
 }
 
@@ -280,17 +385,8 @@ void Rows::buttons(std::initializer_list<Control*> buttons) {
   for (Control* button : buttons) buttons_.push_back(&take(*button));
 }
 
-int Rows::height() const {
-  int height = 0;
-  for (const auto& item : items_) {
-    height += item->height();
-    if (item != items_.back()) height += item->distanceToNext;
-  }
-  return height;
-}
-
 int Rows::labelWidth() const {
-  int width = 0;
+  int width = sharedLabelWidth_;
   for (const auto& item : items_) width = std::max(width, item->labelWidth());
   return width;
 }
@@ -299,33 +395,74 @@ bool Rows::stretches() const {
   return std::ranges::any_of(items_, [](const auto& item) { return item->stretches(); });
 }
 
+int Rows::width() const { return width(labelWidth(), Pages::inFull); }
+
+int Rows::height(int width) const { return height(width, labelWidth(), Pages::inFull); }
+
+int Rows::leastWidth() const { return width(labelWidth(), Pages::scrolled); }
+
+int Rows::leastHeight(int width) const { return height(width, labelWidth(), Pages::scrolled); }
+
+int Rows::width(int labelWidth, Pages pages) const {
+  int width = buttonsSize().width;
+  for (const auto& item : items_) width = std::max(width, item->width(labelWidth, pages));
+  return width;
+}
+
+int Rows::height(int width, int labelWidth, Pages pages) const {
+  int height = 0;
+  for (const auto& item : items_) {
+    height += item->height(width, labelWidth, pages);
+    if (item != items_.back()) height += item->distanceToNext;
+  }
+  if (buttons_.empty()) return height;
+  return height + buttonsSize().height + (items_.empty() ? 0 : kPageMargin);
+}
+
 void Rows::place(const Rect& area) {
   Rect rest = area;
-  if (!buttons_.empty()) rest.height = placeButtons(area) - kPageMargin - area.top;
+  if (!buttons_.empty()) {
+    placeButtons(area);
+    rest.height -= buttonsSize().height + kPageMargin;
+  }
   placeItems(rest, labelWidth(), End::open);
 }
 
 void Rows::placeItems(Rect area, int labelWidth, End end) {
-  const int over = std::max(0, area.height - height());
+  std::vector<int> heights;
+  int over = area.height;
+  for (const auto& item : items_) {
+    // A tab strip takes whatever is left; its pages scroll.
+    heights.push_back(item->height(area.width, labelWidth, Pages::scrolled));
+    over -= heights.back() + (item != items_.back() ? item->distanceToNext : 0);
+  }
+  auto height = heights.begin();
   for (const auto& item : items_) {
     const bool endsColumn = end == End::ofColumn && item == items_.back() && item->endsWithColumn();
-    area.height = item->height() + (item->stretches() || endsColumn ? over : 0);
+    area.height = *height++ + (item->stretches() || endsColumn ? std::max(0, over) : 0);
     item->place(area, labelWidth);
     area.top += area.height + item->distanceToNext;
   }
 }
 
-int Rows::placeButtons(const Rect& area) {
+Size Rows::buttonsSize() const {
+  Size size;
+  for (const Control* button : buttons_) {
+    const Size natural = button->naturalSize();
+    if (size.width > 0) size.width += kBetweenCells;
+    size = {size.width + natural.width, std::max(size.height, natural.height)};
+  }
+  return size;
+}
+
+void Rows::placeButtons(const Rect& area) {
   int left = area.right();
-  int top = area.bottom();
   for (Control* button : std::views::reverse(buttons_)) {
     const Size size = button->naturalSize();
     left -= size.width;
-    top = area.bottom() - size.height;
-    button->setBounds({left, top, size.width, size.height});
+    button->setBounds({left, area.bottom() - size.height, size.width, size.height});
     left -= kBetweenCells;
   }
-  return top;
 }
 
 }  // namespace tillora::ui

@@ -9,6 +9,17 @@
 namespace tillora::ui {
 namespace {
 
+// At 96 DPI, in twips.
+constexpr int kListBorders = 60;
+constexpr int kLeastRowHeight = 240;  // of the small icons and ticks
+constexpr int kBetweenListRows = 30;
+constexpr int kAboveAndBelowHeader = 120;
+constexpr int kBesideCheckedText = 450;
+
+int rowHeight(const Form& form) {
+  return std::max(form.screen().lineHeight(), kLeastRowHeight) + kBetweenListRows;
+}
+
 const Text kNoText;
 
 // Without a view rows are as high as the platform's at 96 DPI, below a header of this height.
@@ -63,6 +74,17 @@ void ComboBox::userChose(int index) {
 
 void ComboBox::userKey(Key key) { setListIndex(rowAfter(key, listIndex_, count())); }
 
+int ComboBox::widthFor(int characters) const {
+  return Control::widthFor(characters) + form().screen().scrollBars().width;
+}
+
+Size ComboBox::naturalSize() const {
+  const Screen& screen = form().screen();
+  int longest = 0;
+  for (const Text& item : items_) longest = std::max(longest, screen.textWidth(item));
+  return {widthFor(0) + longest, heightFor(1)};
+}
+
 void ComboBox::select(int index) {
   listIndex_ = index;
   notify(Property::value);
@@ -73,6 +95,15 @@ void ComboBox::select(int index) {
 const Text& ComboBox::text() const {
   return listIndex_ < 0 ? kNoText : items_[static_cast<std::size_t>(listIndex_)];
 }
+
+Size CheckListBox::naturalSize() const {
+  const Screen& screen = form().screen();
+  int longest = 0;
+  for (const Row& row : rows_) longest = std::max(longest, screen.textWidth(row.text));
+  return {longest + kBesideCheckedText + screen.scrollBars().width, heightFor(count())};
+}
+
+int CheckListBox::heightFor(int lines) const { return rowHeight(form()) * lines + kListBorders; }
 
 void CheckListBox::addRow(Text text, std::int32_t itemData) {
   rows_.push_back({std::move(text), itemData, false});
@@ -227,6 +258,11 @@ void ListView::ensureVisible(int row) {
   requirePosition(row, 0, rows_.size());
   rowToShow_ = row;
   notify(Property::value);
+}
+
+int ListView::heightFor(int lines) const {
+  return form().screen().lineHeight() + kAboveAndBelowHeader + rowHeight(form()) * lines +
+         kListBorders;
 }
 
 int ListView::hitTest(Point point) const {

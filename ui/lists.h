@@ -16,6 +16,10 @@ namespace tillora::ui {
 class ComboBox final : public Control {
  public:
   Kind kind() const override { return Kind::comboBox; }
+  /// As wide as its longest item.
+  Size naturalSize() const override;
+  int widthFor(int characters) const override;
+  bool fillsRow() const override { return true; }
   const std::vector<Text>& items() const { return items_; }
   int count() const { return static_cast<int>(items_.size()); }
   void addItem(Text item);
@@ -56,6 +60,9 @@ class CheckListBox final : public Control {
   };
 
   Kind kind() const override { return Kind::checkListBox; }
+  /// As wide as its longest row.
+  Size naturalSize() const override;
+  int heightFor(int lines) const override;
   const std::vector<Row>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
   void addRow(Text text, std::int32_t itemData);
@@ -143,6 +150,8 @@ class ListView final : public Control {
   ListView();
 
   Kind kind() const override { return Kind::listView; }
+  /// With its headers.
+  int heightFor(int lines) const override;
 
   const std::vector<ListColumn>& columns() const { return columns_; }
   void addColumn(Text header, int width = 0);

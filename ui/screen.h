@@ -53,8 +53,14 @@ class Screen {
   virtual int textWidth(TextView text) const = 0;
   /// Height of one line of text, twips.
   virtual int lineHeight() const = 0;
-  /// The area below the tabs of a strip, relative to the strip's parent, twips.
-  virtual Rect tabClientArea(const TabStrip& tabs) const = 0;
+  /// Height of a caption that is broken into lines of this width, twips.
+  virtual int wrappedHeight(TextView caption, int width) const = 0;
+  /// Width of a vertical and height of a horizontal scroll bar, twips.
+  virtual Size scrollBars() const = 0;
+  /// Width of a strip that has these tabs in one row, twips.
+  virtual int tabRowWidth(const std::vector<Text>& tabs) const = 0;
+  /// What a strip of this width needs around its pages, twips.
+  virtual Margins tabMargins(const std::vector<Text>& tabs, int width) const = 0;
 
   /// The positions of texts in the platform's order for lists, without regard to case; equal texts
   /// keep their order.

@@ -42,6 +42,19 @@ bool TabStrip::switchPage(bool forward) {
   return true;
 }
 
-Rect TabStrip::clientArea() const { return form().screen().tabClientArea(*this); }
+Size TabStrip::naturalSize() const {
+  const int width = form().screen().tabRowWidth(tabs_);
+  const Margins around = marginsIn(width);
+  return {width, around.top + around.bottom};
+}
+
+Rect TabStrip::clientArea() const {
+  const Rect& strip = bounds();
+  const Margins around = marginsIn(strip.width);
+  return {strip.left + around.left, strip.top + around.top,
+          strip.width - around.left - around.right, strip.height - around.top - around.bottom};
+}
+
+Margins TabStrip::marginsIn(int width) const { return form().screen().tabMargins(tabs_, width); }
 
 }  // namespace tillora::ui

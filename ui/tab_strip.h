@@ -11,6 +11,8 @@ namespace tillora::ui {
 class TabStrip final : public Control {
  public:
   Kind kind() const override { return Kind::tabStrip; }
+  /// All tabs in one row, without a page.
+  Size naturalSize() const override;
   const std::vector<Text>& tabs() const { return tabs_; }
   int count() const { return static_cast<int>(tabs_.size()); }
   /// The first tab added is selected; that raises nothing.
@@ -27,6 +29,8 @@ class TabStrip final : public Control {
 
   /// The area below the tabs, in twips of this control's parent.
   Rect clientArea() const;
+  /// What a strip of this width needs around that area, twips.
+  Margins marginsIn(int width) const;
 
   /// Set the argument to keep the old tab.
   Event<bool&> beforeClick;

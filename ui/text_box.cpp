@@ -11,6 +11,11 @@ TextBox::TextBox() {
   setBackColour(kWindowBackground);
 }
 
+Size TextBox::naturalSize() const {
+  constexpr int kMost = 20;
+  return {widthFor(maxLength_ > 0 ? std::min(maxLength_, kMost) : kMost), heightFor(1)};
+}
+
 TextBox& TextBox::setText(Text text) {
   if (!show(text)) return *this;
   edited();
@@ -37,6 +42,7 @@ TextBox& TextBox::setMaxLength(int maxLength) {
 
 TextBox& TextBox::setLocked(bool locked) {
   locked_ = locked;
+  setBackColour(locked ? kButtonFace : kWindowBackground);
   notify(Property::editing);
   return *this;
 }

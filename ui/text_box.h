@@ -14,6 +14,9 @@ class TextBox final : public Control {
   TextBox();
 
   Kind kind() const override { return Kind::textBox; }
+  /// As wide as its longest text, but at most as twenty digits.
+  Size naturalSize() const override;
+  bool fillsRow() const override { return true; }
 
   const Text& text() const { return text_.text(); }
   /// Raises change when the text differs; the caret goes to the start.
@@ -25,7 +28,8 @@ class TextBox final : public Control {
   /// Longest text that can be typed or pasted; 0 for no limit.
   int maxLength() const { return maxLength_; }
   TextBox& setMaxLength(int maxLength);
-  /// A locked box shows and selects its text but cannot be edited by the user.
+  /// A locked box shows and selects its text but cannot be edited by the user. It is as grey as a
+  /// button.
   bool locked() const { return locked_; }
   TextBox& setLocked(bool locked);
   /// Fixed once the box is shown. Enter makes a line when the form has no default button.

@@ -6,6 +6,8 @@
 
 namespace tillora::ui {
 
+Size UpDown::naturalSize() const { return {form().screen().scrollBars().width, heightFor(1)}; }
+
 UpDown& UpDown::setValue(int value) {
   value = std::clamp(value, minimum_, maximum_);
   if (value_ == value) return *this;

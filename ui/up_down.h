@@ -8,6 +8,8 @@ namespace tillora::ui {
 class UpDown final : public Control {
  public:
   Kind kind() const override { return Kind::upDown; }
+  Size naturalSize() const override;
+  bool fillsRow() const override { return true; }
   int value() const { return value_; }
   /// Limited to minimum() and maximum(). Raises change when the value differs.
   UpDown& setValue(int value);

@@ -14,6 +14,7 @@ namespace {
 using ui::Key;
 
 constexpr int kTabHeight = 330;
+constexpr int kBesideTab = 90;
 constexpr int kBorder = 60;
 
 bool isLetterOrDigit(Key key) {
@@ -60,10 +61,19 @@ void HeadlessScreen::runModal(ui::Form& form) {
   leave();
 }
 
-ui::Rect HeadlessScreen::tabClientArea(const ui::TabStrip& tabs) const {
-  const ui::Rect& all = tabs.bounds();
-  return {all.left + kBorder, all.top + kTabHeight, all.width - 2 * kBorder,
-          all.height - kTabHeight - kBorder};
+int HeadlessScreen::wrappedHeight(TextView caption, int width) const {
+  return (textWidth(ui::withoutAccessKey(caption)) / std::max(1, width) + 1) * lineHeight();
+}
+
+int HeadlessScreen::tabRowWidth(const std::vector<Text>& tabs) const {
+  int width = 0;
+  for (const Text& tab : tabs) width += textWidth(tab) + 2 * kBesideTab;
+  return width;
+}
+
+ui::Margins HeadlessScreen::tabMargins(const std::vector<Text>& tabs, int width) const {
+  const int rows = (tabRowWidth(tabs) + width - 1) / std::max(1, width);
+  return {kBorder, std::max(1, rows) * kTabHeight, kBorder, kBorder};
 }
 
 std::vector<std::size_t> HeadlessScreen::listOrder(std::span<const TextView> texts) const {

@@ -17,7 +17,10 @@ class HeadlessScreen final : public ui::Screen {
   ui::Size twipsPerPixel() const override { return pixel; }
   int textWidth(TextView text) const override { return static_cast<int>(text.size()) * 90; }
   int lineHeight() const override { return 195; }
-  ui::Rect tabClientArea(const ui::TabStrip& tabs) const override;
+  int wrappedHeight(TextView caption, int width) const override;
+  ui::Size scrollBars() const override { return {255, 255}; }
+  int tabRowWidth(const std::vector<Text>& tabs) const override;
+  ui::Margins tabMargins(const std::vector<Text>& tabs, int width) const override;
   std::vector<std::size_t> listOrder(std::span<const TextView> texts) const override;
   void beep() override { ++beeps; }
 

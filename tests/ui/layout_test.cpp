@@ -8,13 +8,16 @@
 #include "ui/buttons.h"
 #include "ui/lists.h"
 #include "ui/text_box.h"
+#include "ui/up_down.h"
 
 namespace tillora::testing {
 namespace {
 
-using ui::Cell;
+using ui::kNatural;
+using ui::kRest;
 using ui::Rect;
 using ui::Rows;
+using ui::twips;
 
 // At 96 DPI, 15 twips to the pixel. The text of the headless screen is 90 twips wide for each
 // character and 195 high.
@@ -83,7 +86,7 @@ TEST_F(LayoutTest, ALabelStandsInTheMiddleOfItsFirstLine) {
 }
 
 TEST_F(LayoutTest, FixedAndFillingCellsShareARow) {
-  rows.row({wide(second, 600), fill(box), ok});
+  rows.row({wide(second, twips(600)), fill(box), ok});
   rows.place({0, 0, 6000, 1000});
   EXPECT_EQ(second.bounds().width, 600);
   EXPECT_GT(box.bounds().left, second.bounds().right());
@@ -126,7 +129,7 @@ TEST_F(LayoutTest, AGroupIsAsHighAsItsRows) {
 TEST_F(LayoutTest, AListInAGroupCanTakeTheRestOfThePage) {
   Rows& group = rows.group(frame, u"Group");
   group.row({box});
-  group.block(list, ui::kRest);
+  group.block(list, kRest);
   rows.row({second});
   form.layOut();
   EXPECT_EQ(second.bounds().bottom(), 6000 - 150);
@@ -136,10 +139,10 @@ TEST_F(LayoutTest, AListInAGroupCanTakeTheRestOfThePage) {
 
 TEST_F(LayoutTest, TheRestIsWhatTheOtherRowsLeaveOver) {
   rows.row({fill(box)});
-  rows.block(list, ui::kRest);
+  rows.block(list, kRest);
   rows.row({fill(second)});
   rows.place({0, 0, 6000, 3000});
-  EXPECT_EQ(list.bounds(), (Rect{0, 390, 6000, 3000 - 390 - 390}));
+  EXPECT_EQ(list.bounds(), (Rect{0, 420, 6000, 3000 - 420 - 420}));
   EXPECT_EQ(second.bounds().bottom(), 3000);
 }
 
@@ -148,21 +151,181 @@ TEST_F(LayoutTest, ABlockIsAsHighAsItsLines) {
   rows.block(box, ui::lines(3));
   rows.place({0, 0, 6000, 3000});
   EXPECT_EQ(label.bounds().height, 585);
-  EXPECT_EQ(box.bounds().height, 705);
+  EXPECT_EQ(box.bounds().height, 735);
 }
 
 TEST_F(LayoutTest, AFormIsLaidOutWhenItIsLoadedAndWheneverItsSizeChanges) {
   rows.row({fill(box)});
   EXPECT_EQ(box.bounds(), Rect());
   form.load();
-  EXPECT_EQ(box.bounds().right(), 9000 - 150);
+  EXPECT_EQ(form.clientSize(), (ui::Size{2295, 645}));
+  EXPECT_EQ(box.bounds(), (Rect{150, 150, 1995, 345}));
   form.setClientSize({7000, 6000});
   EXPECT_EQ(box.bounds().right(), 7000 - 150);
 }
 
+TEST_F(LayoutTest, AFormIsAsLargeAsItsRowsNeed) {
+  ui::CheckBox longest{u"A caption that is longer than anything else"};
+  rows.row({wide(second, ui::characters(3))});
+  rows.group(frame, u"Group").row({fill(longest)});
+  rows.block(list, ui::restFromLines(4), ui::characters(5));
+  rows.buttons({&ok, &cancel});
+  form.load();
+  const int inGroup = 43 * 90 + 300;
+  EXPECT_EQ(form.clientSize().width, inGroup + 2 * 135 + 2 * 150);
+  EXPECT_EQ(longest.bounds().width, inGroup);
+  EXPECT_EQ(second.bounds().width, 4 * 90 + 105);
+  EXPECT_EQ(list.bounds().height, list.heightFor(4));
+  EXPECT_EQ(ok.bounds().top - list.bounds().bottom(), 150);
+  EXPECT_EQ(cancel.bounds().bottom(), form.clientSize().height - 150);
+}
+
+TEST_F(LayoutTest, ATextThatIsWrappedIsAsHighAsTheWidthDemands) {
+  ui::Label note{u"A note that is too long for one line of this narrow form"};
+  rows.row({wide(box, twips(2000))});
+  rows.block(note, ui::kWrapped, twips(2000));
+  form.load();
+  EXPECT_EQ(note.bounds().width, 2000);
+  EXPECT_EQ(note.bounds().height, desk.screen().wrappedHeight(note.caption(), 2000));
+  EXPECT_GT(note.bounds().height, 195);
+}
+
+TEST_F(LayoutTest, AGroupsLabelsStandInTheColumnOfItsPage) {
+  ui::Label longer{u"A longer label"};
+  rows.group(frame, u"Group").field({longer, fill(box)});
+  rows.group(otherFrame, u"Other group").field({label, fill(second)});
+  form.load();
+  EXPECT_EQ(label.bounds().width, longer.bounds().width);
+  EXPECT_EQ(box.bounds().left, second.bounds().left);
+}
+
+TEST_F(LayoutTest, AnUpDownTouchesItsBox) {
+  ui::UpDown upDown;
+  rows.row({wide(box, ui::characters(4)), joined(upDown), label});
+  form.load();
+  EXPECT_EQ(upDown.bounds().left, box.bounds().right());
+  EXPECT_EQ(upDown.bounds().height, box.bounds().height);
+  EXPECT_GT(label.bounds().left, upDown.bounds().right());
+}
+
+TEST_F(LayoutTest, ADropDownListIsAsWideAsItsLongestItem) {
+  ui::ComboBox combo;
+  combo.addItem(u"Each");
+  combo.addItem(u"A much longer item");
+  rows.row({combo});
+  form.load();
+  EXPECT_EQ(combo.bounds().width, 19 * 90 + 105 + 255);
+}
+
+TEST_F(LayoutTest, AnAreaThatIsLargeEnoughDoesNotScroll) {
+  rows.row({wide(box, twips(2000))});
+  form.load();
+  EXPECT_FALSE(form.scrolling().across());
+  EXPECT_FALSE(form.scrolling().down());
+  form.scrollTo({100, 100});
+  EXPECT_EQ(form.scrolling().position, ui::Point());
+  EXPECT_EQ(box.bounds(), (Rect{150, 150, 2000, 345}));
+}
+
+TEST_F(LayoutTest, AFormThatIsTooLowScrollsDown) {
+  rows.row({wide(box, twips(2000))});
+  rows.row({wide(second, twips(2000))});
+  rows.row({wide(third, twips(2000))});
+  form.load();
+  const ui::Size natural = form.clientSize();
+  form.setClientSize({natural.width + 255, natural.height - 300});
+  EXPECT_TRUE(form.scrolling().down());
+  EXPECT_FALSE(form.scrolling().across());
+  EXPECT_EQ(form.scrolling().seen, (ui::Size{natural.width, natural.height - 300}));
+  EXPECT_EQ(form.scrolling().content, natural);
+  form.scrollTo({0, 100000});
+  EXPECT_EQ(form.scrolling().position, (ui::Point{0, 300}));
+  EXPECT_EQ(box.bounds().top, 150 - 300);
+  EXPECT_EQ(third.bounds().bottom(), natural.height - 150 - 300);
+  form.scrollTo({0, -5});
+  EXPECT_EQ(box.bounds().top, 150);
+}
+
+TEST_F(LayoutTest, TheScrollBarOfOneDirectionMayMakeTheOtherNecessary) {
+  rows.row({wide(box, twips(2000))});
+  rows.row({wide(second, twips(2000))});
+  form.load();
+  const ui::Size natural = form.clientSize();
+  form.setClientSize({natural.width, natural.height - 15});
+  EXPECT_TRUE(form.scrolling().down());
+  EXPECT_TRUE(form.scrolling().across());
+  form.setClientSize({natural.width - 15, natural.height});
+  EXPECT_TRUE(form.scrolling().down());
+  EXPECT_TRUE(form.scrolling().across());
+  form.setClientSize(natural);
+  EXPECT_FALSE(form.scrolling().down());
+  EXPECT_FALSE(form.scrolling().across());
+  EXPECT_EQ(second.bounds().bottom(), natural.height - 150);
+}
+
+TEST_F(LayoutTest, TheControlWithTheFocusIsScrolledIntoView) {
+  rows.row({wide(box, twips(2000))});
+  rows.group(frame, u"Group").row({wide(second, twips(2000))});
+  rows.row({wide(third, twips(2000))});
+  desk.whenShown([&](ui::Form&) {
+    form.setClientSize({form.clientSize().width, 900});
+    const auto isInView = [&](const ui::Control& control, int above) {
+      return control.bounds().top + above >= 0 &&
+             control.bounds().bottom() + above <= form.scrolling().seen.height;
+    };
+    second.setFocus();
+    EXPECT_TRUE(isInView(second, frame.bounds().top));
+    third.setFocus();
+    EXPECT_TRUE(isInView(third, 0));
+    box.setFocus();
+    EXPECT_TRUE(isInView(box, 0));
+  });
+  form.showModal();
+}
+
+TEST_F(LayoutTest, AGroupNeverScrolls) {
+  rows.group(frame, u"Group").row({wide(box, twips(2000))});
+  form.load();
+  form.setClientSize({1000, 600});
+  EXPECT_TRUE(form.scrolling().down());
+  EXPECT_FALSE(frame.scrolling().down());
+  EXPECT_EQ(box.bounds().width, 2000);
+}
+
+TEST_F(LayoutTest, BehindATabStripThePagesScrollAndTheButtonsStay) {
+  ui::TabStrip strip;
+  strip.addTab(u"One");
+  ui::Frame page{Text(), ui::Frame::Border::none};
+  rows.tabs(strip, {&page});
+  for (ui::TextBox* each : {&box, &second, &third}) page.rows().row({wide(*each, twips(4000))});
+  page.rows().block(list, ui::restFromLines(20));
+  rows.buttons({&ok, &cancel});
+  form.load();
+  EXPECT_FALSE(page.scrolling().down());
+  EXPECT_EQ(list.bounds().height, list.heightFor(20));
+  const ui::Size natural = form.clientSize();
+  form.setClientSize({natural.width, natural.height - 2000});
+  EXPECT_TRUE(page.scrolling().down());
+  EXPECT_FALSE(form.scrolling().down());
+  EXPECT_EQ(page.bounds(), strip.clientArea());
+  EXPECT_EQ(ok.bounds().bottom(), natural.height - 2000 - 150);
+}
+
+TEST_F(LayoutTest, APageThatGrowsNoLongerScrollsAndIsSeenFromItsTop) {
+  rows.row({wide(box, twips(2000))});
+  rows.row({wide(second, twips(2000))});
+  form.load();
+  const ui::Size natural = form.clientSize();
+  form.setClientSize({natural.width + 255, natural.height - 200});
+  form.scrollTo({0, 200});
+  form.setClientSize({natural.width + 255, natural.height});
+  EXPECT_EQ(form.scrolling().position, ui::Point());
+  EXPECT_EQ(box.bounds().top, 150);
+}
+
 TEST_F(LayoutTest, TheSameRowsFitAnotherSize) {
   Rows& group = rows.group(frame, u"Group");
-  group.field({label, wide(box, 600), fill(second)});
+  group.field({label, wide(box, twips(600)), fill(second)});
   rows.place({0, 0, 6000, 3000});
   const Rect before = second.bounds();
   rows.place({0, 0, 8000, 3000});
@@ -174,10 +337,10 @@ TEST_F(LayoutTest, TheSameRowsFitAnotherSize) {
 TEST_F(LayoutTest, ColumnsShareTheWidthFromTheNextRowOn) {
   ui::TextBox left;
   rows.row({fill(box)});
-  const std::vector<Rows*> columns = rows.columns({1500, Cell::kFill, Cell::kFill});
+  const std::vector<Rows*> columns = rows.columns({twips(1500), kRest, kRest});
   ASSERT_EQ(columns.size(), 3U);
   columns[0]->row({fill(left)});
-  columns[1]->block(list, ui::kRest);
+  columns[1]->block(list, kRest);
   columns[2]->row({fill(third)});
   rows.place({100, 0, 6000, 3000});
   EXPECT_EQ(left.bounds().left, 100);
@@ -193,7 +356,7 @@ TEST_F(LayoutTest, ColumnsShareTheWidthFromTheNextRowOn) {
 
 TEST_F(LayoutTest, TheLabelsOfColumnsAreEquallyWide) {
   ui::Label longer{u"A longer label"};
-  const std::vector<Rows*> columns = rows.columns({Cell::kFill, Cell::kFill});
+  const std::vector<Rows*> columns = rows.columns({kRest, kRest});
   columns[0]->field({label, fill(box)});
   columns[1]->field({longer, fill(second)});
   rows.place({0, 0, 6000, 3000});
@@ -202,7 +365,7 @@ TEST_F(LayoutTest, TheLabelsOfColumnsAreEquallyWide) {
 }
 
 TEST_F(LayoutTest, GroupsSideBySideEndAtTheSameHeight) {
-  const std::vector<Rows*> columns = rows.columns({Cell::kFill, Cell::kFill});
+  const std::vector<Rows*> columns = rows.columns({kRest, kRest});
   columns[0]->group(frame, u"Low").row({box});
   Rows& high = columns[1]->group(otherFrame, u"High");
   high.row({second});
@@ -216,7 +379,7 @@ TEST_F(LayoutTest, ATabStripTakesWhatTheButtonsLeaveAndItsPagesFillIt) {
   ui::TabStrip strip;
   strip.addTab(u"One");
   rows.tabs(strip, {&frame, &otherFrame});
-  frame.rows().block(list, ui::kRest);
+  frame.rows().block(list, kRest);
   rows.buttons({&ok, &cancel});
   form.layOut();
   EXPECT_EQ(strip.bounds(), (Rect{120, 120, 8760, 5265}));
@@ -226,7 +389,7 @@ TEST_F(LayoutTest, ATabStripTakesWhatTheButtonsLeaveAndItsPagesFillIt) {
 }
 
 TEST_F(LayoutTest, ButtonsStandAtTheBottomRightInTheirOrder) {
-  rows.block(list, ui::kRest);
+  rows.block(list, kRest);
   rows.buttons({&ok});
   rows.buttons({&cancel});
   form.layOut();
@@ -240,7 +403,7 @@ TEST_F(LayoutTest, ControlsHaveThePlatformsSizes) {
   ui::OptionButton choice{u"&Tick"};
   ui::CommandButton wideButton{u"Reset &All Captions"};
   rows.row({label, tick, choice});
-  rows.row({ok, wideButton, wide(box, 600)});
+  rows.row({ok, wideButton, wide(box, twips(600))});
   rows.place({0, 0, 9000, 6000});
   EXPECT_EQ(label.bounds(), (Rect{0, 22, 480, 195}));
   EXPECT_EQ(tick.bounds(), (Rect{570, 0, 660, 240}));
@@ -248,47 +411,47 @@ TEST_F(LayoutTest, ControlsHaveThePlatformsSizes) {
   EXPECT_EQ(ok.bounds(), (Rect{0, 315, 1125, 345}));
   EXPECT_EQ(wideButton.bounds(), (Rect{1215, 315, 1860, 345}));
   EXPECT_EQ(box.bounds(), (Rect{3165, 315, 600, 345}));
-  EXPECT_EQ(rows.height(), 660);
-  EXPECT_EQ(ui::fieldHeight(form), 315);
-  EXPECT_EQ(ui::fieldHeight(form, 3), 705);
+  EXPECT_EQ(rows.height(8700), 660);
+  EXPECT_EQ(ui::fieldHeight(form), 345);
+  EXPECT_EQ(ui::fieldHeight(form, 3), 735);
 }
 
 TEST_F(LayoutTest, APageKeepsThePlatformsDistances) {
   rows.field({label, fill(box)});
   rows.gap();
-  rows.row({wide(second, 1000), fill(third)}, 300);
-  rows.block(list, ui::twips(2000));
+  rows.row({wide(second, twips(1000)), fill(third)}, 300);
+  rows.block(list, twips(2000));
   form.layOut();
-  EXPECT_EQ(label.bounds(), (Rect{150, 210, 480, 195}));
-  EXPECT_EQ(box.bounds(), (Rect{720, 150, 8130, 315}));
-  EXPECT_EQ(second.bounds(), (Rect{450, 600, 1000, 315}));
-  EXPECT_EQ(third.bounds(), (Rect{1540, 600, 7310, 315}));
-  EXPECT_EQ(list.bounds(), (Rect{150, 990, 8700, 2000}));
-  EXPECT_EQ(rows.height(), 2840);
+  EXPECT_EQ(label.bounds(), (Rect{150, 225, 480, 195}));
+  EXPECT_EQ(box.bounds(), (Rect{720, 150, 8130, 345}));
+  EXPECT_EQ(second.bounds(), (Rect{450, 630, 1000, 345}));
+  EXPECT_EQ(third.bounds(), (Rect{1540, 630, 7310, 345}));
+  EXPECT_EQ(list.bounds(), (Rect{150, 1050, 8700, 2000}));
+  EXPECT_EQ(rows.height(8700), 2900);
 }
 
 TEST_F(LayoutTest, AGroupKeepsThePlatformsDistances) {
   rows.group(frame, u"Group").row({fill(box)});
   rows.row({second});
   rows.place({100, 200, 5000, 3000});
-  EXPECT_EQ(box.bounds(), (Rect{135, 270, 4730, 315}));
-  EXPECT_EQ(frame.bounds(), (Rect{100, 200, 5000, 720}));
-  EXPECT_EQ(second.bounds().top, 1055);
+  EXPECT_EQ(box.bounds(), (Rect{135, 270, 4730, 345}));
+  EXPECT_EQ(frame.bounds(), (Rect{100, 200, 5000, 750}));
+  EXPECT_EQ(second.bounds().top, 1085);
 }
 
 TEST_F(LayoutTest, ColumnsKeepThePlatformsDistances) {
-  const std::vector<Rows*> columns = rows.columns({1500, Cell::kFill});
-  columns[0]->block(list, ui::kRest);
-  columns[1]->block(otherList, ui::kRest);
+  const std::vector<Rows*> columns = rows.columns({twips(1500), kRest});
+  columns[0]->block(list, kRest);
+  columns[1]->block(otherList, kRest);
   rows.place({100, 200, 5000, 3000});
   EXPECT_EQ(list.bounds(), (Rect{100, 200, 1500, 3000}));
   EXPECT_EQ(otherList.bounds(), (Rect{1735, 200, 3365, 3000}));
 }
 
 TEST_F(LayoutTest, ColumnsWithoutOneThatFillsKeepTheirWidths) {
-  const std::vector<Rows*> columns = rows.columns({1500, 1000});
-  columns[0]->block(list, ui::kRest);
-  columns[1]->block(otherList, ui::kRest);
+  const std::vector<Rows*> columns = rows.columns({twips(1500), twips(1000)});
+  columns[0]->block(list, kRest);
+  columns[1]->block(otherList, kRest);
   rows.place({0, 0, 5000, 3000});
   EXPECT_EQ(list.bounds().right(), 1500);
   EXPECT_EQ(otherList.bounds().left, 1635);
@@ -296,7 +459,7 @@ TEST_F(LayoutTest, ColumnsWithoutOneThatFillsKeepTheirWidths) {
 }
 
 TEST_F(LayoutTest, WhatFillsAFullRowHasNoWidth) {
-  rows.row({wide(box, 1200), fill(second)});
+  rows.row({wide(box, twips(1200)), fill(second)});
   rows.place({0, 0, 1000, 3000});
   EXPECT_EQ(box.bounds().width, 1200);
   EXPECT_EQ(second.bounds().width, 0);

@@ -22,16 +22,25 @@ RECT ComboView::pixelBounds() const {
 
 void ComboView::create(HWND parent) {
   createWindow(parent, {WC_COMBOBOXW, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL});
-  // The field is as high as its text, whatever height is asked for; the rest of the height is its
-  // border.
-  const RECT place = ControlView::pixelBounds();
-  const LRESULT text = send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
-  RECT whole{};
-  GetWindowRect(window(), &whole);
-  const LRESULT missing = (place.bottom - place.top) - (whole.bottom - whole.top);
-  if (missing > 0) send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), text + missing);
+  fitField();
   addItems(0);
   showChoice();
+}
+
+// The field is as high as its text, whatever height is asked for; the rest of the height is its
+// border.
+void ComboView::fitField() {
+  const RECT place = ControlView::pixelBounds();
+  // Some platforms add to the height they are given, so a second step may correct the first.
+  LRESULT text = send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
+  for (int step = 0; step < 2; ++step) {
+    RECT whole{};
+    GetWindowRect(window(), &whole);
+    const LRESULT missing = (place.bottom - place.top) - (whole.bottom - whole.top);
+    if (missing == 0) return;
+    text += missing;
+    send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), text);
+  }
 }
 
 void ComboView::show(Property what) {
@@ -42,6 +51,10 @@ void ComboView::show(Property what) {
     case Property::value:
       showChoice();
       break;
+    case Property::bounds:
+      ControlView::show(what);
+      fitField();
+      break;
     default:
       ControlView::show(what);
   }
@@ -51,6 +64,8 @@ void ComboView::addItems(std::size_t first) {
   const auto& items = control().items();
   for (std::size_t i = first; i < items.size(); ++i)
     send(CB_ADDSTRING, 0, forWindow(items[i]).c_str());
+  const int longest = control().naturalSize().width;
+  send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(formWindow().metrics().toPixels(longest)));
 }
 
 void ComboView::showItems() {

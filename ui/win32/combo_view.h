@@ -24,6 +24,7 @@ class ComboView final : public ViewOf<ComboBox> {
 
  private:
   void addItems(std::size_t first);
+  void fitField();
   void showItems();
   void showChoice();
   void choiceMade();

@@ -30,7 +30,7 @@ void ControlView::createWindow(HWND parent, const Style& style) {
   if (!window_) throwLastError("CreateWindowExW");
   formWindow_.enter(window_, *this);
   SetWindowSubclass(window_, &procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
-  send(WM_SETFONT, reinterpret_cast<WPARAM>(formWindow_.metrics().font()), FALSE);
+  ControlView::showFont();
   if (!control_.toolTip().empty()) show(Property::toolTip);
 }
 
@@ -63,6 +63,10 @@ void ControlView::show(Property what) {
     default:
       break;
   }
+}
+
+void ControlView::showFont() {
+  send(WM_SETFONT, reinterpret_cast<WPARAM>(formWindow_.metrics().font()), FALSE);
 }
 
 Form& ControlView::form() const { return formWindow_.form(); }

@@ -32,6 +32,8 @@ class ControlView {
   virtual void create(HWND parent) = 0;
   /// Updates a property in the window.
   virtual void show(Property what);
+  /// Gives the window the present font of forms.
+  virtual void showFont();
 
   /// WM_COMMAND of this window.
   virtual void command(WORD /*code*/) {}

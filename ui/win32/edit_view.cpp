@@ -62,6 +62,8 @@ void EditView::create(HWND parent) {
     send(EM_SETPASSWORDCHAR, control().passwordCharacter());
   }
   send(EM_SETLIMITTEXT, static_cast<WPARAM>(control().maxLength()));
+  fitText();
+  showScrollBarIfNeeded();
   if (control().selStart() != 0 || control().selLength() != 0) showSelection();
 }
 
@@ -77,6 +79,10 @@ void EditView::show(Property what) {
     case Property::editing:
       showEditing();
       break;
+    case Property::bounds:
+      ControlView::show(what);
+      showScrollBarIfNeeded();
+      break;
     default:
       ControlView::show(what);
   }
@@ -88,6 +94,7 @@ Text EditView::windowText() const {
 
 void EditView::showText() {
   SetWindowTextW(window(), forWindow(windowText()).c_str());
+  showScrollBarIfNeeded();
   showSelection();
 }
 
@@ -151,11 +158,57 @@ LRESULT EditView::message(UINT message, WPARAM wParam, LPARAM lParam) {
     return send(WM_PASTE);
   }
   const LRESULT result = ControlView::message(message, wParam, lParam);
+  if (message == WM_NCCALCSIZE) centreText(*reinterpret_cast<RECT*>(lParam));
+  if (message == WM_NCPAINT) paintAboveText();
   const bool movesCaret = message == WM_KEYDOWN || message == WM_CHAR ||
                           message == WM_LBUTTONDOWN || message == WM_LBUTTONUP ||
                           message == WM_LBUTTONDBLCLK;
   if (movesCaret) readBack();
   return result;
+}
+
+void EditView::showFont() {
+  ControlView::showFont();
+  fitText();
+  showScrollBarIfNeeded();
+}
+
+// Only where the text is fixed: in a box that is edited, lines would break anew at each change.
+void EditView::showScrollBarIfNeeded() const {
+  if (!control().multiLine() || !control().locked()) return;
+  ShowScrollBar(window(), SB_VERT, FALSE);
+  RECT place{};
+  send(EM_GETRECT, 0, &place);
+  const auto height = send(EM_GETLINECOUNT) * formWindow().metrics().linePixels();
+  ShowScrollBar(window(), SB_VERT, height > place.bottom - place.top);
+}
+
+// Has the platform ask anew where in the window the text goes.
+void EditView::fitText() const {
+  SetWindowPos(window(), nullptr, 0, 0, 0, 0,
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The platform puts the text of a single line at the top of the client area.
+void EditView::centreText(RECT& client) {
+  if (control().multiLine()) return;
+  constexpr int kAboveText = 1;
+  const auto free = client.bottom - client.top - formWindow().metrics().linePixels();
+  aboveText_ = std::max<LONG>(0, free / 2 - kAboveText);
+  client.top += aboveText_;
+}
+
+void EditView::paintAboveText() const {
+  if (aboveText_ == 0) return;
+  RECT place{};
+  GetClientRect(window(), &place);
+  MapWindowPoints(window(), HWND_DESKTOP, reinterpret_cast<POINT*>(&place), 2);
+  RECT whole{};
+  GetWindowRect(window(), &whole);
+  OffsetRect(&place, -whole.left, -whole.top);
+  const RECT above{place.left, place.top - aboveText_, place.right, place.top};
+  const WindowDc dc(window());
+  FillRect(dc.get(), &above, Brush(CreateSolidBrush(toColorRef(ground()))).get());
 }
 
 bool EditView::typed(char16_t character) {

@@ -15,6 +15,7 @@ class EditView final : public ViewOf<TextBox> {
   using ViewOf::ViewOf;
   void create(HWND parent) override;
   void show(Property what) override;
+  void showFont() override;
   void command(WORD code) override;
   HBRUSH colours(HDC dc) override;
   void readBack() override;
@@ -37,8 +38,13 @@ class EditView final : public ViewOf<TextBox> {
   void showSelection();
   void showEditing();
   Colour ground() const;
+  void fitText() const;
+  void showScrollBarIfNeeded() const;
+  void centreText(RECT& client);
+  void paintAboveText() const;
 
   Brush ground_;
+  LONG aboveText_ = 0;  // pixels between the border and the client area
 };
 
 }  // namespace tillora::ui::win32

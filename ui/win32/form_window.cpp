@@ -10,18 +10,27 @@
 #include "ui/win32/modal_run.h"
 #include "ui/win32/pictures.h"
 #include "ui/win32/screen.h"
+#include "ui/win32/scrolling.h"
 #include "ui/win32/view_factory.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
 
-constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_3DLOOK;
+// The extended style keeps the caption without an icon, also where the border is one for sizing.
 constexpr DWORD kDialogExtended = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+
+DWORD styleOf(const Form& form) {
+  constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_3DLOOK | WS_CLIPCHILDREN;
+  return kStyle | (form.resizable() ? WS_THICKFRAME : DS_MODALFRAME);
+}
 
 // A dialog of the system's class without controls: screen readers know what it is.
 struct EmptyTemplate {
-  alignas(DWORD) DLGTEMPLATE header{kDialogStyle, kDialogExtended, 0, 0, 0, 0, 0};
+  explicit EmptyTemplate(const Form& form)
+      : header{styleOf(form), kDialogExtended, 0, 0, 0, 0, 0} {}
+
+  alignas(DWORD) DLGTEMPLATE header;
   WORD noMenu = 0;
   WORD systemClass = 0;
   WORD noTitle = 0;
@@ -42,7 +51,7 @@ void throwLastError(const char* function) {
 }
 
 FormWindow::FormWindow(Screen& screen, Form& form, HWND owner) : screen_(screen), form_(form) {
-  const EmptyTemplate empty;
+  const EmptyTemplate empty(form);
   window_ = CreateDialogIndirectParamW(tillora::win32::thisModule(), &empty.header, owner,
                                        &procedure, reinterpret_cast<LPARAM>(this));
   if (!window_) throwLastError("CreateDialogIndirectParamW");
@@ -67,32 +76,74 @@ void FormWindow::destroy() {
 
 const Metrics& FormWindow::metrics() const { return screen_.metrics(); }
 
+SIZE FormWindow::frame() const {
+  RECT frame{};
+  AdjustWindowRectEx(&frame, styleOf(form_), FALSE, kDialogExtended);
+  return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
 void FormWindow::resize() {
-  const SIZE client{metrics().toPixels(form_.clientSize().width),
-                    metrics().toPixels(form_.clientSize().height)};
-  RECT whole{0, 0, client.cx, client.cy};
-  AdjustWindowRectEx(&whole, kDialogStyle, FALSE, kDialogExtended);
-  SetWindowPos(window_, nullptr, 0, 0, whole.right - whole.left, whole.bottom - whole.top,
+  const Size client = form_.clientSize();
+  const SIZE frame = this->frame();
+  SetWindowPos(window_, nullptr, 0, 0, metrics().toPixels(client.width) + frame.cx,
+               metrics().toPixels(client.height) + frame.cy,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Scroll bars count as part of the form's area, so the client rectangle does not tell it.
+void FormWindow::followWindow() {
+  RECT own{};
+  GetWindowRect(window_, &own);
+  const SIZE frame = this->frame();
+  followsWindow_ = true;
+  form_.setClientSize({metrics().toTwips(own.right - own.left - frame.cx),
+                       metrics().toTwips(own.bottom - own.top - frame.cy)});
+  followsWindow_ = false;
 }
 
 void FormWindow::place(HWND owner) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &monitor);
-  const RECT& work = monitor.rcWork;
-  RECT around = work;
+  RECT around = monitor.rcWork;
   if (owner && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
+  placeOver(around, monitor.rcWork);
+}
+
+// Never larger than the work area, nor partly outside it.
+void FormWindow::placeOver(const RECT& around, const RECT& work) {
+  const Size natural = form_.naturalSize();
+  const SIZE frame = this->frame();
+  const SIZE most{work.right - work.left, work.bottom - work.top};
+  least_ = {std::min(most.cx, metrics().toPixels(natural.width) + frame.cx),
+            std::min(most.cy, metrics().toPixels(natural.height) + frame.cy)};
   RECT own{};
   GetWindowRect(window_, &own);
-  const LONG width = own.right - own.left;
-  const LONG height = own.bottom - own.top;
-  const LONG left = (around.left + around.right - width) / 2;
-  const LONG top = (around.top + around.bottom - height) / 2;
-  // Where the window is larger than the work area its caption stays reachable.
-  SetWindowPos(window_, nullptr, std::max(work.left, std::min(left, work.right - width)),
-               std::max(work.top, std::min(top, work.bottom - height)), 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  const SIZE size{std::min(most.cx, own.right - own.left), std::min(most.cy, own.bottom - own.top)};
+  const LONG left = (around.left + around.right - size.cx) / 2;
+  const LONG top = (around.top + around.bottom - size.cy) / 2;
+  SetWindowPos(window_, nullptr, std::clamp(left, work.left, work.right - size.cx),
+               std::clamp(top, work.top, work.bottom - size.cy), size.cx, size.cy,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  if (size.cx < own.right - own.left || size.cy < own.bottom - own.top) followWindow();
+}
+
+void FormWindow::followSettings() {
+  for (const auto& [control, view] : views_) {
+    view->showFont();
+    view->show(Property::colours);
+  }
+  RECT former{};
+  GetWindowRect(window_, &former);
+  const Size natural = form_.naturalSize();
+  const Size now = form_.clientSize();
+  form_.setClientSize({std::max(natural.width, form_.resizable() ? now.width : 0),
+                       std::max(natural.height, form_.resizable() ? now.height : 0)});
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromRect(&former, MONITOR_DEFAULTTONEAREST), &monitor);
+  placeOver(former, monitor.rcWork);
+  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 ControlView* FormWindow::viewOf(const Control& control) const {
@@ -163,7 +214,8 @@ void FormWindow::stack(const Container& container) {
 void FormWindow::changed(const Control& control, Property what) {
   if (&control == &form_) {
     if (what == Property::text) SetWindowTextW(window_, forWindow(form_.caption()).c_str());
-    if (what == Property::bounds) resize();
+    if (what == Property::bounds && !followsWindow_) resize();
+    if (what == Property::scrolling) showScrolling(window_, form_, metrics());
     if (what == Property::enabled) changedWithin(form_, what);
     if (what == Property::visible) {
       if (ModalRun* run = screen_.runOf(form_)) run->leaveScreen();

@@ -70,6 +70,8 @@ class FormWindow final : public FormView {
   bool takesInput() const;
   /// The message is user input for a window of the form, and the form takes no input now.
   bool holdsOff(UINT message) const;
+  /// Shows the form with the screen's present fonts and colours, in the size that it needs now.
+  void followSettings();
   /// Shows the hourglass; false for the standard pointer, which each window knows best.
   bool showPointer() const;
   /// Runs code that may fail where no exception may escape; a failure ends the form's modal run.
@@ -96,8 +98,14 @@ class FormWindow final : public FormView {
   void fail(std::exception_ptr failure) noexcept;
   void close();
   void destroy();
+  /// What the window's borders and caption add to the form's area, pixels.
+  SIZE frame() const;
   void place(HWND owner);
+  void placeOver(const RECT& around, const RECT& work);
+  /// Gives the window the form's size.
   void resize();
+  /// Gives the form the window's size.
+  void followWindow();
   void create(Control& control, HWND parent);
   void stack(const Container& container);
   void changedWithin(const Control& holder, Property what);
@@ -118,6 +126,8 @@ class FormWindow final : public FormView {
   std::unordered_map<const Control*, std::unique_ptr<ControlView>> views_;
   std::unordered_map<HWND, ControlView*> windows_;
   std::unordered_map<const ui::ImageList*, ImageList> images_;
+  SIZE least_{};  // the user cannot make the window smaller
+  bool followsWindow_ = false;
   int nextId_ = 100;  // above IDOK, IDCANCEL and their like
   const CommandButton* shownDefault_ = nullptr;
 };

@@ -4,6 +4,7 @@
 #include "ui/win32/form_window.h"
 #include "ui/win32/modal_run.h"
 #include "ui/win32/screen.h"
+#include "ui/win32/scrolling.h"
 #include "ui/win32/thread_windows.h"
 
 namespace tillora::ui::win32 {
@@ -100,10 +101,24 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
     case kReconcileFocus:
       reconcileFocus();
       return 0;
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+      screen_.followSettings();
+      return std::nullopt;
     case WM_SYSCOLORCHANGE:
       // Only top-level windows are notified; common controls need to know too.
       EnumChildWindows(window_, &forwardColourChange, 0);
       return std::nullopt;
+    case WM_GETMINMAXINFO:
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least_.cx, least_.cy};
+      return 0;
+    case WM_SIZE:
+      if (form_.view()) followWindow();
+      return 0;
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+    case WM_MOUSEWHEEL:
+      return scroll(form_, metrics(), window_, message, wParam, lParam);
     case WM_HELP:
       if (takesInput()) form_.userHelp();
       return TRUE;

@@ -3,6 +3,7 @@
 #include <vssym32.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <span>
 
@@ -10,6 +11,7 @@
 #include "ui/win32/form_window.h"
 #include "ui/win32/frame_class.h"
 #include "ui/win32/raster.h"
+#include "ui/win32/scrolling.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
@@ -20,6 +22,21 @@ bool holdsTabs(const Container& container) {
     if (child->kind() == Kind::tabStrip) return true;
   }
   return false;
+}
+
+double brightness(COLORREF colour) {
+  const auto linear = [](BYTE part) { return std::pow(part / 255.0, 2.2); };
+  return 0.2126 * linear(GetRValue(colour)) + 0.7152 * linear(GetGValue(colour)) +
+         0.0722 * linear(GetBValue(colour));
+}
+
+// A theme's page may be white while a dark colour scheme makes the texts on it white, too. The
+// measure is the one of the accessibility guidelines.
+bool isReadableOn(COLORREF ground) {
+  constexpr double kLeastContrast = 4.5;
+  const double text = brightness(GetSysColor(COLOR_BTNTEXT)) + 0.05;
+  const double behind = brightness(ground) + 0.05;
+  return std::max(text, behind) / std::min(text, behind) >= kLeastContrast;
 }
 
 }  // namespace
@@ -34,24 +51,38 @@ void FrameView::create(HWND parent) {
                                 forWindow(withPlainAmpersandsDoubled(frame.caption())).c_str(),
                                 WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0, area.right, area.bottom,
                                 window(), nullptr, tillora::win32::thisModule(), nullptr);
-    SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(formWindow().metrics().font()),
-                 FALSE);
-  } else if (holdsTabs(*frame.parent())) {
+    showFont();
+  } else if (isPage()) {
     paintTabBody();
   }
   formWindow().createChildren(frame, window());
+  showScrolling(window(), frame, formWindow().metrics());
 }
 
 void FrameView::show(Property what) {
   ControlView::show(what);
-  if (groupBox_ && what == Property::bounds) {
+  if (what == Property::scrolling) {
+    showScrolling(window(), control(), formWindow().metrics());
+  } else if (groupBox_ && what == Property::bounds) {
     RECT area{};
     GetClientRect(window(), &area);
     MoveWindow(groupBox_, 0, 0, area.right, area.bottom, TRUE);
   } else if (groupBox_ && what == Property::text) {
     SetWindowTextW(groupBox_, forWindow(withPlainAmpersandsDoubled(control().caption())).c_str());
-  } else if (!groupBox_ && what == Property::bounds && tabBody_) {
+  } else if (what == Property::bounds && isPage()) {
     paintTabBody();
+  }
+}
+
+bool FrameView::isPage() const {
+  return control().border() == Frame::Border::none && holdsTabs(*control().parent());
+}
+
+void FrameView::showFont() {
+  ControlView::showFont();
+  if (groupBox_) {
+    SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(formWindow().metrics().font()),
+                 FALSE);
   }
 }
 
@@ -61,7 +92,10 @@ void FrameView::show(Property what) {
 // plain.
 void FrameView::paintTabBody() {
   const Theme theme(OpenThemeData(window(), L"TAB"));
-  if (!theme) return;
+  if (!theme) {
+    tabBody_.reset();
+    return;
+  }
   RECT area{};
   GetClientRect(window(), &area);
   constexpr int kWidth = 8;
@@ -79,6 +113,8 @@ void FrameView::paintTabBody() {
   }
   constexpr std::uint32_t kColourBits = 0x00FFFFFF;
   const std::uint32_t centre = pixels[pixels.size() / 2] & kColourBits;
+  tabBody_.reset();
+  if (!isReadableOn(RGB(centre >> 16 & 0xFF, centre >> 8 & 0xFF, centre & 0xFF))) return;
   const bool plain = std::ranges::all_of(
       pixels, [&](std::uint32_t pixel) { return (pixel & kColourBits) == centre; });
   tabBody_.reset(plain
@@ -96,8 +132,17 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       FillRect(dc, &area, formWindow().background(window(), dc));
       return TRUE;
     }
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+    case WM_MOUSEWHEEL:
+      if (const auto answer =
+              scroll(control(), formWindow().metrics(), window(), message, wParam, lParam)) {
+        return *answer;
+      }
+      break;
     case WM_THEMECHANGED:
-      if (tabBody_) paintTabBody();
+    case WM_SYSCOLORCHANGE:
+      if (isPage()) paintTabBody();
       InvalidateRect(window(), nullptr, TRUE);
       break;
     case WM_COMMAND:
@@ -106,6 +151,7 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       if (reinterpret_cast<HWND>(lParam) == groupBox_ && message == WM_CTLCOLORSTATIC) {
+        SetTextColor(reinterpret_cast<HDC>(wParam), toColorRef(control().foreColour()));
         return reinterpret_cast<LRESULT>(
             formWindow().background(groupBox_, reinterpret_cast<HDC>(wParam)));
       }

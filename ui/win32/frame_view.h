@@ -11,12 +11,14 @@ class FrameView final : public ViewOf<Frame> {
   using ViewOf::ViewOf;
   void create(HWND parent) override;
   void show(Property what) override;
+  void showFont() override;
   HBRUSH ownBackground() const override { return tabBody_.get(); }
 
  protected:
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  bool isPage() const;
   void paintTabBody();
 
   HWND groupBox_ = nullptr;

@@ -9,6 +9,17 @@
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
+namespace {
+
+// The light shadows behind disabled labels are left out then.
+bool isHighContrast() {
+  HIGHCONTRASTW settings{};
+  settings.cbSize = sizeof settings;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof settings, &settings, 0) &&
+         (settings.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+}  // namespace
 
 void LabelView::create(HWND parent) { createWindow(parent, {WC_STATICW, SS_LEFT}); }
 
@@ -24,7 +35,7 @@ void LabelView::show(Property what) {
 
 void LabelView::paintText(HDC dc, RECT area) const {
   const Label& label = control();
-  UINT format = DT_WORDBREAK | DT_EXPANDTABS;
+  UINT format = kWrappedText;
   if (label.alignment() == Alignment::right) format |= DT_RIGHT;
   if (label.alignment() == Alignment::centre) format |= DT_CENTER;
   if ((send(WM_QUERYUISTATE) & UISF_HIDEACCEL) != 0) format |= DT_HIDEPREFIX;
@@ -58,7 +69,11 @@ void LabelView::paint(HDC dc) {
   }
   std::ranges::stable_sort(layers, {},
                            [](const Layer& layer) { return layer.label->control().stacking(); });
-  for (const Layer& layer : layers) layer.label->paintText(dc, layer.area);
+  for (const Layer& layer : layers) {
+    if (!isHighContrast() || !layer.label->control().decorative()) {
+      layer.label->paintText(dc, layer.area);
+    }
+  }
 }
 
 LRESULT LabelView::message(UINT message, WPARAM wParam, LPARAM lParam) {

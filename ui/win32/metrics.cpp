@@ -11,23 +11,46 @@ namespace tillora::ui::win32 {
 
 namespace {
 
-int screenDpi() {
-  const MemoryDc dc(CreateCompatibleDC(nullptr));
-  const int measured = GetDeviceCaps(dc.get(), LOGPIXELSX);
-  return measured > 0 ? measured : USER_DEFAULT_SCREEN_DPI;
-}
+// A strip of which nothing is seen.
+class MeasuredTabs {
+ public:
+  MeasuredTabs(int width, const std::vector<Text>& tabs, HFONT font)
+      : strip_(CreateWindowExW(0, WC_TABCONTROLW, L"", kTabStripStyle, 0, 0, width, width,
+                               HWND_MESSAGE, nullptr, tillora::win32::thisModule(), nullptr)),
+        last_(static_cast<int>(tabs.size()) - 1) {
+    SendMessageW(strip_.get(), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    addTabs(strip_.get(), tabs);
+  }
+
+  int width() const {
+    constexpr int kBesideTabs = 6;
+    RECT last{};
+    SendMessageW(strip_.get(), TCM_GETITEMRECT, static_cast<WPARAM>(last_),
+                 reinterpret_cast<LPARAM>(&last));
+    return last.right + kBesideTabs;
+  }
+  Margins around() const {
+    RECT whole{};
+    GetClientRect(strip_.get(), &whole);
+    RECT inside = whole;
+    SendMessageW(strip_.get(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&inside));
+    return {inside.left, inside.top, whole.right - inside.right, whole.bottom - inside.bottom};
+  }
+
+ private:
+  VisualStyles styles_;
+  Window strip_;
+  int last_;
+};
+
+constexpr int kWideEnough = 10000;  // pixels, for all tabs in one row
 
 }  // namespace
 
-Metrics::Metrics() : Metrics(screenDpi()) {}
-
-Metrics::Metrics(int dpi) : dc_(CreateCompatibleDC(nullptr)), dpi_(dpi) {
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
-  font_.reset(CreateFontIndirectW(&metrics.lfMessageFont));
-  metrics.lfMessageFont.lfWeight = FW_BOLD;
-  bold_.reset(CreateFontIndirectW(&metrics.lfMessageFont));
+Metrics::Metrics(int dpi, LOGFONTW font)
+    : font_(CreateFontIndirectW(&font)), dc_(CreateCompatibleDC(nullptr)), dpi_(dpi) {
+  font.lfWeight = FW_BOLD;
+  bold_.reset(CreateFontIndirectW(&font));
 
   const Selection selected(dc_.get(), font_.get());
   TEXTMETRICW text{};
@@ -44,7 +67,7 @@ RECT Metrics::toPixels(const Rect& twips) const {
 Size Metrics::twipsPerPixel() const { return {kTwipsPerInch / dpi_, kTwipsPerInch / dpi_}; }
 
 int Metrics::textWidth(TextView text) const {
-  return (pixelWidth(text) * kTwipsPerInch + dpi_ - 1) / dpi_;
+  return roomFor(pixelWidth(text));
 }
 
 int Metrics::pixelWidth(TextView text) const {
@@ -62,27 +85,48 @@ int Metrics::pixelWidth(TextView text) const {
   return size.cx;
 }
 
-Rect Metrics::tabClientArea(const TabStrip& tabs) const {
-  const RECT bounds = toPixels(tabs.bounds());
-  const TabInsets* known = nullptr;
-  for (const TabInsets& insets : tabInsets_) {
-    if (insets.tabs == tabs.tabs() && EqualRect(&insets.bounds, &bounds)) known = &insets;
-  }
-  if (!known) {
-    const VisualStyles styles;
-    const Window strip(CreateWindowExW(
-        0, WC_TABCONTROLW, L"", kTabStripStyle, 0, 0, bounds.right - bounds.left,
-        bounds.bottom - bounds.top, HWND_MESSAGE, nullptr, tillora::win32::thisModule(), nullptr));
-    SendMessageW(strip.get(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
-    addTabs(strip.get(), tabs.tabs());
-    RECT display = bounds;
-    SendMessageW(strip.get(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&display));
-    tabInsets_.push_back({tabs.tabs(), bounds, display});
-    known = &tabInsets_.back();
-  }
-  const RECT& display = known->display;
-  return {toTwips(display.left), toTwips(display.top), toTwips(display.right - display.left),
-          toTwips(display.bottom - display.top)};
+int Metrics::wrappedHeight(TextView caption, int width) const {
+  const Selection selected(dc_.get(), font_.get());
+  const std::wstring text = forWindow(withPlainAmpersandsDoubled(caption));
+  RECT area{0, 0, toPixels(width), 0};
+  DrawTextW(dc_.get(), text.data(), static_cast<int>(text.size()), &area,
+            DT_CALCRECT | kWrappedText);
+  return roomFor(area.bottom);
+}
+
+Size Metrics::scrollBars() const {
+  return {roomFor(GetSystemMetrics(SM_CXVSCROLL)), roomFor(GetSystemMetrics(SM_CYHSCROLL))};
+}
+
+int Metrics::tabRowWidth(const std::vector<Text>& tabs) const {
+  return roomFor(tabRow(tabs).width);
+}
+
+Margins Metrics::tabMargins(const std::vector<Text>& tabs, int width) const {
+  const int pixels = toPixels(width);
+  const Margins around = pixels >= tabRow(tabs).width ? tabRow(tabs).around
+                                                      : MeasuredTabs(pixels, tabs, font()).around();
+  return {roomFor(around.left), roomFor(around.top), roomFor(around.right), roomFor(around.bottom)};
+}
+
+const Metrics::TabRow& Metrics::tabRow(const std::vector<Text>& tabs) const {
+  const auto known = std::ranges::find(tabRows_, tabs, &TabRow::tabs);
+  if (known != tabRows_.end()) return *known;
+  const MeasuredTabs strip(kWideEnough, tabs, font());
+  return tabRows_.emplace_back(TabRow{tabs, strip.width(), strip.around()});
+}
+
+int screenDpi() {
+  const MemoryDc dc(CreateCompatibleDC(nullptr));
+  const int measured = GetDeviceCaps(dc.get(), LOGPIXELSX);
+  return measured > 0 ? measured : USER_DEFAULT_SCREEN_DPI;
+}
+
+LOGFONTW messageFont() {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
+  return metrics.lfMessageFont;
 }
 
 void addTabs(HWND strip, const std::vector<Text>& tabs) {

@@ -10,13 +10,11 @@
 
 namespace tillora::ui::win32 {
 
-/// Fonts of forms and the conversion between twips and pixels, for the screen as it is at
-/// construction.
+/// Fonts of forms and the conversion between twips and pixels.
 class Metrics {
  public:
-  Metrics();
-  /// For a screen with this many pixels per inch.
-  explicit Metrics(int dpi);
+  /// For a screen with this many pixels per inch, and this font.
+  Metrics(int dpi, LOGFONTW font);
 
   HFONT font() const { return font_.get(); }
   HFONT boldFont() const { return bold_.get(); }
@@ -28,24 +26,31 @@ class Metrics {
   /// Edges are rounded, not sizes, so that controls that meet in twips meet in pixels.
   RECT toPixels(const Rect& twips) const;
   int toTwips(int pixels) const { return MulDiv(pixels, kTwipsPerInch, dpi_); }
+  /// Twips that are at least so many pixels wherever they lie.
+  int roomFor(int pixels) const { return (pixels * kTwipsPerInch + dpi_ - 1) / dpi_; }
 
   Size twipsPerPixel() const;
   /// Twips, rounded up to whole pixels; access-key ampersands do not count.
   int textWidth(TextView text) const;
-  int lineHeight() const { return toTwips(linePixels_); }
+  int lineHeight() const { return roomFor(linePixels_); }
   int linePixels() const { return linePixels_; }
-  Rect tabClientArea(const TabStrip& tabs) const;
+  /// Twips; the caption's access key is not underlined, but its ampersand does not count.
+  int wrappedHeight(TextView caption, int width) const;
+  Size scrollBars() const;
+  int tabRowWidth(const std::vector<Text>& tabs) const;
+  Margins tabMargins(const std::vector<Text>& tabs, int width) const;
 
  private:
   static constexpr int kTwipsPerInch = 1440;
-  /// What a strip loses on each side to its tabs and borders.
-  struct TabInsets {
+  /// A strip with these tabs in one row, pixels.
+  struct TabRow {
     std::vector<Text> tabs;
-    RECT bounds;
-    RECT display;
+    int width;
+    Margins around;
   };
 
   int pixelWidth(TextView text) const;
+  const TabRow& tabRow(const std::vector<Text>& tabs) const;
 
   Font font_;
   Font bold_;
@@ -54,8 +59,16 @@ class Metrics {
   int linePixels_ = 0;
   /// Widths of the Latin letters, pixels: a text of these alone is as wide as their sum.
   std::array<int, 0x250> widths_{};
-  mutable std::vector<TabInsets> tabInsets_;
+  mutable std::vector<TabRow> tabRows_;
 };
+
+/// Pixels per inch that the platform lays windows out for.
+int screenDpi();
+/// The platform's font for messages and dialogs.
+LOGFONTW messageFont();
+
+/// How labels draw their text.
+inline constexpr UINT kWrappedText = DT_WORDBREAK | DT_EXPANDTABS;
 
 /// The text of a tab and the style of the strip, the same for showing the strip and for measuring
 /// it.

@@ -28,7 +28,7 @@ class ModalRun {
   void wait();
 
   Form& form() const { return form_; }
-  const FormWindow* formWindow() const { return formWindow_.get(); }
+  FormWindow* formWindow() const { return formWindow_.get(); }
   /// Null before it is made, and once it is gone.
   HWND window() const { return formWindow_ && !gone_ ? formWindow_->window() : nullptr; }
   /// Shown, and nothing has failed.

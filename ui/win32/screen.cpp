@@ -38,7 +38,7 @@ void Screen::beginSession() {
 void Screen::endSession() noexcept { scaling_.reset(); }
 
 const Metrics& Screen::metrics() const {
-  if (!metrics_) metrics_.emplace();
+  if (!metrics_) metrics_.emplace(screenDpi(), font_ ? *font_ : messageFont());
   return *metrics_;
 }
 
@@ -59,6 +59,14 @@ ModalRun* Screen::runOf(const Form& form) const {
   const auto run =
       std::ranges::find_if(runs_, [&](const ModalRun* shown) { return &shown->form() == &form; });
   return run == runs_.end() ? nullptr : *run;
+}
+
+void Screen::followSettings() {
+  // Windows use the former fonts until they have been given the new ones.
+  const std::optional<Metrics> former = std::exchange(metrics_, std::nullopt);
+  for (const ModalRun* run : runs_) {
+    if (run->window()) run->formWindow()->followSettings();
+  }
 }
 
 void Screen::sessionEnds() const {

@@ -28,15 +28,28 @@ class Screen : public ui::Screen {
   Size twipsPerPixel() const override { return metrics().twipsPerPixel(); }
   int textWidth(TextView text) const override { return metrics().textWidth(text); }
   int lineHeight() const override { return metrics().lineHeight(); }
-  Rect tabClientArea(const TabStrip& tabs) const override { return metrics().tabClientArea(tabs); }
+  int wrappedHeight(TextView caption, int width) const override {
+    return metrics().wrappedHeight(caption, width);
+  }
+  Size scrollBars() const override { return metrics().scrollBars(); }
+  int tabRowWidth(const std::vector<Text>& tabs) const override {
+    return metrics().tabRowWidth(tabs);
+  }
+  Margins tabMargins(const std::vector<Text>& tabs, int width) const override {
+    return metrics().tabMargins(tabs, width);
+  }
   std::vector<std::size_t> listOrder(std::span<const TextView> texts) const override;
   void beep() override;
 
+  /// For forms, instead of the platform's message font.
+  void setFont(const LOGFONTW& font) { font_ = font; }
   /// Taken anew at the first use in each session.
   const Metrics& metrics() const;
   /// The window of the form that is on top, the owner for message boxes and file dialogs; null
   /// if no form is shown, or its window is gone.
   HWND topWindow() const;
+  /// Colours, theme or fonts of the platform have changed: shows all forms with the new ones.
+  void followSettings();
   /// The user's session ends: destroys the forms' windows and all that they own.
   void sessionEnds() const;
 
@@ -51,6 +64,7 @@ class Screen : public ui::Screen {
   void endSession() noexcept override;
 
   std::optional<SystemScaling> scaling_;
+  std::optional<LOGFONTW> font_;
   mutable std::optional<Metrics> metrics_;
   Pointer pointer_ = Pointer::standard;
   std::vector<ModalRun*> runs_;

@@ -1,16 +1,6 @@
-#include <span>
 #include <string>
-#include <vector>
 
-#include "identity/frmPasswordSet.h"
-#include "identity/frmWebSite.h"
-#include "operations/frmEODDefaultReports.h"
-#include "operations/frmPumpGrade.h"
-#include "operations/frmRandomPrice.h"
-#include "operations/frmReportCaptions.h"
-#include "operations/report_captions.h"
-#include "sales/frmBrowseItems.h"
-#include "tests/testing/options_test.h"
+#include "tests/testing/every_dialog.h"
 
 namespace tillora::testing {
 namespace {
@@ -79,67 +69,9 @@ void expectTidy(const ui::Container& holder) {
   }
 }
 
-std::vector<Text> standardTexts(std::span<const ReportCaption> captions) {
-  std::vector<Text> texts;
-  for (const ReportCaption& caption : captions) texts.emplace_back(caption.standard);
-  return texts;
-}
+using DialogLayout = EveryDialog;
 
-class DialogLayout : public OptionsTest {
- protected:
-  void expectTidyWhenShown(ui::Form& form) {
-    SCOPED_TRACE(toUtf8(form.caption()));
-    desk->whenShown(expectTidy);
-    form.showModal();
-  }
-
-  Messages messages{desk->screen(), boxes};
-  Platform platform = machine.platform(desk->screen(), boxes);
-};
-
-TEST_F(DialogLayout, EveryTabShowsAllItsControlsInFullBesideEachOther) {
-  host.dispensingAvailable = true;
-  open([](frmOptions& dialog) {
-    for (int tab = 1; tab <= dialog.tabOptions.count(); ++tab) {
-      SCOPED_TRACE(tab);
-      dialog.tabOptions.setSelected(tab);
-      expectTidy(dialog);
-    }
-  });
-}
-
-TEST_F(DialogLayout, EveryDialogShowsAllItsControlsInFullBesideEachOther) {
-  frmPasswordSet password(desk->screen(), messages);
-  expectTidyWhenShown(password);
-
-  frmWebSite webSite(platform, messages);
-  expectTidyWhenShown(webSite);
-
-  frmBrowseItems items(desk->screen());
-  items.DBJetObject = host.objects().database;
-  items.SettingsObject = host.objects().settings;
-  expectTidyWhenShown(items);
-
-  frmPumpGrade grade(desk->screen());
-  expectTidyWhenShown(grade);
-
-  frmRandomPrice barcode(desk->screen());
-  expectTidyWhenShown(barcode);
-
-  frmEODDefaultReports reports(desk->screen(), messages);
-  reports.Titles = standardTexts(kReportTitles);
-  expectTidyWhenShown(reports);
-
-  frmReportCaptions captions(desk->screen(), messages);
-  captions.Titles = standardTexts(kReportTitles);
-  captions.Details = standardTexts(kReportDetails);
-  expectTidyWhenShown(captions);
-  desk->whenShown([&](ui::Form& shown) {
-    captions.tabReportCaptions.setSelected(2);
-    expectTidy(shown);
-  });
-  captions.showModal();
-}
+TEST_F(DialogLayout, EveryPageShowsAllItsControlsInFullBesideEachOther) { showEach(expectTidy); }
 
 }  // namespace
 }  // namespace tillora::testing

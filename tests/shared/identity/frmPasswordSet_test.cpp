@@ -81,26 +81,6 @@ TEST_F(FrmPasswordSetTest, HasThreeMaskedBoxesAndTwoButtons) {
   EXPECT_TRUE(command[1].isCancel());
 }
 
-TEST_F(FrmPasswordSetTest, NothingOverlapsOrLiesOutside) {
-  dialog.layOut();
-  const auto& controls = dialog.children();
-  const ui::Size client = dialog.clientSize();
-  for (std::size_t i = 0; i < controls.size(); ++i) {
-    const ui::Rect& place = controls[i]->bounds();
-    EXPECT_GT(place.width, 0) << i;
-    EXPECT_GE(place.left, 0) << i;
-    EXPECT_GE(place.top, 0) << i;
-    EXPECT_LE(place.right(), client.width) << i;
-    EXPECT_LE(place.bottom(), client.height) << i;
-    for (std::size_t j = 0; j < i; ++j) {
-      const ui::Rect& other = controls[j]->bounds();
-      EXPECT_TRUE(place.right() <= other.left || other.right() <= place.left ||
-                  place.bottom() <= other.top || other.bottom() <= place.top)
-          << i << " and " << j;
-    }
-  }
-}
-
 TEST_F(FrmPasswordSetTest, WithoutAPasswordTheOldBoxIsLockedGreyAndNotATabStop) {
   EXPECT_EQ(show(u"",
                  [&] {

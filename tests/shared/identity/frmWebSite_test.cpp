@@ -225,19 +225,5 @@ TEST_F(WebSiteDialogTest, AFileThatIsNotAShortcutIsRefusedByName) {
   });
 }
 
-TEST_F(WebSiteDialogTest, EveryControlLiesInside) {
-  form.layOut();
-  for (const auto& control : form.children()) {
-    const ui::Rect& place = control->bounds();
-    EXPECT_GE(place.left, 0);
-    EXPECT_GE(place.top, 0);
-    EXPECT_GT(place.width, 0);
-    EXPECT_GT(place.height, 0);
-    EXPECT_LE(place.right(), form.clientSize().width);
-    EXPECT_LE(place.bottom(), form.clientSize().height);
-  }
-  EXPECT_LE(form.chkInactive.bounds().bottom(), command(frmWebSite::ok).bounds().top);
-}
-
 }  // namespace
 }  // namespace tillora::testing

@@ -215,20 +215,5 @@ TEST_F(PumpGradeDialogTest, ReleasesTheHostsObjectsWhenItCloses) {
   }
 }
 
-TEST_F(PumpGradeDialogTest, EveryControlLiesInside) {
-  form.layOut();
-  for (const auto& control : form.children()) {
-    const ui::Rect& place = control->bounds();
-    EXPECT_GE(place.left, 0);
-    EXPECT_GE(place.top, 0);
-    EXPECT_GT(place.width, 0);
-    EXPECT_GT(place.height, 0);
-    EXPECT_LE(place.right(), form.clientSize().width);
-    EXPECT_LE(place.bottom(), form.clientSize().height);
-  }
-  EXPECT_LE(box(frmPumpGrade::productBox).bounds().bottom(),
-            form.cmdPumpGrade[frmPumpGrade::ok].bounds().top);
-}
-
 }  // namespace
 }  // namespace tillora::testing

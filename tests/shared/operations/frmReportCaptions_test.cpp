@@ -436,36 +436,5 @@ TEST_F(ReportCaptionsDialogTest, TabWalksThroughEachPageInOrder) {
   });
 }
 
-TEST_F(ReportCaptionsDialogTest, EverythingFitsAndNoTextIsCutOff) {
-  titles = defaultsOf(kReportTitles);
-  details = defaultsOf(kReportDetails);
-  show([&](frmReportCaptions& dialog) {
-    const auto& screen = desk->screen();
-    const ui::Rect pages = dialog.tabReportCaptions.clientArea();
-    for (const ui::Frame* page : {&dialog.fraTitles, &dialog.fraDetails}) {
-      EXPECT_EQ(page->bounds(), pages);
-      for (const auto& control : page->children()) {
-        EXPECT_LE(control->bounds().right(), pages.width) << toUtf8(control->caption());
-        EXPECT_LE(control->bounds().bottom(), pages.height) << toUtf8(control->caption());
-        if (control->kind() == ui::Kind::textBox) {
-          const auto& box = static_cast<const ui::TextBox&>(*control);
-          EXPECT_GE(box.bounds().width, screen.textWidth(box.text()) + 120) << toUtf8(box.text());
-        } else if (control != &dialog.lblNote) {
-          EXPECT_GE(control->bounds().width,
-                    screen.textWidth(ui::withoutAccessKey(control->caption())));
-        }
-      }
-    }
-    const ui::Rect note = dialog.lblNote.bounds();
-    const int lines = note.height / screen.lineHeight();
-    // A tenth of each line may be lost where words wrap.
-    EXPECT_GE(lines * note.width * 9 / 10, screen.textWidth(dialog.lblNote.caption()));
-    for (const int button : {frmReportCaptions::ok, frmReportCaptions::cancel}) {
-      EXPECT_GT(dialog.cmdCommand[button].bounds().top, pages.bottom());
-      EXPECT_LE(dialog.cmdCommand[button].bounds().bottom(), dialog.clientSize().height);
-    }
-  });
-}
-
 }  // namespace
 }  // namespace tillora::testing

@@ -7,19 +7,20 @@
 namespace tillora::testing {
 namespace {
 
+using ui::win32::messageFont;
 using ui::win32::Metrics;
 
 TEST(MetricsTest, TwipsBecomePixelsOfTheScreen) {
-  EXPECT_EQ(Metrics(96).toPixels(1440), 96);
-  EXPECT_EQ(Metrics(144).toPixels(1440), 144);
-  EXPECT_EQ(Metrics(96).twipsPerPixel(), (ui::Size{15, 15}));
-  EXPECT_EQ(Metrics(144).twipsPerPixel(), (ui::Size{10, 10}));
-  EXPECT_EQ(Metrics(144).toTwips(144), 1440);
+  EXPECT_EQ(Metrics(96, messageFont()).toPixels(1440), 96);
+  EXPECT_EQ(Metrics(144, messageFont()).toPixels(1440), 144);
+  EXPECT_EQ(Metrics(96, messageFont()).twipsPerPixel(), (ui::Size{15, 15}));
+  EXPECT_EQ(Metrics(144, messageFont()).twipsPerPixel(), (ui::Size{10, 10}));
+  EXPECT_EQ(Metrics(144, messageFont()).toTwips(144), 1440);
 }
 
 TEST(MetricsTest, ControlsThatMeetInTwipsMeetInPixels) {
   for (const int dpi : {96, 120, 144, 168, 192}) {
-    const Metrics metrics(dpi);
+    const Metrics metrics(dpi, messageFont());
     for (int left = 0; left < 400; left += 7) {
       const RECT first = metrics.toPixels(ui::Rect{left, left, 101, 53});
       const RECT second = metrics.toPixels(ui::Rect{left + 101, left + 53, 99, 77});
@@ -30,7 +31,7 @@ TEST(MetricsTest, ControlsThatMeetInTwipsMeetInPixels) {
 }
 
 TEST(MetricsTest, TextIsAsWideAsItsCharacters) {
-  const Metrics metrics;
+  const Metrics metrics(ui::win32::screenDpi(), messageFont());
   EXPECT_EQ(metrics.textWidth(u""), 0);
   EXPECT_GT(metrics.textWidth(u"Wide text"), metrics.textWidth(u"Wide"));
   EXPECT_GT(metrics.textWidth(u"&Apply"), metrics.textWidth(u"Apply"));
