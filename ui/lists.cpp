@@ -76,6 +76,7 @@ const Text& ComboBox::text() const {
 
 void CheckListBox::addRow(Text text, std::int32_t itemData) {
   rows_.push_back({std::move(text), itemData, false});
+  if (listIndex_ < 0) listIndex_ = 0;
   notify(Property::items);
 }
 
