@@ -169,8 +169,8 @@ class Control {
   virtual CommandButton* enterButton();
   /// The control uses Enter itself, and so it presses no button.
   virtual bool keepsEnter(Modifiers /*modifiers*/) const { return false; }
-  /// Right or Down (forward), Left or Up was pressed in the control. True if that moved the focus,
-  /// false if the control itself uses the key.
+  /// Right or Down (forward), Left or Up was pressed in the control. True if the key moves the focus
+  /// among the controls of a group, false if the control itself uses it.
   virtual bool moveByArrow(bool /*forward*/) { return false; }
   /// Up (+1) or Down (-1) was pressed in `box`. True if this control is the up-down beside it.
   virtual bool stepFor(const Control& /*box*/, int /*direction*/) { return false; }
