@@ -142,7 +142,7 @@ void frmBrowseItems::onLoad() {
   showHeaders();
   std::vector<ListItem> found = items();
   sortRows(found, columns().sorted, screen());
-  ltvItems.setRows(std::move(found));
+  ltvItems.setSearchColumn(columns().sorted).setRows(std::move(found));
   autoSizeColumns(ltvItems, 0, ColumnFit::contentsOrHeader);
   preselect();
 }

@@ -129,10 +129,11 @@ void ReportView::give(LVITEMW& item) const {
 int ReportView::find(const NMLVFINDITEMW& wanted) const {
   if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || !wanted.lvfi.psz) return -1;
   const std::wstring typed = wanted.lvfi.psz;
+  const auto column = static_cast<std::size_t>(control().searchColumn());
   const int count = control().count();
   for (int i = 0; i < count; ++i) {
     const int row = (std::max(wanted.iStart, 0) + i) % count;
-    const TextView text = control().rows()[static_cast<std::size_t>(row)].texts[0];
+    const TextView text = control().rows()[static_cast<std::size_t>(row)].texts[column];
     if (text.size() >= typed.size() &&
         CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE,
                        reinterpret_cast<const wchar_t*>(text.data()),

@@ -25,7 +25,7 @@ class ReportView final : public ViewOf<ListView> {
   void fillLastColumn();
   void showChoice();
   void give(LVITEMW& item) const;
-  /// The row whose first cell begins with what was typed; -1 for none.
+  /// The next row that begins with what was typed; -1 for none.
   int find(const NMLVFINDITEMW& wanted) const;
   Point toTwips(LPARAM position) const;
   HWND header() const;
