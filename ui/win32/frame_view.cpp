@@ -6,11 +6,9 @@
 #include <cstdint>
 #include <span>
 
-#include "com/module.h"
 #include "ui/win32/form_window.h"
 #include "ui/win32/frame_class.h"
 #include "ui/win32/raster.h"
-#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -25,34 +23,18 @@ bool holdsTabs(const Container& container) {
 }  // namespace
 
 void FrameView::create(HWND parent) {
-  const Frame& frame = control();
-  createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
-  if (frame.border() == Frame::Border::etched) {
-    RECT area{};
-    GetClientRect(window(), &area);
-    groupBox_ = CreateWindowExW(WS_EX_NOPARENTNOTIFY | WS_EX_TRANSPARENT, WC_BUTTONW,
-                                forWindow(withPlainAmpersandsDoubled(frame.caption())).c_str(),
-                                WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0, area.right, area.bottom,
-                                window(), nullptr, tillora::win32::thisModule(), nullptr);
-    SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(formWindow().metrics().font()),
-                 FALSE);
-  } else if (holdsTabs(*frame.parent())) {
-    paintTabBody();
+  if (isGroupBox()) {
+    createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+  } else {
+    createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+    if (holdsTabs(*control().parent())) paintTabBody();
   }
-  formWindow().createChildren(frame, window());
+  formWindow().createChildren(control(), window());
 }
 
 void FrameView::show(Property what) {
   ControlView::show(what);
-  if (groupBox_ && what == Property::bounds) {
-    RECT area{};
-    GetClientRect(window(), &area);
-    MoveWindow(groupBox_, 0, 0, area.right, area.bottom, TRUE);
-  } else if (groupBox_ && what == Property::text) {
-    SetWindowTextW(groupBox_, forWindow(withPlainAmpersandsDoubled(control().caption())).c_str());
-  } else if (!groupBox_ && what == Property::bounds && tabBody_) {
-    paintTabBody();
-  }
+  if (what == Property::bounds && tabBody_) paintTabBody();
 }
 
 // What the theme paints behind a tab's page, as a brush, so that the page and the controls on it,
@@ -94,6 +76,7 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       RECT area{};
       GetClientRect(window(), &area);
       FillRect(dc, &area, formWindow().background(window(), dc));
+      if (message == WM_PRINTCLIENT && isGroupBox()) break;
       return TRUE;
     }
     case WM_THEMECHANGED:
@@ -105,10 +88,6 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
-      if (reinterpret_cast<HWND>(lParam) == groupBox_ && message == WM_CTLCOLORSTATIC) {
-        return reinterpret_cast<LRESULT>(
-            formWindow().background(groupBox_, reinterpret_cast<HDC>(wParam)));
-      }
       if (const auto answer = formWindow().route(message, wParam, lParam)) return *answer;
       break;
     default:
