@@ -36,6 +36,21 @@ std::optional<char16_t> Label::accessKey() const {
   return decorative_ ? std::nullopt : Control::accessKey();
 }
 
+TextView meaningOf(PictureId picture) {
+  switch (picture) {
+    case PictureId::active:
+      return u"Active";
+    case PictureId::inactive:
+      return u"Inactive";
+    case PictureId::key:
+      return u"Key";
+    case PictureId::dispensing:
+      return u"Dispensing";
+    default:
+      return {};
+  }
+}
+
 Picture::Picture(PictureId picture) : picture_(picture) {}
 
 }  // namespace tillora::ui

@@ -38,6 +38,9 @@ class Label final : public Control {
 /// The pictures that the component owns; the view draws them.
 enum class PictureId : std::uint8_t { none, active, inactive, key, dispensing };
 
+/// What a picture says, for those who do not see it.
+TextView meaningOf(PictureId picture);
+
 /// A picture on a form.
 class Picture final : public Control {
  public:
