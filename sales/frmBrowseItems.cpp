@@ -94,6 +94,7 @@ frmBrowseItems::frmBrowseItems(ui::Screen& screen) : Dialog(screen, Text()) {
   setClientSize(kClientSize);
   for (std::size_t i = 0; i < kColumns; ++i) ltvItems.addColumn(Text());
   toggleHeaderButtons(ltvItems);
+  ltvItems.setAccessibleName(u"Items");
   rows().row({fill(lblLabel)});
   rows().block(ltvItems, ui::kRest);
   okAndCancel(cmdCommand.add(ok, u"&OK"), u"Accept the selected item and close this window",

@@ -70,7 +70,7 @@ class TransactionOptions final : public OptionsTab {
   /// The label before the caption of a tax status.
   ui::Cell taxStatus(int index, Text caption);
   /// A check box and the box for the caption that it prints.
-  void addPrinted(ui::Rows& group, Check index, Text caption, Caption box, int width);
+  void addPrinted(ui::Rows& group, Check index, Text caption, Caption box, Text boxName, int width);
 
   void enableCaptions(int check);
 };

@@ -27,6 +27,13 @@ Label& Label::setBold(bool bold) {
   return *this;
 }
 
+Label& Label::setDecorative(bool decorative) {
+  if (decorative_ == decorative) return *this;
+  decorative_ = decorative;
+  notify(Property::text);
+  return *this;
+}
+
 void Label::placeAsShadow(const Rect& label) {
   const Size pixel = form().screen().twipsPerPixel();
   setBounds({label.left + pixel.width, label.top + pixel.height, label.width, label.height});

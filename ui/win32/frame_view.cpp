@@ -1,5 +1,6 @@
 #include "ui/win32/frame_view.h"
 
+#include <oleacc.h>
 #include <vssym32.h>
 
 #include <algorithm>
@@ -31,6 +32,8 @@ void FrameView::create(HWND parent) {
   }
   formWindow().createChildren(control(), window());
 }
+
+LONG FrameView::role() const { return isGroupBox() ? 0 : ROLE_SYSTEM_PROPERTYPAGE; }
 
 void FrameView::show(Property what) {
   ControlView::show(what);

@@ -13,6 +13,7 @@ class FrameView final : public ViewOf<Frame> {
   void create(HWND parent) override;
   void show(Property what) override;
   HBRUSH ownBackground() const override { return tabBody_.get(); }
+  LONG role() const override;
 
  protected:
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
