@@ -4,12 +4,13 @@ tillora_program(windows_tests
   SOURCES ${windows_tests} ${shared_tests}
   LINK tillora_testing tillora_host_automation tillora_automation
        tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
-       tillora_windows_libraries gtest_main)
+       tillora_windows_libraries oleacc gtest_main)
 # Some tests look at the windows from another program.
 add_dependencies(windows_tests drive)
 tillora_resources(resources tests/windows
   ${TILLORA_IDL_DIR}/TilloraOptions.tlb
-  ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md)
+  ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md
+  ${PROJECT_SOURCE_DIR}/tests/windows/screen_reader.txt)
 target_sources(windows_tests PRIVATE ${resources})
 # Little optimisation: without any there are ten times the sections, and the linker takes a minute.
 target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Og>)

@@ -50,9 +50,10 @@ void frmOptions::describeFrame() {
   for (std::size_t i = 0; i < kTabs.size(); ++i) {
     const auto index = static_cast<int>(i);
     pages.push_back(&fraFrame.add(index, Text(), ui::Frame::Border::none));
-    pages.back()->setVisible(i == 0);
+    pages.back()->setAccessibleName(kTabs[i].caption).setVisible(i == 0);
     if (i + 1 < kTabs.size()) tabOptions.addTab(kTabs[i].caption);
   }
+  tabOptions.setAccessibleName(u"Pages of options");
   rows().tabs(tabOptions, pages);
   rows().buttons({&addButton(ok, u"&OK", u"Apply and save all changes then close this window"),
                   &addButton(apply, u"&Apply", u"Apply and save all changes"),

@@ -70,10 +70,16 @@ ui::TextBox& CompanyDetails::box(int index) {
 }
 
 ui::Cell CompanyDetails::digits(int index) {
-  ui::TextBox& group = box(index);
-  if (!isFirstGroup(index)) {
-    group.setAccessibleName(index < firstOfAbn ? u"ACN, next digits" : u"ABN, next digits");
+  const bool ofAcn = index < firstOfAbn;
+  int before = 0;
+  for (int i = ofAcn ? firstOfAcn : firstOfAbn; i < index; ++i) {
+    before += txtCompanyDetails[i].maxLength();
   }
+  ui::TextBox& group = box(index);
+  Text name = ofAcn ? u"ACN, digits " : u"ABN, digits ";
+  name.append(decimalText(before + 1)).append(u" to ");
+  name.append(decimalText(before + group.maxLength()));
+  group.setAccessibleName(std::move(name));
   return group;
 }
 

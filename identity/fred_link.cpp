@@ -55,8 +55,9 @@ FredLink::FredLink(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Frame& page = dialog.page(TabPage::fred);
   ui::Rows& rows = page.rows();
   rows.row({wide(imgDispense, kPictureWidth), fill(label(heading, u"FRED").setBold(true))});
-  rows.block(lockedBox(explanation).setMultiLine(true), ui::restFromLines(kExplanationLines),
-             ui::characters(kExplanationWidth));
+  ui::TextBox& about = lockedBox(explanation).setMultiLine(true);
+  about.setAccessibleName(u"About FRED");
+  rows.block(about, ui::restFromLines(kExplanationLines), ui::characters(kExplanationWidth));
   rows.gap();
   rows.row({chkDispense.add(0, u"Ac&tivate link to FRED")});
   rows.row({label(labelOfDataFile, u"Path to FRED's point-of-sale data file")}, kIndent);

@@ -1,6 +1,7 @@
 #include "identity/frmPasswordSet.h"
 
 #include "base/letter_case.h"
+#include "support/modSelectAllText.h"
 #include "ui/layout.h"
 
 namespace tillora {
@@ -50,6 +51,7 @@ void frmPasswordSet::validate(int index, bool& cancel) {
       u"Password must be no less than 4 characters and no more than 16 characters.\r\n\r\n"
       u"Please re-enter the password.",
       u"Password not valid");
+  selectAllText(txtPassword[index]);
   cancel = true;
 }
 

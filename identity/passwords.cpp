@@ -66,10 +66,20 @@ void Passwords::addGroup(Program program, Text caption) {
   for (int i = 0; i < count; ++i) {
     const Row& row = rowOf(i);
     if (row.program != program) continue;
-    group.row(
-        {fill(chkSecurity.add(i, row.caption)), cmdSecurity.add(i, row.buttonCaption)
-                                                    .setToolTip(u"Show the set password window")
-                                                    .setEnabled(false)});
+    ui::CheckBox& box = chkSecurity.add(i, row.caption);
+    ui::CommandButton& button = cmdSecurity.add(i, row.buttonCaption);
+    button.setToolTip(u"Show the set password window").setEnabled(false);
+    group.row({fill(box), button});
+
+    // The buttons look alike; screen readers call each what its dialog is called.
+    Text name = row.dialogCaption;
+    if (i == startAdmin) name += fraSecurity[program].caption();
+    if (i == adminOptions || i == terminalOptions) {  // alike in both groups
+      const Text which = u", " + fraSecurity[program].caption();
+      box.setAccessibleName(ui::withoutAccessKey(row.caption) + which);
+      name += which;
+    }
+    button.setAccessibleName(std::move(name));
   }
 }
 

@@ -36,7 +36,7 @@ WebSites::WebSites(OptionsDialog& dialog) : OptionsTab(dialog) {
   ltvWeb.addColumn(Text(), kIconColumnWidth);
   ltvWeb.addColumn(u"Description");
   ltvWeb.addColumn(u"URL");
-  ltvWeb.setSmallIcons(dialog.images());
+  ltvWeb.setSmallIcons(dialog.images()).setSearchColumn(description);
   toggleHeaderButtons(ltvWeb);
 
   ui::Rows& rows = dialog.page(TabPage::web).rows();
@@ -48,6 +48,7 @@ WebSites::WebSites(OptionsDialog& dialog) : OptionsTab(dialog) {
        cmdWeb.add(remove, u"D&elete").setToolTip(u"Delete the selected Web Site from the list")});
 
   onRowDoubleClick(ltvWeb, [this] { commandClick(edit); });
+  onInsertAndDelete(ltvWeb, cmdWeb[add], cmdWeb[remove]);
   cmdWeb.on(&ui::CommandButton::click, [this](int index) { commandClick(index); });
 }
 

@@ -31,6 +31,8 @@ constexpr std::array<ReportBox, 9> kReportBoxes = {{
      u"Print the Account Customer Sales Report"},
 }};
 
+constexpr ui::Length kTitleWidth = ui::characters(40);  // stored titles may be of any length
+
 constexpr std::int32_t kOpenDrawerBit = 1 << Report::openDrawer;
 
 std::int32_t maskOf(const ui::ControlArray<ui::CheckBox>& boxes) {
@@ -48,7 +50,7 @@ frmEODDefaultReports::frmEODDefaultReports(ui::Screen& screen, Messages& message
                                 u"when performing an End-Of-Day report."))});
   rows().gap();
   for (const ReportBox& row : kReportBoxes) {
-    rows().row({fill(chkReports.add(row.report).setToolTip(row.toolTip))});
+    rows().row({fill(chkReports.add(row.report).setToolTip(row.toolTip), kTitleWidth)});
   }
   rows().gap();
   rows().row({fill(chkReports.add(openDrawer, u"&Open the Cash Drawer")

@@ -30,6 +30,7 @@ frmRandomPrice::frmRandomPrice(ui::Screen& screen)
   rows().block(label(legend, Text()), ui::lines(kLegendLines));
   rows().row({check(priceIncludesTax, u"&Price includes tax")});
 
+  fraRandomPrice.setAccessibleName(u"Unit of Measure");
   ui::Rows& unit = rows().group(fraRandomPrice, Text());
   unit.row({check(calculateUnitOfMeasure, u"Calculate &Unit of Measure")});
   unit.field(

@@ -55,6 +55,8 @@ class frmRandomPrice final : public EditDialog {
 
  private:
   void onLoad() override;
+  /// Not the prefix, which is locked.
+  ui::Control* firstFocus() override { return &cboRandomPrice; }
 
   ui::Label& label(Label index, Text caption);
   ui::Cell check(Check index, Text caption);

@@ -55,8 +55,11 @@ void fillWithDefaults(const Boxes& boxes, Captions captions, Fill which) {
 
 frmReportCaptions::frmReportCaptions(ui::Screen& screen, Messages& messages)
     : EditDialog(screen, u"Report Captions"), messages_(messages) {
+  tabReportCaptions.setAccessibleName(u"Pages of captions");
   tabReportCaptions.addTab(u"Report Titles");
+  fraTitles.setAccessibleName(u"Report Titles");
   tabReportCaptions.addTab(u"Report Detail Captions");
+  fraDetails.setAccessibleName(u"Report Detail Captions");
   rows().tabs(tabReportCaptions, {&fraTitles, &fraDetails});
   describeTitles();
   describeDetails();

@@ -44,6 +44,7 @@ PumpGrades::PumpGrades(OptionsDialog& dialog) : OptionsTab(dialog) {
   rows.row({fill(chkPump.add(0, u"Print Pump Dispenser Caption on Receipt"))});
 
   onRowDoubleClick(ltvPump, [this] { editGrade(); });
+  onInsertAndDelete(ltvPump, cmdPump[add], cmdPump[remove]);
   cmdPump[add].click = [this] { addGrade(); };
   cmdPump[remove].click = [this] { deleteGrade(); };
   cmdPump[edit].click = [this] { editGrade(); };

@@ -110,7 +110,7 @@ RandomPrice::RandomPrice(OptionsDialog& dialog) : OptionsTab(dialog) {
                                    u"UOM Unit",
                                    u"UOM Price Per Unit"};
   for (const char16_t* header : kHeaders) ltvRandomPrice.addColumn(header);
-  ltvRandomPrice.setSmallIcons(dialog.images());
+  ltvRandomPrice.setSmallIcons(dialog.images()).setSearchColumn(prefix);
 
   ui::Rows& page = dialog.page(TabPage::scanning).rows();
   ui::Rows& group = page.group(fraRandomPrice, u"EAN-13 Random Pricing");

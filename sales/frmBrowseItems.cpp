@@ -94,6 +94,7 @@ class RowReader {
 frmBrowseItems::frmBrowseItems(ui::Screen& screen) : Dialog(screen, Text()) {
   for (std::size_t i = 0; i < kColumns; ++i) ltvItems.addColumn(Text());
   toggleHeaderButtons(ltvItems);
+  ltvItems.setAccessibleName(u"Items");
   rows().row({fill(lblLabel)});
   rows().block(ltvItems, ui::restFromLines(kListRows), kListWidth);
   okAndCancel(cmdCommand.add(ok, u"&OK"), u"Accept the selected item and close this window",
@@ -142,7 +143,7 @@ void frmBrowseItems::onLoad() {
   showHeaders();
   std::vector<ListItem> found = items();
   sortRows(found, columns().sorted, screen());
-  ltvItems.setRows(std::move(found));
+  ltvItems.setSearchColumn(columns().sorted).setRows(std::move(found));
   autoSizeColumns(ltvItems, 0, ColumnFit::contentsOrHeader);
   preselect();
 }

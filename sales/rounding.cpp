@@ -58,11 +58,13 @@ Rounding::Rounding(OptionsDialog& dialog) : OptionsTab(dialog) {
 }
 
 void Rounding::describeTendering(ui::Rows& group) {
-  group.field({label(round, u"&Round"), directions(direction), label(nearest, u"the &nearest"),
-               wide(cboRounding.add(step), ui::characters(kStepCharacters))});
-  group.field(
-      {cmdBrowse.setCaption(u"Rounding &Item").setToolTip(u"Choose an item from a list"),
-       fill(txtRoundingCaption.add(item).setLocked(true).setAccessibleName(u"Rounding Item"))});
+  group.field({label(round, u"&Round"), directions(direction, u"Round up or down to"),
+               label(nearest, u"the &nearest"),
+               wide(cboRounding.add(step).setAccessibleName(u"Round to the nearest"),
+                    ui::characters(kStepCharacters))});
+  group.field({cmdBrowse.setCaption(u"Rounding &Item").setToolTip(u"Choose an item from a list"),
+               fill(txtRoundingCaption.add(item).setLocked(true).setAccessibleName(
+                   u"Chosen Rounding Item"))});
   group.field({label(captionOfRounded, u"Caption for 'roun&ded' amount"),
                wide(txtRoundingCaption.add(roundedCaption), ui::characters(kCaptionCharacters))});
   group.field({label(captionOfVariance, u"Caption for 'rounding variance' a&mount"),
@@ -73,7 +75,7 @@ void Rounding::describeTax(ui::Rows& group) {
   constexpr std::array kModes = {u"Round &tax per line item before any quantity multiplications",
                                  u"Round tax &per line item after any quantity multiplications",
                                  u"Round tax at the &end of the transaction", u"Do not round ta&x"};
-  group.row({label(taxRound, u"Ro&und"), directions(taxDirection),
+  group.row({label(taxRound, u"Ro&und"), directions(taxDirection, u"Round tax up or down to"),
              label(taxNearest, u"the nearest"), fill(label(taxStep, Text()))});
   // Shown from the last to the first.
   for (std::size_t mode = kModes.size(); mode-- > 0;) {
@@ -85,8 +87,9 @@ ui::Label& Rounding::label(Label index, Text caption) {
   return lblRounding.add(index, std::move(caption));
 }
 
-ui::Cell Rounding::directions(Combo index) {
+ui::Cell Rounding::directions(Combo index, Text name) {
   ui::ComboBox& combo = cboRounding.add(index);
+  combo.setAccessibleName(std::move(name));
   combo.addItem(u"up to");
   combo.addItem(u"down to");
   return combo;

@@ -54,7 +54,7 @@ class Rounding final : public OptionsTab {
   void describeTendering(ui::Rows& group);
   void describeTax(ui::Rows& group);
   ui::Label& label(Label index, Text caption);
-  ui::Cell directions(Combo index);
+  ui::Cell directions(Combo index, Text name);
 
   void loadSteps();
   void selectStep(std::optional<Money> stored);

@@ -69,9 +69,9 @@ TransactionOptions::TransactionOptions(OptionsDialog& dialog) : OptionsTab(dialo
 
 void TransactionOptions::describeDetail(ui::Rows& group) {
   addPrinted(group, printTerminalId, u"&Print the Terminal ID with this caption", terminalId,
-             kCaptionWidth);
+             u"Caption for the Terminal ID", kCaptionWidth);
   addPrinted(group, printSalesPerson, u"P&rint the Sales Person with this caption", salesPerson,
-             kCaptionWidth);
+             u"Caption for the Sales Person", kCaptionWidth);
   group.row({check(salesPersonBeforeFirst,
                    u"A &Sales Person must be selected before the first transaction")});
   group.row({check(salesPersonBeforeEach,
@@ -82,7 +82,7 @@ void TransactionOptions::describeDetail(ui::Rows& group) {
              wide(txtCaption.add(transactionNumber), kCaptionWidth)});
   group.row({check(printAmountsWithTax, u"Print a&mounts including tax")});
   addPrinted(group, printItemTax, u"Print tax amount for eac&h sale item using this caption",
-             itemTax, kCaptionWidth);
+             itemTax, u"Caption for the tax amount of each sale item", kCaptionWidth);
   group.row({check(printTaxStatus,
                    u"Print caption n&ext to item amounts to indicate tax status using...")});
   group.row(
@@ -105,14 +105,14 @@ void TransactionOptions::describeLayby(ui::Rows& group) {
 
 void TransactionOptions::describeTendering(ui::Rows& group) {
   addPrinted(group, printItemsSold, u"Print n&umber of items sold using this caption", itemsSold,
-             kTenderingWidth);
+             u"Caption for the number of items sold", kTenderingWidth);
   addPrinted(group, printTotal, u"Print the total o&f the sale including tax using this caption",
-             total, kTenderingWidth);
+             total, u"Caption for the total including tax", kTenderingWidth);
   addPrinted(group, printTaxTotal, u"Print the ta&x total using this caption", taxTotal,
-             kTenderingWidth);
+             u"Caption for the tax total", kTenderingWidth);
   addPrinted(group, printTotalExTax,
              u"Print the total of the sale excludin&g tax using this caption", totalExTax,
-             kTenderingWidth);
+             u"Caption for the total excluding tax", kTenderingWidth);
   group.row({label(7, u"When tendering starts...")});
   group.row({label(8, u"Capt&ion for change"), fill(txtCaption.add(change)),
              label(9, u"Capt&ion for balance"), wide(txtCaption.add(balanceDue), kTenderingWidth)},
@@ -132,11 +132,9 @@ ui::Cell TransactionOptions::taxStatus(int index, Text caption) {
 }
 
 void TransactionOptions::addPrinted(ui::Rows& group, Check index, Text caption, Caption box,
-                                    ui::Length width) {
-  ui::CheckBox& printed = check(index, std::move(caption));
-  group.row({fill(printed),
-             wide(txtCaption.add(box).setAccessibleName(ui::withoutAccessKey(printed.caption())),
-                  width)});
+                                    Text boxName, ui::Length width) {
+  group.row({fill(check(index, std::move(caption))),
+             wide(txtCaption.add(box).setAccessibleName(std::move(boxName)), width)});
 }
 
 void TransactionOptions::load(OptionsRecord& record) {

@@ -70,7 +70,8 @@ class TransactionOptions final : public OptionsTab {
   /// The label before the caption of a tax status.
   ui::Cell taxStatus(int index, Text caption);
   /// A check box and the box for the caption that it prints.
-  void addPrinted(ui::Rows& group, Check index, Text caption, Caption box, ui::Length width);
+  void addPrinted(ui::Rows& group, Check index, Text caption, Caption box, Text boxName,
+                  ui::Length width);
 
   void enableCaptions(int check);
 };

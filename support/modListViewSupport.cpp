@@ -80,4 +80,13 @@ void onRowDoubleClick(ui::ListView& list, std::function<void()> act) {
   };
 }
 
+void onInsertAndDelete(ui::ListView& list, ui::CommandButton& add, ui::CommandButton& remove) {
+  list.keyDown = [&add, &remove](ui::Key& key, ui::Modifiers modifiers) {
+    if (modifiers != ui::Modifiers{} || (key != ui::Key::insert && key != ui::Key::del)) return;
+    ui::CommandButton& button = key == ui::Key::insert ? add : remove;
+    key = ui::Key::none;
+    button.press();
+  };
+}
+
 }  // namespace tillora

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "ui/buttons.h"
 #include "ui/lists.h"
 #include "ui/screen.h"
 
@@ -35,5 +36,9 @@ void selectRow(ui::ListView& list, int row);
 /// Calls `act` for a double-click on a row, not below the last row. Takes the list's mouse and
 /// doubleClick events.
 void onRowDoubleClick(ui::ListView& list, std::function<void()> act);
+
+/// Insert in the list presses one button and Delete the other, as clicks do. Takes the list's
+/// keyDown event.
+void onInsertAndDelete(ui::ListView& list, ui::CommandButton& add, ui::CommandButton& remove);
 
 }  // namespace tillora

@@ -1,7 +1,9 @@
 #include "ui/buttons.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include "ui/form.h"
 
@@ -21,6 +23,25 @@ int captionWidth(const Control& control) {
 Size sizeWithMark(const Control& control) {
   return {captionWidth(control) + kMarkWidth,
           std::max(control.form().screen().lineHeight(), kMarkHeight)};
+}
+
+// The controls of this kind in the same container that can have the focus. The arrow keys stay
+// among them.
+std::vector<Control*> groupOf(const Control& control) {
+  std::vector<Control*> group;
+  std::ranges::copy_if(control.parent()->children(), std::back_inserter(group),
+                       [&](const Control* sibling) {
+                         return sibling->kind() == control.kind() && sibling->canFocus();
+                       });
+  return group;
+}
+
+// The next one of the group, wrapping around at its ends; the control itself if it is alone.
+Control& neighbour(const Control& control, bool forward) {
+  std::vector<Control*> group = groupOf(control);
+  if (!forward) std::ranges::reverse(group);
+  std::ranges::rotate(group, std::ranges::find(group, &control));
+  return *group[1 % group.size()];
 }
 
 }  // namespace
@@ -45,7 +66,7 @@ CheckBox& CheckBox::setValue(bool value) {
 }
 
 bool CheckBox::moveByArrow(bool forward) {
-  form().moveInTabOrder(forward);
+  neighbour(*this, forward).setFocus();
   return true;
 }
 
@@ -67,27 +88,17 @@ OptionButton& OptionButton::setValue(bool value) {
   return *this;
 }
 
-std::vector<OptionButton*> OptionButton::group() const {
-  std::vector<OptionButton*> found;
-  for (Control* sibling : parent()->children()) {
-    if (sibling->kind() != Kind::optionButton || !sibling->canFocus()) continue;
-    found.push_back(static_cast<OptionButton*>(sibling));
-  }
-  return found;
-}
-
 bool OptionButton::isTabStop() const {
   if (!Control::isTabStop()) return false;
-  const std::vector<OptionButton*> choices = group();
-  const auto chosen = std::ranges::find_if(choices, &OptionButton::value);
+  const std::vector<Control*> choices = groupOf(*this);
+  const auto chosen = std::ranges::find_if(choices, [](const Control* choice) {
+    return static_cast<const OptionButton*>(choice)->value();
+  });
   return this == (chosen != choices.end() ? *chosen : choices.front());
 }
 
 bool OptionButton::moveByArrow(bool forward) {
-  std::vector<OptionButton*> choices = group();
-  if (!forward) std::ranges::reverse(choices);
-  std::ranges::rotate(choices, std::ranges::find(choices, this));
-  OptionButton& next = *choices[1 % choices.size()];
+  auto& next = static_cast<OptionButton&>(neighbour(*this, forward));
   if (next.setFocus()) next.setValue(true);
   return true;
 }
@@ -136,7 +147,7 @@ Control* CommandButton::focusHeir() const {
 }
 
 bool CommandButton::moveByArrow(bool forward) {
-  form().moveInTabOrder(forward);
+  neighbour(*this, forward).setFocus();
   return true;
 }
 

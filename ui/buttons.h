@@ -51,9 +51,6 @@ class OptionButton final : public Control {
   bool moveByArrow(bool forward) override;
 
  private:
-  /// The option buttons of the container that can have the focus.
-  std::vector<OptionButton*> group() const;
-
   Text caption_;
   bool value_ = false;
 };

@@ -1,6 +1,7 @@
 #include "ui/control.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/letter_case.h"
 #include "ui/container.h"
@@ -71,6 +72,15 @@ Control& Control::setToolTip(Text toolTip) {
 Control& Control::setAccessibleName(Text name) {
   accessibleName_ = std::move(name);
   return *this;
+}
+
+Text Control::spokenName() const {
+  if (Text name = accessibleName(); !name.empty()) return name;
+  if (!caption().empty() || parent_ == nullptr) return withoutAccessKey(caption());
+  const auto& siblings = parent_->children();
+  const auto here = std::ranges::find(siblings, this);
+  const bool isLabelled = here != siblings.begin() && (*std::prev(here))->kind() == Kind::label;
+  return isLabelled ? (*std::prev(here))->spokenName() : Text();
 }
 
 Control& Control::setForeColour(Colour colour) {

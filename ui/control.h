@@ -107,9 +107,13 @@ class Control {
 
   const Text& toolTip() const { return toolTip_; }
   Control& setToolTip(Text toolTip);
-  /// Name for screen readers if no label before the control gives one.
-  const Text& accessibleName() const { return accessibleName_; }
+  /// Name for screen readers where neither the caption nor a label before the control gives one, or
+  /// where that would not tell it from others on its page. Empty for none.
+  virtual Text accessibleName() const { return accessibleName_; }
   Control& setAccessibleName(Text name);
+  /// What screen readers call it: accessibleName(), or else its caption, or that of the label
+  /// before it.
+  Text spokenName() const;
   Colour foreColour() const { return foreColour_; }
   Control& setForeColour(Colour colour);
   Colour backColour() const { return backColour_; }
@@ -173,8 +177,8 @@ class Control {
   virtual CommandButton* enterButton();
   /// The control uses Enter itself, and so it presses no button.
   virtual bool keepsEnter(Modifiers /*modifiers*/) const { return false; }
-  /// Right or Down (forward), Left or Up was pressed in the control. True if that moved the focus,
-  /// false if the control itself uses the key.
+  /// Right or Down (forward), Left or Up was pressed in the control. True if the key moves the
+  /// focus among the controls of a group, false if the control itself uses it.
   virtual bool moveByArrow(bool /*forward*/) { return false; }
   /// Up (+1) or Down (-1) was pressed in `box`. True if this control is the up-down beside it.
   virtual bool stepFor(const Control& /*box*/, int /*direction*/) { return false; }

@@ -103,7 +103,8 @@ class Form : public Container {
     closeIfAsked();
     return true;
   }
-  /// Tab, Ctrl+Tab between pages, Enter, Esc, arrows between buttons, then the control's keyDown.
+  /// Tab, Ctrl+Tab between pages, Enter, Esc, arrows within a group of buttons, then the control's
+  /// keyDown.
   /// True if the key is used up and the control must not see it.
   bool userKeyDown(Key key, Modifiers modifiers);
   /// The keyPress of the control with the focus. The character to type, or 0 for none.

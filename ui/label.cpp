@@ -27,6 +27,13 @@ Label& Label::setBold(bool bold) {
   return *this;
 }
 
+Label& Label::setDecorative(bool decorative) {
+  if (decorative_ == decorative) return *this;
+  decorative_ = decorative;
+  notify(Property::text);
+  return *this;
+}
+
 void Label::placeAsShadow(const Rect& label) {
   const Size pixel = form().screen().twipsPerPixel();
   setBounds({label.left + pixel.width, label.top + pixel.height, label.width, label.height});
@@ -34,6 +41,21 @@ void Label::placeAsShadow(const Rect& label) {
 
 std::optional<char16_t> Label::accessKey() const {
   return decorative_ ? std::nullopt : Control::accessKey();
+}
+
+TextView meaningOf(PictureId picture) {
+  switch (picture) {
+    case PictureId::active:
+      return u"Active";
+    case PictureId::inactive:
+      return u"Inactive";
+    case PictureId::key:
+      return u"Key";
+    case PictureId::dispensing:
+      return u"Dispensing";
+    default:
+      return {};
+  }
 }
 
 Picture::Picture(PictureId picture) : picture_(picture) {}

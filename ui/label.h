@@ -20,12 +20,10 @@ class Label final : public Control {
   Label& setBold(bool bold);
   /// Places it one pixel right of and below where another label is.
   void placeAsShadow(const Rect& label);
-  /// Drawn like any other label, but its access key leads nowhere.
+  /// Drawn like any other label, but its access key leads nowhere, and screen readers do not read
+  /// it.
   bool decorative() const { return decorative_; }
-  Label& setDecorative(bool decorative) {
-    decorative_ = decorative;
-    return *this;
-  }
+  Label& setDecorative(bool decorative);
   std::optional<char16_t> accessKey() const override;
 
  private:
@@ -38,6 +36,9 @@ class Label final : public Control {
 /// The pictures that the component owns; the view draws them.
 enum class PictureId : std::uint8_t { none, active, inactive, key, dispensing };
 
+/// What a picture says, for those who do not see it.
+TextView meaningOf(PictureId picture);
+
 /// A picture on a form.
 class Picture final : public Control {
  public:
@@ -45,6 +46,7 @@ class Picture final : public Control {
 
   Kind kind() const override { return Kind::picture; }
   PictureId picture() const { return picture_; }
+  Text accessibleName() const override { return Text(meaningOf(picture_)); }
 
  private:
   PictureId picture_;

@@ -107,6 +107,7 @@ int CheckListBox::heightFor(int lines) const { return rowHeight(form()) * lines 
 
 void CheckListBox::addRow(Text text, std::int32_t itemData) {
   rows_.push_back({std::move(text), itemData, false});
+  if (listIndex_ < 0) listIndex_ = 0;
   notify(Property::items);
 }
 

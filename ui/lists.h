@@ -65,6 +65,7 @@ class CheckListBox final : public Control {
   int heightFor(int lines) const override;
   const std::vector<Row>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
+  /// The first row added gets the selection bar, so that the keys have a place to start from.
   void addRow(Text text, std::int32_t itemData);
   bool checked(int row) const { return rows_.at(static_cast<std::size_t>(row)).checked; }
   /// Raises itemCheck when the tick differs.
@@ -167,6 +168,13 @@ class ListView final : public Control {
     return *this;
   }
 
+  /// The column in which typing finds a row; the first if none was set.
+  int searchColumn() const { return searchColumn_; }
+  ListView& setSearchColumn(int column) {
+    searchColumn_ = column;
+    return *this;
+  }
+
   const std::vector<ListItem>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }
   /// Text of a cell; empty if the row has no such column.
@@ -207,6 +215,7 @@ class ListView final : public Control {
   std::vector<ListItem> rows_;
   int selectedRow_ = -1;
   int rowToShow_ = -1;
+  int searchColumn_ = 0;
   std::uint32_t headerStyle_ = kHeaderButtons | kHeaderFullDrag;
   const ImageList* smallIcons_ = nullptr;
 };

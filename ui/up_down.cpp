@@ -30,6 +30,10 @@ UpDown& UpDown::setBuddy(const TextBox& box) {
   return *this;
 }
 
+Text UpDown::accessibleName() const {
+  return buddy_ == nullptr ? Control::accessibleName() : buddy_->spokenName() + u", arrows";
+}
+
 void UpDown::spin(int direction) {
   const int wanted = value_ + direction * increment_;
   if (std::clamp(wanted, minimum_, maximum_) == value_) {

@@ -21,6 +21,8 @@ class UpDown final : public Control {
   /// The box that shows the value: Up and Down in it step as a click on an arrow does.
   const TextBox* buddy() const { return buddy_; }
   UpDown& setBuddy(const TextBox& box);
+  /// That of its box, and what it is beside it.
+  Text accessibleName() const override;
 
   /// The user pressed the upper (+1) or lower (-1) arrow once.
   void spin(int direction);

@@ -4,6 +4,7 @@
 
 #include "identity/frmPasswordSet.h"
 #include "identity/frmWebSite.h"
+#include "operations/clsRandomPrice.h"
 #include "operations/frmEODDefaultReports.h"
 #include "operations/frmPumpGrade.h"
 #include "operations/frmRandomPrice.h"
@@ -14,7 +15,7 @@
 namespace tillora::testing {
 namespace {
 
-std::vector<Text> standardTexts(std::span<const ReportCaption> captions) {
+std::vector<Text> standardTextsOf(std::span<const ReportCaption> captions) {
   std::vector<Text> texts;
   for (const ReportCaption& caption : captions) texts.emplace_back(caption.standard);
   return texts;
@@ -22,54 +23,76 @@ std::vector<Text> standardTexts(std::span<const ReportCaption> captions) {
 
 }  // namespace
 
-void EveryDialog::show(ui::Form& form, const std::function<void(ui::Form&)>& look) {
-  SCOPED_TRACE(toUtf8(form.caption()));
-  desk->whenShown(look);
-  form.showModal();
+EveryDialogTest::EveryDialogTest() {
+  host.dispensingAvailable = true;
+  host.classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
+  host.webSites = {
+      {{u"Description", Text(u"Home")}, {u"URL", Text(u"http://home")}, {u"Inactive", false}},
+      {{u"Description", Text(u"Old")}, {u"URL", Text(u"http://old")}, {u"Inactive", true}}};
+  host.grades = {
+      {{u"GradeNumber", 1}, {u"Product", Text(u"Fuel:Unleaded")}, {u"Caption", Text(u"91")}}};
+  host.items = {{u"STOCK", u"100", u"Fuel", u"Unleaded", u"Unleaded petrol", u"Sales"},
+                {u"PART", u"101", u"", u"Battery", u"Car battery", u"Sales"}};
 }
 
-void EveryDialog::showEach(const std::function<void(ui::Form&)>& look) {
-  host.dispensingAvailable = true;
+void EveryDialogTest::visitEveryPage(const Visit& visit) {
   open([&](frmOptions& dialog) {
-    for (int tab = 1; tab <= dialog.tabOptions.count(); ++tab) {
-      SCOPED_TRACE(toUtf8(dialog.tabOptions.tabs()[static_cast<std::size_t>(tab) - 1]));
-      dialog.tabOptions.setSelected(tab);
-      look(dialog);
+    for (const Text& tab : dialog.tabOptions.tabs()) {
+      visit("page " + toUtf8(tab), dialog);
+      user.press(ui::Key::tab, {.ctrl = true});
     }
   });
+}
 
+void EveryDialogTest::visitEveryOtherDialog(const Visit& visit) {
   Messages messages{desk->screen(), boxes};
-  frmPasswordSet password(desk->screen(), messages);
-  show(password, look);
 
-  frmWebSite webSite(machine.platform(desk->screen(), boxes), messages);
-  show(webSite, look);
+  frmPasswordSet password(desk->screen(), messages);
+  password.Password = SecretText(u"secret");
+  password.setCaption(u"Password for Transfer Data");
+  show("frmPasswordSet", password, visit);
+
+  const Platform platform = machine.platform(desk->screen(), boxes);
+  frmWebSite webSite(platform, messages);
+  show("frmWebSite", webSite, visit);
 
   frmBrowseItems items(desk->screen());
-  items.DBJetObject = host.objects().database;
-  items.SettingsObject = host.objects().settings;
-  show(items, look);
+  items.DBJetObject = options_.DBJetObject;
+  items.SettingsObject = options_.SettingsObject;
+  items.BrowseType = frmBrowseItems::gradeProduct;
+  show("frmBrowseItems", items, visit);
 
   frmPumpGrade grade(desk->screen());
-  show(grade, look);
+  grade.GradeNumber = 1;
+  show("frmPumpGrade", grade, visit);
 
   frmRandomPrice barcode(desk->screen());
-  show(barcode, look);
+  barcode.Prefix = 20;
+  barcode.FormatID = 1;
+  barcode.FormatDescriptions = {u""};
+  for (const BarcodeLayout& layout : kBarcodeLayouts) {
+    barcode.FormatDescriptions.emplace_back(layout.description);
+  }
+  show("frmRandomPrice", barcode, visit);
 
   frmEODDefaultReports reports(desk->screen(), messages);
-  reports.Titles = standardTexts(kReportTitles);
-  show(reports, look);
+  reports.Titles = standardTextsOf(kReportTitles);
+  reports.ForceBalanceReport = true;
+  show("frmEODDefaultReports", reports, visit);
 
   frmReportCaptions captions(desk->screen(), messages);
-  captions.Titles = standardTexts(kReportTitles);
-  captions.Details = standardTexts(kReportDetails);
-  show(captions, [&](ui::Form& form) {
-    for (int tab = 1; tab <= captions.tabReportCaptions.count(); ++tab) {
-      SCOPED_TRACE(tab);
-      captions.tabReportCaptions.setSelected(tab);
-      look(form);
-    }
+  captions.Titles = standardTextsOf(kReportTitles);
+  captions.Details = standardTextsOf(kReportDetails);
+  show("frmReportCaptions", captions, [&](const std::string& name, ui::Form& form) {
+    visit(name + ", titles", form);
+    user.press(ui::Key::tab, {.ctrl = true});
+    visit(name + ", details", form);
   });
+}
+
+void EveryDialogTest::show(const std::string& name, ui::Form& form, const Visit& visit) {
+  desk->whenShown([&](ui::Form& shown) { visit(name, shown); });
+  form.showModal();
 }
 
 }  // namespace tillora::testing

@@ -36,6 +36,16 @@ char16_t characterOf(Key key, ui::Modifiers modifiers) {
   return modifiers.shift || code <= u'9' ? code : lowerCase(code);
 }
 
+/// The row that a typed character leads to: the next one that begins with it; -1 for none.
+int rowTyped(const ui::ListView& list, char16_t character) {
+  for (int step = 1; step <= list.count(); ++step) {
+    const int row = (list.selectedRow() + step) % list.count();
+    const Text text = list.text(row, list.searchColumn());
+    if (!text.empty() && lowerCase(text.front()) == lowerCase(character)) return row;
+  }
+  return -1;
+}
+
 // The kind that the platform edits by itself.
 ui::TextBox* asTextBox(ui::Control& control) { return dynamic_cast<ui::TextBox*>(&control); }
 
@@ -137,6 +147,11 @@ void HeadlessUser::typeCharacter(char16_t character) {
   // The handler may move the focus; the character still goes where it was typed.
   ui::Control& target = *form()->activeControl();
   character = form()->userCharacter(character);
+  if (auto* list = dynamic_cast<ui::ListView*>(&target)) {
+    const int row = rowTyped(*list, character);
+    if (row >= 0) target.form().userDoes([&] { list->setSelectedRow(row); });
+    return;
+  }
   ui::TextBox* box = asTextBox(target);
   if (character == 0 || box == nullptr) return;
   if (character == 1) {

@@ -64,26 +64,39 @@ TEST_F(ControlKeys, SpaceAndEnterPressTheButtonWithTheFocus) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(ControlKeys, ArrowsMoveOnFromACheckBoxOrCommandButton) {
-  auto& box = form.add<ui::CheckBox>(u"Box");
-  auto& button = form.add<ui::CommandButton>(u"Button");
-  auto& text = form.add<ui::TextBox>();
+TEST_F(ControlKeys, ArrowsWalkAroundTheButtonsOfAContainer) {
+  auto& group = form.add<ui::Frame>(u"Group");
+  auto& first = group.add<ui::CheckBox>(u"First");
+  auto& button = group.add<ui::CommandButton>(u"Button");
+  auto& disabled = group.add<ui::CheckBox>(u"Disabled");
+  auto& last = group.add<ui::CheckBox>(u"Last");
+  group.add<ui::TextBox>();
+  form.add<ui::CheckBox>(u"Outside");
+  auto& ok = form.add<ui::CommandButton>(u"OK");
+  auto& cancel = form.add<ui::CommandButton>(u"Cancel");
+  disabled.setEnabled(false);
   bool seen = false;
-  box.keyDown = button.keyDown = [&](Key&, ui::Modifiers) { seen = true; };
+  first.keyDown = last.keyDown = button.keyDown =
+      ok.keyDown = [&](Key&, ui::Modifiers) { seen = true; };
   desk.whenShown([&](ui::Form&) {
-    EXPECT_TRUE(box.hasFocus());
-    desk.user().press(Key::right);
-    EXPECT_TRUE(button.hasFocus());
-    desk.user().press(Key::up);
-    EXPECT_TRUE(box.hasFocus());
+    EXPECT_TRUE(first.hasFocus());
+    for (const Key key : {Key::down, Key::right, Key::up, Key::left}) {
+      ui::CheckBox& next = first.hasFocus() ? last : first;
+      desk.user().press(key);
+      EXPECT_TRUE(next.hasFocus());
+    }
+    button.setFocus();
     desk.user().press(Key::down);
-    desk.user().press(Key::down);
-    EXPECT_TRUE(text.hasFocus());
+    EXPECT_TRUE(button.hasFocus()) << "the only one of its group";
+    ok.setFocus();
     desk.user().press(Key::left);
-    EXPECT_TRUE(text.hasFocus());
+    EXPECT_TRUE(cancel.hasFocus());
+    desk.user().press(Key::right);
+    EXPECT_TRUE(ok.hasFocus());
   });
   form.showModal();
   EXPECT_FALSE(seen);
+  for (const ui::CheckBox* box : {&first, &last}) EXPECT_FALSE(box->value());
 }
 
 TEST_F(ControlKeys, AComboBoxMovesAmongItsItems) {
@@ -122,12 +135,20 @@ TEST_F(ControlKeys, AnEmptyListSelectsNothing) {
 TEST_F(ControlKeys, SpaceTicksTheRowOfACheckListThatTheArrowsReached) {
   auto& list = form.add<ui::CheckListBox>();
   for (const char16_t* text : {u"a", u"b", u"c"}) list.addRow(text, 0);
-  pressIn(list, {Key::space, Key::down, Key::down, Key::space});
+  pressIn(list, {Key::down, Key::space});
   EXPECT_FALSE(list.checked(0));
   EXPECT_TRUE(list.checked(1));
   pressIn(list, {Key::space, Key::end, Key::space});
   EXPECT_FALSE(list.checked(1));
   EXPECT_TRUE(list.checked(2));
+}
+
+TEST_F(ControlKeys, TheKeysOfACheckListStartAtItsFirstRow) {
+  auto& list = form.add<ui::CheckListBox>();
+  for (const char16_t* text : {u"a", u"b"}) list.addRow(text, 0);
+  pressIn(list, {Key::space});
+  EXPECT_TRUE(list.checked(0));
+  EXPECT_FALSE(list.checked(1));
 }
 
 TEST_F(ControlKeys, AClickOnATickTakesTheSelectionBarAlong) {

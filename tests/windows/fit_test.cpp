@@ -72,7 +72,7 @@ std::string toString(const RECT& rect) {
          std::to_string(widthOf(rect)) + " x " + std::to_string(heightOf(rect)) + ")";
 }
 
-class FitTest : public EveryDialog, public ::testing::WithParamInterface<FontOfForms> {
+class FitTest : public EveryDialogTest, public ::testing::WithParamInterface<FontOfForms> {
  protected:
   DrivenScreen& windows() { return static_cast<WindowsDesk&>(*desk).windows(); }
   HWND windowOf(const ui::Control& control) { return windows().windowOf(control); }
@@ -276,7 +276,100 @@ TEST_P(FitTest, EveryPageAndDialogShowsAllItsControlsInFull) {
   const LOGFONTW font = toLogFont(GetParam());
   if (!isInstalled(font)) GTEST_SKIP() << "this font is not installed here";
   windows().setFont(font);
-  showEach([this](ui::Form& form) { expectTidy(form); });
+  visitEverything([this](const std::string& name, ui::Form& form) {
+    SCOPED_TRACE(name);
+    expectTidy(form);
+  });
+}
+
+class ScreenSizeTest : public EveryDialogTest {
+ protected:
+  DrivenScreen& windows() { return static_cast<WindowsDesk&>(*desk).windows(); }
+  HWND windowOf(const ui::Control& control) { return windows().windowOf(control); }
+  static bool contains(const RECT& outer, const RECT& inner) {
+    RECT shared{};
+    IntersectRect(&shared, &outer, &inner);
+    return EqualRect(&shared, &inner) != FALSE;
+  }
+  /// All of the control, as far as what holds it has room for it.
+  bool isSeen(const ui::Control& control) {
+    const RECT place = placeOf(windowOf(control));
+    const ui::Container* holder = control.parent();
+    for (; holder != nullptr; holder = holder->parent()) {
+      const RECT inside = insideOf(windowOf(*holder));
+      const bool fits = heightOf(place) <= heightOf(inside) && widthOf(place) <= widthOf(inside);
+      if (fits && !contains(inside, place)) return false;
+    }
+    return true;
+  }
+};
+
+TEST_F(ScreenSizeTest, EveryDialogOpensInsideTheWorkAreaAndShowsTheControlWithTheFocus) {
+  visitEverything([this](const std::string& name, ui::Form& form) {
+    SCOPED_TRACE(name);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(windowOf(form), MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const RECT whole = placeOf(windowOf(form));
+    EXPECT_TRUE(contains(monitor.rcWork, whole)) << toString(whole);
+    ui::Control* const first = form.activeControl();
+    do {
+      ui::Control* const control = form.activeControl();
+      ASSERT_NE(control, nullptr);
+      EXPECT_TRUE(isSeen(*control))
+          << toUtf8(control->caption()) << " " << toString(placeOf(windowOf(*control)));
+      user.press(ui::Key::tab);
+    } while (form.activeControl() != first);
+  });
+}
+
+TEST_F(ScreenSizeTest, TheOptionsDialogGrowsByItsBorderAndNeverShrinksBelowItsFirstSize) {
+  open([&](frmOptions& dialog) {
+    const HWND window = windowOf(dialog);
+    EXPECT_TRUE(GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME);
+    const RECT first = placeOf(window);
+    MINMAXINFO limits{};
+    SendMessageW(window, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+    EXPECT_EQ(limits.ptMinTrackSize.x, widthOf(first));
+    EXPECT_EQ(limits.ptMinTrackSize.y, heightOf(first));
+
+    const HWND pageWindow = windowOf(dialog.fraFrame[0]);
+    const HWND nameWindow = windowOf(dialog.tabs().companyDetails.txtCompanyDetails[0]);
+    const HWND okWindow = windowOf(dialog.cmdCommand[0]);
+    const RECT page = placeOf(pageWindow);
+    const RECT name = placeOf(nameWindow);
+    const RECT ok = placeOf(okWindow);
+    constexpr int kMore = 60;
+    SetWindowPos(window, nullptr, first.left, first.top, widthOf(first) + kMore,
+                 heightOf(first) + kMore, SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_EQ(widthOf(placeOf(pageWindow)), widthOf(page) + kMore);
+    EXPECT_EQ(heightOf(placeOf(pageWindow)), heightOf(page) + kMore);
+    EXPECT_EQ(widthOf(placeOf(nameWindow)), widthOf(name) + kMore);
+    EXPECT_EQ(placeOf(okWindow).left, ok.left + kMore);
+    EXPECT_EQ(placeOf(okWindow).top, ok.top + kMore);
+    EXPECT_FALSE(applyEnabled(dialog));
+  });
+}
+
+TEST_F(ScreenSizeTest, ANewMessageFontIsFollowedWhileTheDialogIsOpen) {
+  open([&](frmOptions& dialog) {
+    const HWND window = windowOf(dialog);
+    const HWND name = windowOf(dialog.tabs().companyDetails.txtCompanyDetails[0]);
+    const RECT first = placeOf(window);
+    const RECT box = placeOf(name);
+    LOGFONTW larger = ui::win32::messageFont();
+    larger.lfHeight = larger.lfHeight * 3 / 2;
+    windows().setFont(larger);
+    SendMessageW(window, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+    LOGFONTW shown{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(name, WM_GETFONT, 0, 0)), sizeof shown, &shown);
+    EXPECT_EQ(shown.lfHeight, larger.lfHeight);
+    EXPECT_GT(heightOf(placeOf(name)), heightOf(box));
+    EXPECT_GT(widthOf(placeOf(window)), widthOf(first));
+    EXPECT_FALSE(applyEnabled(dialog));
+    user.type(u"Still a dialog");
+    EXPECT_EQ(dialog.tabs().companyDetails.txtCompanyDetails[0].text(), u"Still a dialog");
+  });
 }
 
 INSTANTIATE_TEST_SUITE_P(Fonts, FitTest,

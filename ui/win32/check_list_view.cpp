@@ -15,8 +15,7 @@ UINT stateOf(bool checked) { return INDEXTOSTATEIMAGEMASK(checked ? kTicked : kT
 void CheckListView::create(HWND parent) {
   const Echo echo(*this);
   createWindow(parent,
-               {WC_LISTVIEWW, LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
-                WS_EX_CLIENTEDGE});
+               {WC_LISTVIEWW, LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL, WS_EX_CLIENTEDGE});
   constexpr DWORD kStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT;
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, static_cast<LPARAM>(kStyle));
   LVCOLUMNW column{};

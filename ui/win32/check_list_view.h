@@ -5,7 +5,8 @@
 
 namespace tillora::ui::win32 {
 
-/// A list with check boxes: a list view of one column, whose ticks screen readers know.
+/// A list with check boxes: a list view of one column, whose ticks screen readers know. The
+/// selection bar is seen only while the list has the focus: it chooses nothing.
 class CheckListView final : public ViewOf<CheckListBox> {
  public:
   using ViewOf::ViewOf;

@@ -1,5 +1,8 @@
 #include "ui/win32/control_view.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "com/module.h"
 #include "ui/win32/form_window.h"
 #include "ui/win32/window_text.h"
@@ -9,19 +12,27 @@ namespace {
 
 constexpr UINT_PTR kSubclass = 1;
 
+bool isButton(Kind kind) {
+  return kind == Kind::checkBox || kind == Kind::optionButton || kind == Kind::commandButton;
+}
+
+// Buttons of one kind, one after the other, are a group, whose members screen readers count.
+bool startsGroup(const Control& control) {
+  const auto& siblings = control.parent()->children();
+  const auto here = std::ranges::find(siblings, &control);
+  return !isButton(control.kind()) || here == siblings.begin() ||
+         (*std::prev(here))->kind() != control.kind();
+}
+
 }  // namespace
 
 RECT ControlView::pixelBounds() const { return formWindow_.metrics().toPixels(control_.bounds()); }
 
 void ControlView::createWindow(HWND parent, const Style& style) {
   const RECT place = pixelBounds();
-  const DWORD state =
-      (control_.effectivelyEnabled() ? 0 : WS_DISABLED) | (control_.visible() ? WS_VISIBLE : 0);
-  if (!control_.accessibleName().empty()) {
-    nameWindow_ = CreateWindowExW(WS_EX_NOPARENTNOTIFY, WC_STATICW,
-                                  forWindow(control_.accessibleName()).c_str(), WS_CHILD, 0, 0, 0,
-                                  0, parent, nullptr, tillora::win32::thisModule(), nullptr);
-  }
+  const DWORD state = (control_.effectivelyEnabled() ? 0 : WS_DISABLED) |
+                      (control_.visible() ? WS_VISIBLE : 0) |
+                      (startsGroup(control_) ? WS_GROUP : 0);
   const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(formWindow_.newId()));
   window_ = CreateWindowExW(
       style.extended | WS_EX_NOPARENTNOTIFY, style.className, forWindow(windowText()).c_str(),
@@ -49,7 +60,7 @@ void ControlView::show(Property what) {
       break;
     }
     case Property::text:
-      SetWindowTextW(window_, forWindow(withPlainAmpersandsDoubled(control_.caption())).c_str());
+      SetWindowTextW(window_, forWindow(windowText()).c_str());
       break;
     case Property::toolTip:
       formWindow_.setToolTip(window_, forWindow(control_.toolTip()));
@@ -80,6 +91,14 @@ HBRUSH ControlView::colours(HDC dc) {
 }
 
 LRESULT ControlView::message(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_GETOBJECT) {
+    // A screen reader asks. Without one, opening a page costs nothing more.
+    const Text name = control_.spokenName();
+    const bool isCaption = name == withoutAccessKey(control_.caption());
+    formWindow_.annotations().set(window_, isCaption ? std::wstring() : forWindow(name), role());
+  } else if (message == WM_DESTROY) {
+    formWindow_.annotations().clear(window_);
+  }
   const LRESULT result = DefSubclassProc(window_, message, wParam, lParam);
   if (message == WM_SETFOCUS) formWindow_.focusLanded(control_);
   return result;

@@ -25,8 +25,6 @@ class ControlView {
   FormWindow& formWindow() const { return formWindow_; }
   Control& control() const { return control_; }
   HWND window() const { return window_; }
-  /// The hidden label before window() that names it to screen readers; null for none.
-  HWND nameWindow() const { return nameWindow_; }
 
   /// Makes the window with the control's whole state. Called once.
   virtual void create(HWND parent) = 0;
@@ -55,6 +53,8 @@ class ControlView {
   virtual HBRUSH ownBackground() const { return nullptr; }
   /// A typed character that the control is to get; true if the view has handled it.
   virtual bool typed(char16_t /*character*/) { return false; }
+  /// What the window is to screen readers (ROLE_SYSTEM_*); 0 if its class says so by itself.
+  virtual LONG role() const { return 0; }
 
  protected:
   struct Style {
@@ -113,7 +113,6 @@ class ControlView {
   FormWindow& formWindow_;
   Control& control_;
   HWND window_ = nullptr;
-  HWND nameWindow_ = nullptr;
   int echoes_ = 0;
 };
 

@@ -201,13 +201,10 @@ void FormWindow::stack(const Container& container) {
   HWND after = HWND_TOP;
   constexpr UINT kOrderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
   for (const Control* control : order) {
-    const ControlView* view = viewOf(*control);
-    if (!view || !view->window()) continue;
-    for (HWND window : {view->nameWindow(), view->window()}) {
-      if (!window) continue;
-      SetWindowPos(window, after, 0, 0, 0, 0, kOrderOnly);
-      after = window;
-    }
+    const HWND window = windowOf(*control);
+    if (!window) continue;
+    SetWindowPos(window, after, 0, 0, 0, 0, kOrderOnly);
+    after = window;
   }
 }
 

@@ -9,6 +9,7 @@
 
 #include "ui/form.h"
 #include "ui/image_list.h"
+#include "ui/win32/annotations.h"
 #include "ui/win32/control_view.h"
 #include "ui/win32/frame_class.h"
 #include "ui/win32/metrics.h"
@@ -51,6 +52,7 @@ class FormWindow final : public FormView {
 
   // For the views.
 
+  Annotations& annotations() { return annotations_; }
   void enter(HWND window, ControlView& view) { windows_[window] = &view; }
   void leave(HWND window) { windows_.erase(window); }
   /// An identifier for a control's window, unique in the form.
@@ -126,6 +128,7 @@ class FormWindow final : public FormView {
   std::unordered_map<const Control*, std::unique_ptr<ControlView>> views_;
   std::unordered_map<HWND, ControlView*> windows_;
   std::unordered_map<const ui::ImageList*, ImageList> images_;
+  Annotations annotations_;
   SIZE least_{};  // the user cannot make the window smaller
   bool followsWindow_ = false;
   int nextId_ = 100;  // above IDOK, IDCANCEL and their like

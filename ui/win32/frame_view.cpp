@@ -1,5 +1,6 @@
 #include "ui/win32/frame_view.h"
 
+#include <oleacc.h>
 #include <vssym32.h>
 
 #include <algorithm>
@@ -7,12 +8,10 @@
 #include <cstdint>
 #include <span>
 
-#include "com/module.h"
 #include "ui/win32/form_window.h"
 #include "ui/win32/frame_class.h"
 #include "ui/win32/raster.h"
 #include "ui/win32/scrolling.h"
-#include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -42,33 +41,22 @@ bool isReadableOn(COLORREF ground) {
 }  // namespace
 
 void FrameView::create(HWND parent) {
-  const Frame& frame = control();
-  createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
-  if (frame.border() == Frame::Border::etched) {
-    RECT area{};
-    GetClientRect(window(), &area);
-    groupBox_ = CreateWindowExW(WS_EX_NOPARENTNOTIFY | WS_EX_TRANSPARENT, WC_BUTTONW,
-                                forWindow(withPlainAmpersandsDoubled(frame.caption())).c_str(),
-                                WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0, area.right, area.bottom,
-                                window(), nullptr, tillora::win32::thisModule(), nullptr);
-    showFont();
-  } else if (isPage()) {
-    paintTabBody();
+  if (isGroupBox()) {
+    createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+  } else {
+    createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+    if (isPage()) paintTabBody();
   }
-  formWindow().createChildren(frame, window());
-  showScrolling(window(), frame, formWindow().metrics());
+  formWindow().createChildren(control(), window());
+  showScrolling(window(), control(), formWindow().metrics());
 }
+
+LONG FrameView::role() const { return isGroupBox() ? 0 : ROLE_SYSTEM_PROPERTYPAGE; }
 
 void FrameView::show(Property what) {
   ControlView::show(what);
   if (what == Property::scrolling) {
     showScrolling(window(), control(), formWindow().metrics());
-  } else if (groupBox_ && what == Property::bounds) {
-    RECT area{};
-    GetClientRect(window(), &area);
-    MoveWindow(groupBox_, 0, 0, area.right, area.bottom, TRUE);
-  } else if (groupBox_ && what == Property::text) {
-    SetWindowTextW(groupBox_, forWindow(withPlainAmpersandsDoubled(control().caption())).c_str());
   } else if (what == Property::bounds && isPage()) {
     paintTabBody();
   }
@@ -76,14 +64,6 @@ void FrameView::show(Property what) {
 
 bool FrameView::isPage() const {
   return control().border() == Frame::Border::none && holdsTabs(*control().parent());
-}
-
-void FrameView::showFont() {
-  ControlView::showFont();
-  if (groupBox_) {
-    SendMessageW(groupBox_, WM_SETFONT, reinterpret_cast<WPARAM>(formWindow().metrics().font()),
-                 FALSE);
-  }
 }
 
 // What the theme paints behind a tab's page, as a brush, so that the page and the controls on it,
@@ -130,6 +110,7 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       RECT area{};
       GetClientRect(window(), &area);
       FillRect(dc, &area, formWindow().background(window(), dc));
+      if (message == WM_PRINTCLIENT && isGroupBox()) break;
       return TRUE;
     }
     case WM_VSCROLL:
@@ -150,11 +131,6 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
-      if (reinterpret_cast<HWND>(lParam) == groupBox_ && message == WM_CTLCOLORSTATIC) {
-        SetTextColor(reinterpret_cast<HDC>(wParam), toColorRef(control().foreColour()));
-        return reinterpret_cast<LRESULT>(
-            formWindow().background(groupBox_, reinterpret_cast<HDC>(wParam)));
-      }
       if (const auto answer = formWindow().route(message, wParam, lParam)) return *answer;
       break;
     default:

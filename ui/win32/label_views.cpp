@@ -1,5 +1,7 @@
 #include "ui/win32/label_views.h"
 
+#include <oleacc.h>
+
 #include <algorithm>
 #include <vector>
 
@@ -22,6 +24,11 @@ bool isHighContrast() {
 }  // namespace
 
 void LabelView::create(HWND parent) { createWindow(parent, {WC_STATICW, SS_LEFT}); }
+
+// The text is painted from the caption; the window's own is for screen readers.
+Text LabelView::windowText() const {
+  return control().decorative() ? Text() : ControlView::windowText();
+}
 
 void LabelView::show(Property what) {
   // The order of windows stays: a label goes before what it labels.
@@ -108,14 +115,9 @@ LRESULT LabelView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-void PictureView::create(HWND parent) {
-  createWindow(parent, {WC_STATICW, SS_LEFT});
-  const Control& picture = control();
-  // Never painted; a screen reader reads it.
-  const Text& name =
-      picture.accessibleName().empty() ? picture.toolTip() : picture.accessibleName();
-  SetWindowTextW(window(), forWindow(name).c_str());
-}
+void PictureView::create(HWND parent) { createWindow(parent, {WC_STATICW, SS_LEFT}); }
+
+LONG PictureView::role() const { return ROLE_SYSTEM_GRAPHIC; }
 
 LRESULT PictureView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_ERASEBKGND) return TRUE;

@@ -7,7 +7,8 @@
 namespace tillora::ui::win32 {
 
 /// A static text without a background of its own. Labels that overlap (a label and the shadow that
-/// makes it look engraved) show each other: whichever is painted paints both.
+/// makes it look engraved) show each other: whichever is painted paints both. The window of a
+/// decorative one has no text, so that nothing is read twice.
 class LabelView final : public ViewOf<Label> {
  public:
   using ViewOf::ViewOf;
@@ -15,6 +16,7 @@ class LabelView final : public ViewOf<Label> {
   void show(Property what) override;
 
  protected:
+  Text windowText() const override;
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
@@ -27,6 +29,7 @@ class PictureView final : public ViewOf<Picture> {
  public:
   using ViewOf::ViewOf;
   void create(HWND parent) override;
+  LONG role() const override;
 
  protected:
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -66,9 +66,7 @@ RECT Metrics::toPixels(const Rect& twips) const {
 
 Size Metrics::twipsPerPixel() const { return {kTwipsPerInch / dpi_, kTwipsPerInch / dpi_}; }
 
-int Metrics::textWidth(TextView text) const {
-  return roomFor(pixelWidth(text));
-}
+int Metrics::textWidth(TextView text) const { return roomFor(pixelWidth(text)); }
 
 int Metrics::pixelWidth(TextView text) const {
   int width = 0;

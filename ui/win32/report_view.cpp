@@ -115,7 +115,7 @@ void ReportView::showChoice() {
 void ReportView::give(LVITEMW& item) const {
   if (item.iItem < 0 || item.iItem >= control().count()) return;
   if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
-    const Text text = control().text(item.iItem, item.iSubItem);
+    const Text text = cell(item.iItem, item.iSubItem);
     const auto length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
     std::copy_n(text.begin(), length, item.pszText);
     item.pszText[length] = L'\0';
@@ -126,13 +126,22 @@ void ReportView::give(LVITEMW& item) const {
   }
 }
 
+// Where a row begins with a picture alone, whoever asks for the text is given what the picture
+// says; but it is not painted.
+Text ReportView::cell(int row, int column) const {
+  Text text = control().text(row, column);
+  if (column > 0 || painting_ || !text.empty()) return text;
+  return Text(meaningOf(control().rows()[static_cast<std::size_t>(row)].smallIcon));
+}
+
 int ReportView::find(const NMLVFINDITEMW& wanted) const {
   if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || !wanted.lvfi.psz) return -1;
   const std::wstring typed = wanted.lvfi.psz;
+  const auto column = static_cast<std::size_t>(control().searchColumn());
   const int count = control().count();
   for (int i = 0; i < count; ++i) {
     const int row = (std::max(wanted.iStart, 0) + i) % count;
-    const TextView text = control().rows()[static_cast<std::size_t>(row)].texts[0];
+    const TextView text = control().rows()[static_cast<std::size_t>(row)].texts[column];
     if (text.size() >= typed.size() &&
         CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE,
                        reinterpret_cast<const wchar_t*>(text.data()),
@@ -186,6 +195,13 @@ LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       const LRESULT result = ControlView::message(message, wParam, lParam);
       const Echo echo(*this);
       fillLastColumn();
+      return result;
+    }
+    case WM_PAINT:
+    case WM_PRINTCLIENT: {
+      painting_ = true;
+      const LRESULT result = ControlView::message(message, wParam, lParam);
+      painting_ = false;
       return result;
     }
     case WM_LBUTTONDOWN:

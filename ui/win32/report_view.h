@@ -25,12 +25,14 @@ class ReportView final : public ViewOf<ListView> {
   void fillLastColumn();
   void showChoice();
   void give(LVITEMW& item) const;
-  /// The row whose first cell begins with what was typed; -1 for none.
+  Text cell(int row, int column) const;
+  /// The next row that begins with what was typed; -1 for none.
   int find(const NMLVFINDITEMW& wanted) const;
   Point toTwips(LPARAM position) const;
   HWND header() const;
 
   int rowShown_ = -1;
+  bool painting_ = false;
 };
 
 }  // namespace tillora::ui::win32

@@ -69,9 +69,14 @@ void expectTidy(const ui::Container& holder) {
   }
 }
 
-using DialogLayout = EveryDialog;
+using DialogLayout = EveryDialogTest;
 
-TEST_F(DialogLayout, EveryPageShowsAllItsControlsInFullBesideEachOther) { showEach(expectTidy); }
+TEST_F(DialogLayout, EveryPageShowsAllItsControlsInFullBesideEachOther) {
+  visitEverything([](const std::string& name, ui::Form& form) {
+    SCOPED_TRACE(name);
+    expectTidy(form);
+  });
+}
 
 }  // namespace
 }  // namespace tillora::testing

@@ -296,6 +296,8 @@ TEST_F(FrmPasswordSetTest, OneToThreeCharactersCannotBeLeft) {
         expectOneMessage(kTooShort, u"Password not valid");
         EXPECT_TRUE(box(1).hasFocus());
         EXPECT_EQ(box(1).text(), text);
+        EXPECT_EQ(box(1).selText(), text);
+        box(1).setSelection(0, 0);
         EXPECT_TRUE(dialog.isShown());
       }
     });
@@ -313,7 +315,9 @@ TEST_F(FrmPasswordSetTest, EveryBoxRefusesOneToThreeCharacters) {
       user.press(Key::tab);
       expectOneMessage(kTooShort, u"Password not valid");
       EXPECT_TRUE(another.txtPassword[index].hasFocus());
-      user.type(u"d");
+      EXPECT_EQ(another.txtPassword[index].selLength(), 3);
+      user.type(u"wxyz");
+      EXPECT_EQ(another.txtPassword[index].text(), u"wxyz");
       user.press(Key::tab);
       EXPECT_FALSE(another.txtPassword[index].hasFocus());
       EXPECT_TRUE(boxes.shown.empty());
@@ -329,6 +333,7 @@ TEST_F(FrmPasswordSetTest, OkChecksAllBoxesInTheirOrder) {
     user.click(dialog.cmdCommand[0]);
     expectOneMessage(kTooShort, u"Password not valid");
     EXPECT_TRUE(box(1).hasFocus());
+    EXPECT_EQ(box(1).selText(), u"abc");
     expectTexts(u"", u"abc", u"xyz");
     EXPECT_TRUE(dialog.isShown());
   });

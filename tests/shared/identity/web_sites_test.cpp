@@ -328,6 +328,46 @@ TEST_F(WebSitesTest, DeleteAsksAndNoKeepsTheEntry) {
   });
 }
 
+TEST_F(WebSitesTest, DeleteAndInsertInTheListDoWhatTheButtonsDo) {
+  host.webSites = {site(u"A", u"a"), site(u"B", u"b")};
+  openTab([&](frmOptions& dialog) {
+    EXPECT_TRUE(tab(dialog).ltvWeb.hasFocus());
+    user.press(Key::del, {.shift = true});
+    user.press(Key::insert, {.ctrl = true});
+    EXPECT_TRUE(boxes.shown.empty());
+    boxes.answers = {MessageResult::no, MessageResult::yes};
+    user.press(Key::del);
+    EXPECT_EQ(shown(dialog), host.webSites);
+    user.press(Key::del);
+    ASSERT_EQ(boxes.shown.size(), 2U);
+    EXPECT_EQ(boxes.shown[1].title, u"Delete web site");
+    EXPECT_EQ(shown(dialog), Sites{site(u"B", u"b")});
+    whenSiteShown([&](frmWebSite& form) {
+      EXPECT_FALSE(form.EditMode);
+      enter(u"C", u"c");
+    });
+    user.press(Key::insert);
+    EXPECT_EQ(shown(dialog), (Sites{site(u"B", u"b"), site(u"C", u"c")}));
+    EXPECT_TRUE(tab(dialog).ltvWeb.hasFocus());
+  });
+}
+
+TEST_F(WebSitesTest, DeleteInAnEmptyListAsksNothing) {
+  openTab([&](frmOptions& dialog) {
+    EXPECT_TRUE(tab(dialog).ltvWeb.setFocus());
+    user.press(Key::del);
+  });
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(WebSitesTest, TypingFindsASiteByItsDescription) {
+  host.webSites = {site(u"Weather", u"a"), site(u"News", u"b"), site(u"Bank", u"n")};
+  openTab([&](frmOptions& dialog) {
+    user.type(u"n");
+    EXPECT_EQ(selectedUrl(dialog), u"b");
+  });
+}
+
 TEST_F(WebSitesTest, YesDeletesAndSelectsTheRowThatTakesThePlace) {
   host.webSites = {site(u"A", u"a"), site(u"B", u"b"), site(u"C", u"c")};
   openTab([&](frmOptions& dialog) {

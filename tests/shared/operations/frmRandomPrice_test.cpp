@@ -380,8 +380,8 @@ TEST_F(FrmRandomPriceTest, EachShowStartsFromTheCallersValues) {
 
 TEST_F(FrmRandomPriceTest, TabWalksInOrderPastDisabledCaptions) {
   show([&] {
-    const std::vector<ui::Control*> order = {&box(frmRandomPrice::prefix),
-                                             &editor.cboRandomPrice,
+    EXPECT_TRUE(editor.cboRandomPrice.hasFocus()) << "the prefix before it is locked";
+    const std::vector<ui::Control*> order = {&editor.cboRandomPrice,
                                              &box(frmRandomPrice::example),
                                              &check(frmRandomPrice::priceIncludesTax),
                                              &check(frmRandomPrice::calculateUnitOfMeasure),
@@ -390,7 +390,8 @@ TEST_F(FrmRandomPriceTest, TabWalksInOrderPastDisabledCaptions) {
                                              &check(frmRandomPrice::inactive),
                                              &editor.cmdCommand[frmRandomPrice::ok],
                                              &editor.cmdCommand[frmRandomPrice::cancel],
-                                             &box(frmRandomPrice::prefix)};
+                                             &box(frmRandomPrice::prefix),
+                                             &editor.cboRandomPrice};
     expectTabOrder(order);
     user.click(check(frmRandomPrice::calculateUnitOfMeasure));
     user.press(Key::tab);

@@ -562,6 +562,37 @@ TEST_F(PumpTest, DeleteAsksAndNoKeepsTheGrade) {
   });
 }
 
+TEST_F(PumpTest, DeleteAndInsertInTheListDoWhatTheButtonsDo) {
+  addGrades({1, 14});
+  openTab([&](frmOptions& dialog) {
+    EXPECT_TRUE(tab(dialog).ltvPump.hasFocus());
+    boxes.answers = {MessageResult::no, MessageResult::yes};
+    user.press(Key::del);
+    EXPECT_EQ(tab(dialog).ltvPump.count(), 2);
+    user.press(Key::del);
+    ASSERT_EQ(boxes.shown.size(), 2U);
+    EXPECT_EQ(boxes.shown[1].title, u"Delete grade");
+    ASSERT_EQ(tab(dialog).ltvPump.count(), 1);
+    EXPECT_EQ(tab(dialog).ltvPump.text(0, PumpGrades::grade), u"14");
+    whenGradeShown([&](frmPumpGrade& form) {
+      EXPECT_EQ(form.GradeNumber, 1);
+      user.press(Key::enter);
+    });
+    user.press(Key::insert);
+    EXPECT_EQ(tab(dialog).ltvPump.count(), 2);
+  });
+}
+
+TEST_F(PumpTest, InsertDoesNothingWhileNewIsDisabled) {
+  addGrades({1});
+  openTab([&](frmOptions& dialog) {
+    EXPECT_TRUE(tab(dialog).ltvPump.hasFocus());
+    command(dialog, PumpGrades::add).setEnabled(false);
+    user.press(Key::insert);
+    EXPECT_EQ(tab(dialog).ltvPump.count(), 1);
+  });
+}
+
 TEST_F(PumpTest, DeletingTheOnlyGradeDisablesDeleteAndEdit) {
   host.grades = {grade(1)};
   editTab([&](frmOptions& dialog) {

@@ -305,6 +305,19 @@ TEST_F(BrowseItemsTest, EnterAcceptsTheRowThatTheArrowsChose) {
             u"Fuel:Unleaded");
 }
 
+TEST_F(BrowseItemsTest, TypingFindsARowByTheColumnThatTheListIsSortedBy) {
+  const auto found = [&](int type, TextView typed) {
+    return browse(type, u"", [&](frmBrowseItems&) {
+      user.type(typed);
+      user.press(Key::enter);
+    });
+  };
+  EXPECT_EQ(found(frmBrowseItems::gradeProduct, u"u"), u"Fuel:Unleaded");
+  EXPECT_EQ(found(frmBrowseItems::roundingItem, u"R"), u"Charges:Rounding");
+  EXPECT_EQ(found(frmBrowseItems::paymentItem, u"d"), u"Cash") << "its account is Drawer";
+  EXPECT_EQ(found(frmBrowseItems::paymentItem, u"a"), u"Visa") << "no account begins with it";
+}
+
 TEST_F(BrowseItemsTest, ADoubleClickOnARowAcceptsIt) {
   EXPECT_EQ(browse(frmBrowseItems::gradeProduct, u"Battery",
                    [&](frmBrowseItems& browser) {

@@ -574,6 +574,18 @@ TEST_F(ListColumnsTest, EveryTickEnablesApply) {
   });
 }
 
+TEST_F(ListColumnsTest, ThePageOpensInTheFirstRowOfTheFirstListAndEachListIsEnteredInItsFirst) {
+  saveDefaults();
+  openPage([&](frmOptions& dialog) {
+    for (int i = 0; i < ListColumns::count; ++i) {
+      const bool before = list(dialog, i).checked(0);
+      user.press(Key::space);
+      EXPECT_NE(list(dialog, i).checked(0), before) << i;
+      user.press(Key::tab);
+    }
+  });
+}
+
 TEST_F(ListColumnsTest, TheSpaceBarTicksTheChosenRow) {
   openPage([&](frmOptions& dialog) {
     EXPECT_TRUE(list(dialog, ListColumns::salesPerson).hasFocus());

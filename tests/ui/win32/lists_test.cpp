@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
@@ -35,6 +36,30 @@ class ListViewTest : public ::testing::Test {
                                         reinterpret_cast<LPARAM>(&item));
     text.resize(static_cast<std::size_t>(length));
     return text;
+  }
+
+  /// How many colours the first column has in a row, without its icon.
+  std::size_t coloursBesideIcon(int row) {
+    const HDC screen = GetDC(nullptr);
+    RECT area{};
+    GetClientRect(window(), &area);
+    const ui::win32::MemoryDc dc(CreateCompatibleDC(screen));
+    const ui::win32::Bitmap picture(CreateCompatibleBitmap(screen, area.right, area.bottom));
+    ReleaseDC(nullptr, screen);
+    const ui::win32::Selection selected(dc.get(), picture.get());
+    SendMessageW(window(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc.get()), PRF_CLIENT);
+    RECT cells{};
+    cells.left = LVIR_BOUNDS;
+    SendMessageW(window(), LVM_GETITEMRECT, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&cells));
+    const auto end = static_cast<LONG>(SendMessageW(window(), LVM_GETCOLUMNWIDTH, 0, 0));
+    std::set<COLORREF> colours;
+    for (LONG y = cells.top; y < cells.bottom; ++y) {
+      for (LONG x = GetSystemMetrics(SM_CXSMICON) + 4; x < end; ++x) {
+        colours.insert(GetPixel(dc.get(), x, y));
+      }
+    }
+    return colours.size();
   }
 
   WindowsDesk desk;
@@ -171,6 +196,17 @@ TEST_F(ListViewTest, IconsComeFromTheImageListAndARowWithoutOneShowsNone) {
     EXPECT_EQ(icon(1), 1);
     EXPECT_EQ(icon(2), -1);
     EXPECT_EQ(icon(3), -1);
+  });
+}
+
+TEST_F(ListViewTest, APictureWithoutATextBesideItIsToldInWordsButNotPainted) {
+  list.setRow(1, {{u"", u"Text"}, ui::PictureId::inactive});
+  show([&] {
+    EXPECT_EQ(cell(0, 0), L"A0");
+    EXPECT_EQ(cell(1, 0), L"Inactive");
+    EXPECT_EQ(cell(1, 1), L"Text");
+    EXPECT_GT(coloursBesideIcon(0), 1U);
+    EXPECT_EQ(coloursBesideIcon(1), 1U);
   });
 }
 

@@ -107,9 +107,10 @@ TEST_F(RealControlsTest, APasswordLooksLikeAsManyStars) {
     const HWND secret = window(gallery.secret);
     EXPECT_EQ(SendMessageW(secret, EM_GETPASSWORDCHAR, 0, 0), L'*');
     EXPECT_TRUE(GetWindowLongPtrW(secret, GWL_STYLE) & ES_PASSWORD);
-    // A plain box of the same size with stars in it.
+    // A plain box with the same room for its text and stars in it.
     RECT area{};
-    GetWindowRect(secret, &area);
+    GetClientRect(secret, &area);
+    AdjustWindowRectEx(&area, WS_CHILD, FALSE, WS_EX_CLIENTEDGE);
     const ui::win32::Window stars(
         CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"******", WS_CHILD | ES_AUTOHSCROLL, 0, 0,
                         area.right - area.left, area.bottom - area.top, GetParent(secret), nullptr,
