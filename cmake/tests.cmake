@@ -15,7 +15,7 @@ add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCL
 set(testing_folders tests/testing)
 if(WIN32)
   list(APPEND testing_folders tests/testing/win32)
-  set(windows_side tillora_win32 tillora_windows_libraries)
+  set(windows_side tillora_win32 tillora_windows_libraries oleacc)
 endif()
 tillora_static_library(tillora_testing
   FOLDERS ${testing_folders}

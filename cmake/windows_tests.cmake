@@ -4,7 +4,7 @@ tillora_program(windows_tests
   SOURCES ${windows_tests} ${shared_tests}
   LINK tillora_testing tillora_host_automation tillora_automation
        tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
-       tillora_windows_libraries oleacc gtest_main)
+       tillora_windows_libraries gtest_main)
 # Some tests look at the windows from another program.
 add_dependencies(windows_tests drive)
 tillora_resources(resources tests/windows

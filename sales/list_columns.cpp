@@ -101,8 +101,8 @@ const ListInfo& infoOf(int list) { return kLists[static_cast<std::size_t>(list)]
 constexpr std::int32_t kMiddleInitial = 0x2;
 constexpr std::int32_t kMrMrsMiss = 0x4;
 
-constexpr int kUpperRows = 13;  // all of the product list
-constexpr int kLeastLowerRows = 7;
+constexpr int kUpperRows = 13;       // all of the product list
+constexpr int kLeastLowerRows = 12;  // all of the layby customer list
 
 std::vector<std::int32_t> tickedBits(const ui::CheckListBox& list) {
   std::vector<std::int32_t> bits;

@@ -10,7 +10,7 @@ namespace tillora {
 namespace {
 
 constexpr int kNarrowColumnWidth = 1830;
-constexpr int kCellMargin = 180;         // beside a cell's text, both sides together
+constexpr int kCellMargin = 225;         // beside a cell's text, both sides together
 constexpr int kSmallIcon = 270;          // the icon before the text of the first column
 constexpr std::size_t kMostShown = 259;  // characters that the platform's list shows of a cell
 

@@ -16,12 +16,8 @@ constexpr int kMarkHeight = 240;
 constexpr int kButtonMargin = 240;  // beside a button's caption, both sides together
 constexpr int kButtonWidth = 1125;
 
-int captionWidth(const Control& control) {
-  return control.form().screen().textWidth(withoutAccessKey(control.caption()));
-}
-
 Size sizeWithMark(const Control& control) {
-  return {captionWidth(control) + kMarkWidth,
+  return {control.captionWidth() + kMarkWidth,
           std::max(control.form().screen().lineHeight(), kMarkHeight)};
 }
 
@@ -106,7 +102,7 @@ bool OptionButton::moveByArrow(bool forward) {
 CommandButton::CommandButton(Text caption) : caption_(std::move(caption)) {}
 
 Size CommandButton::naturalSize() const {
-  return {std::max(captionWidth(*this) + kButtonMargin, kButtonWidth), heightFor(1)};
+  return {std::max(captionWidth() + kButtonMargin, kButtonWidth), heightFor(1)};
 }
 
 CommandButton& CommandButton::setCaption(Text caption) {

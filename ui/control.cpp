@@ -105,8 +105,14 @@ Control& Control::setCausesValidation(bool causes) {
   return *this;
 }
 
-Size Control::naturalSize() const {
-  return {form_->screen().textWidth(withoutAccessKey(caption())) + kBesideText, heightFor(1)};
+Size Control::naturalSize() const { return {captionWidth() + kBesideText, heightFor(1)}; }
+
+// Where letters are smoothed or fitted to pixels, a long text can come out somewhat wider than it
+// is measured.
+int Control::captionWidth() const {
+  constexpr int kSlack = 50;  // one in so many
+  const int measured = form_->screen().textWidth(withoutAccessKey(caption()));
+  return measured + measured / kSlack;
 }
 
 int Control::heightFor(int lines) const { return fieldHeight(*form_, lines); }

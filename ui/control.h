@@ -91,6 +91,8 @@ class Control {
 
   /// The size that its caption needs in the present font, twips.
   virtual Size naturalSize() const;
+  /// Width of the caption in the present font, twips.
+  int captionWidth() const;
   /// Height with this many lines of text, twips.
   virtual int heightFor(int lines) const;
   /// Width with this many digits, twips.

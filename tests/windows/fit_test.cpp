@@ -151,7 +151,7 @@ void FitTest::expectFits(const ui::ListView& list, HWND window) {
     if (text.empty()) continue;
     RECT place{};
     SendMessageW(header, HDM_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place));
-    EXPECT_GE(widthOf(place), measured(header, text).cx + pixels(8)) << toUtf8(text);
+    EXPECT_GE(widthOf(place), measured(header, text).cx + pixels(14)) << toUtf8(text);
   }
 }
 

@@ -1,17 +1,11 @@
 #include "ui/win32/frame_view.h"
 
 #include <oleacc.h>
-#include <vssym32.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <span>
 
 #include "ui/win32/form_window.h"
 #include "ui/win32/frame_class.h"
-#include "ui/win32/raster.h"
 #include "ui/win32/scrolling.h"
+#include "ui/win32/tab_body.h"
 
 namespace tillora::ui::win32 {
 namespace {
@@ -23,29 +17,15 @@ bool holdsTabs(const Container& container) {
   return false;
 }
 
-double brightness(COLORREF colour) {
-  const auto linear = [](BYTE part) { return std::pow(part / 255.0, 2.2); };
-  return 0.2126 * linear(GetRValue(colour)) + 0.7152 * linear(GetGValue(colour)) +
-         0.0722 * linear(GetBValue(colour));
-}
-
-// A theme's page may be white while a dark colour scheme makes the texts on it white, too. The
-// measure is the one of the accessibility guidelines.
-bool isReadableOn(COLORREF ground) {
-  constexpr double kLeastContrast = 4.5;
-  const double text = brightness(GetSysColor(COLOR_BTNTEXT)) + 0.05;
-  const double behind = brightness(ground) + 0.05;
-  return std::max(text, behind) / std::min(text, behind) >= kLeastContrast;
-}
-
 }  // namespace
 
 void FrameView::create(HWND parent) {
   if (isGroupBox()) {
     createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+    themeIfReadable();
   } else {
     createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
-    if (isPage()) paintTabBody();
+    if (isPage()) tabBody_ = tabBody(window());
   }
   formWindow().createChildren(control(), window());
   showScrolling(window(), control(), formWindow().metrics());
@@ -58,48 +38,12 @@ void FrameView::show(Property what) {
   if (what == Property::scrolling) {
     showScrolling(window(), control(), formWindow().metrics());
   } else if (what == Property::bounds && isPage()) {
-    paintTabBody();
+    tabBody_ = tabBody(window());
   }
 }
 
 bool FrameView::isPage() const {
   return control().border() == Frame::Border::none && holdsTabs(*control().parent());
-}
-
-// What the theme paints behind a tab's page, as a brush, so that the page and the controls on it,
-// which fill their own background, match the strip around them. Themes vary it from top to bottom
-// at most, so a narrow strip from the middle is enough; if it is all one colour the brush is
-// plain.
-void FrameView::paintTabBody() {
-  const Theme theme(OpenThemeData(window(), L"TAB"));
-  if (!theme) {
-    tabBody_.reset();
-    return;
-  }
-  RECT area{};
-  GetClientRect(window(), &area);
-  constexpr int kWidth = 8;
-  const Raster raster(kWidth, area.bottom);
-  if (!raster.bitmap()) return;
-  const std::span<const std::uint32_t> pixels = raster.pixels();
-  {
-    const MemoryDc dc(CreateCompatibleDC(nullptr));
-    const Selection selected(dc.get(), raster.bitmap());
-    const int middle = (area.right - kWidth) / 2;
-    SetViewportOrgEx(dc.get(), -middle, 0, nullptr);
-    FillRect(dc.get(), &area, GetSysColorBrush(COLOR_BTNFACE));
-    DrawThemeBackground(theme.get(), dc.get(), TABP_BODY, 0, &area, nullptr);
-    GdiFlush();
-  }
-  constexpr std::uint32_t kColourBits = 0x00FFFFFF;
-  const std::uint32_t centre = pixels[pixels.size() / 2] & kColourBits;
-  tabBody_.reset();
-  if (!isReadableOn(RGB(centre >> 16 & 0xFF, centre >> 8 & 0xFF, centre & 0xFF))) return;
-  const bool plain = std::ranges::all_of(
-      pixels, [&](std::uint32_t pixel) { return (pixel & kColourBits) == centre; });
-  tabBody_.reset(plain
-                     ? CreateSolidBrush(RGB(centre >> 16 & 0xFF, centre >> 8 & 0xFF, centre & 0xFF))
-                     : CreatePatternBrush(raster.bitmap()));
 }
 
 LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -122,8 +66,12 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       break;
     case WM_THEMECHANGED:
+      if (isPage()) tabBody_ = tabBody(window());
+      InvalidateRect(window(), nullptr, TRUE);
+      break;
     case WM_SYSCOLORCHANGE:
-      if (isPage()) paintTabBody();
+      if (isPage()) tabBody_ = tabBody(window());
+      if (isGroupBox()) themeIfReadable();
       InvalidateRect(window(), nullptr, TRUE);
       break;
     case WM_COMMAND:

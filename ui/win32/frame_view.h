@@ -21,7 +21,6 @@ class FrameView final : public ViewOf<Frame> {
  private:
   bool isPage() const;
   bool isGroupBox() const { return control().border() == Frame::Border::etched; }
-  void paintTabBody();
 
   Brush tabBody_;  // of a page whose tab strip has a theme
 };

@@ -7,7 +7,13 @@ namespace tillora::ui::win32 {
 
 void TabView::create(HWND parent) {
   createWindow(parent, {WC_TABCONTROLW, kTabStripStyle});
+  themeIfReadable();
   showTabs();
+}
+
+LRESULT TabView::message(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_SYSCOLORCHANGE) themeIfReadable();
+  return ControlView::message(message, wParam, lParam);
 }
 
 void TabView::show(Property what) {

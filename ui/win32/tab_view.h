@@ -14,6 +14,7 @@ class TabView final : public ViewOf<TabStrip> {
   LRESULT notify(NMHDR& header) override;
 
  protected:
+  LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
   void takeBack() override { showChoice(); }
 
  private:
