@@ -146,7 +146,8 @@ class SectionWriter {
   void writePlaceholder() {
     hasPlaceholder_ = true;
     if (fraction_) {
-      if (decimal_ < digits_.fraction.size()) out_ += static_cast<char16_t>(digits_.fraction[decimal_++]);
+      if (decimal_ < digits_.fraction.size())
+        out_ += static_cast<char16_t>(digits_.fraction[decimal_++]);
       return;
     }
     // The first placeholder takes all digits that the others have no place for.
