@@ -62,7 +62,7 @@ clsRandomPrice newFormat(std::int32_t prefix, std::int32_t formatId) {
 /// The format of the current row; none if the row has no prefix.
 std::optional<clsRandomPrice> read(Table& table) {
   const Value prefix = table.get(field::Prefix);
-  const auto* key = std::get_if<std::int32_t>(&prefix);
+  const auto* key = prefix.as<std::int32_t>();
   if (key == nullptr) return std::nullopt;
   clsRandomPrice format;
   format.mlPrefix = *key;
