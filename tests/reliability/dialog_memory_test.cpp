@@ -2,8 +2,8 @@
 // stored or left behind, and the next dialog works.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <new>
+#include <optional>
 
 #include "tests/reliability/memory_walk.h"
 #include "tests/testing/options_test.h"
@@ -72,8 +72,11 @@ class Sitting : public OptionsTest {
     return allocations;
   }
 
+  /// Memory runs out only once the dialog is open.
   void openPage(TabPage page) {
+    std::optional<FailingMemory::Pause> opening(std::in_place);
     openOn(page, [&](frmOptions& dialog) {
+      opening.reset();
       useEverything(*desk, dialog.fraFrame[static_cast<int>(page) - 1]);
       user.click(dialog.cmdCommand[frmOptions::ok]);
     });
