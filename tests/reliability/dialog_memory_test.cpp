@@ -77,13 +77,14 @@ class Sitting : public OptionsTest {
     std::optional<FailingMemory::Pause> opening(std::in_place);
     openOn(page, [&](frmOptions& dialog) {
       opening.reset();
-      useEverything(*desk, dialog.fraFrame[static_cast<int>(page) - 1]);
+      dialogs_ = useEverything(*desk, dialog.fraFrame[static_cast<int>(page) - 1]);
       user.click(dialog.cmdCommand[frmOptions::ok]);
     });
   }
 
-  /// Everything on the page was used and saved.
   int saves() const { return static_cast<int>(host.sent.size()); }
+  /// The dialogs that were opened from the page.
+  int dialogs() const { return dialogs_; }
 
   void firstUse() {
     options_.FirstUse = true;
@@ -103,6 +104,8 @@ class Sitting : public OptionsTest {
   }
 
  private:
+  int dialogs_ = 0;
+
   void TestBody() override {}
 
   void savesAgain() {
@@ -150,23 +153,39 @@ TEST_F(FailingMemoryTest, DuringASaveThatIsRefused) {
   walk([](Sitting& sitting) { sitting.refusedSave(); });
 }
 
+struct UsedPage {
+  const char* name;
+  TabPage page;
+  int dialogs;  ///< that everything on it opens
+};
+
 class FailingMemoryOnTabTest : public FailingMemoryTest,
-                               public ::testing::WithParamInterface<TabPage> {};
+                               public ::testing::WithParamInterface<UsedPage> {};
 
 TEST_P(FailingMemoryOnTabTest, WhileEverythingIsUsedAndSaved) {
   {
     Sitting sitting;
-    sitting.openPage(GetParam());
+    sitting.openPage(GetParam().page);
     ASSERT_EQ(sitting.saves(), 1) << "the page could not be saved";
+    EXPECT_EQ(sitting.dialogs(), GetParam().dialogs);
   }
-  walk([page = GetParam()](Sitting& sitting) { sitting.openPage(page); });
+  walk([page = GetParam().page](Sitting& sitting) { sitting.openPage(page); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Tabs, FailingMemoryOnTabTest,
-                         ::testing::Values(TabPage::general, TabPage::lists, TabPage::transactions,
-                                           TabPage::rounding, TabPage::currency, TabPage::scanning,
-                                           TabPage::layby, TabPage::eod, TabPage::pump,
-                                           TabPage::web, TabPage::security, TabPage::fred));
+                         ::testing::Values(UsedPage{"General", TabPage::general, 0},
+                                           UsedPage{"Lists", TabPage::lists, 0},
+                                           UsedPage{"Transactions", TabPage::transactions, 0},
+                                           UsedPage{"Rounding", TabPage::rounding, 1},
+                                           UsedPage{"Currency", TabPage::currency, 0},
+                                           UsedPage{"Scanning", TabPage::scanning, 1},
+                                           UsedPage{"Layby", TabPage::layby, 0},
+                                           UsedPage{"EOD", TabPage::eod, 2},
+                                           UsedPage{"Pump", TabPage::pump, 2},
+                                           UsedPage{"Web", TabPage::web, 2},
+                                           UsedPage{"Security", TabPage::security, 11},
+                                           UsedPage{"FRED", TabPage::fred, 0}),
+                         [](const auto& tested) { return tested.param.name; });
 
 }  // namespace
 }  // namespace tillora::testing

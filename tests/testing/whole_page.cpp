@@ -18,7 +18,7 @@ void collectVisible(const ui::Container& container, std::vector<ui::Control*>& c
   }
 }
 
-void useControl(Desk& desk, ui::Control& control);
+int useControl(Desk& desk, ui::Control& control);
 
 void fillInAndAccept(Desk& desk, ui::Form& form) {
   ui::CommandButton* const accept = form.defaultButton();
@@ -28,13 +28,14 @@ void fillInAndAccept(Desk& desk, ui::Form& form) {
   if (accept != nullptr && form.isShown()) desk.user().click(*accept);
 }
 
-void useControl(Desk& desk, ui::Control& control) {
+int useControl(Desk& desk, ui::Control& control) {
   User& user = desk.user();
-  if (!control.effectivelyVisible() || !control.effectivelyEnabled()) return;
+  int opened = 0;
+  if (!control.effectivelyVisible() || !control.effectivelyEnabled()) return opened;
   switch (control.kind()) {
     case ui::Kind::textBox:
       user.click(control);
-      if (!control.hasFocus()) return;
+      if (!control.hasFocus()) break;
       user.selectAll();
       user.type(kTyped);
       break;
@@ -57,13 +58,17 @@ void useControl(Desk& desk, ui::Control& control) {
       user.spin(static_cast<ui::UpDown&>(control), +1);
       break;
     case ui::Kind::commandButton:
-      desk.whenShown([&desk](ui::Form& form) { fillInAndAccept(desk, form); });
+      desk.whenShown([&](ui::Form& form) {
+        ++opened;
+        fillInAndAccept(desk, form);
+      });
       user.click(control);
       desk.dropSteps();  // not every button opens a dialog
       break;
     default:
       user.click(control);
   }
+  return opened;
 }
 
 }  // namespace
@@ -74,8 +79,10 @@ std::vector<ui::Control*> visibleControls(const ui::Container& container) {
   return controls;
 }
 
-void useEverything(Desk& desk, const ui::Container& container) {
-  for (ui::Control* control : visibleControls(container)) useControl(desk, *control);
+int useEverything(Desk& desk, const ui::Container& container) {
+  int opened = 0;
+  for (ui::Control* control : visibleControls(container)) opened += useControl(desk, *control);
+  return opened;
 }
 
 }  // namespace tillora::testing

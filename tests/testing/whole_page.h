@@ -12,6 +12,7 @@ std::vector<ui::Control*> visibleControls(const ui::Container& container);
 
 /// Goes once through everything that a container shows: types into each box, ticks, chooses, and
 /// presses each button. Dialogs that a button opens are filled in the same way and accepted.
-void useEverything(Desk& desk, const ui::Container& container);
+/// Returns how many dialogs were opened.
+int useEverything(Desk& desk, const ui::Container& container);
 
 }  // namespace tillora::testing
