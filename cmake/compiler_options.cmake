@@ -43,6 +43,11 @@ if(TILLORA_SANITIZE)
   target_link_options(tillora_options INTERFACE -fsanitize=address ${undefined})
 endif()
 
+option(TILLORA_FUZZ "Build the targets of the fuzzer instead of the tests (Clang only)" OFF)
+if(TILLORA_FUZZ)
+  target_compile_options(tillora_checked INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-O1;-fsanitize=fuzzer-no-link>)
+endif()
+
 if(WIN32)
   target_compile_definitions(tillora_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601 WINVER=0x0601)

@@ -1,8 +1,24 @@
+# What lets memory and disks fail on purpose.
+tillora_sources(failures FOLDERS tests/testing/memory tests/reliability)
+list(REMOVE_ITEM failures ${native_tests})
 tillora_program(native_tests
-  SOURCES ${native_tests}
+  SOURCES ${native_tests} ${failures}
   LINK tillora_testing tillora_shop tillora_core gtest_main)
 tillora_together(native_tests REUSE tillora_testing)
 tillora_unit_test_shards(native_tests 2)
+
+# tillora_long_test(<test> <filter>): tests that sample in the everyday run, gone through in full (docs/reliability.md):
+# ctest --preset native -C long -L long.
+function(tillora_long_test test filter)
+  add_test(NAME ${test} CONFIGURATIONS long
+    COMMAND native_tests --gtest_filter=${filter}
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set_tests_properties(${test} PROPERTIES LABELS long TIMEOUT 100000 ENVIRONMENT TILLORA_LONG=1)
+endfunction()
+tillora_long_test(long.disk "FailingDisk*")
+tillora_long_test(long.shop_memory "FailingMemoryOfShop*")
+tillora_long_test(long.dialog_memory "FailingMemoryTest*:*FailingMemoryOnTab*")
+tillora_long_test(long.random_user "RandomUser*")
 
 # Checks of the sources and documents run once for all presets.
 file(GLOB documents RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS
@@ -22,6 +38,7 @@ if(TILLORA_MCS)
     -r:Microsoft.CSharp clients/csharp/Program.cs)
 endif()
 tillora_check(layers tools/layers.py)
+tillora_check(callbacks tools/callbacks.py)
 tillora_check(formatting tools/format.sh --check)
 tillora_check(shell tools/shellcheck.sh)
 tillora_lint(native)

@@ -1,7 +1,8 @@
 tillora_windows_program(drive FOLDER tools/drive LINK tillora_testing)
 tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
+tillora_sources(failing_memory FOLDERS tests/testing/memory)
 tillora_program(windows_tests
-  SOURCES ${windows_tests} ${shared_tests}
+  SOURCES ${windows_tests} ${shared_tests} ${failing_memory}
   LINK tillora_testing tillora_host_automation tillora_automation
        tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
        tillora_windows_libraries gtest_main)

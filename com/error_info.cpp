@@ -12,16 +12,22 @@
 namespace tillora::win32 {
 namespace {
 
+void requireMemory(HRESULT result) {
+  if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+}
+
 void setErrorObject(const IID& interfaceId, const Error& failure, const char16_t* ownSource) {
   ComPtr<ICreateErrorInfo> error;
-  if (FAILED(CreateErrorInfo(error.out()))) return;
+  requireMemory(CreateErrorInfo(error.out()));
+  if (!error) return;
   // The setters copy the texts, but take them as non-const in some platform headers.
   error->SetGUID(interfaceId);
   const Text source = failure.source().empty() ? Text(ownSource) : failure.source();
-  error->SetSource(const_cast<wchar_t*>(wide(nulsAsBlanks(source))));
-  error->SetDescription(const_cast<wchar_t*>(wide(nulsAsBlanks(failure.description()))));
+  requireMemory(error->SetSource(const_cast<wchar_t*>(wide(nulsAsBlanks(source)))));
+  requireMemory(
+      error->SetDescription(const_cast<wchar_t*>(wide(nulsAsBlanks(failure.description())))));
   if (!failure.helpFile().empty()) {
-    error->SetHelpFile(const_cast<wchar_t*>(wide(failure.helpFile())));
+    requireMemory(error->SetHelpFile(const_cast<wchar_t*>(wide(failure.helpFile()))));
   }
   error->SetHelpContext(failure.helpContext());
   if (const auto info = error.query<IErrorInfo>()) SetErrorInfo(0, info.get());
@@ -41,7 +47,6 @@ HRESULT report(const IID& interfaceId, const char16_t* ownSource) {
     setErrorObject(interfaceId, failure, ownSource);
     return failure.number() < 0 ? failure.number() : E_FAIL;
   } catch (const std::bad_alloc&) {
-    SetErrorInfo(0, nullptr);
     return E_OUTOFMEMORY;
   } catch (const std::exception& failure) {
     setErrorObject(interfaceId, Error(E_FAIL, asciiText(failure.what())), ownSource);
@@ -52,6 +57,7 @@ HRESULT report(const IID& interfaceId, const char16_t* ownSource) {
 }  // namespace
 
 HRESULT reportCurrentException(const IID& interfaceId, const char16_t* ownSource) noexcept {
+  SetErrorInfo(0, nullptr);  // an earlier failure's
   try {
     return report(interfaceId, ownSource);
   } catch (const std::bad_alloc&) {  // while the report was made

@@ -4,7 +4,6 @@
 
 #include <oleauto.h>
 
-#include <array>
 #include <cstdint>
 #include <type_traits>
 #include <utility>
@@ -75,22 +74,28 @@ class Variant {
 
 /// The automation value; none is Empty.
 inline Variant toVariant(const Value& value) {
-  return std::visit(
-      []<class Held>(const Held& held) {
-        if constexpr (std::is_same_v<Held, std::monostate>) {
-          return Variant();
-        } else {
-          return Variant(held);
-        }
-      },
-      value);
+  return value.visit([]<class Held>(const Held& held) {
+    if constexpr (std::is_same_v<Held, std::monostate>) {
+      return Variant();
+    } else {
+      return Variant(held);
+    }
+  });
 }
 
 /// The type of the automation value.
 inline VARTYPE variantType(const Value& value) {
-  constexpr std::array<VARTYPE, std::variant_size_v<Value>> kTypes = {
-      VT_EMPTY, VT_BOOL, VT_UI1, VT_I2, VT_I4, VT_R4, VT_CY, VT_BSTR};
-  return kTypes.at(value.index());
+  struct Type {
+    VARTYPE operator()(std::monostate) const { return VT_EMPTY; }
+    VARTYPE operator()(bool) const { return VT_BOOL; }
+    VARTYPE operator()(std::uint8_t) const { return VT_UI1; }
+    VARTYPE operator()(std::int16_t) const { return VT_I2; }
+    VARTYPE operator()(std::int32_t) const { return VT_I4; }
+    VARTYPE operator()(float) const { return VT_R4; }
+    VARTYPE operator()(Money) const { return VT_CY; }
+    VARTYPE operator()(const Text&) const { return VT_BSTR; }
+  };
+  return value.visit(Type{});
 }
 
 /// The value of an automation value of one of these types; none for any other.

@@ -25,24 +25,22 @@ std::int32_t checkedLong(std::int64_t number, const Column& column, TextView obj
 }  // namespace
 
 Value columnValue(const Value& value, const Column& column, TextView object) {
-  return std::visit(
-      [&](const auto& held) -> Value {
-        using Held = std::decay_t<decltype(held)>;
-        if constexpr (std::is_same_v<Held, std::monostate>) {
-          return {};
-        } else if constexpr (std::is_same_v<Held, Text>) {
-          if (column.field.type != FieldType::Text) mismatch(column, object);
-          return held;
-        } else if constexpr (std::is_integral_v<Held>) {
-          if (column.field.type == FieldType::Text) mismatch(column, object);
-          if (column.field.type == FieldType::Boolean) return held != Held{};
-          if constexpr (std::is_same_v<Held, bool>) return std::int32_t{held ? -1 : 0};
-          return std::int32_t{held};
-        } else {
-          mismatch(column, object);
-        }
-      },
-      value);
+  return value.visit([&](const auto& held) -> Value {
+    using Held = std::decay_t<decltype(held)>;
+    if constexpr (std::is_same_v<Held, std::monostate>) {
+      return {};
+    } else if constexpr (std::is_same_v<Held, Text>) {
+      if (column.field.type != FieldType::Text) mismatch(column, object);
+      return held;
+    } else if constexpr (std::is_integral_v<Held>) {
+      if (column.field.type == FieldType::Text) mismatch(column, object);
+      if (column.field.type == FieldType::Boolean) return held != Held{};
+      if constexpr (std::is_same_v<Held, bool>) return std::int32_t{held ? -1 : 0};
+      return std::int32_t{held};
+    } else {
+      mismatch(column, object);
+    }
+  });
 }
 
 Value readColumn(const Statement& statement, int index, const Column& column, TextView object) {
@@ -59,11 +57,11 @@ Value readColumn(const Statement& statement, int index, const Column& column, Te
 }
 
 void bindColumn(Statement& statement, int parameter, const Value& value) {
-  if (const auto* text = std::get_if<Text>(&value)) {
+  if (const auto* text = value.as<Text>()) {
     statement.bind(parameter, TextView(*text));
-  } else if (const auto* truth = std::get_if<bool>(&value)) {
+  } else if (const auto* truth = value.as<bool>()) {
     statement.bind(parameter, std::int64_t{*truth});
-  } else if (const auto* number = std::get_if<std::int32_t>(&value)) {
+  } else if (const auto* number = value.as<std::int32_t>()) {
     statement.bind(parameter, std::int64_t{*number});
   } else {
     statement.bindNull(parameter);

@@ -68,7 +68,7 @@ class Parser {
   }
 
   Value converted(Value value, const Column& column) const {
-    const bool isText = std::holds_alternative<Text>(value);
+    const bool isText = value.is<Text>();
     if (isText != (column.field.type == FieldType::Text)) {
       fail(shop_error::criteriaType, shop_object::database,
            Text(u"The field '") + column.field.name + u"' cannot equal such a value (criteria: " +
@@ -77,10 +77,10 @@ class Parser {
     if (isText) return value;
     // True is -1 as a number, and every number but 0 is True.
     if (column.field.type == FieldType::Boolean) {
-      if (const auto* number = std::get_if<std::int32_t>(&value)) return *number != 0;
+      if (const auto* number = value.as<std::int32_t>()) return *number != 0;
       return value;
     }
-    if (const auto* truth = std::get_if<bool>(&value)) {
+    if (const auto* truth = value.as<bool>()) {
       return std::int32_t{*truth ? -1 : 0};
     }
     return value;
@@ -111,12 +111,12 @@ void Criteria::bind(Statement& statement) const {
   int parameter = 0;
   for (const Value& value : values_) {
     ++parameter;
-    if (const auto* text = std::get_if<Text>(&value)) {
+    if (const auto* text = value.as<Text>()) {
       statement.bind(parameter, TextView(*text));
-    } else if (const auto* truth = std::get_if<bool>(&value)) {
+    } else if (const auto* truth = value.as<bool>()) {
       statement.bind(parameter, std::int64_t{*truth});
     } else {
-      statement.bind(parameter, std::int64_t{std::get<std::int32_t>(value)});
+      statement.bind(parameter, std::int64_t{value.get<std::int32_t>()});
     }
   }
 }

@@ -52,8 +52,8 @@ struct Shown {
 bool isPassword(const OptionInfo& option) { return TextView(option.name).starts_with(u"Password"); }
 
 Text shownValue(const OptionInfo& option, const Value& value) {
-  if (!isPassword(option)) return std::visit(Shown{}, value);
-  const auto* const password = std::get_if<Text>(&value);
+  if (!isPassword(option)) return value.visit(Shown{});
+  const auto* const password = value.as<Text>();
   return password != nullptr && !password->empty() ? u"(set)" : u"(not set)";
 }
 

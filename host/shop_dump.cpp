@@ -1,7 +1,6 @@
 #include "host/shop_dump.h"
 
-#include <iomanip>
-#include <sstream>
+#include <ostream>
 #include <string>
 
 #include "component/contract/option_table.h"
@@ -18,23 +17,24 @@ namespace {
 
 /// A text in double quotes on one line.
 std::string inQuotes(TextView text) {
-  std::ostringstream out;
-  out << '"';
+  constexpr const char* kHexadecimal = "0123456789abcdef";
+  std::string out(1, '"');
   for (const char c : toUtf8(text)) {
+    const auto code = static_cast<unsigned char>(c);
     if (c == '"' || c == '\\') {
-      out << '\\' << c;
+      out += {'\\', c};
     } else if (c == '\r') {
-      out << "\\r";
+      out += "\\r";
     } else if (c == '\n') {
-      out << "\\n";
-    } else if (static_cast<unsigned char>(c) < 0x20) {
-      out << "\\x" << std::hex << std::setw(2) << std::setfill('0') << static_cast<int>(c);
+      out += "\\n";
+    } else if (code < 0x20) {
+      out += {'\\', 'x', kHexadecimal[code >> 4], kHexadecimal[code & 0xF]};
     } else {
-      out << c;
+      out += c;
     }
   }
-  out << '"';
-  return out.str();
+  out += '"';
+  return out;
 }
 
 struct Printed {
@@ -49,14 +49,14 @@ struct Printed {
 };
 
 std::string printedOption(const OptionInfo& option, const Value& value) {
-  return isPassword(option) ? toUtf8(shownValue(option, value)) : std::visit(Printed{}, value);
+  return isPassword(option) ? toUtf8(shownValue(option, value)) : value.visit(Printed{});
 }
 
 void dumpOptions(ShopFile& file, std::ostream& out) {
   out << "[options]\n";
   for (const OptionInfo& option : kOptionTable) {
     const Value value = readOption(file, option);
-    if (std::holds_alternative<std::monostate>(value)) continue;
+    if (value.isNone()) continue;
     out << toUtf8(option.name) << " = " << printedOption(option, value) << '\n';
   }
 }
@@ -79,7 +79,7 @@ void dumpTable(ShopFile& file, std::ostream& out, const TableSchema& table) {
     for (const Column& column : table.columns) {
       const Value value = readColumn(rows, index, column, shop_object::database);
       out << (index == 0 ? "" : ", ") << toUtf8(column.field.name) << " = "
-          << std::visit(Printed{}, value);
+          << value.visit(Printed{});
       ++index;
     }
     out << '\n';

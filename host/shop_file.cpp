@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <new>
 #include <thread>
 
@@ -14,6 +15,23 @@ namespace {
 
 /// Limits the prepared statements that criteria of many shapes would pile up.
 constexpr std::size_t kMostStatements = 200;
+
+/// What a line of the check for damage reports. It also has lines for pages that could not be read:
+/// "... failed to get page 7", "... error code=266", "... error code 7".
+int resultOfCheck(TextView line) {
+  constexpr TextView kCode = u"error code";
+  if (line.find(u"failed to get page") != TextView::npos) return SQLITE_IOERR;
+  const std::size_t found = line.find(kCode);
+  if (found == TextView::npos) return SQLITE_CORRUPT;
+  TextView rest = line.substr(found + kCode.size());
+  rest.remove_prefix(std::min(rest.find_first_of(u"0123456789"), rest.size()));
+  int code = 0;
+  for (const char16_t digit : rest.substr(0, 5)) {
+    if (digit < u'0' || digit > u'9') break;
+    code = 10 * code + (digit - u'0');
+  }
+  return code == SQLITE_OK ? SQLITE_CORRUPT : code;
+}
 
 }  // namespace
 
@@ -51,8 +69,15 @@ void ShopFile::connect(std::chrono::milliseconds busyTimeout) {
 }
 
 void ShopFile::checkForDamage() {
-  Statement check = statement("PRAGMA quick_check(1)", shop_object::database);
-  if (check.step() && check.text(0) != u"ok") raise(SQLITE_CORRUPT, shop_object::database);
+  const auto firstLine = [this] {
+    Statement check = statement("PRAGMA quick_check(1)", shop_object::database);
+    return check.step() ? check.text(0) : Text();
+  };
+  constexpr TextView kSound = u"ok";
+  if (firstLine() == kSound) return;
+  // A page may not have been read for lack of memory. If there is none now either, this raises it.
+  const Text line = firstLine();
+  if (line != kSound) raise(resultOfCheck(line), shop_object::database);
 }
 
 void ShopFile::checkOwnership() {
@@ -88,14 +113,25 @@ void ShopFile::close() noexcept {
   statements_.clear();
   connection_.reset();
   saveOwner_ = nullptr;
+  undoing_ = false;
 }
 
 void ShopFile::requireOpen(TextView object) const {
   if (!connection_) fail(shop_error::shopClosed, object, u"The shop database was closed.");
 }
 
-Statement ShopFile::statement(std::string_view sql, TextView object) {
+void ShopFile::requireUsable(TextView object) {
   requireOpen(object);
+  if (!undoing_) return;
+  if (sqlite3_get_autocommit(connection_.get()) == 0) {
+    const int result = sqlite3_exec(connection_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+    if (result != SQLITE_OK) raise(result, object);
+  }
+  undoing_ = false;
+}
+
+Statement ShopFile::statement(std::string_view sql, TextView object) {
+  requireUsable(object);
   auto found = statements_.find(sql);
   if (found == statements_.end()) {
     sqlite3_stmt* prepared = nullptr;
@@ -114,7 +150,7 @@ Statement ShopFile::statement(std::string_view sql, TextView object) {
 }
 
 Statement ShopFile::writingStatement(std::string_view sql, TextView object) {
-  requireOpen(object);
+  requireUsable(object);
   if (saveUndone()) {
     fail(shop_error::saveLost, object,
          u"The save was undone after a failure. Nothing of it is stored; start it again.");
@@ -123,7 +159,7 @@ Statement ShopFile::writingStatement(std::string_view sql, TextView object) {
 }
 
 void ShopFile::execute(const char* sql, TextView object) {
-  requireOpen(object);
+  requireUsable(object);
   const int result = sqlite3_exec(connection_.get(), sql, nullptr, nullptr, nullptr);
   if (result != SQLITE_OK) raise(result, object);
 }
@@ -139,7 +175,7 @@ bool ShopFile::saveUndone() const {
 }
 
 void ShopFile::beginSave(const void* owner, TextView object) {
-  requireOpen(object);
+  requireUsable(object);
   if (saveOwner_ == owner) return;
   if (saveOwner_ != nullptr) {
     fail(shop_error::locked, object,
@@ -159,6 +195,7 @@ void ShopFile::commitSave(const void* owner, TextView object) {
 void ShopFile::abandonSave(const void* owner) noexcept {
   if (saveOwner_ != owner || !connection_) return;
   if (!saveUndone()) sqlite3_exec(connection_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+  undoing_ = sqlite3_get_autocommit(connection_.get()) == 0;
   saveOwner_ = nullptr;
 }
 

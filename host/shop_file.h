@@ -53,7 +53,8 @@ class ShopFile {
   void beginSave(const void* owner, TextView object);
   /// Commits the save of `owner`, if it has one.
   void commitSave(const void* owner, TextView object);
-  /// Undoes the save of `owner`, if it has one.
+  /// Undoes the save of `owner`, if it has one. What cannot be undone at once (memory may have run
+  /// out) is undone before the next use, which fails if that cannot be done either.
   void abandonSave(const void* owner) noexcept;
 
   /// Closes the connection; later uses of it fail.
@@ -70,6 +71,8 @@ class ShopFile {
   void useWriteAheadLog(std::chrono::milliseconds patience);
   bool saveUndone() const;
   void requireOpen(TextView object) const;
+  /// Open, and without the rest of an abandoned save.
+  void requireUsable(TextView object);
 
   struct Closer {
     void operator()(sqlite3* connection) const;
@@ -79,6 +82,7 @@ class ShopFile {
   std::unique_ptr<sqlite3, Closer> connection_;
   std::map<std::string, PreparedStatement, std::less<>> statements_;
   const void* saveOwner_ = nullptr;
+  bool undoing_ = false;  ///< an abandoned save is still to be undone
 };
 
 }  // namespace tillora::host

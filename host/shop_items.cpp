@@ -16,21 +16,22 @@ PaymentItem ItemRows<PaymentItem>::read(const Statement& row) {
 
 template <class T>
 void ShopItems<T>::moveFirst() {
-  lastRowId_ = std::numeric_limits<std::int64_t>::min();
-  fetch();
+  fetch(std::numeric_limits<std::int64_t>::min());
 }
 
 template <class T>
-void ShopItems<T>::fetch() {
-  fetched_.clear();
-  next_ = 0;
+void ShopItems<T>::fetch(std::int64_t afterRowId) {
+  std::vector<T> fetched;
   Statement rows = file_->statement(ItemRows<T>::select, ItemRows<T>::object);
-  rows.bind(1, lastRowId_);
+  rows.bind(1, afterRowId);
   rows.bind(2, kFetch);
   while (rows.step()) {
-    lastRowId_ = rows.integer(0);
-    fetched_.push_back(ItemRows<T>::read(rows));
+    afterRowId = rows.integer(0);
+    fetched.push_back(ItemRows<T>::read(rows));
   }
+  fetched_.swap(fetched);
+  next_ = 0;
+  lastRowId_ = afterRowId;
 }
 
 template <class T>
@@ -49,7 +50,11 @@ void ShopItems<T>::read(Text T::* property, Text& text) {
 template <class T>
 void ShopItems<T>::moveNext() {
   requireItem();
-  if (++next_ == fetched_.size()) fetch();
+  if (next_ + 1 == fetched_.size()) {
+    fetch(lastRowId_);
+  } else {
+    ++next_;
+  }
 }
 
 template class ShopItems<Item>;

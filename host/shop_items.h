@@ -46,7 +46,8 @@ class ShopItems final : public Cursor<T> {
 
  private:
   static constexpr std::int64_t kFetch = 256;
-  void fetch();
+  /// Replaces the batch by the one after this row.
+  void fetch(std::int64_t afterRowId);
   void requireItem() const;
 
   std::shared_ptr<ShopFile> file_;

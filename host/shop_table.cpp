@@ -24,11 +24,13 @@ ShopTable::ShopTable(std::shared_ptr<ShopFile> file, const TableSchema& schema)
 
 bool ShopTable::readRow(Statement& statement) {
   if (!statement.step()) return false;
-  rowId_ = statement.integer(0);
-  for (std::size_t i = 0; i < row_.size(); ++i) {
-    row_[i] =
-        readColumn(statement, static_cast<int>(i) + 1, schema_.columns[i], shop_object::table);
+  std::vector<Value> row(row_.size());
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    row[i] = readColumn(statement, static_cast<int>(i) + 1, schema_.columns[i], shop_object::table);
   }
+  // Only a whole row becomes the current one.
+  row_.swap(row);
+  rowId_ = statement.integer(0);
   position_ = Position::onRow;
   return true;
 }
@@ -82,12 +84,14 @@ void ShopTable::requireRow() const {
 }
 
 void ShopTable::addNew() {
+  editing_ = Editing::none;
   edited_.assign(schema_.columns.size(), Value());
   editing_ = Editing::added;
 }
 
 void ShopTable::edit() {
   requireRow();
+  editing_ = Editing::none;
   edited_ = row_;
   editing_ = Editing::current;
 }
@@ -141,7 +145,7 @@ void ShopTable::updateRow() {
     fail(shop_error::rowDeleted, shop_object::table,
          u"The row was deleted by another program meanwhile.");
   }
-  row_ = edited_;
+  row_.swap(edited_);
 }
 
 void ShopTable::remove() {

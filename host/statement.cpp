@@ -69,9 +69,11 @@ std::int64_t Statement::integer(int column) const {
 double Statement::real(int column) const { return sqlite3_column_double(prepared_, column); }
 
 Text Statement::text(int column) const {
+  if (isNull(column)) return {};
   const void* const data = sqlite3_column_text16(prepared_, column);
+  // Even an empty text has an address, unless there was no memory to convert it.
+  if (data == nullptr) file_.raise(SQLITE_NOMEM, object_);
   const int bytes = sqlite3_column_bytes16(prepared_, column);
-  if (data == nullptr || bytes <= 0) return {};
   return Text(static_cast<const char16_t*>(data),
               static_cast<std::size_t>(bytes) / sizeof(char16_t));
 }

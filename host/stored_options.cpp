@@ -49,21 +49,21 @@ Value storedValue(const Statement& row, const OptionInfo& option) {
 bool holdsTypeOf(const Value& value, OptionType type) {
   switch (type) {
     case OptionType::Text:
-      return std::holds_alternative<Text>(value);
+      return value.is<Text>();
     case OptionType::Long:
-      return std::holds_alternative<std::int32_t>(value);
+      return value.is<std::int32_t>();
     case OptionType::Integer:
-      return std::holds_alternative<std::int16_t>(value);
+      return value.is<std::int16_t>();
     case OptionType::Byte:
-      return std::holds_alternative<std::uint8_t>(value);
+      return value.is<std::uint8_t>();
     case OptionType::Single:
-      return std::holds_alternative<float>(value);
+      return value.is<float>();
     case OptionType::Currency:
-      return std::holds_alternative<Money>(value);
+      return value.is<Money>();
     case OptionType::Boolean:
       break;
   }
-  return std::holds_alternative<bool>(value);
+  return value.is<bool>();
 }
 
 void forget(ShopFile& file, const OptionInfo& option) {
@@ -82,7 +82,7 @@ Value readOption(ShopFile& file, const OptionInfo& option) {
 }
 
 void writeOption(ShopFile& file, const OptionInfo& option, const Value& value) {
-  if (std::holds_alternative<std::monostate>(value)) {
+  if (value.isNone()) {
     forget(file, option);
     return;
   }
@@ -92,20 +92,18 @@ void writeOption(ShopFile& file, const OptionInfo& option, const Value& value) {
       "ON CONFLICT (Name) DO UPDATE SET Value = excluded.Value",
       shop_object::options);
   row.bind(1, TextView(option.name));
-  std::visit(
-      [&row](const auto& held) {
-        using Held = std::decay_t<decltype(held)>;
-        if constexpr (std::is_same_v<Held, Text>) {
-          row.bind(2, TextView(held));
-        } else if constexpr (std::is_same_v<Held, Money>) {
-          row.bind(2, held.tenThousandths);
-        } else if constexpr (std::is_same_v<Held, float>) {
-          row.bind(2, double{held});
-        } else if constexpr (std::is_integral_v<Held>) {
-          row.bind(2, std::int64_t{held});
-        }
-      },
-      value);
+  value.visit([&row](const auto& held) {
+    using Held = std::decay_t<decltype(held)>;
+    if constexpr (std::is_same_v<Held, Text>) {
+      row.bind(2, TextView(held));
+    } else if constexpr (std::is_same_v<Held, Money>) {
+      row.bind(2, held.tenThousandths);
+    } else if constexpr (std::is_same_v<Held, float>) {
+      row.bind(2, double{held});
+    } else if constexpr (std::is_integral_v<Held>) {
+      row.bind(2, std::int64_t{held});
+    }
+  });
   row.execute();
 }
 

@@ -1,8 +1,8 @@
 #include "host/value_text.h"
 
+#include <array>
+#include <charconv>
 #include <cstdint>
-#include <iomanip>
-#include <sstream>
 
 namespace tillora::host {
 
@@ -12,16 +12,16 @@ std::string amountText(Money amount) {
   // The magnitude of the most negative amount fits only without a sign.
   const auto magnitude = negative ? 0 - static_cast<std::uint64_t>(amount.tenThousandths)
                                   : static_cast<std::uint64_t>(amount.tenThousandths);
-  std::ostringstream out;
-  out << (negative ? "-" : "") << magnitude / kUnit << '.' << std::setw(4) << std::setfill('0')
-      << magnitude % kUnit;
-  return out.str();
+  const std::string fraction = std::to_string(magnitude % kUnit);
+  return (negative ? "-" : "") + std::to_string(magnitude / kUnit) + '.' +
+         std::string(4 - fraction.size(), '0') + fraction;
 }
 
 std::string singleText(float number) {
-  std::ostringstream out;
-  out << std::setprecision(9) << number;
-  return out.str();
+  std::array<char, 32> text;
+  const auto written =
+      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::general, 9);
+  return {text.data(), written.ptr};
 }
 
 }  // namespace tillora::host

@@ -66,7 +66,7 @@ void PumpGrades::loadGrades() {
   grades_.clear();
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
     const Value key = table->get(fields::grade::GradeNumber);
-    const auto* number = std::get_if<std::int32_t>(&key);
+    const auto* number = key.as<std::int32_t>();
     if (number == nullptr || isListed(*number)) continue;
     Text sold = table->text(fields::grade::Product);
     if (sold.empty()) sold = kNoProduct;

@@ -60,10 +60,40 @@ clsRandomPrice newFormat(std::int32_t prefix, std::int32_t formatId) {
           .msUOMPriceUnitCaption = u"/kg"};
 }
 
+bool isOfNewTable(std::int32_t prefix) {
+  return (prefix >= kFirstPrefix && prefix <= kLastPrefix) || prefix == kExtraPrefix;
+}
+
+/// Takes back the formats of a new table as far as possible: a table with some of them would never
+/// get the others.
+void takeBackNewFormats(Table& table) noexcept {
+  try {
+    for (table.moveFirst(); !table.atEnd(); table.moveNext()) {
+      if (isOfNewTable(table.integer(field::Prefix))) table.remove();
+    }
+  } catch (...) {  // NOLINT(bugprone-empty-catch): what counts is the failure that led here
+  }
+}
+
+/// Adds the formats that a table lacks. If that fails, one without formats stays without any.
+void addMissingFormats(Table& table) {
+  table.moveFirst();
+  const bool isNew = table.atEnd();
+  try {
+    for (std::int32_t prefix = kFirstPrefix; isNew && prefix <= kLastPrefix; ++prefix) {
+      add(table, newFormat(prefix, kUsualFormat));
+    }
+    if (!find(table, kExtraPrefix)) add(table, newFormat(kExtraPrefix, kExtraFormat));
+  } catch (...) {
+    if (isNew) takeBackNewFormats(table);
+    throw;
+  }
+}
+
 /// The format of the current row; none if the row has no prefix.
 std::optional<clsRandomPrice> read(Table& table) {
   const Value prefix = table.get(field::Prefix);
-  const auto* key = std::get_if<std::int32_t>(&prefix);
+  const auto* key = prefix.as<std::int32_t>();
   if (key == nullptr) return std::nullopt;
   clsRandomPrice format;
   format.mlPrefix = *key;
@@ -131,13 +161,7 @@ void RandomPrice::load(OptionsRecord& record) {
 
 void RandomPrice::loadFormats() {
   const auto table = dialog_.database().randomPriceTable();
-  table->moveFirst();
-  if (table->atEnd()) {
-    for (std::int32_t prefix = kFirstPrefix; prefix <= kLastPrefix; ++prefix) {
-      add(*table, newFormat(prefix, kUsualFormat));
-    }
-  }
-  if (!find(*table, kExtraPrefix)) add(*table, newFormat(kExtraPrefix, kExtraFormat));
+  addMissingFormats(*table);
 
   formats_.clear();
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {

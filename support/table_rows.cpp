@@ -7,10 +7,10 @@ namespace tillora {
 std::optional<Text> keyOf(Table& table, Field key) {
   const Value value = table.get(key);
   if (key.type == FieldType::Long) {
-    const auto* number = std::get_if<std::int32_t>(&value);
+    const auto* number = value.as<std::int32_t>();
     return number != nullptr ? std::optional(decimalText(*number)) : std::nullopt;
   }
-  const auto* text = std::get_if<Text>(&value);
+  const auto* text = value.as<Text>();
   return text != nullptr ? std::optional(*text) : std::nullopt;
 }
 

@@ -12,7 +12,7 @@ struct SecretValue {
   SecretValue(const SecretValue&) = delete;
   SecretValue& operator=(const SecretValue&) = delete;
   ~SecretValue() {
-    if (Text* text = std::get_if<Text>(&value)) wipe(*text);
+    if (Text* text = value.as<Text>()) wipe(*text);
   }
   Value value;
 };
@@ -22,7 +22,7 @@ struct SecretValue {
 SecretText OptionsRecord::getSecret(const Option<OptionType::Text>& option) {
   Value value(read(option.id));
   SecretText secret;
-  if (Text* text = std::get_if<Text>(&value)) secret.take(*text);
+  if (Text* text = value.as<Text>()) secret.take(*text);
   return secret;
 }
 
@@ -33,19 +33,19 @@ void OptionsRecord::setSecret(const Option<OptionType::Text>& option, const Secr
 
 Text Table::text(Field field) {
   Value value = get(field);
-  auto* held = std::get_if<Text>(&value);
+  auto* held = value.as<Text>();
   return held != nullptr ? std::move(*held) : Text();
 }
 
 std::int32_t Table::integer(Field field) {
   const Value value = get(field);
-  const auto* held = std::get_if<std::int32_t>(&value);
+  const auto* held = value.as<std::int32_t>();
   return held != nullptr ? *held : 0;
 }
 
 bool Table::boolean(Field field) {
   const Value value = get(field);
-  const auto* held = std::get_if<bool>(&value);
+  const auto* held = value.as<bool>();
   return held != nullptr && *held;
 }
 

@@ -31,8 +31,8 @@ class OptionsRecord {
   template <OptionType type>
   std::optional<typename Option<type>::Type> get(const Option<type>& option) {
     Value value = read(option.id);
-    if (std::holds_alternative<std::monostate>(value)) return std::nullopt;
-    return std::get<typename Option<type>::Type>(std::move(value));
+    if (value.isNone()) return std::nullopt;
+    return std::move(value).template get<typename Option<type>::Type>();
   }
   /// The stored value, or the option's default if nothing is stored.
   template <OptionType type>

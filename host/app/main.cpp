@@ -162,7 +162,7 @@ int run(HINSTANCE program, int show) {
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int nShowCmd) {
   try {
     return run(hInstance, nShowCmd);
-  } catch (const std::exception&) {
+  } catch (...) {
     return 3;
   }
 }

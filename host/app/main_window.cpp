@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "com/wide_text.h"
@@ -61,6 +62,10 @@ MainWindow::MainWindow(HINSTANCE program, Commands commands)
       WS_EX_CONTROLPARENT, kClass, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
       CW_USEDEFAULT, std::min<int>(scaled(kWidth), work.right - work.left),
       std::min<int>(scaled(kHeight), work.bottom - work.top), nullptr, nullptr, program, this);
+  if (window_ == nullptr) {
+    throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
+                            "CreateWindowExW");
+  }
 }
 
 MainWindow::~MainWindow() {
@@ -280,7 +285,7 @@ LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM widePar
     // No exception may reach the system. Commands report their failures themselves; what remains is
     // running out of memory while something is shown.
     MessageBeep(MB_ICONERROR);
-    return 0;
+    return message == WM_CREATE ? -1 : 0;  // there is no window without its controls
   }
 }
 

@@ -39,7 +39,7 @@ Variant OptionsRecordObject::get(DISPID member, const Arguments& arguments) {
   const OptionInfo* const option = findOptionById(member);
   if (option == nullptr) throw CallRefused{DISP_E_MEMBERNOTFOUND};
   const Value value = record_->read(option->option);
-  noValue_ = std::holds_alternative<std::monostate>(value);
+  noValue_ = value.isNone();
   return noValue_ ? win32::toVariant(zeroOf(option->type)) : win32::toVariant(value);
 }
 

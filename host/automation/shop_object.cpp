@@ -52,6 +52,7 @@ Shop& ShopObject::shop() {
 
 Text ShopObject::dump() {
   std::ostringstream out;
+  out.exceptions(std::ios::badbit);  // otherwise it would go on without memory, and leave texts out
   shop().dump(out);
   return fromUtf8(out.str());
 }

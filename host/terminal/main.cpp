@@ -3,7 +3,6 @@
 
 #include <shellapi.h>
 
-#include <exception>
 #include <optional>
 
 #include "com/wide_text.h"
@@ -33,7 +32,7 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int nShowCmd) {
   try {
     host::terminal::TerminalWindow window(hInstance, readCommandLine());
     return window.run(nShowCmd);
-  } catch (const std::exception&) {
+  } catch (...) {
     return 3;
   }
 }

@@ -3,6 +3,7 @@
 #include <oleauto.h>
 
 #include <filesystem>
+#include <system_error>
 
 #include "com/wide_text.h"
 #include "host/options_saved_message.h"
@@ -46,6 +47,10 @@ TerminalWindow::TerminalWindow(HINSTANCE program, const Settings& settings)
   CreateWindowExW(0, kClass, kTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
                   MulDiv(360, dpi, USER_DEFAULT_SCREEN_DPI),
                   MulDiv(220, dpi, USER_DEFAULT_SCREEN_DPI), nullptr, nullptr, program, this);
+  if (window_ == nullptr) {
+    throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
+                            "CreateWindowExW");
+  }
   list_ =
       CreateWindowExW(0, L"LISTBOX", L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT,
                       0, 0, 0, 0, window_, nullptr, program, nullptr);

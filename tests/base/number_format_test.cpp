@@ -117,6 +117,8 @@ TEST(FormatNumber, PercentSignsMultiplyOnce) {
   EXPECT_EQ(format(0.125, u"0%%"), u"13%%");
   EXPECT_EQ(format(0.5, u"%0"), u"%50");
   EXPECT_EQ(format(1e15, u"0%"), u"100000000000000000%");
+  const Text many(150, u'%');
+  EXPECT_EQ(format(0.125, u"0" + many), u"13" + many);
   EXPECT_EQ(format(1.5, u"0" + Text(500, u'%')), u"150" + Text(500, u'%'));
 }
 

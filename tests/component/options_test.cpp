@@ -220,7 +220,7 @@ TEST_F(ShowOptionsTest, FirstUseMakesTheDefaultCurrenciesOnce) {
   open([&](frmOptions&) {});
   open([&](frmOptions&) {});
   ASSERT_EQ(host.currencies.size(), 2U);
-  EXPECT_EQ(std::get<Text>(host.currencies[1].at(u"Name")), u"Foreign");
+  EXPECT_EQ(host.currencies[1].at(u"Name").get<Text>(), u"Foreign");
 }
 
 TEST_F(ShowOptionsTest, FirstUseGoesOnWhenItsCurrenciesFail) {

@@ -242,6 +242,10 @@ class FailingSaveTest : public SaveOptionsTest {
                     {u"Product", Text(u"Fuel:ULP")},
                     {u"Caption", Text(u"Unleaded")}}};
     host.classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
+    // If the load had to write them, it would take them back after a failure.
+    for (std::int32_t prefix = 19; prefix <= 29; ++prefix) {
+      host.randomPrices.push_back({{u"Prefix", prefix == 19 ? 2 : prefix}});
+    }
   }
 
   bool run() {

@@ -55,13 +55,12 @@ class CriteriaTest : public ShopFixture {
   /// Name of the account found, or "-".
   Text account(TextView criteria) {
     accounts_->findFirst(criteria);
-    return accounts_->noMatch() ? u"-" : std::get<Text>(accounts_->get(fields::account::Name));
+    return accounts_->noMatch() ? u"-" : accounts_->get(fields::account::Name).get<Text>();
   }
 
   std::int32_t prefix(TextView criteria) {
     prices_->findFirst(criteria);
-    return prices_->noMatch() ? 0
-                              : std::get<std::int32_t>(prices_->get(fields::randomPrice::Prefix));
+    return prices_->noMatch() ? 0 : prices_->get(fields::randomPrice::Prefix).get<std::int32_t>();
   }
 
   Shop shop_ = open({.seeded = false, .itemCount = std::nullopt});
@@ -162,7 +161,7 @@ TEST_F(CriteriaTest, RefusesAnythingElse) {
     EXPECT_NE(error.description().find(u"Syntax error in criteria at character "), Text::npos);
   }
   // A refused find leaves the current row.
-  EXPECT_EQ(std::get<Text>(accounts_->get(fields::account::Name)), untouched);
+  EXPECT_EQ(accounts_->get(fields::account::Name).get<Text>(), untouched);
 }
 
 TEST_F(CriteriaTest, RefusesFieldsThatTheTableDoesNotHave) {
@@ -227,7 +226,7 @@ TEST_F(CriteriaTest, FindsAThousandRandomTextsByTheirLiterals) {
   for (const Text& text : texts) {
     accounts_->findFirst(u"AccountType='RND' AND [Name] = " + literal(text));
     ASSERT_FALSE(accounts_->noMatch()) << toUtf8(text);
-    ASSERT_EQ(std::get<Text>(accounts_->get(fields::account::Name)), text) << toUtf8(text);
+    ASSERT_EQ(accounts_->get(fields::account::Name).get<Text>(), text) << toUtf8(text);
   }
 }
 

@@ -27,7 +27,7 @@ class ShopTableTest : public ShopFixture {
   static Text urls(Table& table) {
     Text all;
     for (table.moveFirst(); !table.atEnd(); table.moveNext()) {
-      all += std::get<Text>(table.get(site::URL));
+      all += table.get(site::URL).get<Text>();
     }
     return all;
   }
@@ -59,12 +59,12 @@ TEST_F(ShopTableTest, AnEmptyTableIsAtItsEnd) {
 TEST_F(ShopTableTest, FindsARowAndKeepsItWhenNoneMatches) {
   table_->findFirst(u"[URL] = 'b'");
   EXPECT_FALSE(table_->noMatch());
-  EXPECT_EQ(std::get<Text>(table_->get(site::Description)), u"site b");
+  EXPECT_EQ(table_->get(site::Description).get<Text>(), u"site b");
   table_->findFirst(u"[URL] = 'x'");
   EXPECT_TRUE(table_->noMatch());
-  EXPECT_EQ(std::get<Text>(table_->get(site::URL)), u"b");
+  EXPECT_EQ(table_->get(site::URL).get<Text>(), u"b");
   table_->moveNext();
-  EXPECT_EQ(std::get<Text>(table_->get(site::URL)), u"c");
+  EXPECT_EQ(table_->get(site::URL).get<Text>(), u"c");
 }
 
 TEST_F(ShopTableTest, FindsTheNextOnes) {
@@ -86,7 +86,7 @@ TEST_F(ShopTableTest, EditsTheCurrentRow) {
   EXPECT_EQ(table_->get(site::Inactive), Value(true));
   const auto other = shop_.database()->webSiteTable();
   other->findFirst(u"[Inactive] = True");
-  EXPECT_EQ(std::get<Text>(other->get(site::URL)), u"b");
+  EXPECT_EQ(other->get(site::URL).get<Text>(), u"b");
   EXPECT_EQ(urls(*other), u"abc");
 }
 
@@ -109,7 +109,7 @@ TEST_F(ShopTableTest, DeletesAndMovesOn) {
   EXPECT_EQ(errorOf([&] { table_->get(site::URL); }).number(), shop_error::rowDeleted);
   EXPECT_EQ(errorOf([&] { table_->remove(); }).number(), shop_error::rowDeleted);
   table_->moveNext();
-  EXPECT_EQ(std::get<Text>(table_->get(site::URL)), u"c");
+  EXPECT_EQ(table_->get(site::URL).get<Text>(), u"c");
   table_->remove();
   table_->moveNext();
   EXPECT_TRUE(table_->atEnd());
@@ -164,7 +164,7 @@ TEST_F(ShopTableTest, NoticesThatAnotherProgramDeletedTheRow) {
   table_->set(site::Description, Text(u"changed"));
   EXPECT_EQ(errorOf([&] { table_->update(); }).number(), shop_error::rowDeleted);
   table_->moveNext();
-  EXPECT_EQ(std::get<Text>(table_->get(site::URL)), u"c");
+  EXPECT_EQ(table_->get(site::URL).get<Text>(), u"c");
 }
 
 TEST_F(ShopTableTest, RowsAddedOutsideASaveAreCommittedAtOnce) {
@@ -190,7 +190,7 @@ TEST_F(ShopTableTest, KeepsEveryTextAsItIs) {
   table_->findFirst(u"[URL] = 'c'");
   for (const Text& text : texts) {
     table_->moveNext();
-    EXPECT_EQ(std::get<Text>(table_->get(site::URL)), text);
+    EXPECT_EQ(table_->get(site::URL).get<Text>(), text);
   }
 }
 

@@ -23,7 +23,7 @@ class ShopTest : public ShopFixture {
   static std::set<Text> accountNames(const Shop& shop) {
     std::set<Text> names;
     for (const auto table = shop.database()->accountTable(); !table->atEnd(); table->moveNext()) {
-      names.insert(std::get<Text>(table->get(fields::account::Name)));
+      names.insert(table->get(fields::account::Name).get<Text>());
     }
     return names;
   }
@@ -44,8 +44,8 @@ TEST_F(ShopTest, SeedsABelievableShop) {
   int longNames = 0;
   bool chosenClassIsListed = false;
   for (; !classes->atEnd(); classes->moveNext()) {
-    const Text name = std::get<Text>(classes->get(fields::class_::Name));
-    if (std::get<bool>(classes->get(fields::class_::Hidden))) {
+    const Text name = classes->get(fields::class_::Name).get<Text>();
+    if (classes->get(fields::class_::Hidden).get<bool>()) {
       ++hidden;
       continue;
     }
@@ -76,10 +76,10 @@ TEST_F(ShopTest, SeedsItemsOfEveryKind) {
     withoutGroup += item.group.empty() ? 1 : 0;
     bool found = false;
     for (accounts->moveFirst(); !accounts->atEnd(); accounts->moveNext()) {
-      if (std::get<Text>(accounts->get(fields::account::Name)) != item.account) continue;
+      if (accounts->get(fields::account::Name).get<Text>() != item.account) continue;
       found = true;
-      Text kind = std::get<Text>(accounts->get(fields::account::AccountType));
-      if (std::get<bool>(accounts->get(fields::account::Inactive))) kind += u" inactive";
+      Text kind = accounts->get(fields::account::AccountType).get<Text>();
+      if (accounts->get(fields::account::Inactive).get<bool>()) kind += u" inactive";
       ++otherChargeAccounts[kind];
     }
     if (!found) ++otherChargeAccounts[u"missing"];
@@ -101,8 +101,8 @@ TEST_F(ShopTest, SeedsAccountsOfEveryKind) {
   int inactive = 0;
   for (const auto accounts = shop.database()->accountTable(); !accounts->atEnd();
        accounts->moveNext()) {
-    ++kinds[std::get<Text>(accounts->get(fields::account::AccountType))];
-    inactive += std::get<bool>(accounts->get(fields::account::Inactive)) ? 1 : 0;
+    ++kinds[accounts->get(fields::account::AccountType).get<Text>()];
+    inactive += accounts->get(fields::account::Inactive).get<bool>() ? 1 : 0;
   }
   EXPECT_EQ(kinds, (std::map<Text, int>{
                        {u"INC", 7}, {u"BANK", 2}, {u"AR", 1}, {u"EXP", 2}, {u"LIAB", 3}}));
@@ -143,11 +143,11 @@ TEST_F(ShopTest, ThePartsOfASeededShopFitTogether) {
 
   std::int32_t number = 0;
   for (const auto grades = shop.database()->gradeTable(); !grades->atEnd(); grades->moveNext()) {
-    EXPECT_EQ(std::get<std::int32_t>(grades->get(fields::grade::GradeNumber)), ++number);
-    const Text product = std::get<Text>(grades->get(fields::grade::Product));
+    EXPECT_EQ(grades->get(fields::grade::GradeNumber).get<std::int32_t>(), ++number);
+    const Text product = grades->get(fields::grade::Product).get<Text>();
     const bool isAssigned = names.contains(product);
     EXPECT_TRUE(isAssigned || product == u"(None)") << toUtf8(product);
-    EXPECT_EQ(std::get<Text>(grades->get(fields::grade::Caption)).empty(), !isAssigned);
+    EXPECT_EQ(grades->get(fields::grade::Caption).get<Text>().empty(), !isAssigned);
   }
   EXPECT_EQ(number, 4);
 
@@ -160,9 +160,9 @@ TEST_F(ShopTest, SeedsWebSitesThatAreUsedAndOnesThatAreNot) {
   const auto sites = shop.database()->webSiteTable();
   std::vector<bool> inactive;
   for (; !sites->atEnd(); sites->moveNext()) {
-    EXPECT_FALSE(std::get<Text>(sites->get(fields::webSite::Description)).empty());
-    EXPECT_TRUE(std::get<Text>(sites->get(fields::webSite::URL)).starts_with(u"https://"));
-    inactive.push_back(std::get<bool>(sites->get(fields::webSite::Inactive)));
+    EXPECT_FALSE(sites->get(fields::webSite::Description).get<Text>().empty());
+    EXPECT_TRUE(sites->get(fields::webSite::URL).get<Text>().starts_with(u"https://"));
+    inactive.push_back(sites->get(fields::webSite::Inactive).get<bool>());
   }
   EXPECT_EQ(inactive, (std::vector<bool>{false, true}));
 }

@@ -17,7 +17,7 @@ class TableRows : public ::testing::Test {
   std::vector<Text> descriptions() const {
     std::vector<Text> found;
     for (const FakeRow& row : host.webSites) {
-      found.push_back(std::get<Text>(row.at(u"Description")));
+      found.push_back(row.at(u"Description").get<Text>());
     }
     return found;
   }

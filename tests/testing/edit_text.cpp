@@ -37,6 +37,21 @@ int lineEnd(const Text& text, int at) {
   return at;
 }
 
+bool isBlank(const Text& text, int at) { return text[static_cast<std::size_t>(at)] <= u' '; }
+
+/// The start of the word at or before a position; of the next one after it.
+int wordBefore(const Text& text, int at) {
+  while (at > 0 && isBlank(text, at - 1)) --at;
+  while (at > 0 && !isBlank(text, at - 1)) --at;
+  return at;
+}
+int wordAfter(const Text& text, int at) {
+  const int size = static_cast<int>(text.size());
+  while (at < size && !isBlank(text, at)) ++at;
+  while (at < size && isBlank(text, at)) ++at;
+  return at;
+}
+
 void deleteBack(TextBox& box) {
   if (box.selLength() > 0) {
     replaceSelection(box, box.selStart(), box.selLength(), {});
@@ -90,29 +105,26 @@ void moveCaret(TextBox& box, Key key, ui::Modifiers modifiers) {
   const bool selects = modifiers.shift;
   switch (key) {
     case Key::home: {
-      const int home = lineStart(box.text(), start);
+      const int home = modifiers.ctrl ? 0 : lineStart(box.text(), start);
       box.userSelected(home, selects ? end - home : 0);
       break;
     }
     case Key::end: {
-      const int last = lineEnd(box.text(), end);
+      const int last = modifiers.ctrl ? length(box) : lineEnd(box.text(), end);
       box.userSelected(selects ? start : last, selects ? last - start : 0);
       break;
     }
-    case Key::left:
-      if (selects) {
-        box.userSelected(std::max(0, start - 1), end - std::max(0, start - 1));
-      } else {
-        box.userSelected(std::max(0, end - 1), 0);
-      }
+    case Key::left: {
+      const int from = selects ? start : end;
+      const int to = modifiers.ctrl ? wordBefore(box.text(), from) : std::max(0, from - 1);
+      box.userSelected(to, selects ? end - to : 0);
       break;
-    case Key::right:
-      if (selects) {
-        box.userSelected(start, std::min(length(box), end + 1) - start);
-      } else {
-        box.userSelected(std::min(length(box), end + 1), 0);
-      }
+    }
+    case Key::right: {
+      const int to = modifiers.ctrl ? wordAfter(box.text(), end) : std::min(length(box), end + 1);
+      box.userSelected(selects ? start : to, selects ? to - start : 0);
       break;
+    }
     default:
       break;
   }

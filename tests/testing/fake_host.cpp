@@ -47,12 +47,13 @@ class FakeRecord final : public OptionsRecord, Counted {
   }
   void commit() override {
     host_.called("commit");
-    host_.stored = written_;
+    auto committed = written_;
+    host_.stored.swap(committed);  // all or nothing, even if memory runs out
   }
 
  private:
   void disguise(Value& value) const {
-    Text* text = std::get_if<Text>(&value);
+    Text* text = value.as<Text>();
     if (host_.storesReversed && text != nullptr) std::ranges::reverse(*text);
   }
 
@@ -60,9 +61,9 @@ class FakeRecord final : public OptionsRecord, Counted {
 };
 
 Text literalOf(const Value& value) {
-  if (const auto* text = std::get_if<Text>(&value)) return QuoteJetLiteral(*text);
-  if (const auto* flag = std::get_if<bool>(&value)) return Text(jetBoolean(*flag));
-  const auto* number = std::get_if<std::int32_t>(&value);
+  if (const auto* text = value.as<Text>()) return QuoteJetLiteral(*text);
+  if (const auto* flag = value.as<bool>()) return Text(jetBoolean(*flag));
+  const auto* number = value.as<std::int32_t>();
   return number != nullptr ? decimalText(*number) : Text(u"Null");  // which no criteria ask for
 }
 
@@ -94,12 +95,12 @@ bool satisfies(const FakeRow& row, TextView criteria) {
 class FakeTable final : public Table, Counted {
  public:
   FakeTable(FakeHost& host, std::string name, std::vector<FakeRow>& rows)
-      : Counted(host), name_(std::move(name)), rows_(rows) {
-    if (host.keepsTables) row_ = host.tablePositions[name_];
+      : Counted(host), name_(std::move(name)), rows_(rows), left_(host.tablePositions[name_]) {
+    if (host.keepsTables) row_ = left_;
   }
   FakeTable(const FakeTable&) = delete;
   FakeTable& operator=(const FakeTable&) = delete;
-  ~FakeTable() override { host_.tablePositions[name_] = row_; }
+  ~FakeTable() override { left_ = row_; }
 
   void moveFirst() override {
     step();
@@ -130,6 +131,7 @@ class FakeTable final : public Table, Counted {
   void edit() override {
     step();
     written("edit");
+    editing_ = Editing::none;
     edited_ = rows_.at(row_);
     editing_ = Editing::current;
   }
@@ -144,7 +146,7 @@ class FakeTable final : public Table, Counted {
         rows_.push_back(edited_);
         break;
       case Editing::current:
-        rows_.at(row_) = edited_;
+        rows_.at(row_).swap(edited_);
         break;
     }
   }
@@ -191,6 +193,7 @@ class FakeTable final : public Table, Counted {
 
   std::string name_;
   std::vector<FakeRow>& rows_;
+  std::size_t& left_;
   FakeRow edited_;
   std::size_t row_ = 0;
   Editing editing_ = Editing::none;

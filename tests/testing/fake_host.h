@@ -96,7 +96,7 @@ class FakeHost {
   /// The stored value; fails the test with bad_variant_access or out_of_range if there is none.
   template <OptionType type>
   typename Option<type>::Type value(const Option<type>& option) const {
-    return std::get<typename Option<type>::Type>(stored.at(option.id));
+    return stored.at(option.id).template get<typename Option<type>::Type>();
   }
 
   /// Records a call and fails if it is to.

@@ -24,15 +24,12 @@ bool isLetterOrDigit(Key key) {
 
 char16_t characterOf(Key key, ui::Modifiers modifiers) {
   if (key == Key::backspace && modifiers.ctrl) return ui::kDeleteCharacter;
-  if (modifiers.ctrl || key == Key::enter || key == Key::tab) {
-    const auto code = static_cast<char16_t>(key);
-    return isLetterOrDigit(key) && code >= u'A' ? static_cast<char16_t>(code - u'A' + 1) : code;
-  }
-  if (key == Key::backspace || key == Key::escape || key == Key::space) {
-    return static_cast<char16_t>(key);
-  }
-  if (!isLetterOrDigit(key)) return 0;
   const auto code = static_cast<char16_t>(key);
+  const bool types = key == Key::backspace || key == Key::escape || key == Key::space ||
+                     key == Key::enter || key == Key::tab;
+  if (types) return code;
+  if (!isLetterOrDigit(key)) return 0;
+  if (modifiers.ctrl) return code >= u'A' ? static_cast<char16_t>(code - u'A' + 1) : u'\0';
   return modifiers.shift || code <= u'9' ? code : lowerCase(code);
 }
 

@@ -115,7 +115,7 @@ LRESULT ControlView::message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                        UINT_PTR id, DWORD_PTR data) {
+                                        UINT_PTR id, DWORD_PTR data) noexcept {
   auto& view = *reinterpret_cast<ControlView*>(data);
   if (message == WM_NCDESTROY) {
     view.formWindow_.leave(window);

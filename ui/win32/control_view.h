@@ -110,7 +110,7 @@ class ControlView {
   Form& form() const;
   bool takesInput() const;
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR data);
+                                    UINT_PTR id, DWORD_PTR data) noexcept;
 
   FormWindow& formWindow_;
   Control& control_;

@@ -95,7 +95,8 @@ class FormWindow final : public FormView {
  private:
   static constexpr UINT kReconcileFocus = WM_APP + 1;
 
-  static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept;
   std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
   void fail(std::exception_ptr failure) noexcept;
   void close();

@@ -10,7 +10,7 @@
 namespace tillora::ui::win32 {
 namespace {
 
-BOOL CALLBACK forwardColourChange(HWND window, LPARAM /*unused*/) {
+BOOL CALLBACK forwardColourChange(HWND window, LPARAM /*unused*/) noexcept {
   SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
   return TRUE;
 }
@@ -142,7 +142,8 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
   }
 }
 
-INT_PTR CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
+                                       LPARAM lParam) noexcept {
   if (message == WM_INITDIALOG) {
     SetWindowLongPtrW(window, DWLP_USER, lParam);
     return FALSE;

@@ -16,7 +16,7 @@ BOOL CALLBACK collect(HWND window, LPARAM collected) noexcept {
   auto& all = *reinterpret_cast<Collected*>(collected);
   try {
     all.windows.push_back(window);
-  } catch (const std::bad_alloc&) {
+  } catch (...) {
     all.failed = true;
   }
   return !all.failed;

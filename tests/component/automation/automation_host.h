@@ -52,7 +52,7 @@ class AutomationHost {
     Passing(const Passing&) = delete;
     Passing& operator=(const Passing&) = delete;
     ~Passing() {
-      if (auto* text = std::get_if<Text>(&value)) wipe(*text);
+      if (auto* text = value.as<Text>()) wipe(*text);
     }
     Value value;
   };
@@ -79,7 +79,7 @@ class AutomationHost {
           return Variant();
         }
         const Passing stored(record->read(info.option));
-        *missing = stored.value.index() == 0 && !missingIsEmpty;
+        *missing = stored.value.isNone() && !missingIsEmpty;
         return *missing ? zero(info.type) : win32::toVariant(stored.value);
       });
     }

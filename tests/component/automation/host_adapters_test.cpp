@@ -256,7 +256,7 @@ TEST_F(HostAdaptersTest, TablesAreFoundReadAndWritten) {
   grades->findFirst(u"[GradeNumber] = 1");
   grades->remove();
   ASSERT_EQ(host.grades.size(), 2U);
-  EXPECT_EQ(std::get<Text>(host.grades.at(0).at(u"Product")), u"Fuel:LPG");
+  EXPECT_EQ(host.grades.at(0).at(u"Product").get<Text>(), u"Fuel:LPG");
 }
 
 TEST_F(HostAdaptersTest, ItemsAreWalked) {

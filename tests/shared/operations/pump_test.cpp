@@ -40,7 +40,7 @@ class PumpTest : public OptionsTest {
   std::vector<std::int32_t> storedNumbers() const {
     std::vector<std::int32_t> numbers;
     for (const FakeRow& row : host.grades) {
-      numbers.push_back(std::get<std::int32_t>(row.at(u"GradeNumber")));
+      numbers.push_back(row.at(u"GradeNumber").get<std::int32_t>());
     }
     return numbers;
   }
@@ -389,7 +389,7 @@ TEST_F(PumpTest, TwelveIsNeverGivenThoughItIsListedAndEditable) {
     });
     user.click(command(dialog, PumpGrades::edit));
   });
-  EXPECT_EQ(std::get<Text>(host.grades[11].at(u"Caption")), u"Console");
+  EXPECT_EQ(host.grades[11].at(u"Caption").get<Text>(), u"Console");
   EXPECT_EQ(storedNumbers(),
             (std::vector<std::int32_t>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}));
 }
@@ -413,7 +413,7 @@ TEST_F(PumpTest, NumbersThatNoGradeShouldHaveAreShownEditableAndKept) {
   expected.push_back(1);
   EXPECT_EQ(storedNumbers(), expected);
   for (std::size_t i = 0; i < numbers.size(); ++i) {
-    EXPECT_EQ(std::get<Text>(host.grades[i].at(u"Caption")), u"seen");
+    EXPECT_EQ(host.grades[i].at(u"Caption").get<Text>(), u"seen");
   }
   EXPECT_EQ(host.callsStarting("find GradeTable")[3], "find GradeTable [GradeNumber] = -1");
 }

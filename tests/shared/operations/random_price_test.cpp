@@ -647,12 +647,47 @@ TEST_F(RandomPriceTest, FirstUseStoresTheFormatsAndTheSwitch) {
 TEST_F(RandomPriceTest, FailuresOfALoadReachTheCallerAndNothingFollows) {
   for (const std::string call : {"get RandomPriceScanningFlags", "RandomPriceTable",
                                  "update RandomPriceTable", "find RandomPriceTable [Prefix] = 2"}) {
-    host.randomPrices.clear();
+    host.randomPrices = {fresh(45)};
     host.calls.clear();
     host.failingCall = call;
     FakeHost::expectFailure([&] { options_.ShowOptions(); });
     EXPECT_EQ(host.calls.back(), call);
   }
+}
+
+TEST_F(RandomPriceTest, FormatsThatCannotAllBeWrittenAreTakenBackAndWrittenByTheNextOpening) {
+  openTab([](frmOptions&) {});
+  const std::vector<std::string> calls = host.calls;
+  const int steps = host.tableSteps;
+  const auto failToOpen = [&] {
+    host.randomPrices.clear();
+    host.calls.clear();
+    host.tableSteps = 0;
+    FakeHost::expectFailure([&] { options_.ShowOptions(); });
+    host.failingNumber = host.failingStep = -1;
+  };
+  int writes = 0;
+  for (std::size_t number = 0; number < calls.size(); ++number) {
+    if (calls[number] != "update RandomPriceTable") continue;
+    ++writes;
+    host.failingNumber = static_cast<int>(number);
+    failToOpen();
+    EXPECT_TRUE(host.randomPrices.empty()) << "write " << writes;
+  }
+  EXPECT_EQ(writes, 11);
+  int incomplete = 0;
+  for (int step = 0; step < steps; ++step) {
+    host.failingStep = step;
+    failToOpen();
+    if (host.randomPrices.empty()) {
+      ++incomplete;
+    } else {
+      EXPECT_EQ(host.randomPrices, freshTable()) << "step " << step;
+    }
+  }
+  EXPECT_GT(incomplete, 11);
+  openTab([](frmOptions&) {});
+  EXPECT_EQ(host.randomPrices, freshTable());
 }
 
 TEST_F(RandomPriceTest, FailuresOfASaveReachTheCallerAndNothingFollows) {

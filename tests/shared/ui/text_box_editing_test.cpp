@@ -242,6 +242,17 @@ TEST_P(TextBoxEditing, TheDeleteCharacterIsNeverTyped) {
   });
 }
 
+TEST_P(TextBoxEditing, HomeAndEndWithCtrlMoveTheCaretAndTypeNothing) {
+  with(u"abcd", [&] {
+    user.press(Key::end, {.ctrl = true});
+    expect(u"abcd", 4);
+    user.press(Key::home, {.ctrl = true});
+    expect(u"abcd", 0);
+    user.press(Key::end, {.shift = true, .ctrl = true});
+    expect(u"abcd", 0, 4);
+  });
+}
+
 TEST_P(TextBoxEditing, AnyCharacterOfThePlatformCanBeTyped) {
   with(u"", [&] {
     user.type(u"\u00e9\u4e2d\u20ac");

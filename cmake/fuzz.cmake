@@ -1,0 +1,20 @@
+# One program for each file of tests/fuzz/, by the fuzzer that comes with Clang: cmake --preset fuzz. Its tests run for
+# TILLORA_FUZZ_SECONDS each, and keep what they made up in build/fuzz/corpus/.
+set(TILLORA_FUZZ_SECONDS 60 CACHE STRING "How long each fuzz test runs")
+tillora_sources(targets FOLDERS tests/fuzz PATTERN "*_fuzz.cpp")
+add_custom_target(fuzz_targets)
+foreach(target IN LISTS targets)
+  get_filename_component(name ${target} NAME_WE)
+  tillora_program(${name} SOURCES ${target} LINK tillora_shop tillora_core)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  add_dependencies(fuzz_targets ${name})
+  set(corpus ${PROJECT_BINARY_DIR}/corpus/${name})
+  file(MAKE_DIRECTORY ${corpus})
+  set(words)
+  if(EXISTS ${PROJECT_SOURCE_DIR}/tests/fuzz/${name}.dict)
+    set(words -dict=${PROJECT_SOURCE_DIR}/tests/fuzz/${name}.dict)
+  endif()
+  add_test(NAME fuzz.${name} CONFIGURATIONS long
+    COMMAND ${name} -max_total_time=${TILLORA_FUZZ_SECONDS} -artifact_prefix=${corpus}- -print_final_stats=1 ${words} ${corpus})
+  set_tests_properties(fuzz.${name} PROPERTIES LABELS long TIMEOUT 100000)
+endforeach()
