@@ -10,7 +10,8 @@ namespace tillora {
 namespace {
 
 constexpr int kNarrowColumnWidth = 1830;
-constexpr int kCellMargin = 225;         // beside a cell's text, both sides together
+constexpr int kCellMargin = 180;  // beside a cell's text, both sides together
+constexpr int kHeaderMargin = 225;
 constexpr int kSmallIcon = 270;          // the icon before the text of the first column
 constexpr std::size_t kMostShown = 259;  // characters that the platform's list shows of a cell
 
@@ -38,11 +39,11 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum)
   const std::size_t end = every ? count : std::min(first + 1, count);
   const std::vector<int> widths = widestTexts(list, first, end);
   for (std::size_t i = first; i < end; ++i) {
-    int width = widths[i];
+    int width = widths[i] + kCellMargin;
     if (fit == ColumnFit::contentsOrHeader) {
-      width = std::max(width, list.form().screen().textWidth(list.columns()[i].header));
+      width =
+          std::max(width, list.form().screen().textWidth(list.columns()[i].header) + kHeaderMargin);
     }
-    width += kCellMargin;
     const bool fills = fit == ColumnFit::contentsOrHeader && i + 1 == count;
     list.setColumnWidth(static_cast<int>(i), width < minimum ? kNarrowColumnWidth : width, fills);
   }

@@ -171,7 +171,7 @@ TEST_F(LayoutTest, AFormIsAsLargeAsItsRowsNeed) {
   rows.block(list, ui::restFromLines(4), ui::characters(5));
   rows.buttons({&ok, &cancel});
   form.load();
-  const int inGroup = 43 * 90 + 300;
+  const int inGroup = 43 * 90 + 77 + 300;
   EXPECT_EQ(form.clientSize().width, inGroup + 2 * 135 + 2 * 150);
   EXPECT_EQ(longest.bounds().width, inGroup);
   EXPECT_EQ(second.bounds().width, 4 * 90 + 105);
@@ -405,12 +405,12 @@ TEST_F(LayoutTest, ControlsHaveThePlatformsSizes) {
   rows.row({label, tick, choice});
   rows.row({ok, wideButton, wide(box, twips(600))});
   rows.place({0, 0, 9000, 6000});
-  EXPECT_EQ(label.bounds(), (Rect{0, 22, 480, 195}));
-  EXPECT_EQ(tick.bounds(), (Rect{570, 0, 660, 240}));
-  EXPECT_EQ(choice.bounds(), (Rect{1320, 0, 660, 240}));
+  EXPECT_EQ(label.bounds(), (Rect{0, 22, 489, 195}));
+  EXPECT_EQ(tick.bounds(), (Rect{579, 0, 667, 240}));
+  EXPECT_EQ(choice.bounds(), (Rect{1336, 0, 667, 240}));
   EXPECT_EQ(ok.bounds(), (Rect{0, 315, 1125, 345}));
-  EXPECT_EQ(wideButton.bounds(), (Rect{1215, 315, 1860, 345}));
-  EXPECT_EQ(box.bounds(), (Rect{3165, 315, 600, 345}));
+  EXPECT_EQ(wideButton.bounds(), (Rect{1215, 315, 1892, 345}));
+  EXPECT_EQ(box.bounds(), (Rect{3197, 315, 600, 345}));
   EXPECT_EQ(rows.height(8700), 660);
   EXPECT_EQ(ui::fieldHeight(form), 345);
   EXPECT_EQ(ui::fieldHeight(form, 3), 735);
@@ -422,8 +422,8 @@ TEST_F(LayoutTest, APageKeepsThePlatformsDistances) {
   rows.row({wide(second, twips(1000)), fill(third)}, 300);
   rows.block(list, twips(2000));
   form.layOut();
-  EXPECT_EQ(label.bounds(), (Rect{150, 225, 480, 195}));
-  EXPECT_EQ(box.bounds(), (Rect{720, 150, 8130, 345}));
+  EXPECT_EQ(label.bounds(), (Rect{150, 225, 489, 195}));
+  EXPECT_EQ(box.bounds(), (Rect{729, 150, 8121, 345}));
   EXPECT_EQ(second.bounds(), (Rect{450, 630, 1000, 345}));
   EXPECT_EQ(third.bounds(), (Rect{1540, 630, 7310, 345}));
   EXPECT_EQ(list.bounds(), (Rect{150, 1050, 8700, 2000}));
