@@ -3,11 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include <utility>
-
 #include "com/module.h"
 #include "ui/win32/form_window.h"
-#include "ui/win32/tab_body.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
@@ -77,13 +74,6 @@ void ControlView::show(Property what) {
     default:
       break;
   }
-}
-
-void ControlView::themeIfReadable() {
-  const bool plain = !isThemeReadable(GetParent(window_));
-  if (std::exchange(plain_, plain) == plain) return;
-  const wchar_t* const none = plain ? L"" : nullptr;
-  SetWindowTheme(window_, none, none);
 }
 
 void ControlView::showFont() {

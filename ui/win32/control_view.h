@@ -66,8 +66,6 @@ class ControlView {
   /// tip.
   void createWindow(HWND parent, const Style& style);
   virtual RECT pixelBounds() const;
-  /// Leaves the theme to the window only where its texts can be read.
-  void themeIfReadable();
   /// The text of a new window: the caption, or what kinds without one show.
   virtual Text windowText() const { return withPlainAmpersandsDoubled(control_.caption()); }
   /// Any message of the window, before the window's own procedure.
@@ -116,7 +114,6 @@ class ControlView {
   Control& control_;
   HWND window_ = nullptr;
   int echoes_ = 0;
-  bool plain_ = false;  // without the theme
 };
 
 /// A view of a control of type T.

@@ -63,6 +63,8 @@ class FormWindow final : public FormView {
   /// What lies behind a child window: a brush that paints it, aligned in `dc`. Text drawn next is
   /// transparent.
   HBRUSH background(HWND child, HDC dc) const;
+  /// False if texts in the present colours could not be read on what the theme paints.
+  bool isThemeReadable() const;
   void setToolTip(HWND window, std::wstring text);
   /// The platform's image list for one of the form's, made when it is first asked for.
   HIMAGELIST imagesOf(const ui::ImageList& images);
@@ -132,7 +134,8 @@ class FormWindow final : public FormView {
   Annotations annotations_;
   SIZE least_{};  // the user cannot make the window smaller
   bool followsWindow_ = false;
-  int nextId_ = 100;  // above IDOK, IDCANCEL and their like
+  mutable std::optional<bool> themeReadable_;  // unknown until it is asked for
+  int nextId_ = 100;                           // above IDOK, IDCANCEL and their like
   const CommandButton* shownDefault_ = nullptr;
 };
 

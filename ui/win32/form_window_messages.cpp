@@ -5,6 +5,7 @@
 #include "ui/win32/modal_run.h"
 #include "ui/win32/screen.h"
 #include "ui/win32/scrolling.h"
+#include "ui/win32/tab_body.h"
 #include "ui/win32/thread_windows.h"
 
 namespace tillora::ui::win32 {
@@ -18,6 +19,11 @@ BOOL CALLBACK forwardColourChange(HWND window, LPARAM /*unused*/) noexcept {
 }  // namespace
 
 void FormWindow::fail(std::exception_ptr failure) noexcept { screen_.fail(std::move(failure)); }
+
+bool FormWindow::isThemeReadable() const {
+  if (!themeReadable_) themeReadable_ = win32::isThemeReadable(window_);
+  return *themeReadable_;
+}
 
 bool FormWindow::takesInput() const {
   return form_.isShown() && !form_.isBusy() && screen_.topWindow() == window_;
@@ -103,9 +109,11 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
       return 0;
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
+      themeReadable_.reset();
       screen_.followSettings();
       return std::nullopt;
     case WM_SYSCOLORCHANGE:
+      themeReadable_.reset();
       // Only top-level windows are notified; common controls need to know too.
       EnumChildWindows(window_, &forwardColourChange, 0);
       return std::nullopt;

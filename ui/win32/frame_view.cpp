@@ -4,6 +4,7 @@
 
 #include "ui/win32/form_window.h"
 #include "ui/win32/frame_class.h"
+#include "ui/win32/plain_look.h"
 #include "ui/win32/scrolling.h"
 #include "ui/win32/tab_body.h"
 
@@ -22,7 +23,6 @@ bool holdsTabs(const Container& container) {
 void FrameView::create(HWND parent) {
   if (isGroupBox()) {
     createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
-    themeIfReadable();
   } else {
     createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
     if (isPage()) tabBody_ = tabBody(window());
@@ -65,13 +65,15 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
         return *answer;
       }
       break;
-    case WM_THEMECHANGED:
-      if (isPage()) tabBody_ = tabBody(window());
-      InvalidateRect(window(), nullptr, TRUE);
+    case WM_PAINT:
+      if (isGroupBox() && !formWindow().isThemeReadable()) {
+        paintGroupBoxPlain(window());
+        return 0;
+      }
       break;
+    case WM_THEMECHANGED:
     case WM_SYSCOLORCHANGE:
       if (isPage()) tabBody_ = tabBody(window());
-      if (isGroupBox()) themeIfReadable();
       InvalidateRect(window(), nullptr, TRUE);
       break;
     case WM_COMMAND:

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ui/win32/form_window.h"
+#include "ui/win32/plain_look.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
@@ -216,25 +217,29 @@ LRESULT ReportView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       userDoes([this] { control().doubleClick.raise(); });
       return result;
     }
-    case WM_NOTIFY:
-      // The user drags a column's border.
-      if (const auto& drag = *reinterpret_cast<const NMHDR*>(lParam);
-          drag.code == HDN_ENDTRACKW && !isEcho()) {
-        const auto& resized = *reinterpret_cast<const NMHEADERW*>(lParam);
-        const LRESULT result = ControlView::message(message, wParam, lParam);
-        const int width = formWindow().metrics().toTwips(
-            static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(resized.iItem))));
-        if (resized.iItem < static_cast<int>(control().columns().size())) {
-          const Echo echo(*this);
-          control().setColumnWidth(resized.iItem, width);
-        }
-        return result;
+    case WM_NOTIFY: {
+      const auto& notice = *reinterpret_cast<const NMHDR*>(lParam);
+      if (notice.code == NM_CUSTOMDRAW && !formWindow().isThemeReadable()) {
+        return paintHeaderPlain(reinterpret_cast<const NMCUSTOMDRAW&>(notice));
       }
-      break;
+      const LRESULT result = ControlView::message(message, wParam, lParam);
+      if (notice.code == HDN_ENDTRACKW && !isEcho()) {
+        takeWidth(reinterpret_cast<const NMHEADERW&>(notice).iItem);
+      }
+      return result;
+    }
     default:
       break;
   }
   return ControlView::message(message, wParam, lParam);
+}
+
+// The user has dragged a column's border.
+void ReportView::takeWidth(int column) {
+  if (column >= static_cast<int>(control().columns().size())) return;
+  const auto width = static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+  const Echo echo(*this);
+  control().setColumnWidth(column, formWindow().metrics().toTwips(width));
 }
 
 // Rows are as wide as the list here: what counts is the height.

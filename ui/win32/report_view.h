@@ -23,6 +23,7 @@ class ReportView final : public ViewOf<ListView> {
   void showColumns();
   void showRows();
   void fillLastColumn();
+  void takeWidth(int column);
   void showChoice();
   void give(LVITEMW& item) const;
   Text cell(int row, int column) const;

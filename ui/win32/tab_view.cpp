@@ -1,19 +1,20 @@
 #include "ui/win32/tab_view.h"
 
 #include "ui/win32/form_window.h"
+#include "ui/win32/plain_look.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
 
 void TabView::create(HWND parent) {
   createWindow(parent, {WC_TABCONTROLW, kTabStripStyle});
-  themeIfReadable();
   showTabs();
 }
 
 LRESULT TabView::message(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_SYSCOLORCHANGE) themeIfReadable();
-  return ControlView::message(message, wParam, lParam);
+  const LRESULT result = ControlView::message(message, wParam, lParam);
+  if (message == WM_PAINT && !formWindow().isThemeReadable()) paintTabsPlain(window());
+  return result;
 }
 
 void TabView::show(Property what) {
