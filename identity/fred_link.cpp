@@ -33,7 +33,7 @@ constexpr std::int16_t kLongest = 60;
 constexpr const char16_t* kSecondsToolTip =
     u"Indicates how frequently Tillora will check for FRED data (ranges between 5-60 seconds)";
 
-constexpr int kExplanationLines = 14;
+constexpr int kExplanationLines = 10;
 constexpr int kExplanationWidth = 90;
 constexpr ui::Length kPictureWidth = ui::twips(315);
 constexpr int kIndent = 270;
@@ -57,7 +57,7 @@ FredLink::FredLink(OptionsDialog& dialog) : OptionsTab(dialog) {
   rows.row({wide(imgDispense, kPictureWidth), fill(label(heading, u"FRED").setBold(true))});
   ui::TextBox& about = lockedBox(explanation).setMultiLine(true);
   about.setAccessibleName(u"About FRED");
-  rows.block(about, ui::restFromLines(kExplanationLines), ui::characters(kExplanationWidth));
+  rows.block(about, ui::lines(kExplanationLines), ui::characters(kExplanationWidth));
   rows.gap();
   rows.row({chkDispense.add(0, u"Ac&tivate link to FRED")});
   rows.row({label(labelOfDataFile, u"Path to FRED's point-of-sale data file")}, kIndent);

@@ -11,6 +11,7 @@
 namespace tillora {
 namespace {
 
+constexpr ui::Length kListWidth = ui::characters(80);
 constexpr int kLeastSites = 10;
 constexpr TextView kFirstDescription = u"Ledvane Point of Sale Home Page";
 constexpr TextView kFirstUrl = u"https://www.ledvane.example/point-of-sale";
@@ -41,7 +42,7 @@ WebSites::WebSites(OptionsDialog& dialog) : OptionsTab(dialog) {
 
   ui::Rows& rows = dialog.page(TabPage::web).rows();
   rows.row({fill(lblWeb.setCaption(u"&Web Sites"))});
-  rows.block(ltvWeb, ui::restFromLines(kLeastSites));
+  rows.block(ltvWeb, ui::restFromLines(kLeastSites), kListWidth);
   rows.row(
       {cmdWeb.add(add, u"&New").setToolTip(u"Add a new Web Site"),
        cmdWeb.add(edit, u"&Edit").setToolTip(u"Assign or change details of the selected Web Site"),

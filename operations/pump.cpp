@@ -19,6 +19,7 @@ namespace {
 constexpr std::int32_t kHighestGrade = 15;
 constexpr std::int32_t kReservedGrade = 12;  // for the pump console
 
+constexpr ui::Length kListWidth = ui::characters(80);
 constexpr int kLeastGrades = 8;
 constexpr int kUnitCharacters = 18;
 
@@ -30,7 +31,7 @@ PumpGrades::PumpGrades(OptionsDialog& dialog) : OptionsTab(dialog) {
 
   ui::Rows& rows = dialog.page(TabPage::pump).rows();
   rows.row({fill(label(assignments, u"&Grade and Product Assignments"))});
-  rows.block(ltvPump, ui::restFromLines(kLeastGrades));
+  rows.block(ltvPump, ui::restFromLines(kLeastGrades), kListWidth);
   rows.row({cmdPump.add(add, u"&New").setToolTip(u"Add a new Grade"),
             cmdPump.add(remove, u"D&elete").setToolTip(u"Delete the selected grade from the list"),
             cmdPump.add(edit, u"&Edit").setToolTip(u"Assign a product to the selected grade")});

@@ -19,7 +19,6 @@ namespace {
 namespace field = fields::randomPrice;
 
 constexpr int kFormatRows = 11;
-constexpr int kListCharacters = 108;
 
 // A table without formats gets all prefixes from the first to the last; a table without the extra
 // prefix gets that one.
@@ -146,7 +145,7 @@ RandomPrice::RandomPrice(OptionsDialog& dialog) : OptionsTab(dialog) {
   ui::Rows& group = page.group(fraRandomPrice, u"EAN-13 Random Pricing");
   group.row({fill(chkRandomPrice.add(0, u"Ac&tivate random price barcode scanning"))});
   group.row({lblRandomPrice.setCaption(u"&Barcode Formats")});
-  group.block(ltvRandomPrice, ui::restFromLines(kFormatRows), ui::characters(kListCharacters));
+  group.block(ltvRandomPrice, ui::restFromLines(kFormatRows));
   group.row({cmdRandomPrice.setCaption(u"&Edit").setToolTip(u"Edit the selected barcode format")});
 
   onRowDoubleClick(ltvRandomPrice, [this] { EditRandomPrice(); });

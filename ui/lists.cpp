@@ -261,6 +261,12 @@ void ListView::ensureVisible(int row) {
   notify(Property::value);
 }
 
+Size ListView::naturalSize() const {
+  int width = kListBorders;
+  for (const ListColumn& column : columns_) width += column.width;
+  return {width, heightFor(1)};
+}
+
 int ListView::heightFor(int lines) const {
   return form().screen().lineHeight() + kAboveAndBelowHeader + rowHeight(form()) * lines +
          kListBorders;

@@ -151,6 +151,8 @@ class ListView final : public Control {
   ListView();
 
   Kind kind() const override { return Kind::listView; }
+  /// As wide as its columns.
+  Size naturalSize() const override;
   /// With its headers.
   int heightFor(int lines) const override;
 

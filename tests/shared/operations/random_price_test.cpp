@@ -217,6 +217,14 @@ TEST_F(RandomPriceTest, ColumnsFitTheirTextsAndTheIconItsOwn) {
   });
 }
 
+TEST_F(RandomPriceTest, AllColumnsAreSeenWhenTheDialogOpens) {
+  openTab([](frmOptions& dialog) {
+    int width = 0;
+    for (const ui::ListColumn& column : list(dialog).columns()) width += column.width;
+    EXPECT_LT(width, list(dialog).bounds().width);
+  });
+}
+
 TEST_F(RandomPriceTest, TheSwitchIsBitOneOfItsFlags) {
   openTab([&](frmOptions& dialog) { EXPECT_FALSE(active(dialog).value()); });
   for (const std::int32_t flags : {1, 3, -1}) {
