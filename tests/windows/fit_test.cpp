@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "com/wide_text.h"
 #include "tests/testing/every_dialog.h"
 #include "tests/testing/win32/windows_desk.h"
+#include "ui/win32/raster.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::testing {
@@ -129,6 +131,33 @@ void FitTest::expectFits(const ui::TextBox& box, HWND window) {
   EXPECT_LE(std::abs(above - below), 1) << above << " pixels above the text, " << below << " below";
 }
 
+/// From the first to the last row of pixels in the area that are not all alike.
+struct Ink {
+  long top = 0;
+  long bottom = 0;
+};
+
+Ink inkIn(HWND window, const RECT& area) {
+  const ui::win32::Raster raster(clientOf(window).right, clientOf(window).bottom);
+  const ui::win32::MemoryDc dc(CreateCompatibleDC(nullptr));
+  const ui::win32::Selection selected(dc.get(), raster.bitmap());
+  SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc.get()), PRF_CLIENT);
+  GdiFlush();
+  Ink ink{-1, -1};
+  for (long row = area.top; row < area.bottom; ++row) {
+    const auto width = static_cast<std::size_t>(clientOf(window).right);
+    const auto pixels = raster.pixels().subspan(static_cast<std::size_t>(row) * width, width);
+    const auto left = pixels.begin() + area.left;
+    if (std::all_of(left, pixels.begin() + area.right,
+                    [&](std::uint32_t pixel) { return pixel == *left; })) {
+      continue;
+    }
+    if (ink.top < 0) ink.top = row;
+    ink.bottom = row + 1;
+  }
+  return ink;
+}
+
 void FitTest::expectFits(const ui::ComboBox& combo, HWND window) {
   COMBOBOXINFO info{};
   info.cbSize = sizeof info;
@@ -139,7 +168,14 @@ void FitTest::expectFits(const ui::ComboBox& combo, HWND window) {
     EXPECT_GE(dropped, measured(window, item).cx + GetSystemMetrics(SM_CXVSCROLL)) << toUtf8(item);
   }
   if (combo.listIndex() >= 0) {
-    EXPECT_GE(widthOf(info.rcItem), measured(window, combo.text()).cx) << toUtf8(combo.text());
+    const SIZE text = measured(window, combo.text());
+    EXPECT_GE(widthOf(info.rcItem), text.cx) << toUtf8(combo.text());
+    if (GetFocus() == window) return;  // which has a rectangle around the text
+    const Ink ink = inkIn(window, info.rcItem);
+    const long middle = (info.rcItem.top + info.rcItem.bottom) / 2;
+    EXPECT_GE(ink.top, middle - text.cy / 2 - 1);
+    EXPECT_LE(ink.bottom, middle + text.cy / 2 + 2);
+    EXPECT_GT(ink.bottom - ink.top, text.cy / 3) << "nothing is painted";
   }
 }
 

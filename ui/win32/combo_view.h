@@ -14,8 +14,9 @@ class ComboView final : public ViewOf<ComboBox> {
   using ViewOf::ViewOf;
   void create(HWND parent) override;
   void show(Property what) override;
+  void showFont() override;
   void command(WORD code) override;
-  HBRUSH colours(HDC dc) override;
+  void draw(const DRAWITEMSTRUCT& item) override;
   bool wantsKey(WPARAM key) const override;
 
  protected:
@@ -24,6 +25,7 @@ class ComboView final : public ViewOf<ComboBox> {
 
  private:
   void addItems(std::size_t first);
+  void fitItems();
   void fitField();
   void showItems();
   void showChoice();

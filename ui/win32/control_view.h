@@ -39,6 +39,8 @@ class ControlView {
   virtual LRESULT notify(NMHDR& /*header*/) { return 0; }
   /// WM_CTLCOLOR... of this window.
   virtual HBRUSH colours(HDC dc);
+  /// Paints an item of a control that leaves that to its owner.
+  virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
   /// Updates the control with what the user may have moved without a notification.
   virtual void readBack() {}
   /// A key that the window needs for itself just now, before the form's Enter and Esc (an open

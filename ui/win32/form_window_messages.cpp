@@ -73,6 +73,13 @@ std::optional<LRESULT> FormWindow::route(UINT message, WPARAM wParam, LPARAM lPa
       if (!view) return std::nullopt;
       return view->notify(header);
     }
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+      ControlView* view = viewAt(item.hwndItem);
+      if (!view) return std::nullopt;
+      view->draw(item);
+      return TRUE;
+    }
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN: {

@@ -78,6 +78,7 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_COMMAND:
     case WM_NOTIFY:
+    case WM_DRAWITEM:
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
