@@ -137,19 +137,20 @@ struct Ink {
   long bottom = 0;
 };
 
-Ink inkIn(HWND window, const RECT& area) {
-  const ui::win32::Raster raster(clientOf(window).right, clientOf(window).bottom);
+template <class Paint>
+Ink inkIn(const RECT& area, Paint&& paint) {
+  const ui::win32::Raster raster(area.right, area.bottom);
   const ui::win32::MemoryDc dc(CreateCompatibleDC(nullptr));
   const ui::win32::Selection selected(dc.get(), raster.bitmap());
-  SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc.get()), PRF_CLIENT);
+  FillRect(dc.get(), &area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+  paint(dc.get());
   GdiFlush();
   Ink ink{-1, -1};
   for (long row = area.top; row < area.bottom; ++row) {
-    const auto width = static_cast<std::size_t>(clientOf(window).right);
+    const auto width = static_cast<std::size_t>(area.right);
     const auto pixels = raster.pixels().subspan(static_cast<std::size_t>(row) * width, width);
     const auto left = pixels.begin() + area.left;
-    if (std::all_of(left, pixels.begin() + area.right,
-                    [&](std::uint32_t pixel) { return pixel == *left; })) {
+    if (std::all_of(left, pixels.end(), [&](std::uint32_t pixel) { return pixel == *left; })) {
       continue;
     }
     if (ink.top < 0) ink.top = row;
@@ -168,14 +169,21 @@ void FitTest::expectFits(const ui::ComboBox& combo, HWND window) {
     EXPECT_GE(dropped, measured(window, item).cx + GetSystemMetrics(SM_CXVSCROLL)) << toUtf8(item);
   }
   if (combo.listIndex() >= 0) {
-    const SIZE text = measured(window, combo.text());
-    EXPECT_GE(widthOf(info.rcItem), text.cx) << toUtf8(combo.text());
+    const SIZE size = measured(window, combo.text());
+    EXPECT_GE(widthOf(info.rcItem), size.cx) << toUtf8(combo.text());
     if (GetFocus() == window) return;  // which has a rectangle around the text
-    const Ink ink = inkIn(window, info.rcItem);
-    const long middle = (info.rcItem.top + info.rcItem.bottom) / 2;
-    EXPECT_GE(ink.top, middle - text.cy / 2 - 1);
-    EXPECT_LE(ink.bottom, middle + text.cy / 2 + 2);
-    EXPECT_GT(ink.bottom - ink.top, text.cy / 3) << "nothing is painted";
+    const Ink painted = inkIn(info.rcItem, [&](HDC dc) {
+      SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+    });
+    const Ink text = inkIn({0, 0, size.cx + 1, size.cy}, [&](HDC dc) {
+      const ui::win32::Selection font(
+          dc, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+      TextOutW(dc, 1, 0, ui::win32::forWindow(combo.text()).c_str(),
+               static_cast<int>(combo.text().size()));
+    });
+    const long top = (info.rcItem.top + info.rcItem.bottom - size.cy) / 2;
+    EXPECT_LE(std::abs(painted.top - (top + text.top)), 1) << toUtf8(combo.text());
+    EXPECT_LE(std::abs(painted.bottom - (top + text.bottom)), 1) << toUtf8(combo.text());
   }
 }
 
