@@ -61,7 +61,7 @@ function(tillora_unit_tests test program)
   if(WIN32)
     set(reports Z:${reports})
   else()
-    list(APPEND ARGN ASAN_OPTIONS=allow_addr2line=1)
+    list(APPEND ARGN ASAN_OPTIONS=allow_addr2line=1:malloc_context_size=8)
   endif()
   set_tests_properties(${test} PROPERTIES LABELS unit TIMEOUT 1800
     ENVIRONMENT "GTEST_OUTPUT=xml:${reports}/${test}.xml;GTEST_BRIEF=1;${ARGN}")

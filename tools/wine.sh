@@ -46,10 +46,16 @@ wine_copy_fonts() {
   cp /usr/share/fonts/truetype/{open-sans/OpenSans-Regular,dejavu/DejaVuSans}.ttf "$fonts" 2>/dev/null || true
 }
 
+# A server knows its prefix by the folder's inode, which the next prefix may get.
+wine_remove_prefix() {
+  [ ! -e "$WINEPREFIX" ] || wine_server -k
+  rm -rf "$WINEPREFIX"
+}
+
 wine_make_prefix() {
   local dpi=$1
   say "making the Wine prefix $WINEPREFIX"
-  rm -rf "$WINEPREFIX"
+  wine_remove_prefix
   mkdir -p "$WINEPREFIX"
   wine_run 180 wineboot -i || return 1
   wine_server -w
@@ -71,7 +77,7 @@ wine_copy_prefix() {
     flock 8
     [ -e "$unused/tillora.stamp" ] || WINEPREFIX=$unused wine_make_prefix "$1"
   ) 8>"$unused.lock" || return 1
-  rm -rf "$WINEPREFIX"
+  wine_remove_prefix
   cp -a "$unused" "$WINEPREFIX"
 }
 

@@ -13,6 +13,13 @@ inline double milliseconds(Clock::time_point from, Clock::time_point to) {
   return std::chrono::duration<double, std::milli>(to - from).count();
 }
 
+template <class Code>
+double timed(Code&& code) {
+  const auto start = Clock::now();
+  code();
+  return milliseconds(start, Clock::now());
+}
+
 inline double median(std::vector<double> values) {
   std::ranges::sort(values);
   return values[values.size() / 2];

@@ -10,8 +10,6 @@
 namespace tillora::ui::win32 {
 namespace {
 
-constexpr UINT_PTR kSubclass = 1;
-
 bool isButton(Kind kind) {
   return kind == Kind::checkBox || kind == Kind::optionButton || kind == Kind::commandButton;
 }
@@ -40,7 +38,10 @@ void ControlView::createWindow(HWND parent, const Style& style) {
       place.bottom - place.top, parent, id, tillora::win32::thisModule(), nullptr);
   if (!window_) throwLastError("CreateWindowExW");
   formWindow_.enter(window_, *this);
-  SetWindowSubclass(window_, &procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
+  // SetWindowSubclass would look this up in a property of the window at every message.
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  former_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)));
   ControlView::showFont();
   if (!control_.toolTip().empty()) show(Property::toolTip);
 }
@@ -99,19 +100,19 @@ LRESULT ControlView::message(UINT message, WPARAM wParam, LPARAM lParam) {
   } else if (message == WM_DESTROY) {
     formWindow_.annotations().clear(window_);
   }
-  const LRESULT result = DefSubclassProc(window_, message, wParam, lParam);
+  const LRESULT result = CallWindowProcW(former_, window_, message, wParam, lParam);
   if (message == WM_SETFOCUS) formWindow_.focusLanded(control_);
   return result;
 }
 
-LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                        UINT_PTR id, DWORD_PTR data) noexcept {
-  auto& view = *reinterpret_cast<ControlView*>(data);
+LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam,
+                                        LPARAM lParam) noexcept {
+  auto& view = *reinterpret_cast<ControlView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (message == WM_NCDESTROY) {
     view.formWindow_.leave(window);
-    RemoveWindowSubclass(window, &procedure, id);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(view.former_));
     view.window_ = nullptr;
-    return DefSubclassProc(window, message, wParam, lParam);
+    return CallWindowProcW(view.former_, window, message, wParam, lParam);
   }
   if (view.formWindow_.holdsOff(message)) return 0;
   if (message == WM_SETCURSOR && view.formWindow_.showPointer()) return TRUE;

@@ -109,12 +109,13 @@ class ControlView {
  private:
   Form& form() const;
   bool takesInput() const;
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR data) noexcept;
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept;
 
   FormWindow& formWindow_;
   Control& control_;
   HWND window_ = nullptr;
+  WNDPROC former_ = nullptr;  // the class's own
   int echoes_ = 0;
 };
 
