@@ -29,7 +29,7 @@ RECT ControlView::pixelBounds() const { return formWindow_.metrics().toPixels(co
 void ControlView::createWindow(HWND parent, const Style& style) {
   const RECT place = pixelBounds();
   const DWORD state = (control_.effectivelyEnabled() ? 0 : WS_DISABLED) |
-                      (control_.visible() ? WS_VISIBLE : 0) |
+                      (control_.visible() && !style.hidden ? WS_VISIBLE : 0) |
                       (startsGroup(control_) ? WS_GROUP : 0);
   const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(formWindow_.newId()));
   window_ = CreateWindowExW(
@@ -114,6 +114,7 @@ LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam
     view.window_ = nullptr;
     return CallWindowProcW(view.former_, window, message, wParam, lParam);
   }
+  view.formWindow_.relayToToolTips(window, message, wParam, lParam);
   if (view.formWindow_.holdsOff(message)) return 0;
   if (message == WM_SETCURSOR && view.formWindow_.showPointer()) return TRUE;
   return view.formWindow_.walled([&] { return view.message(message, wParam, lParam); });

@@ -63,6 +63,7 @@ class ControlView {
     const wchar_t* className;
     DWORD style = 0;
     DWORD extended = 0;
+    bool hidden = false;  ///< shown by the view itself
   };
   /// Creates the window at the control's place, with font, initial text, enabled state and tool
   /// tip.

@@ -44,6 +44,21 @@ bool isPageOf(const Control& control, const TabStrip& tabs) {
          strip.top < page.bottom();
 }
 
+// The order of windows is the order of description, which screen readers follow; but the pages lie
+// before the tab strip that they are shown on.
+std::vector<Control*> stackingOrder(const Container& container) {
+  std::vector<Control*> order(container.children().begin(), container.children().end());
+  for (const Control* child : container.children()) {
+    if (child->kind() != Kind::tabStrip) continue;
+    const auto& tabs = static_cast<const TabStrip&>(*child);
+    const auto strip = std::ranges::find(order, child);
+    const auto pages = std::stable_partition(
+        strip, order.end(), [&](const Control* control) { return isPageOf(*control, tabs); });
+    static_cast<void>(pages);
+  }
+  return order;
+}
+
 }  // namespace
 
 void throwLastError(const char* function) {
@@ -176,36 +191,22 @@ void FormWindow::create(Control& control, HWND parent) {
 }
 
 void FormWindow::createChildren(const Container& container, HWND parent) {
-  bool hasTabs = false;
-  for (const auto& child : container.children()) {
+  for (Control* child : stackingOrder(container)) {
     if (child->visible() && !viewOf(*child)) create(*child, parent);
-    hasTabs = hasTabs || child->kind() == Kind::tabStrip;
   }
-  if (hasTabs) stack(container);
   showDefaultButton();
 }
 
-// The order of windows is the order of creation, which screen readers follow; but the pages lie
-// before the tab strip that they are shown on.
-void FormWindow::stack(const Container& container) {
-  std::vector<const Control*> order;
-  for (const auto& child : container.children()) order.push_back(child);
-  for (const auto& child : container.children()) {
-    if (child->kind() != Kind::tabStrip) continue;
-    const auto& tabs = static_cast<const TabStrip&>(*child);
-    const auto strip = std::ranges::find(order, child);
-    const auto pages = std::stable_partition(
-        strip, order.end(), [&](const Control* control) { return isPageOf(*control, tabs); });
-    static_cast<void>(pages);
-  }
+// A new window comes last.
+void FormWindow::createLater(Control& control, HWND parent) {
+  create(control, parent);
   HWND after = HWND_TOP;
-  constexpr UINT kOrderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
-  for (const Control* control : order) {
-    const HWND window = windowOf(*control);
-    if (!window) continue;
-    SetWindowPos(window, after, 0, 0, 0, 0, kOrderOnly);
-    after = window;
+  for (const Control* before : stackingOrder(*control.parent())) {
+    if (before == &control) break;
+    if (const HWND window = windowOf(*before)) after = window;
   }
+  SetWindowPos(windowOf(control), after, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  showDefaultButton();
 }
 
 void FormWindow::changed(const Control& control, Property what) {
@@ -228,9 +229,7 @@ void FormWindow::changed(const Control& control, Property what) {
   if (!view) {
     const HWND parent = windowOf(*control.parent());
     if (what != Property::visible || !control.visible() || !parent) return;
-    create(**std::ranges::find(control.parent()->children(), &control), parent);
-    stack(*control.parent());
-    showDefaultButton();
+    createLater(**std::ranges::find(control.parent()->children(), &control), parent);
     return;
   }
   view->show(what);
@@ -282,12 +281,22 @@ void FormWindow::setToolTip(HWND window, std::wstring text) {
   }
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V2_SIZE;
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.uFlags = TTF_IDISHWND;
   tool.hwnd = window_;
   tool.uId = reinterpret_cast<UINT_PTR>(window);
   tool.lpszText = text.data();
   SendMessageW(toolTips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
   if (!text.empty()) SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void FormWindow::relayToToolTips(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const {
+  if (!toolTips_ || message < WM_MOUSEFIRST || message > WM_MBUTTONUP) return;
+  MSG relayed{};
+  relayed.hwnd = window;
+  relayed.message = message;
+  relayed.wParam = wParam;
+  relayed.lParam = lParam;
+  SendMessageW(toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
 }
 
 bool FormWindow::showPointer() const {

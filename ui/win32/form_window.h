@@ -66,6 +66,9 @@ class FormWindow final : public FormView {
   /// False if texts in the present colours could not be read on what the theme paints.
   bool isThemeReadable() const;
   void setToolTip(HWND window, std::wstring text);
+  /// Lets the tool tips know of a message of a window that has one. With TTF_SUBCLASS they would
+  /// see for themselves, at a cost for every message of the window.
+  void relayToToolTips(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
   /// The platform's image list for one of the form's, made when it is first asked for.
   HIMAGELIST imagesOf(const ui::ImageList& images);
   /// The platform put the focus into a control's window.
@@ -112,7 +115,7 @@ class FormWindow final : public FormView {
   /// Gives the form the window's size.
   void followWindow();
   void create(Control& control, HWND parent);
-  void stack(const Container& container);
+  void createLater(Control& control, HWND parent);
   void changedWithin(const Control& holder, Property what);
   void applyFocus();
   void reconcileFocus();

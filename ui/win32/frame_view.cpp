@@ -20,15 +20,19 @@ bool holdsTabs(const Container& container) {
 
 }  // namespace
 
+// On a dialog that is shown a frame appears with all that is in it: each of its windows would
+// otherwise be painted on its own.
 void FrameView::create(HWND parent) {
+  const bool hidden = IsWindowVisible(parent) != FALSE;
   if (isGroupBox()) {
-    createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+    createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, hidden});
   } else {
-    createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
+    createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, hidden});
     if (isPage()) tabBody_ = tabBody(window());
   }
   formWindow().createChildren(control(), window());
   showScrolling(window(), control(), formWindow().metrics());
+  if (hidden && control().visible()) ShowWindow(window(), SW_SHOWNA);
 }
 
 LONG FrameView::role() const { return isGroupBox() ? 0 : ROLE_SYSTEM_PROPERTYPAGE; }
