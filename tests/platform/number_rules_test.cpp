@@ -7,17 +7,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <random>
 
 #include "base/money.h"
 #include "base/numbers.h"
 #include "com/bstr.h"
 #include "platform/user_locale.h"
+#include "tests/testing/random_choices.h"
 
 namespace tillora::win32 {
 namespace {
 
-constexpr int kTexts = 12000;
+const int kTexts = testing::isLongRun() ? 1000000 : 12000;
 
 int count(TextView text, TextView what) {
   int found = 0;
@@ -28,8 +28,8 @@ int count(TextView text, TextView what) {
 
 class NumberRules : public ::testing::TestWithParam<LCID> {
  protected:
-  int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(random_); }
-  bool chance(int percent) { return below(100) < percent; }
+  int below(int bound) { return random_.below(bound); }
+  bool chance(int percent) { return random_.chance(percent); }
 
   Text digits(int most) {
     Text text;
@@ -93,7 +93,7 @@ class NumberRules : public ::testing::TestWithParam<LCID> {
     return afterDecimal || afterDigits || inExponent || exponent < first;
   }
 
-  std::mt19937 random_{20261120};
+  testing::RandomChoices random_;
   const LCID lcid_ = GetParam();
   const NumberLocale locale_ = numberLocale(lcid_);
 };
