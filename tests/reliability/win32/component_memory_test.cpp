@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "component/automation/random_price_record.h"
 #include "tests/component/automation/event_listener.h"
 #include "tests/reliability/memory_walk.h"
 #include "tests/reliability/win32/component_program.h"
@@ -14,6 +15,52 @@ namespace tillora::testing {
 namespace {
 
 using win32::ComPtr;
+
+/// During its lifetime FailingMemory takes the system's task memory in, too: where the platform
+/// keeps automation texts in it (Wine does, Windows does not), they run out as well.
+class TaskMemory final : public IMallocSpy {
+ public:
+  TaskMemory() {
+    // The platform keeps freed texts for the next ones.
+    if (const HMODULE automation = GetModuleHandleW(L"oleaut32.dll")) {
+      const auto address = reinterpret_cast<void (*)()>(GetProcAddress(automation, "SetOaNoCache"));
+      if (address != nullptr) reinterpret_cast<void(WINAPI*)()>(address)();
+    }
+    CoRegisterMallocSpy(this);
+  }
+  ~TaskMemory() { CoRevokeMallocSpy(); }
+  TaskMemory(const TaskMemory&) = delete;
+  TaskMemory& operator=(const TaskMemory&) = delete;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    const bool known = id == IID_IUnknown || id == IID_IMallocSpy;
+    *object = known ? this : nullptr;
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+
+  SIZE_T STDMETHODCALLTYPE PreAlloc(SIZE_T size) override {
+    return size == 0 || !FailingMemory::failsNext() ? size : 0;
+  }
+  void* STDMETHODCALLTYPE PostAlloc(void* block) override { return block; }
+  void* STDMETHODCALLTYPE PreFree(void* block, BOOL /*spied*/) override { return block; }
+  void STDMETHODCALLTYPE PostFree(BOOL /*spied*/) override {}
+  SIZE_T STDMETHODCALLTYPE PreRealloc(void* block, SIZE_T size, void** given,
+                                      BOOL /*spied*/) override {
+    *given = block;
+    return size;
+  }
+  void* STDMETHODCALLTYPE PostRealloc(void* block, BOOL /*spied*/) override { return block; }
+  void* STDMETHODCALLTYPE PreGetSize(void* block, BOOL /*spied*/) override { return block; }
+  SIZE_T STDMETHODCALLTYPE PostGetSize(SIZE_T size, BOOL /*spied*/) override { return size; }
+  void* STDMETHODCALLTYPE PreDidAlloc(void* block, BOOL /*spied*/) override { return block; }
+  int STDMETHODCALLTYPE PostDidAlloc(void* /*block*/, BOOL /*spied*/, int allocated) override {
+    return allocated;
+  }
+  void STDMETHODCALLTYPE PreHeapMinimize() override {}
+  void STDMETHODCALLTYPE PostHeapMinimize() override {}
+};
 
 class ComponentMemoryTest : public ::testing::Test {
  protected:
@@ -82,29 +129,46 @@ class ComponentMemoryTest : public ::testing::Test {
   }
 };
 
-TEST_F(ComponentMemoryTest, AtTheEntriesOfTheComponent) {
-  const auto listener = EventListener::make([](LONG&) { return S_OK; });
-  const auto isDone = &ComponentProgram::isDone;
-  const auto use = [&] {
+class ComponentEntriesTest : public ComponentMemoryTest {
+ protected:
+  void walkEntries() {
+    walk(300, [&](long number, Mode mode) {
+      long allocations = 0;
+      {
+        const FailingMemory memory(number, mode);
+        use();
+        allocations = memory.allocations();
+      }
+      program.forget();
+      return allocations;
+    });
+    EXPECT_EQ(listener_->references(), 1U);
+  }
+
+ private:
+  void use() {
+    const auto isDone = &ComponentProgram::isDone;
     const auto options = ComponentProgram::create();
     if (!options) return;
     program.giveObjects(*options.get());
-    const win32::Bstr extension(u".an extension that is longer than most");
-    isDone(options->put_LVFileExtension(extension.get()));
+    isDone(options->put_LVFileExtension(extension_.get()));
     wchar_t member[] = L"LVFileExtension";
     wchar_t* names = member;
     DISPID id = DISPID_UNKNOWN;
     EXPECT_EQ(options->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id), S_OK);
-    win32::Variant text(u".another extension that is longer than most");
+    VARIANT argument = text_.get();
     DISPID newValue = DISPID_PROPERTYPUT;
-    DISPPARAMS parameters{text.address(), &newValue, 1, 1};
+    DISPPARAMS parameters{&argument, &newValue, 1, 1};
     EXCEPINFO exception{};
     const HRESULT invoked = options->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT,
                                             &parameters, nullptr, &exception, nullptr);
     isDone(invoked == DISP_E_EXCEPTION ? exception.scode : invoked);
+    for (BSTR text : {exception.bstrSource, exception.bstrDescription, exception.bstrHelpFile}) {
+      SysFreeString(text);
+    }
     const auto point = connectionPoint(*options.get());
     DWORD cookie = 0;
-    if (isDone(point->Advise(listener.get(), &cookie))) {
+    if (isDone(point->Advise(listener_.get(), &cookie))) {
       ComPtr<IEnumConnections> connections;
       isDone(point->EnumConnections(connections.out()));
       EXPECT_EQ(point->Unadvise(cookie), S_OK);
@@ -117,18 +181,36 @@ TEST_F(ComponentMemoryTest, AtTheEntriesOfTheComponent) {
     EXPECT_TRUE(refused == error::objectNotSet || refused == E_OUTOFMEMORY) << std::hex << refused;
     EXPECT_EQ(shown, VARIANT_FALSE);
     SetErrorInfo(0, nullptr);
-  };
-  walk(300, [&](long number, Mode mode) {
-    long allocations = 0;
-    {
-      const FailingMemory memory(number, mode);
-      use();
-      allocations = memory.allocations();
-    }
-    program.forget();
-    return allocations;
+  }
+
+  const win32::Bstr extension_{u".an extension that is longer than most"};
+  const win32::Variant text_{u".another extension that is longer than most"};
+  const ComPtr<EventListener> listener_ = EventListener::make([](LONG&) { return S_OK; });
+};
+
+TEST_F(ComponentEntriesTest, SayThatMemoryRanOut) { walkEntries(); }
+
+// Only what needs no type library: the platform under test goes on with half of one.
+TEST_F(ComponentMemoryTest, OfAutomationTextsAndErrors) {
+  const TaskMemory taskMemory;
+  const auto options = ComponentProgram::create();
+  const auto record = ComPtr<_clsRandomPrice>::adopt(new automation::RandomPriceRecord);
+  const win32::Bstr caption(u"per kilogram or part of it");
+  record->put_msUOMUnitCaption(caption.get());
+  program.giveObjects(*options.get());
+  options->putref_AppObject(nullptr);
+  int refused = 0;
+  walk(100, [&](long number, Mode mode) {
+    const FailingMemory memory(number, mode);
+    win32::Bstr given;
+    if (!ComponentProgram::isDone(record->get_msUOMUnitCaption(given.out()))) ++refused;
+    VARIANT_BOOL shown = VARIANT_TRUE;
+    const HRESULT result = options->ShowOptions(&shown);
+    EXPECT_TRUE(result == error::objectNotSet || result == E_OUTOFMEMORY) << std::hex << result;
+    SetErrorInfo(0, nullptr);
+    return memory.allocations();
   });
-  EXPECT_EQ(listener->references(), 1U);
+  EXPECT_GT(refused, 0);
 }
 
 TEST_F(ComponentMemoryTest, WhileADialogOpensAndCloses) { walkDialogs(4, 0, Visitor::End::close); }

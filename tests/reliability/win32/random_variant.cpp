@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 
 namespace tillora::testing {
@@ -39,6 +40,8 @@ std::uint64_t anyBits(RandomChoices& random) {
 }  // namespace
 
 RandomVariant::RandomVariant(RandomChoices& random, int depth) {
+  // Its initialiser may leave the second half of the value as it was.
+  std::memset(&value_, 0, sizeof value_);
   constexpr int kDeepest = 2;
   const int kind = random.below(10);
   if (kind < 4) {

@@ -35,7 +35,7 @@ class RandomVariant {
   void makeArray(RandomChoices& random);
   void makeReference(RandomChoices& random, int depth);
 
-  VARIANT value_{};
+  VARIANT value_;
   bool isOwned_ = true;  // VariantClear frees it
   std::unique_ptr<RandomVariant> target_;
   win32::ComPtr<ScriptedObject> object_;
