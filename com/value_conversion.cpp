@@ -72,6 +72,12 @@ bool refersToNothing(const VARIANT& value) {
   return (target.vt & VT_BYREF) != 0 && target.byref == nullptr;
 }
 
+/// The platform takes any number of decimals and writes beyond the memory that it has for them.
+bool isNoDecimal(const VARIANT& value) {
+  constexpr BYTE kMostDecimals = 28;
+  return value.vt == VT_DECIMAL && value.decVal.scale > kMostDecimals;
+}
+
 bool isObject(VARTYPE type) { return type == VT_DISPATCH || type == VT_UNKNOWN; }
 
 }  // namespace
@@ -91,6 +97,7 @@ HRESULT changeType(Variant& result, const VARIANT& value, VARTYPE type) {
     return FAILED(copied) ? copied : changeType(result, followed.get(), type);
   }
   if (isObject(type) && !isObject(value.vt)) return DISP_E_TYPEMISMATCH;
+  if (isNoDecimal(value)) return DISP_E_TYPEMISMATCH;
   const auto number = wholeNumberOf(value);
   if (number && !fits(*number, type)) return DISP_E_OVERFLOW;
   const HRESULT changed = VariantChangeTypeEx(result.out(), source, LOCALE_USER_DEFAULT, 0, type);
