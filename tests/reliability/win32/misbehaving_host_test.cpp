@@ -397,6 +397,8 @@ class MisbehavingHost final : public HostProgram {
     for (const HWND window : threadWindows()) EnableWindow(window, TRUE);
   }
   void changeSettings() {
+    constexpr int kMost = 20;  // each takes as long as a dialog that opens
+    if (++settingsChanges_ > kMost) return;
     constexpr std::array<UINT, 3> kChanges = {WM_SETTINGCHANGE, WM_SYSCOLORCHANGE, WM_THEMECHANGED};
     const UINT change = random_.oneOf(kChanges);
     for (const HWND window : threadWindows()) {
@@ -419,6 +421,7 @@ class MisbehavingHost final : public HostProgram {
   int depth_ = 0;
   int done_ = 0;
   int acts_ = 0;
+  int settingsChanges_ = 0;
   bool isOver_ = false;
   std::vector<HWND> made_;
 };

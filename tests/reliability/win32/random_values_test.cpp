@@ -121,8 +121,9 @@ TEST_F(RandomValuesTest, AWholeNumberIsTakenAsThePlatformConvertsIt) {
   for (int i = 0; i < puts && !HasFailure(); ++i) {
     RandomVariant given(random);
     VARIANT argument = given.get();
-    if ((argument.vt & VT_BYREF) != 0)
-      continue;  // the platform's conversion may need one that is not null
+    // What the platform does not survive itself.
+    const bool isNone = argument.vt == VT_DECIMAL && argument.decVal.scale > 28;
+    if ((argument.vt & VT_BYREF) != 0 || isNone) continue;
     const LONG before = record.getLong(u"mlPrefix");
     DISPPARAMS parameters{&argument, &newValue, 1, 1};
     const HRESULT put =
