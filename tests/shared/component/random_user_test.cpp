@@ -268,6 +268,7 @@ class RandomUser : public OptionsTest {
 TEST_F(RandomUser, NeverGetsTheDialogIntoABadState) {
   long wanted = isLongRun() ? 1'000'000 : 5'000;
   if (desk->hasWindows()) wanted = isLongRun() ? 50'000 : 150;
+  if (isLongRun()) std::cout << "seed " << random_.seed() << std::endl;  // a crash must not lose it
   while (actions_ < wanted && !HasFailure()) sit(200);
   if (isLongRun() || HasFailure()) {
     std::cout << "seed " << random_.seed() << ": " << actions_ << " actions, " << saves_
