@@ -213,11 +213,11 @@ TEST_F(ComponentMemoryTest, OfAutomationTextsAndErrors) {
   EXPECT_GT(refused, 0);
 }
 
-TEST_F(ComponentMemoryTest, WhileADialogOpensAndCloses) { walkDialogs(4, 0, Visitor::End::close); }
+TEST_F(ComponentMemoryTest, WhileADialogOpensAndCloses) { walkDialogs(2, 0, Visitor::End::close); }
 
-TEST_F(ComponentMemoryTest, WhileATabIsVisited) { walkDialogs(4, 10, Visitor::End::close); }
+TEST_F(ComponentMemoryTest, WhileATabIsVisited) { walkDialogs(2, 10, Visitor::End::close); }
 
-TEST_F(ComponentMemoryTest, WhileADialogSaves) { walkDialogs(4, 0, Visitor::End::save); }
+TEST_F(ComponentMemoryTest, WhileADialogSaves) { walkDialogs(2, 0, Visitor::End::save); }
 
 }  // namespace
 }  // namespace tillora::testing

@@ -64,7 +64,7 @@ class ManyRealDialogsTest : public ::testing::Test {
 };
 
 TEST_F(ManyRealDialogsTest, LeaveNothing) {
-  const int dialogs = isLongRun() ? 1000 : 3;
+  const int dialogs = isLongRun() ? 1000 : 2;
   const Kept left = keptAfter(dialogs, Visitor::kEveryTab, [] {});
   EXPECT_EQ(left.windows, 0U);
   EXPECT_EQ(left.blocks, 0);

@@ -495,7 +495,7 @@ class MisbehavingHostTest : public ::testing::Test {
 };
 
 TEST_F(MisbehavingHostTest, IsSurvivedWhateverItDoesInACall) {
-  const int wanted = isLongRun() ? 1000 : 10;
+  const int wanted = isLongRun() ? 1000 : 6;
   const unsigned first = RandomChoices().seed();
   expectWorks();
   const Holdings before;

@@ -204,7 +204,7 @@ TEST_F(RandomHostTest, ThatGivesAnythingIsSurvived) {
   const std::set<HRESULT> expected = {S_OK, error::typeMismatch, error::overflow,
                                       error::objectNotSet};
   std::set<HRESULT> results;
-  const int dialogs = rounds(60, 6000);
+  const int dialogs = rounds(40, 6000);
   for (int i = 0; i < dialogs && !HasFailure(); ++i) {
     percent_ = random.chance(50) ? 1 : 50;
     const HRESULT result = show(true);
