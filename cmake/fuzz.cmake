@@ -1,6 +1,6 @@
 # One program for each file of tests/fuzz/, by the fuzzer that comes with Clang: cmake --preset fuzz. Its tests run for
-# TILLORA_FUZZ_SECONDS each, and keep what they made up in build/fuzz/corpus/.
-set(TILLORA_FUZZ_SECONDS 60 CACHE STRING "How long each fuzz test runs")
+# TILLORA_FUZZ_INPUTS each, ten million in all, and keep what they made up in build/fuzz/corpus/.
+set(TILLORA_FUZZ_INPUTS 1450000 CACHE STRING "How many inputs each fuzz test makes up")
 tillora_sources(targets FOLDERS tests/fuzz PATTERN "*_fuzz.cpp")
 add_custom_target(fuzz_targets)
 foreach(target IN LISTS targets)
@@ -15,6 +15,6 @@ foreach(target IN LISTS targets)
     set(words -dict=${PROJECT_SOURCE_DIR}/tests/fuzz/${name}.dict)
   endif()
   add_test(NAME fuzz.${name} CONFIGURATIONS long
-    COMMAND ${name} -max_total_time=${TILLORA_FUZZ_SECONDS} -artifact_prefix=${corpus}- -print_final_stats=1 ${words} ${corpus})
-  set_tests_properties(fuzz.${name} PROPERTIES LABELS long TIMEOUT 100000)
+    COMMAND ${name} -runs=${TILLORA_FUZZ_INPUTS} -artifact_prefix=${corpus}- -print_final_stats=1 ${words} ${corpus})
+  set_tests_properties(fuzz.${name} PROPERTIES LABELS long TIMEOUT 14400)
 endforeach()

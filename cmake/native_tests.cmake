@@ -7,18 +7,11 @@ tillora_program(native_tests
 tillora_together(native_tests REUSE tillora_testing)
 tillora_unit_test_shards(native_tests 2)
 
-# tillora_long_test(<test> <filter>): tests that sample in the everyday run, gone through in full (docs/reliability.md):
-# ctest --preset native -C long -L long.
-function(tillora_long_test test filter)
-  add_test(NAME ${test} CONFIGURATIONS long
-    COMMAND native_tests --gtest_filter=${filter}
-    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
-  set_tests_properties(${test} PROPERTIES LABELS long TIMEOUT 100000 ENVIRONMENT TILLORA_LONG=1)
-endfunction()
-tillora_long_test(long.disk "FailingDisk*")
-tillora_long_test(long.shop_memory "FailingMemoryOfShop*")
-tillora_long_test(long.dialog_memory "FailingMemoryTest*:*FailingMemoryOnTab*")
-tillora_long_test(long.random_user "RandomUser*")
+tillora_long_test(long.disk native_tests "FailingDisk*")
+tillora_long_test(long.shop_memory native_tests "FailingMemoryOfShop*")
+tillora_long_test(long.dialog_memory native_tests "FailingMemoryTest*:*FailingMemoryOnTab*")
+tillora_long_test(long.random_user native_tests "RandomUser*")
+tillora_long_test(long.many_dialogs native_tests "ManyDialogsTest*")
 
 # Checks of the sources and documents run once for all presets.
 file(GLOB documents RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS

@@ -26,7 +26,7 @@ file(GLOB_RECURSE all_tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/*_test
 list(FILTER all_tests EXCLUDE REGEX "/tests/testing/")
 set(windows_tests ${all_tests})
 list(FILTER windows_tests INCLUDE REGEX
-  "/tests/(com|platform|ui/win32|component/automation|host/automation|windows)/")
+  "/tests/(com|platform|ui/win32|component/automation|host/automation|reliability/win32|windows)/")
 set(native_tests ${all_tests})
 list(REMOVE_ITEM native_tests ${windows_tests})
 # Behaviour that holds with and without windows is tested on both sides. What the tabs do in real windows does not
@@ -74,6 +74,17 @@ function(tillora_unit_test_shards program count)
     tillora_unit_tests(${program}-${shard} ${program}
       GTEST_TOTAL_SHARDS=${count} GTEST_SHARD_INDEX=${index})
   endforeach()
+endfunction()
+
+# tillora_long_test(<test> <program> <filter>): tests that sample in the everyday run, gone through in full
+# (docs/reliability.md): ctest --preset native -C long -L long.
+function(tillora_long_test test program filter)
+  set(seconds 14400)
+  add_test(NAME ${test} CONFIGURATIONS long
+    COMMAND ${program} --gtest_filter=${filter}
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set_tests_properties(${test} PROPERTIES LABELS long TIMEOUT ${seconds}
+    ENVIRONMENT "TILLORA_LONG=1;TILLORA_TEST_SECONDS=${seconds}")
 endfunction()
 
 if(WIN32)

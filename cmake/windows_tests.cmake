@@ -1,8 +1,9 @@
 tillora_windows_program(drive FOLDER tools/drive LINK tillora_testing)
 tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
-tillora_sources(failing_memory FOLDERS tests/testing/memory)
+tillora_sources(failures FOLDERS tests/testing/memory tests/reliability/win32)
+list(REMOVE_ITEM failures ${windows_tests})
 tillora_program(windows_tests
-  SOURCES ${windows_tests} ${shared_tests} ${failing_memory}
+  SOURCES ${windows_tests} ${shared_tests} ${failures}
   LINK tillora_testing tillora_host_automation tillora_automation
        tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
        tillora_windows_libraries gtest_main)
@@ -42,6 +43,20 @@ endfunction()
 tillora_unit_test_shards(windows_tests ${unit_desks})
 foreach(desk RANGE 1 ${unit_desks})
   tillora_at_desk(windows_tests-${desk} ${desk})
+endforeach()
+
+# Long runs, two at a time.
+set(long_desk 1)
+foreach(long IN ITEMS
+    "random_user RandomUser*" "many_dialogs ManyRealDialogsTest*" "host MisbehavingHostTest*"
+    "memory ComponentMemoryTest*" "values RandomValuesTest*:RandomHostTest*"
+    "numbers *NumberFormatRules*:*NumberRules*")
+  string(REPLACE " " ";" long "${long}")
+  list(GET long 0 name)
+  list(GET long 1 filter)
+  tillora_long_test(long.${name} windows_tests "${filter}")
+  tillora_at_desk(long.${name} ${long_desk})
+  math(EXPR long_desk "${unit_desks} - ${long_desk} + 1")
 endforeach()
 
 # Clients in processes of their own, with a person at the dialog.

@@ -63,19 +63,41 @@ bool fits(const WholeNumber& number, VARTYPE type) {
   }
 }
 
+bool refersToNothing(const VARIANT& value) {
+  if ((value.vt & VT_BYREF) == 0) return false;
+  if (value.byref == nullptr) return true;
+  // The platform follows one more reference, and refuses a third.
+  if (value.vt != (VT_BYREF | VT_VARIANT)) return false;
+  const VARIANT& target = *value.pvarVal;
+  return (target.vt & VT_BYREF) != 0 && target.byref == nullptr;
+}
+
+/// The platform takes any number of decimals and writes beyond the memory that it has for them.
+bool isNoDecimal(const VARIANT& value) {
+  constexpr BYTE kMostDecimals = 28;
+  return value.vt == VT_DECIMAL && value.decVal.scale > kMostDecimals;
+}
+
 bool isObject(VARTYPE type) { return type == VT_DISPATCH || type == VT_UNKNOWN; }
 
 }  // namespace
+
+HRESULT follow(Variant& result, const VARIANT& value) {
+  if (refersToNothing(value)) return DISP_E_TYPEMISMATCH;
+  const HRESULT copied = VariantCopyInd(result.out(), const_cast<VARIANT*>(&value));
+  return copied == DISP_E_BADVARTYPE || copied == E_INVALIDARG ? DISP_E_TYPEMISMATCH : copied;
+}
 
 HRESULT changeType(Variant& result, const VARIANT& value, VARTYPE type) {
   // Some platform headers declare the source as non-const, though it is never changed.
   auto* const source = const_cast<VARIANT*>(&value);
   if ((value.vt & VT_BYREF) != 0) {
     Variant followed;
-    const HRESULT copied = VariantCopyInd(followed.out(), source);
+    const HRESULT copied = follow(followed, value);
     return FAILED(copied) ? copied : changeType(result, followed.get(), type);
   }
   if (isObject(type) && !isObject(value.vt)) return DISP_E_TYPEMISMATCH;
+  if (isNoDecimal(value)) return DISP_E_TYPEMISMATCH;
   const auto number = wholeNumberOf(value);
   if (number && !fits(*number, type)) return DISP_E_OVERFLOW;
   const HRESULT changed = VariantChangeTypeEx(result.out(), source, LOCALE_USER_DEFAULT, 0, type);

@@ -38,10 +38,12 @@ bool Options::ShowOptions() {
   dialog.FirstUse = FirstUse;
   dialog.LVFileExtension = LVFileExtension;
   dialog.setHost({DBJetObject, AppObject, MsgSndObject, ResourceObject, SettingsObject});
+  // The host may set another one in a call of the load: that is for the next dialog.
+  const std::int16_t tab = SelectedTab;
   try {
-    if (SelectedTab > 0) {
+    if (tab > 0) {
       dialog.load();
-      dialog.tabOptions.setSelected(SelectedTab);
+      dialog.tabOptions.setSelected(tab);
     }
     dialog.showModal();
   } catch (...) {

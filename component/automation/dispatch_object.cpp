@@ -134,7 +134,10 @@ Variant DispatchObject::invoke(WORD flags, const char16_t* member, std::span<Var
 
   if ((result.type() & VT_BYREF) == 0) return result;
   Variant value;
-  const HRESULT copied = VariantCopyInd(value.out(), result.address());
+  const HRESULT copied = win32::follow(value, result.get());
+  if (copied == DISP_E_TYPEMISMATCH) {
+    throw failure(error::typeMismatch, member, u"gave a value of another type");
+  }
   if (FAILED(copied)) throw plainFailure(copied, name_, member);
   return value;
 }

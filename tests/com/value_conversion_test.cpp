@@ -130,5 +130,22 @@ TEST(ValueConversionTest, AMissingConversionIsATypeMismatch) {
   }
 }
 
+TEST(ValueConversionTest, ADecimalOfMoreDecimalsThanThereAreIsNoNumber) {
+  VARIANT value{};
+  value.decVal.Lo64 = 5;
+  value.decVal.Hi32 = 0;
+  value.decVal.sign = 0;
+  value.decVal.scale = 28;
+  value.vt = VT_DECIMAL;
+  Variant result;
+  EXPECT_EQ(changeType(result, value, VT_BSTR), S_OK);
+  for (const VARTYPE wanted : {VT_BSTR, VT_I4, VT_R8, VT_BOOL}) {
+    value.decVal.scale = 29;
+    EXPECT_EQ(changeType(result, value, wanted), DISP_E_TYPEMISMATCH);
+    value.decVal.scale = 255;
+    EXPECT_EQ(changeType(result, value, wanted), DISP_E_TYPEMISMATCH);
+  }
+}
+
 }  // namespace
 }  // namespace tillora::win32

@@ -164,6 +164,13 @@ TEST_F(ShowOptionsTest, ShowOptionsWhileADialogIsOpenIsAnErrorAndLeavesIt) {
   EXPECT_EQ(host.value(options::CompanyName), u"Corner Shop");
 }
 
+TEST_F(ShowOptionsTest, ATabSetInACallOfTheLoadIsForTheNextDialog) {
+  host.onCall = [this](const std::string&) { options_.SelectedTab = -7; };
+  openOn(TabPage::web, [](frmOptions& dialog) {
+    EXPECT_EQ(dialog.tabOptions.selected(), static_cast<int>(TabPage::web));
+  });
+}
+
 TEST_F(ShowOptionsTest, AFailedShowLeavesNoDialogOpen) {
   options_.SelectedTab = 99;
   EXPECT_EQ(raised().number(), error::indexOutOfBounds);

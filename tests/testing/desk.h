@@ -51,6 +51,8 @@ class Desk {
   virtual ~Desk() = default;
   virtual ui::Screen& screen() = 0;
   virtual User& user() = 0;
+  /// Whether forms are shown in windows.
+  virtual bool hasWindows() const = 0;
 
   /// What the person does when the next modal form has been shown. A form shown inside a step takes
   /// the step queued next. A form that is still open when its step ends is closed by its close box;

@@ -70,6 +70,7 @@ class HeadlessDesk final : public Desk {
  public:
   ui::Screen& screen() override { return screen_; }
   User& user() override { return user_; }
+  bool hasWindows() const override { return false; }
   void whenShown(std::function<void(ui::Form&)> step) override {
     screen_.steps.push_back(std::move(step));
   }

@@ -107,6 +107,22 @@ Variant arrayVariant() {
   value.address()->parray = SafeArrayCreateVector(VT_I4, 0, 2);
   return value;
 }
+Variant referenceTo(VARTYPE type, void* target) {
+  Variant value;
+  value.address()->vt = static_cast<VARTYPE>(VT_BYREF | type);
+  value.address()->byref = target;
+  return value;
+}
+Variant referenceToReferenceToNothing() {
+  static VARIANT target{};
+  target.vt = VT_BYREF | VT_I4;
+  return referenceTo(VT_VARIANT, &target);
+}
+Variant referenceToNoValue() {
+  static VARIANT target{};
+  target.vt = VT_VOID;
+  return referenceTo(VT_VARIANT, &target);
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Values, HostAnswers,
@@ -124,6 +140,19 @@ INSTANTIATE_TEST_SUITE_P(
         Answer{"word", [] { return Variant(u"many"); }, {}, error::typeMismatch},
         Answer{"error", errorVariant, {}, error::typeMismatch},
         Answer{"array", arrayVariant, {}, error::typeMismatch},
+        Answer{"referenceToNothing",
+               [] { return referenceTo(VT_I4, nullptr); },
+               {},
+               error::typeMismatch},
+        Answer{"referenceToNoVariant",
+               [] { return referenceTo(VT_VARIANT, nullptr); },
+               {},
+               error::typeMismatch},
+        Answer{"referenceToReferenceToNothing",
+               referenceToReferenceToNothing,
+               {},
+               error::typeMismatch},
+        Answer{"referenceToNoValue", referenceToNoValue, {}, error::typeMismatch},
         Answer{"nothing",
                [] { return Variant(static_cast<IDispatch*>(nullptr)); },
                {},

@@ -4,8 +4,6 @@
 // commctrl.h needs windows.h first.
 #include <commctrl.h>
 
-#include <cstdlib>
-#include <set>
 #include <vector>
 
 #include "base/numbers.h"
@@ -14,6 +12,7 @@
 #include "tests/component/automation/event_listener.h"
 #include "tests/component/automation/server_library.h"
 #include "tests/testing/win32/dialog_person.h"
+#include "tests/testing/win32/holdings.h"
 #include "tests/testing/win32/key_strokes.h"
 #include "tests/testing/win32/thread_of_window.h"
 
@@ -27,20 +26,10 @@ using testing::connectionPoint;
 using testing::DialogPerson;
 using testing::EventListener;
 using testing::FakeHost;
+using testing::Holdings;
 using testing::ServerLibrary;
+using testing::windowsOfThread;
 using win32::ComPtr;
-
-BOOL CALLBACK addWindow(HWND window, LPARAM windows) {
-  reinterpret_cast<std::set<HWND>*>(windows)->insert(window);
-  return TRUE;
-}
-
-/// The top-level windows of this thread, hidden ones included.
-std::set<HWND> threadWindows() {
-  std::set<HWND> windows;
-  EnumThreadWindows(GetCurrentThreadId(), addWindow, reinterpret_cast<LPARAM>(&windows));
-  return windows;
-}
 
 /// The library's objects for a host, and a person who closes the dialog.
 void openOnce(_Options& options, AutomationHost& host) {
@@ -71,24 +60,6 @@ TEST(UnloadTest, ComUnloadsTheLibraryAfterUseAndLoadsItAgain) {
     CoFreeUnusedLibrariesEx(0, 0);
     EXPECT_EQ(GetModuleHandleW(L"TilloraOptions.dll"), nullptr) << "round " << round;
   }
-}
-
-/// The GDI objects of the program.
-DWORD gdiObjects() {
-  if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return counted;
-  // A platform that does not count them: it finds an object by the lower half of its handle.
-  DWORD count = 0;
-  for (UINT_PTR handle = 1; handle <= 0xFFFF; ++handle) {
-    if (GetObjectType(reinterpret_cast<HGDIOBJ>(handle)) != 0) ++count;
-  }
-  return count;
-}
-
-/// The handles of the process; 0 if the platform does not count them.
-DWORD openHandles() {
-  DWORD handles = 0;
-  GetProcessHandleCount(GetCurrentProcess(), &handles);
-  return handles;
 }
 
 BOOL CALLBACK countLongLists(HWND window, LPARAM found) {
@@ -258,7 +229,7 @@ TEST_F(RealDialogTest, TheHostsWindowIsDisabledMeanwhileAndThenInFrontAgain) {
 }
 
 TEST_F(RealDialogTest, AHostsFailureInASaveLeavesNoWindowAndArrives) {
-  const auto before = threadWindows();
+  const auto before = windowsOfThread();
   auto options = create();
   host.failingCall = "commit";
   DialogPerson person([](HWND) {
@@ -274,16 +245,16 @@ TEST_F(RealDialogTest, AHostsFailureInASaveLeavesNoWindowAndArrives) {
   EXPECT_EQ(person.finish(), 1);
   EXPECT_TRUE(IsWindowEnabled(owner));
   options.reset();
-  EXPECT_EQ(threadWindows(), before);
+  EXPECT_EQ(windowsOfThread(), before);
   EXPECT_EQ(server.canUnloadNow(), S_OK);
 }
 
 TEST_F(RealDialogTest, AFailureWhileLoadingShowsNoWindow) {
   auto options = create();
   host.failingCall = "OptionsRecord";
-  const auto before = threadWindows();
+  const auto before = windowsOfThread();
   EXPECT_EQ(show(*options.get()), FakeHost::failure().number());
-  EXPECT_EQ(threadWindows(), before);
+  EXPECT_EQ(windowsOfThread(), before);
   EXPECT_TRUE(IsWindowEnabled(owner));
 }
 
@@ -298,29 +269,8 @@ TEST_F(RealDialogTest, ATabBeyondTheLastIsAnErrorWithoutAWindow) {
   EXPECT_EQ(person.finish(), 1);
 }
 
-/// What a program may hold on to: windows of the thread, GDI objects and handles of the process.
-struct Holdings {
-  std::set<HWND> windows = threadWindows();
-  DWORD gdi = gdiObjects();
-  DWORD handles = openHandles();
-
-  /// Whether `later` shows a leak of one object or handle per dialog. A platform's own stock of
-  /// device contexts and handles grows and shrinks by a few.
-  bool leaked(const Holdings& later, DWORD dialogs) const {
-    return later.windows != windows || later.gdi >= gdi + dialogs ||
-           later.handles >= handles + dialogs;
-  }
-};
-
-/// Forty dialogs; a long run has as many as TILLORA_DIALOGS says (200 with
-/// TILLORA_TEST_SECONDS=900).
-int dialogsOfTheLongTest() {
-  const char* const number = std::getenv("TILLORA_DIALOGS");
-  return number == nullptr ? 40 : std::atoi(number);
-}
-
 TEST_F(RealDialogTest, ManyFullDialogsLeaveNothingBehind) {
-  const int rounds = dialogsOfTheLongTest();
+  constexpr int rounds = 40;
   constexpr int kPainted = 4;  // one in this many dialogs
   host.dispensingAvailable = true;
   for (int i = 0; i < 1000; ++i) {
@@ -364,9 +314,7 @@ TEST_F(RealDialogTest, ManyFullDialogsLeaveNothingBehind) {
   EXPECT_EQ(automationHost.settings->references(), 1U);
   const Holdings after;
   EXPECT_FALSE(before.leaked(after, static_cast<DWORD>(rounds / kPainted)))
-      << "windows " << before.windows.size() << " then " << after.windows.size() << ", GDI objects "
-      << before.gdi << " then " << after.gdi << ", handles " << before.handles << " then "
-      << after.handles;
+      << before << ", then " << after;
   EXPECT_EQ(host.live, 5) << "only what the test itself holds";
 }
 

@@ -15,6 +15,7 @@
 #include "base/error.h"
 #include "com/com_ptr.h"
 #include "com/variant.h"
+#include "tests/testing/memory/failing_memory.h"
 
 namespace tillora::testing {
 
@@ -69,8 +70,13 @@ class ScriptedObject final : public IDispatchEx {
   /// Called for every reference that is released, with the number of those left.
   std::function<void(ULONG)> released;
   ULONG references() const { return references_; }
+  /// Called before anything that is asked of any of these objects, a release included.
+  static inline std::function<void()> onAsked;
+  /// Called with what a member of any of them gives, which it may replace.
+  static inline std::function<void(const Text& member, win32::Variant& value)> onGiven;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    if (onAsked) onAsked();
     const bool known = id == IID_IUnknown || id == IID_IDispatch || (offers && id == *offers) ||
                        (namesOnlyByEx && id == __uuidof(IDispatchEx));
     *object = known ? static_cast<IDispatchEx*>(this) : nullptr;
@@ -80,6 +86,7 @@ class ScriptedObject final : public IDispatchEx {
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override {
+    if (onAsked) onAsked();
     const ULONG left = --references_;
     if (released) released(left);
     if (left == 0) delete this;
@@ -130,6 +137,8 @@ class ScriptedObject final : public IDispatchEx {
   }
 
   HRESULT lookUp(const wchar_t* name, DISPID* id) {
+    const FailingMemory::Pause outside;
+    if (onAsked) onAsked();
     const Text asked = win32::fromWide(name);
     ++lookUps[asked];
     const auto found = ids_.find(folded(asked));
@@ -141,6 +150,8 @@ class ScriptedObject final : public IDispatchEx {
                EXCEPINFO* exception) {
     const auto index = static_cast<std::size_t>(id - kFirstId);
     if (index >= members_.size()) return DISP_E_MEMBERNOTFOUND;
+    const FailingMemory::Pause outside;
+    if (onAsked) onAsked();
     calls.push_back(members_[index].first);
     Call given{flags, {}};
     for (UINT position = parameters.cArgs; position > 0; --position) {
@@ -148,6 +159,7 @@ class ScriptedObject final : public IDispatchEx {
     }
     try {
       win32::Variant value = members_[index].second(given);
+      if (onGiven && result != nullptr) onGiven(members_[index].first, value);
       if (result != nullptr) std::swap(*result, *value.address());
       return S_OK;
     } catch (const Failing& failing) {

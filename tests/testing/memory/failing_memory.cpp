@@ -68,9 +68,13 @@ bool FailingMemory::failsNext() {
   return concernsThisThread() && plan.pauses == 0 && isFailing(plan.allocations++);
 }
 
-FailingMemory::Pause::Pause() { ++plan.pauses; }
+FailingMemory::Pause::Pause() : pauses_(concernsThisThread()) {
+  if (pauses_) ++plan.pauses;
+}
 
-FailingMemory::Pause::~Pause() { --plan.pauses; }
+FailingMemory::Pause::~Pause() {
+  if (pauses_) --plan.pauses;
+}
 
 }  // namespace tillora::testing
 

