@@ -36,6 +36,20 @@ REGEDIT4
 REG
 }
 
+# The settings are read when the first program starts, so afterwards there is no server.
+wine_set_registry() {
+  wine_registry_settings "$1" >"$WINEPREFIX/tillora.reg"
+  wine_run 60 regedit /S "$(wine_path "$WINEPREFIX/tillora.reg")" || return 1
+  wine_server -k
+  wine_server -w
+}
+
+# wine_use_dpi DPI: another resolution in an open prefix.
+wine_use_dpi() {
+  wine_set_registry "$1" || return 1
+  wine_server -p
+}
+
 # Text widths depend on the fonts; these are the ones that the dialog asks for.
 wine_copy_fonts() {
   local fonts=$WINEPREFIX/drive_c/windows/Fonts
@@ -60,12 +74,8 @@ wine_make_prefix() {
   wine_run 180 wineboot -i || return 1
   wine_server -w
   wine_copy_fonts
-  wine_registry_settings "$dpi" >"$WINEPREFIX/tillora.reg"
   wine_server -p
-  wine_run 60 regedit /S "$(wine_path "$WINEPREFIX/tillora.reg")" || return 1
-  # The settings are read when the first program starts, so the server begins again.
-  wine_server -k
-  wine_server -w
+  wine_set_registry "$dpi" || return 1
   echo "$WINE_STAMP" >"$WINEPREFIX/tillora.stamp"
 }
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <windows.h>
+// psapi.h needs windows.h first.
+#include <psapi.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -23,6 +27,12 @@ double timed(Code&& code) {
 inline double median(std::vector<double> values) {
   std::ranges::sort(values);
   return values[values.size() / 2];
+}
+
+inline std::size_t privateBytes() {
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters.PagefileUsage;
 }
 
 /// Prints what was measured, round by round (milliseconds), and returns whether the budget is kept.

@@ -1,7 +1,5 @@
-#include <windows.h>
-// psapi.h needs windows.h first.
-#include <psapi.h>
-
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -32,18 +30,16 @@ struct Times {
   double close = 0;
 };
 
+std::vector<double> valuesOf(const std::vector<Times>& all, double Times::* time) {
+  std::vector<double> values(all.size());
+  std::ranges::transform(all, values.begin(), std::mem_fn(time));
+  return values;
+}
+
 struct Space {
   std::size_t windows = 0;
-  SIZE_T privateBytes = 0;
+  std::size_t privateBytes = 0;
 };
-
-SIZE_T privateBytes() {
-  PROCESS_MEMORY_COUNTERS_EX counters{};
-  counters.cb = sizeof counters;
-  K32GetProcessMemoryInfo(GetCurrentProcess(),
-                          reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters), sizeof counters);
-  return counters.PrivateUsage;
-}
 
 BOOL CALLBACK countOne(HWND /*window*/, LPARAM count) {
   ++*reinterpret_cast<std::size_t*>(count);
@@ -88,11 +84,7 @@ class Opening {
     bool kept = true;
     const auto compare = [&](const char* what, const std::vector<Times>& product,
                              const std::vector<Times>& floor, double Times::* time, double budget) {
-      std::vector<double> products;
-      std::vector<double> floors;
-      for (const Times& each : product) products.push_back(each.*time);
-      for (const Times& each : floor) floors.push_back(each.*time);
-      kept = report(what, products, floors, budget) && kept;
+      kept = report(what, valuesOf(product, time), valuesOf(floor, time), budget) && kept;
     };
     compare("open to the first page", oursFirstPage, sheetFirstPage, &Times::open, kSheetBudget);
     compare("close, first page alone", oursFirstPage, sheetFirstPage, &Times::close, kSheetBudget);
@@ -126,7 +118,7 @@ class Opening {
 
   Times measureOurs(bool allPages) {
     Times times;
-    const SIZE_T before = privateBytes();
+    const std::size_t before = privateBytes();
     const auto start = Clock::now();
     auto closing = start;
     screen_.modalShown = [&](ui::Form& form) {
@@ -149,7 +141,7 @@ class Opening {
   Times measureSheet(bool allPages) {
     const ui::win32::VisualStyles styles;
     Times times;
-    const SIZE_T before = privateBytes();
+    const std::size_t before = privateBytes();
     HWND sheet = nullptr;
     times.open = timed([&] { sheet = sheet_->open(owner_.get()); });
     if (allPages) {

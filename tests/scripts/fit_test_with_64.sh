@@ -8,7 +8,7 @@ source "$REPO/tools/wine.sh"
 # measure NAME DPI SCREEN TESTS
 measure() {
   local log=$TMPDIR/$1.txt
-  if DISPLAY_SIZE=$3 display_open && wine_open "fit-$2" 64 "$2" &&
+  if DISPLAY_SIZE=$3 display_open && wine_open fit 64 && wine_use_dpi "$2" &&
     "$WINE" "$BUILD/windows_tests.exe" --gtest_filter="$4" --gtest_output= >"$log" 2>&1 </dev/null &&
     grep -q '^\[       OK' "$log"; then
     echo "ok $1"
