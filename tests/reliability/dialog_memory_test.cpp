@@ -18,21 +18,7 @@ class Sitting : public OptionsTest {
   using Stored = std::map<OptionId, Value>;
   using Act = std::function<void(Sitting&)>;
 
-  Sitting() {
-    host.dispensingAvailable = true;
-    host.classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
-    host.accounts = {
-        {{u"Name", Text(u"Sales")}, {u"Inactive", false}, {u"AccountType", Text(u"INC")}}};
-    host.grades = {{{u"GradeNumber", std::int32_t{1}},
-                    {u"Product", Text(u"Fuel:ULP")},
-                    {u"Caption", Text(u"Unleaded")}}};
-    host.webSites = {{{u"Description", Text(u"Our shop")},
-                      {u"URL", Text(u"https://shop.example")},
-                      {u"Inactive", false}}};
-    host.items = {{u"STOCK", u"1", u"Fuel", u"ULP", u"Unleaded", u"Sales"},
-                  {u"OTHC", u"2", u"Other", u"Rounding", u"Rounding", u"Sales"}};
-    host.paymentItems = {{u"Cash", u"Cash", u"Sales"}};
-  }
+  Sitting() { host.fillEveryTab(); }
   ~Sitting() override { TearDown(); }
 
   /// Runs the act with this failure. Whatever it does, the dialog can be used and saved afterwards.

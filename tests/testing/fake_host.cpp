@@ -379,6 +379,21 @@ Error FakeHost::failure() {
           77};
 }
 
+void FakeHost::fillEveryTab() {
+  dispensingAvailable = true;
+  classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
+  accounts = {{{u"Name", Text(u"Sales")}, {u"Inactive", false}, {u"AccountType", Text(u"INC")}}};
+  grades = {{{u"GradeNumber", std::int32_t{1}},
+             {u"Product", Text(u"Fuel:ULP")},
+             {u"Caption", Text(u"Unleaded")}}};
+  webSites = {{{u"Description", Text(u"Our shop")},
+               {u"URL", Text(u"https://shop.example")},
+               {u"Inactive", false}}};
+  items = {{u"STOCK", u"1", u"Fuel", u"ULP", u"Unleaded", u"Sales"},
+           {u"OTHC", u"2", u"Other", u"Rounding", u"Rounding", u"Sales"}};
+  paymentItems = {{u"Cash", u"Cash", u"Sales"}};
+}
+
 void FakeHost::expectFailure(const std::function<void()>& act) {
   try {
     act();

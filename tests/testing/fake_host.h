@@ -83,6 +83,9 @@ class FakeHost {
   /// Calls that start with `prefix`, in order.
   std::vector<std::string> callsStarting(const std::string& prefix) const;
 
+  /// A pharmacy with something on every tab, and items and payment items to choose from.
+  void fillEveryTab();
+
   /// The error that all failures raise.
   static Error failure();
   /// Runs `act`, which must raise this very error.

@@ -78,14 +78,7 @@ class ComponentProgram {
                                200, nullptr, nullptr, nullptr, nullptr)) {
     SetForegroundWindow(owner_);
     SetActiveWindow(owner_);
-    host.dispensingAvailable = true;
-    host.classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
-    host.grades = {{{u"GradeNumber", std::int32_t{1}},
-                    {u"Product", Text(u"Fuel:ULP")},
-                    {u"Caption", Text(u"Unleaded")}}};
-    host.webSites = {{{u"Description", Text(u"Our shop")},
-                      {u"URL", Text(u"https://shop.example")},
-                      {u"Inactive", false}}};
+    host.fillEveryTab();
   }
   ~ComponentProgram() { DestroyWindow(owner_); }
   ComponentProgram(const ComponentProgram&) = delete;

@@ -61,19 +61,7 @@ class HostProgram {
  public:
   explicit HostProgram(const ServerLibrary& server)
       : server_(server), owner_(makeHostWindow()), other_(makeHostWindow()) {
-    host.dispensingAvailable = true;
-    host.classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
-    host.accounts = {
-        {{u"Name", Text(u"Sales")}, {u"Inactive", false}, {u"AccountType", Text(u"INC")}}};
-    host.grades = {{{u"GradeNumber", std::int32_t{1}},
-                    {u"Product", Text(u"Fuel:ULP")},
-                    {u"Caption", Text(u"Unleaded")}}};
-    host.webSites = {{{u"Description", Text(u"Our shop")},
-                      {u"URL", Text(u"https://shop.example")},
-                      {u"Inactive", false}}};
-    host.items = {{u"STOCK", u"1", u"Fuel", u"ULP", u"Unleaded", u"Sales"},
-                  {u"OTHC", u"2", u"Other", u"Rounding", u"Rounding", u"Sales"}};
-    host.paymentItems = {{u"Cash", u"Cash", u"Sales"}};
+    host.fillEveryTab();
     SetForegroundWindow(owner_);
     SetActiveWindow(owner_);
     options = server_.create();

@@ -152,16 +152,7 @@ class RandomHostTest : public RandomValuesTest {
  protected:
   RandomHostTest() {
     for (const OptionInfo& option : kOptionTable) options_.insert(option.name);
-    host.dispensingAvailable = true;
-    host.classes = {{{u"Name", Text(u"Retail")}, {u"Hidden", false}}};
-    host.accounts = {
-        {{u"Name", Text(u"Sales")}, {u"Inactive", false}, {u"AccountType", Text(u"INC")}}};
-    host.grades = {{{u"GradeNumber", std::int32_t{1}},
-                    {u"Product", Text(u"Fuel:ULP")},
-                    {u"Caption", Text(u"Unleaded")}}};
-    host.webSites = {{{u"Description", Text(u"Our shop")},
-                      {u"URL", Text(u"https://shop.example")},
-                      {u"Inactive", false}}};
+    host.fillEveryTab();
     giveHost();
   }
   ~RandomHostTest() override { ScriptedObject::onGiven = nullptr; }
