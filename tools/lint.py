@@ -19,7 +19,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SOURCES = {
     "native": r"(tests/[a-z/]+|base|ui|support|identity|sales|operations|component|component/contract|host|tools/document_tables)/\w+\.cpp",
-    "windows-x64": r"(tests/(clients|com|com_client|component/automation|host/automation|package|platform|testing/win32|"
+    "windows-x64": r"(tests/(clients|com|com_client|component/automation|host/automation|package|platform|reliability/win32|testing/win32|"
                    r"ui/win32|windows)|bench/windows|com|platform|ui/win32|component/automation|host/(automation|app|terminal)|clients/\w+)"
                    r"/\w+\.cpp",
 }
