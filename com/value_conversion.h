@@ -5,7 +5,7 @@
 namespace tillora::win32 {
 
 /// Replaces `result` by a copy of the value, or of what it refers to. A reference to nothing, or to
-/// what is no value, is DISP_E_TYPEMISMATCH.
+/// something that is not a value, is DISP_E_TYPEMISMATCH.
 HRESULT follow(Variant& result, const VARIANT& value);
 
 /// Replaces `result` by the value converted to another type, by the platform's rules under the

@@ -36,7 +36,7 @@ REGEDIT4
 REG
 }
 
-# The settings are read when the first program starts, so afterwards there is no server.
+# Stops the server, because the settings are read when the first program starts.
 wine_set_registry() {
   wine_registry_settings "$1" >"$WINEPREFIX/tillora.reg"
   wine_run 60 regedit /S "$(wine_path "$WINEPREFIX/tillora.reg")" || return 1

@@ -285,7 +285,7 @@ LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM widePar
     // No exception may reach the system. Commands report their failures themselves; what remains is
     // running out of memory while something is shown.
     MessageBeep(MB_ICONERROR);
-    return message == WM_CREATE ? -1 : 0;  // there is no window without its controls
+    return message == WM_CREATE ? -1 : 0;  // the window is not made if its controls cannot be
   }
 }
 

@@ -9,7 +9,7 @@
 namespace tillora::testing {
 
 /// A disk in memory, on which SQLite opens its files by default during the lifetime of this. It
-/// fails when it is told to, and forgets what was not flushed to it when the power goes. For one
+/// fails when it is told to, and loses what was not flushed to it in a power cut. For one
 /// connection at a time; locks are not kept.
 class MemoryDisk {
  public:

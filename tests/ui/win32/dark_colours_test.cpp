@@ -33,7 +33,7 @@ class DarkColours {
                                                    COLOR_WINDOWTEXT};
   static void set(const Colours& colours) {
     SetSysColors(static_cast<int>(kElements.size()), kElements.data(), colours.data());
-    // Some platforms keep the colours of common controls until one of them is told.
+    // Wine's common controls keep the former colours until one of them gets this message.
     const ui::win32::Window told(CreateWindowExW(0, WC_LISTVIEWW, L"", WS_POPUP, 0, 0, 0, 0,
                                                  nullptr, nullptr, nullptr, nullptr));
     SendMessageW(told.get(), WM_SYSCOLORCHANGE, 0, 0);
