@@ -12,7 +12,7 @@
 namespace tillora::ui::win32 {
 
 /// What windows tell screen readers beyond what their classes tell by themselves. The platform
-/// keeps it beside each window. On a platform without such annotations nothing is told.
+/// keeps it beside each window. Without annotations, as under Wine, it does nothing.
 class Annotations {
  public:
   /// Tells a window's name and its role (ROLE_SYSTEM_*); empty and 0 for what its class says.
