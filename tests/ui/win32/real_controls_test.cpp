@@ -23,8 +23,8 @@ class RealControlsTest : public ::testing::Test {
   }
   HWND window(const ui::Control& control) { return desk.windows().windowOf(control); }
   /// Processes messages until the condition holds, with patience for the platform's timers.
-  bool soon(const std::function<bool()>& isSo) {
-    const ULONGLONG end = GetTickCount64() + 20000;
+  bool soon(const std::function<bool()>& isSo, ULONGLONG patience = 20000) {
+    const ULONGLONG end = GetTickCount64() + patience;
     while (!isSo() && GetTickCount64() < end) {
       MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
       desk.windows().pumpUntilIdle();
@@ -52,11 +52,19 @@ class RealControlsTest : public ::testing::Test {
     SendMessageW(toolTips(), TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
     return text;
   }
-  static void moveTo(HWND control, POINT point) {
+  /// Moves the pointer there, and once more whenever the condition does not hold within a second:
+  /// an earlier move may arrive late, and a control that takes the pointer for gone stops what it
+  /// does.
+  bool hover(HWND control, POINT point, const std::function<bool()>& until) {
     POINT onScreen = point;
     ClientToScreen(control, &onScreen);
-    SetCursorPos(onScreen.x, onScreen.y);
-    PostMessageW(control, WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
+    bool isSo = false;
+    for (int i = 0; i < 20 && !isSo; ++i) {
+      SetCursorPos(onScreen.x, onScreen.y);
+      PostMessageW(control, WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
+      isSo = soon(until, 1000);
+    }
+    return isSo;
   }
 
   WindowsDesk desk;
@@ -70,8 +78,8 @@ TEST_F(RealControlsTest, AToolTipPopsUpUnderTheMouse) {
     EXPECT_EQ(toolTipOf(gallery.name), L"A name of your choice");
     SendMessageW(toolTips(), TTM_SETDELAYTIME, TTDT_INITIAL, 1);
     EXPECT_FALSE(IsWindowVisible(toolTips()));
-    moveTo(window(gallery.name), {20, 8});
-    EXPECT_TRUE(soon([&] { return IsWindowVisible(toolTips()) != FALSE; }));
+    EXPECT_TRUE(
+        hover(window(gallery.name), {20, 8}, [&] { return IsWindowVisible(toolTips()) != FALSE; }));
   });
 }
 
@@ -139,10 +147,10 @@ TEST_F(RealControlsTest, AnArrowOfAnUpDownThatIsHeldDownGoesOnStepByStep) {
   gallery.upDown.change = [&] { values.push_back(gallery.upDown.value()); };
   show([&] {
     const HWND arrows = window(gallery.upDown);
-    const LPARAM up = MAKELPARAM(5, 3);
-    PostMessageW(arrows, WM_LBUTTONDOWN, MK_LBUTTON, up);
-    EXPECT_TRUE(soon([&] { return values.size() >= 4; }));
-    PostMessageW(arrows, WM_LBUTTONUP, 0, up);
+    const POINT up{5, 3};
+    PostMessageW(arrows, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(up.x, up.y));
+    EXPECT_TRUE(hover(arrows, up, [&] { return values.size() >= 4; }));
+    PostMessageW(arrows, WM_LBUTTONUP, 0, MAKELPARAM(up.x, up.y));
     EXPECT_TRUE(soon([&] { return GetCapture() != arrows; }));
   });
   ASSERT_GE(values.size(), 4U);
