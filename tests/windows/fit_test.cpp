@@ -190,6 +190,7 @@ void FitTest::expectFits(const ui::ComboBox& combo, HWND window) {
 void FitTest::expectFits(const ui::ListView& list, HWND window) {
   const auto header = reinterpret_cast<HWND>(SendMessageW(window, LVM_GETHEADER, 0, 0));
   EXPECT_GE(heightOf(clientOf(header)), measured(header, u"0").cy);
+  EXPECT_FALSE(GetWindowLongPtrW(window, GWL_STYLE) & WS_HSCROLL) << "a column is not in view";
   for (std::size_t i = 0; i < list.columns().size(); ++i) {
     const Text& text = list.columns()[i].header;
     if (text.empty()) continue;

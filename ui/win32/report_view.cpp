@@ -57,15 +57,19 @@ void ReportView::show(Property what) {
 
 HWND ReportView::header() const { return reinterpret_cast<HWND>(send(LVM_GETHEADER)); }
 
+// Edges are rounded, not widths, so that columns that fit the list in twips fit it in pixels.
 void ReportView::showColumns() {
   int position = 0;
+  int edge = 0;
+  const Metrics& metrics = formWindow().metrics();
   const auto shown = static_cast<int>(SendMessageW(header(), HDM_GETITEMCOUNT, 0, 0));
   for (const ListColumn& column : control().columns()) {
     std::wstring text = forWindow(column.header);
     LVCOLUMNW item{};
     item.mask = LVCF_TEXT | (column.fills && position < shown ? 0 : LVCF_WIDTH);
     item.pszText = text.data();
-    item.cx = formWindow().metrics().toPixels(column.width);
+    item.cx = metrics.toPixels(edge + column.width) - metrics.toPixels(edge);
+    edge += column.width;
     send(position < shown ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, static_cast<WPARAM>(position),
          &item);
     ++position;
