@@ -10,8 +10,8 @@ namespace tillora {
 namespace {
 
 constexpr int kNarrowColumnWidth = 1830;
-constexpr int kCellMargin = 180;  // beside a cell's text, both sides together
-constexpr int kHeaderMargin = 225;
+constexpr int kCellMargin = 180;         // beside a cell's text, both sides together
+constexpr int kHeaderMargin = 255;       // four edges of the platform on both sides, and rounding
 constexpr int kSmallIcon = 270;          // the icon before the text of the first column
 constexpr std::size_t kMostShown = 259;  // characters that the platform's list shows of a cell
 

@@ -104,7 +104,7 @@ TEST_F(ListViewSupport, ColumnsFitTheirContents) {
 
 TEST_F(ListViewSupport, OrTheWiderOfContentsAndHeader) {
   autoSizeColumns(list, -1, ColumnFit::contentsOrHeader);
-  EXPECT_EQ(width(0), 6 * 90 + 225);
+  EXPECT_EQ(width(0), 6 * 90 + 255);
   EXPECT_EQ(width(1), 12 * 90 + 180);
 }
 

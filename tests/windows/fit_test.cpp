@@ -196,7 +196,9 @@ void FitTest::expectFits(const ui::ListView& list, HWND window) {
     if (text.empty()) continue;
     RECT place{};
     SendMessageW(header, HDM_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place));
-    EXPECT_GE(widthOf(place), measured(header, text).cx + pixels(14)) << toUtf8(text);
+    // Without visual styles, a header has three edges beside its text and one around it.
+    const int edges = 8 * GetSystemMetrics(SM_CXEDGE);
+    EXPECT_GE(widthOf(place), measured(header, text).cx + edges) << toUtf8(text);
   }
 }
 
