@@ -83,7 +83,7 @@ foreach(server TilloraOptions TilloraHost)
   tillora_check(${server}.imports tools/check_dll.sh ${PROJECT_BINARY_DIR}/${server}.dll imports)
 endforeach()
 tillora_check(TilloraOptions.size
-  tools/check_dll.sh ${PROJECT_BINARY_DIR}/TilloraOptions.dll size 1250000)
+  tools/check_dll.sh ${PROJECT_BINARY_DIR}/TilloraOptions.dll size 1200000)
 if(bits EQUAL 64)
   tillora_lint(windows-x64)
 endif()
