@@ -13,6 +13,7 @@
 #include "tests/testing/fake_host.h"
 #include "tests/testing/fake_machine.h"
 #include "tests/testing/win32/driven_screen.h"
+#include "ui/win32/dpi_context.h"
 #include "ui/win32/visual_styles.h"
 
 namespace tillora::bench {
@@ -30,7 +31,7 @@ struct Times {
   double close = 0;
 };
 
-std::vector<double> valuesOf(const std::vector<Times>& all, double Times::* time) {
+std::vector<double> valuesOf(const std::vector<Times>& all, double Times::*time) {
   std::vector<double> values(all.size());
   std::ranges::transform(all, values.begin(), std::mem_fn(time));
   return values;
@@ -52,6 +53,12 @@ std::size_t windowsIn(HWND window) {
   return count;
 }
 
+/// What the component's dialog has around it too.
+struct SameSurroundings {
+  ui::win32::VisualStyles styles;
+  ui::win32::SystemScaling scaling;
+};
+
 class Opening {
  public:
   Opening() {
@@ -65,6 +72,7 @@ class Opening {
   }
 
   bool run() {
+    SetCursorPos(0, 0);  // a dialog that opens under the pointer would make its tool tips
     record();
     std::vector<Times> ours;
     std::vector<Times> oursFirstPage;
@@ -83,7 +91,7 @@ class Opening {
                 sheetSpace_.privateBytes / 1024);
     bool kept = true;
     const auto compare = [&](const char* what, const std::vector<Times>& product,
-                             const std::vector<Times>& floor, double Times::* time, double budget) {
+                             const std::vector<Times>& floor, double Times::*time, double budget) {
       kept = report(what, valuesOf(product, time), valuesOf(floor, time), budget) && kept;
     };
     compare("open to the first page", oursFirstPage, sheetFirstPage, &Times::open, kSheetBudget);
@@ -139,7 +147,7 @@ class Opening {
   }
 
   Times measureSheet(bool allPages) {
-    const ui::win32::VisualStyles styles;
+    const SameSurroundings surroundings;
     Times times;
     const std::size_t before = privateBytes();
     HWND sheet = nullptr;
@@ -157,7 +165,7 @@ class Opening {
   }
 
   Times measureBare() {
-    const ui::win32::VisualStyles styles;
+    const SameSurroundings surroundings;
     ui::win32::Window dialog;
     return {.open = timed([&] { dialog = firstPage_->open(owner_.get()); })};
   }

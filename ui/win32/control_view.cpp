@@ -114,7 +114,11 @@ LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam
     view.window_ = nullptr;
     return CallWindowProcW(view.former_, window, message, wParam, lParam);
   }
-  view.formWindow_.relayToToolTips(window, message, wParam, lParam);
+  const bool isMouse = message >= WM_MOUSEFIRST && message <= WM_MBUTTONUP;
+  if (isMouse && !view.control_.toolTip().empty()) {
+    view.formWindow_.walled(
+        [&] { view.formWindow_.relayToToolTips(window, message, wParam, lParam); });
+  }
   if (view.formWindow_.holdsOff(message)) return 0;
   if (message == WM_SETCURSOR && view.formWindow_.showPointer()) return TRUE;
   return view.formWindow_.walled([&] { return view.message(message, wParam, lParam); });

@@ -57,7 +57,8 @@ DWORD styleOf(const TextBox& box) {
 
 void EditView::create(HWND parent) {
   const Echo echo(*this);
-  createWindow(parent, {WC_EDITW, styleOf(control()), WS_EX_CLIENTEDGE});
+  // Placing the text takes a second step, which shows the window too.
+  createWindow(parent, {WC_EDITW, styleOf(control()), WS_EX_CLIENTEDGE, true});
   if (control().passwordCharacter() != 0) {
     send(EM_SETPASSWORDCHAR, control().passwordCharacter());
   }
@@ -186,7 +187,8 @@ void EditView::showScrollBarIfNeeded() const {
 // Has the platform ask anew where in the window the text goes.
 void EditView::fitText() const {
   SetWindowPos(window(), nullptr, 0, 0, 0, 0,
-               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE |
+                   (control().visible() ? SWP_SHOWWINDOW : 0U));
 }
 
 // The platform puts the text of a single line at the top of the client area.

@@ -72,7 +72,6 @@ FormWindow::FormWindow(Screen& screen, Form& form, HWND owner) : screen_(screen)
   if (!window_) throwLastError("CreateDialogIndirectParamW");
   try {
     SetWindowTextW(window_, forWindow(form.caption()).c_str());
-    resize();
     place(owner);
     SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     createChildren(form, window_);
@@ -97,11 +96,16 @@ SIZE FormWindow::frame() const {
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-void FormWindow::resize() {
+SIZE FormWindow::wholeSize() const {
   const Size client = form_.clientSize();
   const SIZE frame = this->frame();
-  SetWindowPos(window_, nullptr, 0, 0, metrics().toPixels(client.width) + frame.cx,
-               metrics().toPixels(client.height) + frame.cy,
+  return {metrics().toPixels(client.width) + frame.cx,
+          metrics().toPixels(client.height) + frame.cy};
+}
+
+void FormWindow::resize() {
+  const SIZE whole = wholeSize();
+  SetWindowPos(window_, nullptr, 0, 0, whole.cx, whole.cy,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -132,15 +136,14 @@ void FormWindow::placeOver(const RECT& around, const RECT& work) {
   const SIZE most{work.right - work.left, work.bottom - work.top};
   least_ = {std::min(most.cx, metrics().toPixels(natural.width) + frame.cx),
             std::min(most.cy, metrics().toPixels(natural.height) + frame.cy)};
-  RECT own{};
-  GetWindowRect(window_, &own);
-  const SIZE size{std::min(most.cx, own.right - own.left), std::min(most.cy, own.bottom - own.top)};
+  const SIZE whole = wholeSize();
+  const SIZE size{std::min(most.cx, whole.cx), std::min(most.cy, whole.cy)};
   const LONG left = (around.left + around.right - size.cx) / 2;
   const LONG top = (around.top + around.bottom - size.cy) / 2;
   SetWindowPos(window_, nullptr, std::clamp(left, work.left, work.right - size.cx),
                std::clamp(top, work.top, work.bottom - size.cy), size.cx, size.cy,
                SWP_NOZORDER | SWP_NOACTIVATE);
-  if (size.cx < own.right - own.left || size.cy < own.bottom - own.top) followWindow();
+  if (size.cx < whole.cx || size.cy < whole.cy) followWindow();
 }
 
 void FormWindow::followSettings() {
@@ -271,14 +274,19 @@ HIMAGELIST FormWindow::imagesOf(const ui::ImageList& images) {
   return made.get();
 }
 
-void FormWindow::setToolTip(HWND window, std::wstring text) {
-  if (!toolTips_) {
-    toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
-                                CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
-                                nullptr, tillora::win32::thisModule(), nullptr);
-    constexpr int kWidestTip = 5760;  // twips; a width makes long tips break into lines
-    SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, metrics().toPixels(kWidestTip));
+void FormWindow::makeToolTips() {
+  toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX,
+                              CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window_,
+                              nullptr, tillora::win32::thisModule(), nullptr);
+  constexpr int kWidestTip = 5760;  // twips; a width makes long tips break into lines
+  SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, metrics().toPixels(kWidestTip));
+  for (const auto& [control, view] : views_) {
+    if (!control->toolTip().empty()) view->show(Property::toolTip);
   }
+}
+
+void FormWindow::setToolTip(HWND window, std::wstring text) {
+  if (!toolTips_) return;
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V2_SIZE;
   tool.uFlags = TTF_IDISHWND;
@@ -289,8 +297,8 @@ void FormWindow::setToolTip(HWND window, std::wstring text) {
   if (!text.empty()) SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void FormWindow::relayToToolTips(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const {
-  if (!toolTips_ || message < WM_MOUSEFIRST || message > WM_MBUTTONUP) return;
+void FormWindow::relayToToolTips(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (!toolTips_) makeToolTips();
   MSG relayed{};
   relayed.hwnd = window;
   relayed.message = message;

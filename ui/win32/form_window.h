@@ -65,10 +65,11 @@ class FormWindow final : public FormView {
   HBRUSH background(HWND child, HDC dc) const;
   /// False if texts in the present colours could not be read on what the theme paints.
   bool isThemeReadable() const;
+  /// Has no effect before the mouse is first moved over a window that has one: then all are made.
   void setToolTip(HWND window, std::wstring text);
-  /// Lets the tool tips know of a message of a window that has one. With TTF_SUBCLASS they would
-  /// see for themselves, at a cost for every message of the window.
-  void relayToToolTips(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
+  /// Lets the tool tips know of a mouse message of a window that has one. With TTF_SUBCLASS
+  /// they would see for themselves, at a cost for every message of the window.
+  void relayToToolTips(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   /// The platform's image list for one of the form's, made when it is first asked for.
   HIMAGELIST imagesOf(const ui::ImageList& images);
   /// The platform put the focus into a control's window.
@@ -111,6 +112,8 @@ class FormWindow final : public FormView {
   void place(HWND owner);
   void placeOver(const RECT& around, const RECT& work);
   /// Gives the window the form's size.
+  /// Of the window, pixels.
+  SIZE wholeSize() const;
   void resize();
   /// Gives the form the window's size.
   void followWindow();
@@ -124,6 +127,7 @@ class FormWindow final : public FormView {
   bool character(MSG& message);
   bool mouseDown(const MSG& message);
   void readBackActive();
+  void makeToolTips();
   void showKeyboardCues(WPARAM key, bool alt);
 
   Screen& screen_;

@@ -1,7 +1,10 @@
 #include "ui/win32/metrics.h"
 
+#include <uxtheme.h>
+
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include "com/module.h"
 #include "ui/win32/visual_styles.h"
@@ -125,6 +128,19 @@ LOGFONTW messageFont() {
   metrics.cbSize = sizeof metrics;
   SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
   return metrics.lfMessageFont;
+}
+
+std::wstring themeName() {
+  wchar_t file[MAX_PATH] = L"";
+  wchar_t colours[MAX_PATH] = L"";
+  wchar_t size[MAX_PATH] = L"";
+  const HRESULT known = GetCurrentThemeName(file, MAX_PATH, colours, MAX_PATH, size, MAX_PATH);
+  return SUCCEEDED(known) ? std::wstring(file) + L'|' + colours + L'|' + size : std::wstring();
+}
+
+bool Look::operator==(const Look& other) const {
+  return dpi == other.dpi && std::memcmp(&font, &other.font, sizeof font) == 0 &&
+         theme == other.theme;
 }
 
 void addTabs(HWND strip, const std::vector<Text>& tabs) {

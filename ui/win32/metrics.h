@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <vector>
 
 #include "base/text.h"
@@ -62,10 +63,20 @@ class Metrics {
   mutable std::vector<TabRow> tabRows_;
 };
 
+/// What measures depend on.
+struct Look {
+  int dpi = 0;
+  LOGFONTW font{};
+  std::wstring theme;  ///< names of its file, colours and size; empty without visual styles
+
+  bool operator==(const Look& other) const;
+};
+
 /// Pixels per inch that the platform lays windows out for.
 int screenDpi();
 /// The platform's font for messages and dialogs.
 LOGFONTW messageFont();
+std::wstring themeName();
 
 /// How labels draw their text.
 inline constexpr UINT kWrappedText = DT_WORDBREAK | DT_EXPANDTABS;

@@ -32,13 +32,18 @@ bool Screen::canShow() const { return runs_.empty() || !runs_.back()->isWindowGo
 
 void Screen::beginSession() {
   scaling_.emplace();
-  metrics_.reset();
+  if (metrics_ && look() != measured_) metrics_.reset();
 }
 
 void Screen::endSession() noexcept { scaling_.reset(); }
 
+Look Screen::look() const { return {screenDpi(), font_ ? *font_ : messageFont(), themeName()}; }
+
 const Metrics& Screen::metrics() const {
-  if (!metrics_) metrics_.emplace(screenDpi(), font_ ? *font_ : messageFont());
+  if (!metrics_) {
+    measured_ = look();
+    metrics_.emplace(measured_.dpi, measured_.font);
+  }
   return *metrics_;
 }
 

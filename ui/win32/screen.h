@@ -43,7 +43,7 @@ class Screen : public ui::Screen {
 
   /// For forms, instead of the platform's message font.
   void setFont(const LOGFONTW& font) { font_ = font; }
-  /// Taken anew at the first use in each session.
+  /// Taken anew if font, resolution or theme were others in the session before.
   const Metrics& metrics() const;
   /// The window of the form that is on top, the owner for message boxes and file dialogs; null
   /// if no form is shown, or its window is gone.
@@ -60,12 +60,14 @@ class Screen : public ui::Screen {
   void fail(std::exception_ptr failure) noexcept;
   /// The run of a form; null while it has none.
   ModalRun* runOf(const Form& form) const;
+  Look look() const;
   void beginSession() override;
   void endSession() noexcept override;
 
   std::optional<SystemScaling> scaling_;
   std::optional<LOGFONTW> font_;
   mutable std::optional<Metrics> metrics_;
+  mutable Look measured_;  ///< for which metrics_ holds
   Pointer pointer_ = Pointer::standard;
   std::vector<ModalRun*> runs_;
 };

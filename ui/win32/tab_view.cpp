@@ -8,7 +8,8 @@ namespace tillora::ui::win32 {
 
 void TabView::create(HWND parent) {
   createWindow(parent, {WC_TABCONTROLW, kTabStripStyle});
-  showTabs();
+  addTabs(window(), control().tabs());
+  showChoice();
 }
 
 LRESULT TabView::message(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -74,6 +74,8 @@ class RealControlsTest : public ::testing::Test {
 
 TEST_F(RealControlsTest, AToolTipPopsUpUnderTheMouse) {
   show([&] {
+    EXPECT_EQ(toolTips(), nullptr) << "made before the mouse was moved";
+    SendMessageW(window(gallery.name), WM_MOUSEMOVE, 0, 0);
     ASSERT_NE(toolTips(), nullptr);
     EXPECT_EQ(toolTipOf(gallery.name), L"A name of your choice");
     SendMessageW(toolTips(), TTM_SETDELAYTIME, TTDT_INITIAL, 1);
@@ -85,6 +87,9 @@ TEST_F(RealControlsTest, AToolTipPopsUpUnderTheMouse) {
 
 TEST_F(RealControlsTest, AToolTipFollowsItsControl) {
   show([&] {
+    gallery.name.setToolTip(u"Before the mouse was moved");
+    SendMessageW(window(gallery.name), WM_MOUSEMOVE, 0, 0);
+    EXPECT_EQ(toolTipOf(gallery.name), L"Before the mouse was moved");
     gallery.name.setToolTip(u"Another && one");
     gallery.check.setToolTip(u"New");
     EXPECT_EQ(toolTipOf(gallery.name), L"Another && one");
