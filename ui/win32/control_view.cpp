@@ -5,6 +5,7 @@
 
 #include "com/module.h"
 #include "ui/win32/form_window.h"
+#include "ui/win32/show_window.h"
 #include "ui/win32/window_text.h"
 
 namespace tillora::ui::win32 {
@@ -52,7 +53,11 @@ void ControlView::show(Property what) {
       EnableWindow(window_, control_.effectivelyEnabled());
       break;
     case Property::visible:
-      ShowWindow(window_, control_.visible() ? SW_SHOWNA : SW_HIDE);
+      if (control_.visible()) {
+        showWindow(window_, SWP_NOZORDER | SWP_NOACTIVATE);
+      } else {
+        ShowWindow(window_, SW_HIDE);
+      }
       break;
     case Property::bounds: {
       const RECT place = pixelBounds();

@@ -186,9 +186,10 @@ void EditView::showScrollBarIfNeeded() const {
 
 // Has the platform ask anew where in the window the text goes.
 void EditView::fitText() const {
+  const bool seen = IsWindowVisible(GetParent(window())) != FALSE;
   SetWindowPos(window(), nullptr, 0, 0, 0, 0,
                SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE |
-                   (control().visible() ? SWP_SHOWWINDOW : 0U));
+                   (seen ? 0U : SWP_NOREDRAW) | (control().visible() ? SWP_SHOWWINDOW : 0U));
 }
 
 // The platform puts the text of a single line at the top of the client area.

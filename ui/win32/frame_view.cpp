@@ -32,7 +32,7 @@ void FrameView::create(HWND parent) {
   }
   formWindow().createChildren(control(), window());
   showScrolling(window(), control(), formWindow().metrics());
-  if (hidden && control().visible()) ShowWindow(window(), SW_SHOWNA);
+  if (hidden && control().visible()) show(Property::visible);
 }
 
 LONG FrameView::role() const { return isGroupBox() ? 0 : ROLE_SYSTEM_PROPERTYPAGE; }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ui/win32/screen.h"
+#include "ui/win32/show_window.h"
 #include "ui/win32/thread_windows.h"
 
 namespace tillora::ui::win32 {
@@ -63,7 +64,7 @@ void ModalRun::show() {
   throwFailure();
   form_.attach(formWindow_.get());
   disable(std::move(others));
-  ShowWindow(formWindow_->window(), SW_SHOW);
+  showWindow(formWindow_->window());
   form_.shown();
 }
 
