@@ -1,0 +1,14 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tillora::ui::win32 {
+
+/// Like ShowWindow, but leaves erasing to the painting that follows. ShowWindow erases the window
+/// and all in it first, in a walk of its own.
+inline void showWindow(HWND window, UINT flags = 0) {
+  SetWindowPos(window, HWND_TOP, 0, 0, 0, 0,
+               SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_DEFERERASE | flags);
+}
+
+}  // namespace tillora::ui::win32
