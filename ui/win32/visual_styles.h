@@ -14,7 +14,6 @@ class VisualStyles {
   ~VisualStyles();
 
  private:
-  HANDLE context_;
   ULONG_PTR cookie_ = 0;
   bool active_ = false;
 };
