@@ -4,9 +4,12 @@ namespace tillora::bench {
 
 class Catalogue;
 
-// Each prints its ratios and returns whether its budgets are kept. Floor and product take turns;
-// the median of the rounds' ratios counts.
+// Those with budgets print their ratios and return whether the budgets are kept. Floor and product
+// take turns; the median of the rounds' ratios counts.
 
+/// From CreateObject to the first page, for the first time in this program and later; without a
+/// budget. To be measured first.
+void measureCreating();
 /// Opening the options dialog, against making its windows with nothing behind them.
 bool measureOpening();
 /// Opening the item browser over the catalogue, against a bare walk of the same cursor that reads

@@ -9,16 +9,19 @@ namespace tillora::bench {
 
 using win32::ComPtr;
 
-Catalogue::Catalogue()
+Catalogue::Catalogue(std::int32_t items)
     : folder_(std::filesystem::temp_directory_path() /
               ("tillora-bench-" + std::to_string(GetCurrentProcessId()))),
       shop_(ComPtr<IDispatch>::adopt(host::automation::kShopClass.create()), u"Shop"),
       owner_(CreateWindowExW(0, L"STATIC", L"Benchmark", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
                              900, 700, nullptr, nullptr, win32::thisModule(), nullptr)) {
-  constexpr std::int32_t kItems = 100'000;
   std::filesystem::create_directories(folder_);
-  shop_.call(u"OpenSeeded", (folder_ / "shop.db").u16string(), kItems);
+  shop_.call(u"OpenSeeded", (folder_ / "shop.db").u16string(), items);
   database_ = ComPtr<IDispatch>(shop_.getObject(u"Database", u"Database").object());
+}
+
+ComPtr<IDispatch> Catalogue::object(const char16_t* name) {
+  return ComPtr<IDispatch>(shop_.getObject(name, name).object());
 }
 
 Catalogue::~Catalogue() {

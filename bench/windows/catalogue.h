@@ -4,6 +4,7 @@
 
 #include <oleauto.h>
 
+#include <cstdint>
 #include <filesystem>
 
 #include "com/com_ptr.h"
@@ -12,15 +13,18 @@
 
 namespace tillora::bench {
 
-/// A shop of the reference host with 100,000 items, and a window that stands for the host's.
+/// A shop of the reference host, and a window that stands for the host's.
 class Catalogue {
  public:
-  Catalogue();
+  /// @param items how many made-up items it has besides the few of every shop
+  explicit Catalogue(std::int32_t items);
   ~Catalogue();
   Catalogue(const Catalogue&) = delete;
   Catalogue& operator=(const Catalogue&) = delete;
 
   IDispatch* database() const { return database_.get(); }
+  /// Another object that the host hands to the component.
+  win32::ComPtr<IDispatch> object(const char16_t* name);
 
  private:
   std::filesystem::path folder_;

@@ -31,7 +31,7 @@ struct Times {
   double close = 0;
 };
 
-std::vector<double> valuesOf(const std::vector<Times>& all, double Times::*time) {
+std::vector<double> valuesOf(const std::vector<Times>& all, double Times::* time) {
   std::vector<double> values(all.size());
   std::ranges::transform(all, values.begin(), std::mem_fn(time));
   return values;
@@ -91,7 +91,7 @@ class Opening {
                 sheetSpace_.privateBytes / 1024);
     bool kept = true;
     const auto compare = [&](const char* what, const std::vector<Times>& product,
-                             const std::vector<Times>& floor, double Times::*time, double budget) {
+                             const std::vector<Times>& floor, double Times::* time, double budget) {
       kept = report(what, valuesOf(product, time), valuesOf(floor, time), budget) && kept;
     };
     compare("open to the first page", oursFirstPage, sheetFirstPage, &Times::open, kSheetBudget);

@@ -137,12 +137,15 @@ class PasswordsInProcessTest : public ::testing::Test {
     *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
   }
-  void openPasswordDialog() {
+  HWND passwordButton() {
     HWND button = nullptr;
     EnumChildWindows(dialog_, &PasswordsInProcessTest::findPasswordButton,
                      reinterpret_cast<LPARAM>(&button));
-    ASSERT_NE(button, nullptr);
-    PostMessageW(button, BM_CLICK, 0, 0);
+    EXPECT_NE(button, nullptr);
+    return button;
+  }
+  void openPasswordDialog() {
+    PostMessageW(passwordButton(), BM_CLICK, 0, 0);
     waitFor(kDialog);
   }
   static void type(const Canary& canary, std::size_t length = Canary::kLength) {
@@ -172,6 +175,8 @@ class PasswordsInProcessTest : public ::testing::Test {
     EXPECT_EQ(partsIn(seen_.data(), seen_.size()), 0U) << "in the windows";
     EXPECT_NE(seen_.find("Button\tPasswor&d..."), std::string::npos);
     toolTips_ = 0;
+    // The mouse comes over a control that has a tool tip, and all are made.
+    SendMessageW(passwordButton(), WM_MOUSEMOVE, 0, 0);
     EnumWindows(&PasswordsInProcessTest::lookAtWindow, reinterpret_cast<LPARAM>(this));
     EXPECT_GE(toolTips_, 11);
   }
