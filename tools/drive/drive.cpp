@@ -113,12 +113,9 @@ void waitUntilIdle(HWND front) {
 void waitForDisplay(HWND front) {
   waitUntilIdle(front);  // it has sent the display all its requests
   // Moving the pointer waits for the display. The display serves one program at a time, so that the
-  // second move comes after what the other program had sent before the first.
-  for (int move = 0; move < 2; ++move) {
-    POINT pointer{};
-    GetCursorPos(&pointer);
-    SetCursorPos(pointer.x ^ 1, pointer.y);
-  }
+  // second move comes after what the other program had sent before the first. In the corner,
+  // because moves over the program's windows would be reported to it, with the keys.
+  for (const int x : {1, 0}) SetCursorPos(x, 0);
   waitUntilIdle(front);
 }
 
