@@ -79,8 +79,8 @@ void measureCreating() {
   const double cold = createAndShow(shop);
   // Kept loaded, as by a host that keeps one of its objects.
   const testing::ServerLibrary library;
-  std::vector<double> warm;
-  for (int round = 0; round < 21; ++round) warm.push_back(createAndShow(shop));
+  std::vector<double> warm(21);
+  for (double& round : warm) round = createAndShow(shop);
   std::printf("from CreateObject to the first page      cold %.0f ms, warm %.0f ms\n", cold,
               median(warm));
 }
