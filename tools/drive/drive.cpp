@@ -128,6 +128,24 @@ void actAndWait(Act act) {
   waitUntilIdle(front);
 }
 
+bool isModifier(const INPUT& input) {
+  const WORD key = input.ki.wVk;
+  return key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU;
+}
+
+/// Strikes keys, modifiers first. A late report of the display may release these, so they are held
+/// until it has come, and go down once more with the key, as keys that are held down do.
+void strikeAndWait(const std::vector<INPUT>& inputs) {
+  actAndWait([&] {
+    const auto key = std::ranges::find_if_not(inputs, &isModifier);
+    if (key != inputs.begin()) {
+      sendInputs({inputs.begin(), key});
+      waitForDisplay(GetForegroundWindow());
+    }
+    sendInputs(inputs);
+  });
+}
+
 void list() {
   for (const HWND window : topLevelWindows()) {
     std::wprintf(L"%ls\t%ls\t%ls\n", IsWindowEnabled(window) ? L"enabled" : L"disabled",
@@ -150,11 +168,11 @@ void run(const Arguments& words) {
     waitFor(argument(1), true, kFrontSeconds);
   } else if (command == L"type") {
     for (const wchar_t character : argument(1)) {
-      actAndWait([&] { sendInputs(inputsOf(character)); });
+      strikeAndWait(inputsOf(character));
     }
   } else if (command == L"key") {
     for (std::size_t i = 1; i < words.size(); ++i) {
-      actAndWait([&] { sendInputs(inputsOf(parseStroke(words[i]))); });
+      strikeAndWait(inputsOf(parseStroke(words[i])));
     }
   } else if (command == L"press") {
     const HWND button = findChild(need(argument(1)), L"Button", argument(2));
