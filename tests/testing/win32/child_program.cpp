@@ -14,6 +14,26 @@ std::filesystem::path programFolder() {
 
 std::wstring quoted(const std::filesystem::path& path) { return L"\"" + path.wstring() + L"\""; }
 
+namespace {
+
+// Suspended until it belongs to its job, so that nothing that it starts can be outside.
+PROCESS_INFORMATION startSuspended(std::wstring& commandLine, STARTUPINFOW& startup) {
+  constexpr int kAttempts = 5;
+  PROCESS_INFORMATION started{};
+  DWORD error = ERROR_INTERNAL_ERROR;
+  // On a busy machine Wine may give a program up with this error before it runs.
+  for (int attempt = 0; attempt < kAttempts && error == ERROR_INTERNAL_ERROR; ++attempt) {
+    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED,
+                       nullptr, nullptr, &startup, &started) != FALSE) {
+      return started;
+    }
+    error = GetLastError();
+  }
+  throw std::runtime_error("cannot be run: error " + std::to_string(error));
+}
+
+}  // namespace
+
 ChildProgram::ChildProgram(std::wstring commandLine, const std::filesystem::path& output)
     : job_(CreateJobObjectW(nullptr, nullptr)) {
   JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
@@ -32,12 +52,7 @@ ChildProgram::ChildProgram(std::wstring commandLine, const std::filesystem::path
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESTDHANDLES;
   startup.hStdOutput = startup.hStdError = file;
-  PROCESS_INFORMATION started{};
-  // Suspended until it belongs to the job, so that nothing that it starts can be outside.
-  if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr,
-                     nullptr, &startup, &started) == FALSE) {
-    throw std::runtime_error("cannot be run: error " + std::to_string(GetLastError()));
-  }
+  const PROCESS_INFORMATION started = startSuspended(commandLine, startup);
   process_.reset(started.hProcess);
   const KernelHandle thread(started.hThread);
   AssignProcessToJobObject(job_.get(), process_.get());
