@@ -10,7 +10,8 @@ class Catalogue;
 /// From CreateObject to the first page, for the first time in this program and later; without a
 /// budget. To be measured first.
 void measureCreating();
-/// Opening the options dialog, against making its windows with nothing behind them.
+/// Opening the options dialog, visiting its pages and closing it, against a property sheet of the
+/// platform's with the same windows; opening also against these windows with nothing behind them.
 bool measureOpening();
 /// Opening the item browser over the catalogue, against a bare walk of the same cursor that reads
 /// the same properties.

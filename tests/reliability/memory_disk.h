@@ -9,8 +9,8 @@
 namespace tillora::testing {
 
 /// A disk in memory, on which SQLite opens its files by default during the lifetime of this. It
-/// fails when it is told to, and loses what was not flushed to it in a power cut. For one
-/// connection at a time; locks are not kept.
+/// fails on demand, and a power cut takes what was not flushed. For one connection at a time; it
+/// keeps no locks.
 class MemoryDisk {
  public:
   enum class Fault : std::uint8_t {

@@ -419,6 +419,18 @@ TEST_F(ScreenSizeTest, ANewMessageFontIsFollowedWhileTheDialogIsOpen) {
   });
 }
 
+TEST_F(ScreenSizeTest, TheNextDialogHasTheMessageFontOfItsTime) {
+  RECT first{};
+  open([&](frmOptions& dialog) { first = placeOf(windowOf(dialog)); });
+  LOGFONTW larger = ui::win32::messageFont();
+  larger.lfHeight = larger.lfHeight * 3 / 2;
+  windows().setFont(larger);
+  open([&](frmOptions& dialog) {
+    EXPECT_GT(widthOf(placeOf(windowOf(dialog))), widthOf(first));
+    EXPECT_GT(heightOf(placeOf(windowOf(dialog))), heightOf(first));
+  });
+}
+
 INSTANTIATE_TEST_SUITE_P(Fonts, FitTest,
                          ::testing::Values(FontOfForms{L"Tahoma", 8}, FontOfForms{L"Tahoma", 12},
                                            FontOfForms{L"Open Sans", 9},

@@ -1,8 +1,8 @@
 // How many windows the dialog makes, and how often they are painted.
-#include <algorithm>
 #include <map>
 
 #include "tests/testing/every_dialog.h"
+#include "tests/testing/win32/holdings.h"
 #include "tests/testing/win32/thread_of_window.h"
 #include "tests/testing/win32/windows_desk.h"
 
@@ -13,15 +13,9 @@ namespace {
 class Paints {
  public:
   Paints()
-      : taken_(SetWindowsHookExW(WH_GETMESSAGE, &taken, nullptr, GetCurrentThreadId())),
-        sent_(SetWindowsHookExW(WH_CALLWNDPROC, &sent, nullptr, GetCurrentThreadId())) {
+      : taken_(WH_GETMESSAGE, &taken, GetCurrentThreadId()),
+        sent_(WH_CALLWNDPROC, &sent, GetCurrentThreadId()) {
     counts.clear();
-  }
-  Paints(const Paints&) = delete;
-  Paints& operator=(const Paints&) = delete;
-  ~Paints() {
-    UnhookWindowsHookEx(taken_);
-    UnhookWindowsHookEx(sent_);
   }
 
   static inline std::map<HWND, int> counts;
@@ -38,19 +32,14 @@ class Paints {
     return CallNextHookEx(nullptr, code, wParam, message);
   }
 
-  HHOOK taken_;
-  HHOOK sent_;
+  ThreadHook taken_;
+  ThreadHook sent_;
 };
-
-BOOL CALLBACK countWindow(HWND /*window*/, LPARAM counter) {
-  ++*reinterpret_cast<int*>(counter);
-  return TRUE;
-}
 
 class WindowCountsTest : public EveryDialogTest {
  protected:
   DrivenScreen& windows() { return dynamic_cast<WindowsDesk&>(*desk).windows(); }
-  /// Returns how many there are.
+  /// The number of windows that the controls of the holder have.
   int expectWindowsOfWhatIsSeen(const ui::Container& holder, bool seen) {
     int count = 0;
     for (const ui::Control* child : holder.children()) {
@@ -81,9 +70,7 @@ TEST_F(WindowCountsTest, TheFirstPageAloneHasWindowsWhenTheDialogOpens) {
   host.fillEveryTab();
   open([&](frmOptions& dialog) {
     const int shown = expectWindowsOfWhatIsSeen(dialog, true);
-    int all = 0;
-    EnumChildWindows(windows().topWindow(), countWindow, reinterpret_cast<LPARAM>(&all));
-    EXPECT_EQ(all, shown) << "windows of no control";
+    EXPECT_EQ(childWindows(windows().topWindow()), shown) << "windows of no control";
     EXPECT_EQ(shown, 36);
   });
 }

@@ -111,9 +111,9 @@ class FormWindow final : public FormView {
   SIZE frame() const;
   void place(HWND owner);
   void placeOver(const RECT& around, const RECT& work);
-  /// Gives the window the form's size.
-  /// Of the window, pixels.
+  /// The size that the window needs for the form's, pixels.
   SIZE wholeSize() const;
+  /// Gives the window the form's size.
   void resize();
   /// Gives the form the window's size.
   void followWindow();

@@ -16,7 +16,7 @@ HANDLE makeContext() {
   return CreateActCtxW(&wanted);
 }
 
-/// The context of the module's manifest. Made once: that takes as long as opening five windows.
+/// The context of the module's manifest, made once.
 class ModuleContext {
  public:
   ModuleContext() = default;

@@ -18,7 +18,18 @@ DWORD gdiObjects() {
   return count;
 }
 
+BOOL CALLBACK countWindow(HWND /*window*/, LPARAM counter) {
+  ++*reinterpret_cast<int*>(counter);
+  return TRUE;
+}
+
 }  // namespace
+
+int childWindows(HWND window) {
+  int count = 0;
+  EnumChildWindows(window, &countWindow, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
 
 std::set<HWND> windowsOfThread() {
   std::set<HWND> windows;

@@ -26,4 +26,7 @@ std::ostream& operator<<(std::ostream& out, const Holdings& held);
 /// The top-level windows of this thread, hidden ones included.
 std::set<HWND> windowsOfThread();
 
+/// How many windows lie in this one, at any depth.
+int childWindows(HWND window);
+
 }  // namespace tillora::testing

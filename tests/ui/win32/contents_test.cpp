@@ -4,6 +4,7 @@
 
 #include "com/wide_text.h"
 #include "tests/testing/win32/gallery.h"
+#include "tests/testing/win32/holdings.h"
 #include "tests/testing/win32/windows_desk.h"
 #include "ui/win32/window_text.h"
 
@@ -33,17 +34,6 @@ class ContentsTest : public ::testing::Test {
   Gallery gallery{desk.screen()};
   User& user = desk.user();
 };
-
-BOOL CALLBACK countWindow(HWND /*window*/, LPARAM counter) {
-  ++*reinterpret_cast<int*>(counter);
-  return TRUE;
-}
-
-int childWindows(HWND window) {
-  int count = 0;
-  EnumChildWindows(window, countWindow, reinterpret_cast<LPARAM>(&count));
-  return count;
-}
 
 TEST_F(ContentsTest, WindowsAreMadeWhenTheirPageIsFirstSeen) {
   show([&] {
