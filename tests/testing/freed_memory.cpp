@@ -24,8 +24,6 @@ std::size_t __sanitizer_get_allocated_size(const volatile void* block);
 namespace tillora::testing {
 namespace {
 
-constexpr std::size_t kPart = 4;
-
 // Nothing here may use the heap: it runs while a block is being freed.
 struct Watch {
   std::array<TextView, 8> secrets;
@@ -35,6 +33,8 @@ struct Watch {
 Watch watch;
 
 #ifdef TILLORA_WATCHES_MEMORY
+constexpr std::size_t kPart = 4;
+
 char16_t inSmallLetters(char16_t c) {
   return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
 }

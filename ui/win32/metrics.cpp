@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "com/module.h"
+#include "ui/win32/raster.h"
 #include "ui/win32/visual_styles.h"
 #include "ui/win32/window_text.h"
 
@@ -48,10 +49,38 @@ class MeasuredTabs {
 
 constexpr int kWideEnough = 10000;  // pixels, for all tabs in one row
 
+bool isDrawnWiderThanMeasured(const LOGFONTW& font) {
+  constexpr wchar_t kLetters[] = L"abcdefghijklmnopqrstuvwxyz";
+  constexpr int kCount = ARRAYSIZE(kLetters) - 1;
+  constexpr int kSmoothing = 2;  // pixels that smoothed edges may add
+  const MemoryDc dc(CreateCompatibleDC(nullptr));
+  const Font wanted(CreateFontIndirectW(&font));
+  const Selection selected(dc.get(), wanted.get());
+  SIZE size{};
+  GetTextExtentPoint32W(dc.get(), kLetters, kCount, &size);
+  // Only what lies beyond the measure is drawn.
+  const Raster beyond(size.cy, size.cy);
+  const Selection drawn(dc.get(), beyond.bitmap());
+  SetTextColor(dc.get(), RGB(255, 255, 255));
+  SetBkMode(dc.get(), TRANSPARENT);
+  TextOutW(dc.get(), -(size.cx + kSmoothing), 0, kLetters, kCount);
+  GdiFlush();
+  return std::ranges::any_of(beyond.pixels(), [](std::uint32_t pixel) { return pixel != 0; });
+}
+
+// Wine draws Tahoma of some sizes with bitmaps that are wider than it measures, and cuts off what
+// it draws into its own measure: captions of group boxes, list headers, lines of a wrapped text.
+LOGFONTW drawnAsMeasured(const LOGFONTW& font) {
+  LOGFONTW smaller = font;
+  smaller.lfHeight += font.lfHeight < 0 ? 1 : -1;
+  return isDrawnWiderThanMeasured(font) && !isDrawnWiderThanMeasured(smaller) ? smaller : font;
+}
+
 }  // namespace
 
-Metrics::Metrics(int dpi, LOGFONTW font)
-    : font_(CreateFontIndirectW(&font)), dc_(CreateCompatibleDC(nullptr)), dpi_(dpi) {
+Metrics::Metrics(int dpi, LOGFONTW font) : dc_(CreateCompatibleDC(nullptr)), dpi_(dpi) {
+  font = drawnAsMeasured(font);
+  font_.reset(CreateFontIndirectW(&font));
   font.lfWeight = FW_BOLD;
   bold_.reset(CreateFontIndirectW(&font));
 

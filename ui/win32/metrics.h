@@ -14,7 +14,8 @@ namespace tillora::ui::win32 {
 /// Fonts of forms and the conversion between twips and pixels.
 class Metrics {
  public:
-  /// For a screen with this many pixels per inch, and this font.
+  /// For a screen with this many pixels per inch, and this font, or a size smaller where that is
+  /// drawn as wide as it is measured and this is not.
   Metrics(int dpi, LOGFONTW font);
 
   HFONT font() const { return font_.get(); }
