@@ -21,6 +21,18 @@ bool isBlank(TextView text, std::size_t place) {
   return place < text.size() && text[place] == u' ';
 }
 
+// The caption as it is shown, cut where an ampersand is dropped.
+template <class Take>
+void forEachShownPart(TextView caption, Take&& take) {
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] != u'&' || isBlank(caption, i + 1)) continue;
+    take(caption.substr(start, i - start));
+    start = ++i;
+  }
+  take(caption.substr(start));
+}
+
 }  // namespace
 
 Control& Control::setEnabled(bool enabled) {
@@ -111,7 +123,9 @@ Size Control::naturalSize() const { return {captionWidth() + kBesideText, height
 // is measured.
 int Control::captionWidth() const {
   constexpr int kSlack = 50;  // one in so many
-  const int measured = form_->screen().textWidth(withoutAccessKey(caption()));
+  int measured = 0;
+  // Part by part, without memory for the whole: a dialog that opens measures thousands.
+  forEachShownPart(caption(), [&](TextView part) { measured += form_->screen().textWidth(part); });
   return measured + measured / kSlack;
 }
 
@@ -183,10 +197,8 @@ std::optional<char16_t> accessKeyOf(TextView caption) {
 
 Text withoutAccessKey(TextView caption) {
   Text shown;
-  for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == u'&' && !isBlank(caption, i + 1) && ++i == caption.size()) break;
-    shown += caption[i];
-  }
+  shown.reserve(caption.size());
+  forEachShownPart(caption, [&](TextView part) { shown += part; });
   return shown;
 }
 

@@ -23,12 +23,14 @@ Form& Form::setClientSize(Size size) {
   return *this;
 }
 
+Size Form::measure() { return measured_ = naturalSize(); }
+
 void Form::load() {
   if (loaded_) return;
   loaded_ = true;
   try {
     onLoad();
-    if (loaded_) setClientSize(naturalSize());
+    if (loaded_) setClientSize(measure());
   } catch (...) {
     loaded_ = false;
     throw;

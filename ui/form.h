@@ -37,6 +37,10 @@ class Form : public Container {
   Form& setCaption(Text caption);
   /// Size of the area that holds the controls, twips.
   Size clientSize() const override { return clientSize_; }
+  /// Works out how large a client area the rows need; loading does, and sets that size.
+  Size measure();
+  /// What measure() gave last.
+  Size measured() const { return measured_; }
   Form& setClientSize(Size size);
   /// The user may give the window another size, from that of its rows on.
   bool resizable() const { return resizable_; }
@@ -180,6 +184,7 @@ class Form : public Container {
   FormView* view_ = nullptr;
   Text caption_;
   Size clientSize_;
+  Size measured_;
   Control* active_ = nullptr;
   Control* unvalidated_ = nullptr;  // the last control with the focus that is still to be validated
   CommandButton* default_ = nullptr;

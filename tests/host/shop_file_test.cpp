@@ -1,6 +1,7 @@
 #include "host/shop_file.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <thread>
 
@@ -82,6 +83,36 @@ TEST_F(ShopFileTest, ALockedFileIsReportedAfterWaiting) {
   const Error error = errorOf([&] { open().settings()->setSetting(u"X", u"1"); });
   EXPECT_EQ(error.number(), shop_error::locked);
   EXPECT_GE(std::chrono::steady_clock::now() - start, kPatience / 2);
+}
+
+TEST_F(ShopFileTest, WaitsForAProgramThatReadsAFileNotYetWrittenAhead) {
+  const std::string path = file().string();
+  sqlite3* other = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
+  const auto run = [other](const char* sql) {
+    return sqlite3_exec(other, sql, nullptr, nullptr, nullptr);
+  };
+  ASSERT_EQ(run("PRAGMA user_version = 0; BEGIN; SELECT count(*) FROM sqlite_schema"), SQLITE_OK);
+  std::thread reader([&run] {
+    std::this_thread::sleep_for(kPatience / 4);
+    run("COMMIT");
+  });
+  const std::shared_ptr<ShopFile> opened = ShopFile::open(fromUtf8(path), 100 * kPatience);
+  reader.join();
+  sqlite3_close(other);
+  Statement journal = opened->statement("PRAGMA journal_mode", u"Test");
+  ASSERT_TRUE(journal.step());
+  EXPECT_EQ(journal.text(0), u"wal");
+}
+
+TEST_F(ShopFileTest, TheFileTellsWhoseItIs) {
+  open().close();
+  constexpr std::streamoff kApplicationIdInHeader = 68;
+  std::ifstream stream(file(), std::ios::binary);
+  stream.seekg(kApplicationIdInHeader);
+  std::string id(4, '\0');
+  stream.read(id.data(), static_cast<std::streamsize>(id.size()));
+  EXPECT_EQ(id, "Till");
 }
 
 TEST_F(ShopFileTest, IsSafeAgainstPowerCuts) {

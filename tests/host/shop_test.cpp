@@ -63,6 +63,23 @@ TEST_F(ShopTest, SeedsABelievableShop) {
   EXPECT_FALSE(shop.database()->currencyTable()->atEnd());
 }
 
+TEST_F(ShopTest, SeedsTwoBarcodeFormatsThatAreInUse) {
+  std::string rows;
+  const auto prices = open().database()->randomPriceTable();
+  for (; !prices->atEnd(); prices->moveNext()) {
+    const auto number = [&](const auto& field) {
+      return std::to_string(prices->get(field).template get<std::int32_t>()) + ' ';
+    };
+    rows += number(fields::randomPrice::Prefix) + number(fields::randomPrice::FormatID) +
+            number(fields::randomPrice::OptionBits) +
+            (prices->get(fields::randomPrice::Inactive).get<bool>() ? "unused\n" : "in use\n");
+  }
+  EXPECT_EQ(rows,
+            "20 1 1 in use\n21 2 3 in use\n22 1 1 unused\n23 1 1 unused\n24 1 1 unused\n"
+            "25 1 1 unused\n26 1 1 unused\n27 1 1 unused\n28 1 1 unused\n29 1 1 unused\n"
+            "2 3 1 unused\n");
+}
+
 TEST_F(ShopTest, SeedsItemsOfEveryKind) {
   Shop shop = open();
   const auto accounts = shop.database()->accountTable();

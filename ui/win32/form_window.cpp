@@ -131,7 +131,7 @@ void FormWindow::place(HWND owner) {
 
 // Never larger than the work area, nor partly outside it.
 void FormWindow::placeOver(const RECT& around, const RECT& work) {
-  const Size natural = form_.naturalSize();
+  const Size natural = form_.measured();
   const SIZE frame = this->frame();
   const SIZE most{work.right - work.left, work.bottom - work.top};
   least_ = {std::min(most.cx, metrics().toPixels(natural.width) + frame.cx),
@@ -153,7 +153,7 @@ void FormWindow::followSettings() {
   }
   RECT former{};
   GetWindowRect(window_, &former);
-  const Size natural = form_.naturalSize();
+  const Size natural = form_.measure();
   const Size now = form_.clientSize();
   form_.setClientSize({std::max(natural.width, form_.resizable() ? now.width : 0),
                        std::max(natural.height, form_.resizable() ? now.height : 0)});

@@ -32,7 +32,7 @@ class Metrics {
   int roomFor(int pixels) const { return (pixels * kTwipsPerInch + dpi_ - 1) / dpi_; }
 
   Size twipsPerPixel() const;
-  /// Twips, rounded up to whole pixels; access-key ampersands do not count.
+  /// Twips, rounded up to whole pixels; ampersands count as characters.
   int textWidth(TextView text) const;
   int lineHeight() const { return roomFor(linePixels_); }
   int linePixels() const { return linePixels_; }
