@@ -1,6 +1,7 @@
 #include "tests/clients/client_fixture.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <stdexcept>
 
 namespace tillora::testing {
@@ -28,7 +29,12 @@ ClientTest::ClientTest()
 }
 
 ClientTest::~ClientTest() {
+  const bool runs = client_.has_value();
   client_.reset();
+  if (runs && HasFailure()) {
+    std::printf("The client printed %s\n",
+                ::testing::PrintToString(linesOf(folder_ / "printed.txt")).c_str());
+  }
   std::error_code ignored;
   fs::remove_all(folder_, ignored);
 }

@@ -64,20 +64,18 @@ TEST_F(ShopTest, SeedsABelievableShop) {
 }
 
 TEST_F(ShopTest, SeedsTwoBarcodeFormatsThatAreInUse) {
-  std::string rows;
-  const auto prices = open().database()->randomPriceTable();
-  for (; !prices->atEnd(); prices->moveNext()) {
-    const auto number = [&](const auto& field) {
-      return std::to_string(prices->get(field).template get<std::int32_t>()) + ' ';
-    };
-    rows += number(fields::randomPrice::Prefix) + number(fields::randomPrice::FormatID) +
-            number(fields::randomPrice::OptionBits) +
-            (prices->get(fields::randomPrice::Inactive).get<bool>() ? "unused\n" : "in use\n");
+  const std::string all = dump(open());
+  const std::size_t begin = all.find("[random_prices]");
+  const std::string captions = "UOMUnitCaption = \"kg\", UOMPriceUnitCaption = \"/kg\", ";
+  std::string expected = "[random_prices]\nPrefix = 20, FormatID = 1, OptionBits = 1, " + captions +
+                         "Inactive = False\nPrefix = 21, FormatID = 2, OptionBits = 3, " +
+                         captions + "Inactive = False\n";
+  for (int prefix = 22; prefix <= 29; ++prefix) {
+    expected += "Prefix = " + std::to_string(prefix) + ", FormatID = 1, OptionBits = 1, " +
+                captions + "Inactive = True\n";
   }
-  EXPECT_EQ(rows,
-            "20 1 1 in use\n21 2 3 in use\n22 1 1 unused\n23 1 1 unused\n24 1 1 unused\n"
-            "25 1 1 unused\n26 1 1 unused\n27 1 1 unused\n28 1 1 unused\n29 1 1 unused\n"
-            "2 3 1 unused\n");
+  expected += "Prefix = 2, FormatID = 3, OptionBits = 1, " + captions + "Inactive = True\n";
+  EXPECT_EQ(all.substr(begin, all.find("\n[", begin) - begin), expected);
 }
 
 TEST_F(ShopTest, SeedsItemsOfEveryKind) {

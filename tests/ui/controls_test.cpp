@@ -47,6 +47,13 @@ TEST_F(ControlsTest, ChoosingAnOptionButtonClearsTheOthersOfItsContainer) {
   EXPECT_EQ(events, 1);
 }
 
+TEST_F(ControlsTest, AListInColumnsHasRoomForItsHeaderAndItsBorders) {
+  const auto& list = form.add<ui::ListView>();
+  const int pixel = desk.screen().twipsPerPixel().height;
+  EXPECT_GE(list.heightFor(0), desk.screen().lineHeight() + 12 * pixel);
+  EXPECT_GE(list.heightFor(3), list.heightFor(0) + 3 * desk.screen().lineHeight());
+}
+
 TEST_F(ControlsTest, SettingTextRaisesChangeIfItDiffers) {
   auto& box = form.add<ui::TextBox>();
   box.change = count;

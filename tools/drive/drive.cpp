@@ -15,8 +15,9 @@
 //   texts                 class and text of every window of every program, hidden ones included
 //   sleep MILLISECONDS
 //
-// Commands run in order; the first that fails ends with exit code 1 and says why. After a key or a
-// click the next thing is done when the window in front has processed it, or is gone.
+// Commands run in order; the first that fails ends with exit code 1 and says why, and lists the
+// windows. After a key or a click the next thing is done when the window in front has processed it,
+// or is gone.
 #include <fcntl.h>
 #include <io.h>
 
@@ -214,7 +215,9 @@ int wmain(int count, wchar_t** values) {
     try {
       tillora::testing::run(words);
     } catch (const std::exception& failure) {
-      std::wprintf(L"%ls: %hs\n", words.front().c_str(), failure.what());
+      for (const std::wstring& word : words) std::wprintf(L"%ls ", word.c_str());
+      std::wprintf(L": %hs. The windows:\n", failure.what());
+      tillora::testing::list();
       return 1;
     }
     words.clear();

@@ -571,8 +571,9 @@ TEST_F(CompanyDetailsTest, DigitsThatTheGroupTakesAloneStayInIt) {
 }
 
 TEST_F(CompanyDetailsTest, OnlyDigitsAndBlanksFlow) {
-  for (const Text text : {u"51-824-753-556", u"51 824 753 55x", u"+51824753556", u"5182.47",
-                          u"51\u00a0824\u00a0753\u00a0556", u"\u0665\u0661\u0668\u0662"}) {
+  for (const Text text :
+       {u"51-824-753-556", u"51 824 753 55x", u"+51824753556", u"5182.47", u"51824753556_",
+        u"51\u00a0824\u00a0753\u00a0556", u"\u0665\u0661\u0668\u0662"}) {
     open([&](frmOptions& dialog) {
       user.click(box(dialog, 8));
       user.paste(text);

@@ -1,6 +1,7 @@
 #include "tests/testing/win32/child_program.h"
 
 #include <array>
+#include <cstdio>
 #include <fstream>
 #include <stdexcept>
 
@@ -28,6 +29,7 @@ PROCESS_INFORMATION startSuspended(std::wstring& commandLine, STARTUPINFOW& star
       return started;
     }
     error = GetLastError();
+    std::fprintf(stderr, "%ls cannot be run: error %lu\n", commandLine.c_str(), error);
   }
   throw std::runtime_error("cannot be run: error " + std::to_string(error));
 }
