@@ -322,7 +322,12 @@ class MisbehavingHost final : public HostProgram {
     }
     const auto another = server_.create();
     another->putref_AppObject(automation.app.get());
-    EXPECT_EQ(another->ShowOptions(&shown), error::alreadyShown);
+    // The last reference to the first goes when its dialog is closed, and the host's objects with
+    // it.
+    const HRESULT result = another->ShowOptions(&shown);
+    EXPECT_TRUE(result == error::alreadyShown || (!options && result == error::objectNotSet))
+        << std::hex << result;
+    EXPECT_EQ(shown, VARIANT_FALSE);
   }
   void takeObjectsBack() {
     const ComPtr<_Options> called = options;  // released meanwhile, perhaps
