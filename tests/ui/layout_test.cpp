@@ -180,6 +180,26 @@ TEST_F(LayoutTest, AFormIsAsLargeAsItsRowsNeed) {
   EXPECT_EQ(cancel.bounds().bottom(), form.clientSize().height - 150);
 }
 
+TEST_F(LayoutTest, AFormIsAsWideAsItsButtonsAtLeast) {
+  rows.row({wide(second, ui::characters(1))});
+  rows.buttons({&ok, &cancel});
+  form.load();
+  EXPECT_EQ(ok.bounds().left, 150);
+  EXPECT_EQ(cancel.bounds().left, ok.bounds().right() + 90);
+  EXPECT_EQ(cancel.bounds().right(), form.clientSize().width - 150);
+}
+
+TEST_F(LayoutTest, APageThatIsTooLowIsMeasuredAtTheWidthThatItsTextsGet) {
+  ui::Label note{u"A note of several lines, whose number depends on how wide the form is"};
+  rows.block(note, ui::kWrapped, twips(2000));
+  form.load();
+  const ui::Size natural = form.clientSize();
+  form.setClientSize({natural.width, natural.height - 15});
+  EXPECT_EQ(form.scrolling().content.height,
+            note.bounds().top + note.bounds().height + 150 + form.scrolling().position.y);
+  EXPECT_EQ(note.bounds().height, desk.screen().wrappedHeight(note.caption(), note.bounds().width));
+}
+
 TEST_F(LayoutTest, ATextThatIsWrappedIsAsHighAsTheWidthDemands) {
   ui::Label note{u"A note that is too long for one line of this narrow form"};
   rows.row({wide(box, twips(2000))});
