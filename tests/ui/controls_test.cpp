@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "base/error.h"
 #include "tests/testing/headless_desk.h"
 #include "ui/control_array.h"
@@ -45,6 +47,22 @@ TEST_F(ControlsTest, ChoosingAnOptionButtonClearsTheOthersOfItsContainer) {
   EXPECT_TRUE(two.value());
   EXPECT_TRUE(other.value());
   EXPECT_EQ(events, 1);
+}
+
+TEST(CellTextsTest, ARowThatABlockHasNoRoomForGetsAnother) {
+  ui::CellTextsMaker maker;
+  const Text brief(100, u'a');
+  const Text full(40000, u'b');
+  const auto rowOf = [&](const Text& text) { return maker.make(std::array<TextView, 1>{text}); };
+  const ui::CellTexts first = rowOf(brief);
+  const ui::CellTexts second = rowOf(brief);
+  const ui::CellTexts third = rowOf(full);
+  EXPECT_EQ(first[0], brief);
+  EXPECT_EQ(second[0], brief);
+  EXPECT_EQ(third[0], full);
+  // A row of one cell begins with three units.
+  EXPECT_EQ(second[0].data(), first[0].data() + brief.size() + 3);
+  EXPECT_NE(third[0].data(), second[0].data() + brief.size() + 3);
 }
 
 TEST_F(ControlsTest, AListInColumnsHasRoomForItsHeaderAndItsBorders) {
