@@ -1,4 +1,4 @@
-// A view shows what it is told of: every change of a control that can be seen tells it, once.
+// A view shows only what it is told about: each visible change of a control tells it once.
 #include <gtest/gtest.h>
 
 #include <functional>

@@ -322,8 +322,8 @@ class MisbehavingHost final : public HostProgram {
     }
     const auto another = server_.create();
     another->putref_AppObject(automation.app.get());
-    // The last reference to the first goes when its dialog is closed, and the host's objects with
-    // it.
+    // When the first one was released meanwhile, it goes after its dialog has closed, and then lets
+    // go of the host's objects.
     const HRESULT result = another->ShowOptions(&shown);
     EXPECT_TRUE(result == error::alreadyShown || (!options && result == error::objectNotSet))
         << std::hex << result;
