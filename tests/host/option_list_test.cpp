@@ -76,6 +76,12 @@ TEST_F(OptionListTest, ShowsStoredValuesOnOneLine) {
   EXPECT_EQ(rowOf(list_, OptionId::TotalCaption).value, u"(not stored)");
 }
 
+TEST_F(OptionListTest, EveryKindOfLineBreakIsOneSlash) {
+  save(options::CompanyAddress, u"a\rb\nc\r\nd\r\re\r");
+  update(false);
+  EXPECT_EQ(rowOf(list_, OptionId::CompanyAddress).value, u"a / b / c / d /  / e / ");
+}
+
 TEST_F(OptionListTest, ShowsOnlyWhetherAPasswordIsSet) {
   save(options::PasswordStartAdmin, u"swordfish");
   update(false);

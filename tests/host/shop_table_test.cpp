@@ -46,6 +46,7 @@ TEST_F(ShopTableTest, WalksInTheOrderOfAdding) {
 TEST_F(ShopTableTest, AnEmptyTableIsAtItsEnd) {
   const auto empty = shop_.database()->gradeTable();
   EXPECT_TRUE(empty->atEnd());
+  EXPECT_FALSE(empty->noMatch());  // nothing was searched for
   empty->moveFirst();
   EXPECT_TRUE(empty->atEnd());
   empty->findFirst(u"[GradeNumber] = 1");

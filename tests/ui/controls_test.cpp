@@ -130,6 +130,15 @@ TEST_F(ControlsTest, AUsersChoiceOfTheSelectedItemRaisesClickAgain) {
   EXPECT_EQ(events, 2);
 }
 
+TEST_F(ControlsTest, TheFirstRowOfACheckListGetsTheSelectionBar) {
+  auto& list = form.add<ui::CheckListBox>();
+  EXPECT_EQ(list.listIndex(), -1);
+  list.addRow(u"a", 1);
+  EXPECT_EQ(list.listIndex(), 0);
+  list.addRow(u"b", 2);
+  EXPECT_EQ(list.listIndex(), 0);
+}
+
 TEST_F(ControlsTest, ACheckListReportsWhichRowWasTicked) {
   auto& list = form.add<ui::CheckListBox>();
   list.addRow(u"a", 1);
