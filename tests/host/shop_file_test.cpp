@@ -93,7 +93,7 @@ TEST_F(ShopFileTest, WaitsForAProgramThatReadsAFileNotYetWrittenAhead) {
     return sqlite3_exec(other, sql, nullptr, nullptr, nullptr);
   };
   ASSERT_EQ(run("PRAGMA user_version = 0; BEGIN; SELECT count(*) FROM sqlite_schema"), SQLITE_OK);
-  std::thread reader([&run] {
+  std::jthread reader([&run] {
     std::this_thread::sleep_for(kPatience / 4);
     run("COMMIT");
   });

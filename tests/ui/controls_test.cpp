@@ -49,7 +49,7 @@ TEST_F(ControlsTest, ChoosingAnOptionButtonClearsTheOthersOfItsContainer) {
   EXPECT_EQ(events, 1);
 }
 
-TEST(CellTextsTest, ARowThatABlockHasNoRoomForGetsAnother) {
+TEST(CellTextsTest, ARowThatDoesNotFitIntoABlockGetsAnother) {
   ui::CellTextsMaker maker;
   const Text brief(100, u'a');
   const Text full(40000, u'b');
@@ -68,6 +68,7 @@ TEST(CellTextsTest, ARowThatABlockHasNoRoomForGetsAnother) {
 TEST_F(ControlsTest, AListInColumnsHasRoomForItsHeaderAndItsBorders) {
   const auto& list = form.add<ui::ListView>();
   const int pixel = desk.screen().twipsPerPixel().height;
+  // Eight pixels around the text of the header, four of the borders.
   EXPECT_GE(list.heightFor(0), desk.screen().lineHeight() + 12 * pixel);
   EXPECT_GE(list.heightFor(3), list.heightFor(0) + 3 * desk.screen().lineHeight());
 }

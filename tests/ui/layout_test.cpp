@@ -189,7 +189,7 @@ TEST_F(LayoutTest, AFormIsAsWideAsItsButtonsAtLeast) {
   EXPECT_EQ(cancel.bounds().right(), form.clientSize().width - 150);
 }
 
-TEST_F(LayoutTest, APageThatIsTooLowIsMeasuredAtTheWidthThatItsTextsGet) {
+TEST_F(LayoutTest, AFormThatScrollsIsMeasuredAtTheWidthOfItsTexts) {
   ui::Label note{u"A note of several lines, whose number depends on how wide the form is"};
   rows.block(note, ui::kWrapped, twips(2000));
   form.load();

@@ -1,4 +1,4 @@
-// A view shows only what it is told about: each visible change of a control tells it once.
+// Every visible change of a control is reported to its view exactly once.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -62,7 +62,7 @@ TEST_F(ViewUpdatesTest, Captions) {
   expectUpdate(label, Property::text, [&] { label.setCaption(u"Other"); });
 }
 
-TEST_F(ViewUpdatesTest, WhatEveryControlHas) {
+TEST_F(ViewUpdatesTest, PropertiesOfEveryControl) {
   auto& first = form.add<ui::Label>(u"First");
   auto& second = form.add<ui::Label>(u"Second");
   expectUpdate(first, Property::enabled, [&] { first.setEnabled(false); });
@@ -75,7 +75,7 @@ TEST_F(ViewUpdatesTest, WhatEveryControlHas) {
   expectUpdate(form, Property::bounds, [&] { form.setClientSize({1500, 1500}); });
 }
 
-TEST_F(ViewUpdatesTest, WhatIsAsBeforeTellsNothing) {
+TEST_F(ViewUpdatesTest, SettingTheSameValueIsNotReported) {
   auto& check = form.add<ui::CheckBox>(u"Check");
   check.setToolTip(u"Tip");
   expectUpdates({}, [&] {

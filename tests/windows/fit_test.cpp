@@ -48,6 +48,10 @@ bool isInstalled(const LOGFONTW& wanted) {
   return lstrcmpiW(name, wanted.lfFaceName) == 0;
 }
 
+HFONT fontOf(HWND window) {
+  return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+}
+
 long widthOf(const RECT& rect) { return rect.right - rect.left; }
 long heightOf(const RECT& rect) { return rect.bottom - rect.top; }
 
@@ -113,8 +117,7 @@ class FitTest : public EveryDialogTest, public ::testing::WithParamInterface<Fon
   /// The size of a text in the window's own font, pixels.
   static SIZE measured(HWND window, TextView text, const ui::win32::Font* other = nullptr) {
     const ui::win32::MemoryDc dc(CreateCompatibleDC(nullptr));
-    const auto font =
-        other ? other->get() : reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+    const auto font = other ? other->get() : fontOf(window);
     const ui::win32::Selection selected(dc.get(), font);
     SIZE size{};
     GetTextExtentPoint32W(dc.get(), reinterpret_cast<const wchar_t*>(text.data()),
@@ -128,8 +131,7 @@ class FitTest : public EveryDialogTest, public ::testing::WithParamInterface<Fon
     const SIZE size = measured(window, text);
     return inkIn({0, 0, size.cx * 2 + 1, size.cy},
                  [&](HDC dc) {
-                   const ui::win32::Selection font(
-                       dc, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+                   const ui::win32::Selection font(dc, fontOf(window));
                    TextOutW(dc, 0, 0, reinterpret_cast<const wchar_t*>(text.data()),
                             static_cast<int>(text.size()));
                  })
@@ -149,8 +151,7 @@ class FitTest : public EveryDialogTest, public ::testing::WithParamInterface<Fon
 
 void FitTest::expectFits(const ui::Label& label, HWND window) {
   const ui::win32::MemoryDc dc(CreateCompatibleDC(nullptr));
-  const ui::win32::Selection selected(
-      dc.get(), reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+  const ui::win32::Selection selected(dc.get(), fontOf(window));
   const std::wstring text = ui::win32::forWindow(ui::withPlainAmpersandsDoubled(label.caption()));
   const RECT area = clientOf(window);
   RECT needed = area;
@@ -159,8 +160,7 @@ void FitTest::expectFits(const ui::Label& label, HWND window) {
   EXPECT_LE(needed.bottom, area.bottom) << "the label's text is " << toString(needed);
   EXPECT_LE(needed.right, area.right);
   const Ink ink = inkIn({0, 0, area.right * 2, area.bottom}, [&](HDC target) {
-    const ui::win32::Selection font(
-        target, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+    const ui::win32::Selection font(target, fontOf(window));
     RECT place = area;
     DrawTextW(target, text.data(), static_cast<int>(text.size()), &place,
               DT_NOCLIP | DT_WORDBREAK | DT_EXPANDTABS);
@@ -200,8 +200,7 @@ void FitTest::expectFits(const ui::ComboBox& combo, HWND window) {
       SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
     });
     const Ink text = inkIn({0, 0, size.cx + 1, size.cy}, [&](HDC dc) {
-      const ui::win32::Selection font(
-          dc, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+      const ui::win32::Selection font(dc, fontOf(window));
       TextOutW(dc, 1, 0, ui::win32::forWindow(combo.text()).c_str(),
                static_cast<int>(combo.text().size()));
     });
@@ -459,8 +458,8 @@ TEST_F(ScreenSizeTest, TheNextDialogHasTheMessageFontOfItsTime) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Fonts, FitTest,
-                         ::testing::Values(FontOfForms{nullptr, 0}, FontOfForms{L"Tahoma", 12},
-                                           FontOfForms{L"Open Sans", 9},
+                         ::testing::Values(FontOfForms{nullptr, 0}, FontOfForms{L"Tahoma", 8},
+                                           FontOfForms{L"Tahoma", 12}, FontOfForms{L"Open Sans", 9},
                                            FontOfForms{L"DejaVu Sans", 9}),
                          [](const auto& font) {
                            if (font.param.name == nullptr) return std::string("MessageFont");

@@ -322,8 +322,8 @@ class MisbehavingHost final : public HostProgram {
     }
     const auto another = server_.create();
     another->putref_AppObject(automation.app.get());
-    // When the first one was released meanwhile, it goes after its dialog has closed, and then lets
-    // go of the host's objects.
+    // If the first object has been released, it outlives its dialog, and releases the host's
+    // objects only then.
     const HRESULT result = another->ShowOptions(&shown);
     EXPECT_TRUE(result == error::alreadyShown || (!options && result == error::objectNotSet))
         << std::hex << result;
