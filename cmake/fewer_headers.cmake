@@ -7,7 +7,11 @@ set(TILLORA_STANDARD_HEADERS
   <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <set> <span> <sstream> <string>
   <string_view> <utility> <vector>)
 set(TILLORA_WINDOWS_HEADERS ${TILLORA_STANDARD_HEADERS} <windows.h> <commctrl.h> <oleauto.h>)
-set(TILLORA_TEST_HEADERS ${TILLORA_STANDARD_HEADERS} <gtest/gtest.h>)
+if(WIN32)
+  set(TILLORA_TEST_HEADERS ${TILLORA_WINDOWS_HEADERS} <gtest/gtest.h>)
+else()
+  set(TILLORA_TEST_HEADERS ${TILLORA_STANDARD_HEADERS} <gtest/gtest.h>)
+endif()
 
 # tillora_together(<target> HEADERS STANDARD|WINDOWS|TEST | REUSE <target>)
 function(tillora_together target how what)

@@ -96,6 +96,7 @@ tillora_together(TilloraAdministrator REUSE tillora_win32)
 # The start-up entry that the options dialog writes starts the program named after its title.
 set_target_properties(TilloraAdministrator PROPERTIES OUTPUT_NAME "Tillora Administrator")
 tillora_windows_program(TilloraTerminal GUI FOLDER host/terminal LINK tillora_core)
+tillora_together(TilloraTerminal REUSE tillora_win32)
 tillora_windows_program(cpp_client FOLDER clients/cpp)
 tillora_windows_program(cpp_late_client FOLDER clients/cpp_late_bound)
 

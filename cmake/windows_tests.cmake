@@ -1,5 +1,7 @@
 tillora_windows_program(drive FOLDER tools/drive LINK tillora_testing)
+tillora_together(drive REUSE tillora_testing)
 tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
+tillora_together(com_client REUSE tillora_win32)
 tillora_sources(failures FOLDERS tests/testing/memory tests/reliability/win32)
 list(REMOVE_ITEM failures ${windows_tests})
 tillora_program(windows_tests
@@ -31,8 +33,13 @@ endif()
 # tillora_at_desk(<test> <desk>)
 function(tillora_at_desk test desk)
   if(NOT TEST desk-${desk})
+    # Desks take the processors in turn, each bitness from another one on: chance would put the longest together.
+    set_property(GLOBAL APPEND PROPERTY tillora_desks ${desk})
+    get_property(desks GLOBAL PROPERTY tillora_desks)
+    list(LENGTH desks turn)
+    math(EXPR turn "${turn} + ${bits} / 32")
     add_test(NAME desk-${desk}
-      COMMAND ${PROJECT_SOURCE_DIR}/tools/desk.sh ${bits}-${desk} ${bits} ${PROJECT_BINARY_DIR})
+      COMMAND ${PROJECT_SOURCE_DIR}/tools/desk.sh ${bits}-${desk} ${bits} ${PROJECT_BINARY_DIR} ${turn})
     set_tests_properties(desk-${desk} PROPERTIES FIXTURES_SETUP desk-${desk} TIMEOUT 600)
   endif()
   set_tests_properties(${test} PROPERTIES

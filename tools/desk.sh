@@ -1,19 +1,19 @@
 #!/usr/bin/env bash
-# desk.sh NAME 64|32 BUILD: a desk for tests of real windows: a Wine prefix and a display of its own, with
-# the automation servers of BUILD registered, all on one processor. It stays open as long as the calling program runs
-# (ctest, as a rule); tools/wine_exec.sh runs programs at the desk that $DESK names.
+# desk.sh NAME 64|32 BUILD TURN: a desk for tests of real windows: a Wine prefix and a display of its own, with the
+# automation servers of BUILD registered, all on one processor, the one whose turn it is. It stays open as long as the
+# calling program runs (ctest, as a rule); tools/wine_exec.sh runs programs at the desk that $DESK names.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
 
-name=$1 bits=$2 build=$3
+name=$1 bits=$2 build=$3 turn=$4
 desk=$REPO/build/desks/$name${WINE_VERSION:+-wine$WINE_VERSION}
 mkdir -p "$(dirname "$desk")"
 
-# next_processor: the processors that this program may use, in turn. A program, its display and Wine's server hand work
+# The processor of the desk, among those that this program may use. A program, its display and Wine's server hand work
 # to each other all the time; on one processor that takes half as long as on two.
-next_processor() {
-  local turn=$REPO/build/desks/turn number processors
+processor_in_turn() {
+  local processors
   mapfile -t processors < <(awk '$1 == "Cpus_allowed_list:" {
     count = split($2, ranges, ",")
     for (i = 1; i <= count; i++) {
@@ -21,12 +21,7 @@ next_processor() {
       for (number = ends[1]; number <= ends[2]; number++) print number
     }
   }' /proc/self/status)
-  exec 8>"$REPO/build/desks/turn.lock"
-  flock 8
-  number=$(cat "$turn" 2>/dev/null || echo 0)
-  echo $((number + 1)) >"$turn"
-  exec 8>&-
-  echo "${processors[number % ${#processors[@]}]}"
+  echo "${processors[turn % ${#processors[@]}]}"
 }
 
 # Keeps the desk open until the program with this process id has ended.
@@ -34,7 +29,7 @@ hold() {
   trap '' HUP
   exec 9>"$desk.lock"
   flock 9 # a desk of the same name may still be closing
-  WINE_PROCESSOR=$(next_processor)
+  WINE_PROCESSOR=$(processor_in_turn)
   taskset -pc "$WINE_PROCESSOR" "$BASHPID"
   display_open 9>&-
   wine_open "desk-$name" "$bits" 9>&-

@@ -273,6 +273,7 @@ class Rows::Columns final : public Item {
     const int rest = total - std::accumulate(widths.begin(), widths.end(), betweenColumns());
     int sharing = 0;
     for (std::size_t i = 0; i < widths.size(); ++i) sharing += shares(i) ? 1 : 0;
+    if (sharing == 0) return widths;
     for (std::size_t i = 0; i < widths.size(); ++i) {
       if (shares(i)) widths[i] = std::max(0, widths[i] + rest / sharing);
     }

@@ -19,7 +19,7 @@ using automation::DispatchObject;
 using win32::ComPtr;
 using win32::Variant;
 
-constexpr int kRounds = 15;
+constexpr int kBrowseRounds = 15;
 
 /// The calls of a walk and nothing else: ids looked up once, texts released as they come.
 class BareWalk {
@@ -115,7 +115,7 @@ class Browsing {
     bytes_ = 0;
     std::vector<double> product;
     std::vector<double> floor;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < kBrowseRounds; ++round) {
       product.push_back(browse(purpose.type));
       floor.push_back(walk(purpose));
     }

@@ -18,7 +18,7 @@
 namespace tillora::bench {
 namespace {
 
-constexpr int kRounds = 7;
+constexpr int kListRounds = 7;
 constexpr int kPages = 40;
 constexpr double kBudget = 1.2;
 
@@ -88,7 +88,7 @@ void typeAhead(HWND list, const std::vector<std::wstring>& texts) {
   }
 }
 
-double timed(HWND list, const std::function<void()>& act) {
+double timedShown(HWND list, const std::function<void()>& act) {
   ShowWindow(list, SW_SHOW);
   RedrawWindow(list, nullptr, nullptr, RDW_UPDATENOW);
   const auto start = Clock::now();
@@ -103,11 +103,11 @@ bool measure(HWND shown, const ui::ListView& list) {
   const std::vector<std::wstring> texts = {ui::win32::forWindow(list.text(list.count() - 1, 0)),
                                            L"no product is called so"};
   std::vector<double> scrolled, scrolledStored, typed, typedStored;
-  for (int round = 0; round < kRounds; ++round) {
-    scrolled.push_back(timed(shown, [&] { scroll(shown); }));
-    scrolledStored.push_back(timed(stored.get(), [&] { scroll(stored.get()); }));
-    typed.push_back(timed(shown, [&] { typeAhead(shown, texts); }));
-    typedStored.push_back(timed(stored.get(), [&] { typeAhead(stored.get(), texts); }));
+  for (int round = 0; round < kListRounds; ++round) {
+    scrolled.push_back(timedShown(shown, [&] { scroll(shown); }));
+    scrolledStored.push_back(timedShown(stored.get(), [&] { scroll(stored.get()); }));
+    typed.push_back(timedShown(shown, [&] { typeAhead(shown, texts); }));
+    typedStored.push_back(timedShown(stored.get(), [&] { typeAhead(stored.get(), texts); }));
   }
   const bool scrolls =
       report("scroll 40 pages, to the end and back", scrolled, scrolledStored, kBudget);

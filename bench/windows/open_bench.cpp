@@ -19,7 +19,7 @@
 namespace tillora::bench {
 namespace {
 
-constexpr int kRounds = 21;
+constexpr int kOpenRounds = 21;
 constexpr double kSheetBudget = 1.0;
 constexpr double kBareBudget = 1.2;
 
@@ -79,7 +79,7 @@ class Opening {
     std::vector<Times> sheet;
     std::vector<Times> sheetFirstPage;
     std::vector<Times> bare;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < kOpenRounds; ++round) {
       oursFirstPage.push_back(measureOurs(false));
       sheetFirstPage.push_back(measureSheet(false));
       ours.push_back(measureOurs(true));

@@ -13,5 +13,12 @@ TMPDIR=$(mktemp -d)
 export TMPDIR
 trap 'rm -rf "$TMPDIR"' EXIT
 
+# What a test opens itself runs on the desk's processor too.
+(
+  # shellcheck source=/dev/null
+  source "$REPO/build/desks/$DESK${WINE_VERSION:+-wine$WINE_VERSION}.env"
+  taskset -pc "$WINE_PROCESSOR" $$ >/dev/null
+)
+
 bash "$1" 2>&1 </dev/null | tr -d '\r' | tee "$TMPDIR/results.txt"
 grep -qE '^(ok|skip) ' "$TMPDIR/results.txt" && ! grep -q '^FAIL ' "$TMPDIR/results.txt"

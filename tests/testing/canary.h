@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace tillora::testing {
@@ -18,11 +20,12 @@ class Canary {
   static constexpr std::size_t kNarrowPart = 8;
 
   explicit consteval Canary(std::u16string_view text) {
+    positions_.fill(kLength);
     for (std::size_t i = 0; i < kLength; ++i) {
       masked_.at(i) = static_cast<unsigned char>(text.at(i) ^ kMask);
       const auto folded = static_cast<unsigned char>((text.at(i) | kCase) ^ kMask);
       folded_.at(i) = folded;
-      starts_.at(folded) = true;
+      positions_.at(folded) = static_cast<unsigned char>(i);
     }
   }
 
@@ -39,8 +42,14 @@ class Canary {
   std::size_t partsIn(const unsigned char* memory, std::size_t size) const {
     std::size_t found = 0;
     for (std::size_t i = 0; i < size; ++i) {
-      if (!starts_[(memory[i] | kCase) ^ kMask]) continue;
-      if (isPart(memory + i, size - i, 2, kPart) || isPart(memory + i, size - i, 1, kNarrowPart)) {
+      // Most of a program's memory is zero.
+      for (std::uint64_t zeros = 0; i + sizeof zeros < size; i += sizeof zeros) {
+        std::memcpy(&zeros, memory + i, sizeof zeros);
+        if (zeros != 0) break;
+      }
+      const std::size_t position = positions_[(memory[i] | kCase) ^ kMask];
+      if (isPart(memory + i, size - i, 2, position, kPart) ||
+          isPart(memory + i, size - i, 1, position, kNarrowPart)) {
         ++found;
       }
     }
@@ -51,23 +60,19 @@ class Canary {
   static constexpr unsigned char kMask = 0x95;
   static constexpr unsigned char kCase = 0x20;
 
-  bool isPart(const unsigned char* at, std::size_t left, std::size_t width,
+  bool isPart(const unsigned char* at, std::size_t left, std::size_t width, std::size_t position,
               std::size_t length) const {
-    if (left < length * width) return false;
-    for (std::size_t first = 0; first + length <= kLength; ++first) {
-      std::size_t same = 0;
-      while (same < length && ((at[same * width] | kCase) ^ kMask) == folded_[first + same] &&
-             (width == 1 || at[same * width + 1] == 0)) {
-        ++same;
-      }
-      if (same == length) return true;
+    if (position + length > kLength || left < length * width) return false;
+    for (std::size_t i = 0; i < length; ++i) {
+      if (((at[i * width] | kCase) ^ kMask) != folded_[position + i]) return false;
+      if (width == 2 && at[i * width + 1] != 0) return false;
     }
-    return false;
+    return true;
   }
 
   std::array<unsigned char, kLength> masked_{};
   std::array<unsigned char, kLength> folded_{};
-  std::array<bool, 256> starts_{};
+  std::array<unsigned char, 256> positions_{};  // of a folded character; kLength for others
 };
 
 }  // namespace tillora::testing
