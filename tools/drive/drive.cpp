@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -109,14 +110,26 @@ void waitUntilIdle(HWND front) {
   }
 }
 
+/// A corner of the screen that no window covers; if there is none, one that a window covers.
+POINT emptyCorner() {
+  const LONG right = GetSystemMetrics(SM_CXSCREEN) - 1;
+  const LONG bottom = GetSystemMetrics(SM_CYSCREEN) - 1;
+  const POINT corners[] = {{0, 0}, {right, 0}, {0, bottom}, {right, bottom}};
+  const auto* empty = std::ranges::find_if(
+      corners, [](POINT corner) { return WindowFromPoint(corner) == GetDesktopWindow(); });
+  return empty != std::end(corners) ? *empty : corners[3];
+}
+
 /// Waits until the window's program has seen all that the display has to report. One report says
 /// which keys are down; Wine relies on it, and a late one would release Ctrl between Ctrl and A.
 void waitForDisplay(HWND front) {
   waitUntilIdle(front);  // it has sent the display all its requests
   // Moving the pointer waits for the display. The display serves one program at a time, so that the
-  // second move comes after what the other program had sent before the first. In the corner,
-  // because moves over the program's windows would be reported to it, with the keys.
-  for (const int x : {1, 0}) SetCursorPos(x, 0);
+  // second move comes after what the other program had sent before the first. Not over a window,
+  // because a move there is reported to its program, with the keys, and nothing waits for the
+  // report of the last one.
+  const POINT corner = emptyCorner();
+  for (const LONG x : {corner.x == 0 ? 1 : corner.x - 1, corner.x}) SetCursorPos(x, corner.y);
   waitUntilIdle(front);
 }
 
