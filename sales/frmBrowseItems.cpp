@@ -81,12 +81,11 @@ class RowReader {
       cells.at(cell) = texts_.at(cell);
       ++cell;
     }
-    return {maker_.make(std::span(cells).first(cell))};
+    return {ui::CellTexts(std::span(cells).first(cell))};
   }
 
  private:
   std::array<Text, kColumns> texts_;
-  ui::CellTextsMaker maker_;
 };
 
 }  // namespace

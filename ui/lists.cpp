@@ -140,45 +140,28 @@ void CheckListBox::userKey(Key key) {
   setListIndex(rowAfter(key, listIndex_, count()));
 }
 
-CellTexts::CellTexts(std::initializer_list<TextView> texts)
-    : CellTexts(CellTextsMaker().make(texts, 0)) {}
+CellTexts::CellTexts(std::span<const TextView> texts) {
+  std::size_t end = 1 + 2 * texts.size();
+  for (const TextView text : texts) end += text.size();
+  units_.reserve(end);
+  units_.push_back(static_cast<char16_t>(texts.size()));
+  end = 1 + 2 * texts.size();
+  for (const TextView text : texts) {
+    end += text.size();
+    units_.push_back(static_cast<char16_t>(end & 0xFFFF));
+    units_.push_back(static_cast<char16_t>(end >> 16));
+  }
+  for (const TextView text : texts) units_.append(text);
+}
 
 std::size_t CellTexts::end(std::size_t cell) const {
-  const char16_t* const units = block_.get() + 1 + 2 * cell;
-  return units[0] | std::size_t{units[1]} << 16;
+  return units_[1 + 2 * cell] | std::size_t{units_[2 + 2 * cell]} << 16;
 }
 
 TextView CellTexts::operator[](std::size_t cell) const {
   if (cell >= size()) return {};
   const std::size_t begin = cell == 0 ? 1 + 2 * size() : end(cell - 1);
-  return {block_.get() + begin, end(cell) - begin};
-}
-
-CellTexts CellTextsMaker::make(std::span<const TextView> texts, std::size_t unitsOfNewBlock) {
-  const std::size_t begin = 1 + 2 * texts.size();
-  std::size_t needed = begin;
-  for (const TextView text : texts) needed += text.size();
-  if (!block_ || size_ - used_ < needed) {
-    size_ = std::max(needed, unitsOfNewBlock);
-    block_ = std::make_shared_for_overwrite<char16_t[]>(size_);
-    used_ = 0;
-  }
-
-  char16_t* const first = block_.get() + used_;
-  char16_t* ends = first;
-  char16_t* end = first + begin;
-  *ends++ = static_cast<char16_t>(texts.size());
-  for (const TextView text : texts) {
-    end = std::ranges::copy(text, end).out;
-    const auto place = static_cast<std::size_t>(end - first);
-    *ends++ = static_cast<char16_t>(place & 0xFFFF);
-    *ends++ = static_cast<char16_t>(place >> 16);
-  }
-  used_ += needed;
-
-  CellTexts cells;
-  cells.block_ = std::shared_ptr<const char16_t>(block_, first);
-  return cells;
+  return TextView(units_).substr(begin, end(cell) - begin);
 }
 
 ListView::ListView() {

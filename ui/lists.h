@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <initializer_list>
-#include <memory>
 #include <span>
 #include <vector>
 
@@ -90,41 +89,23 @@ class CheckListBox final : public Control {
   int listIndex_ = -1;
 };
 
-/// The texts of a row's cells. They never change; copies share them.
+/// The texts of a row's cells, in one block of memory: a list may have a hundred thousand rows.
 class CellTexts {
  public:
   CellTexts() = default;
-  CellTexts(std::initializer_list<TextView> texts);
-  std::size_t size() const { return block_ ? *block_ : 0; }
+  CellTexts(std::initializer_list<TextView> texts) : CellTexts(std::span(texts)) {}
+  explicit CellTexts(std::span<const TextView> texts);
+
+  std::size_t size() const { return units_.empty() ? 0 : units_.front(); }
   /// Empty for a cell that the row does not have.
   TextView operator[](std::size_t cell) const;
 
  private:
-  friend class CellTextsMaker;
-
   std::size_t end(std::size_t cell) const;
 
   // The number of cells; for each cell the end of its text as two units, the lower one first; the
   // texts one after the other.
-  std::shared_ptr<const char16_t> block_;
-};
-
-/// Makes the texts of many rows in few blocks of memory: a list may have a hundred thousand rows. A
-/// block lives as long as any row in it.
-class CellTextsMaker {
- public:
-  CellTexts make(std::span<const TextView> texts) { return make(texts, kUnits); }
-
- private:
-  friend class CellTexts;
-
-  static constexpr std::size_t kUnits = 32768;
-
-  CellTexts make(std::span<const TextView> texts, std::size_t unitsOfNewBlock);
-
-  std::shared_ptr<char16_t[]> block_;
-  std::size_t used_ = 0;
-  std::size_t size_ = 0;
+  Text units_;
 };
 
 /// One row of a list view: the text of each column and a small icon.

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "base/error.h"
 #include "tests/testing/headless_desk.h"
 #include "ui/control_array.h"
@@ -49,20 +47,17 @@ TEST_F(ControlsTest, ChoosingAnOptionButtonClearsTheOthersOfItsContainer) {
   EXPECT_EQ(events, 1);
 }
 
-TEST(CellTextsTest, ARowThatDoesNotFitIntoABlockGetsAnother) {
-  ui::CellTextsMaker maker;
-  const Text brief(100, u'a');
-  const Text full(40000, u'b');
-  const auto rowOf = [&](const Text& text) { return maker.make(std::array<TextView, 1>{text}); };
-  const ui::CellTexts first = rowOf(brief);
-  const ui::CellTexts second = rowOf(brief);
-  const ui::CellTexts third = rowOf(full);
-  EXPECT_EQ(first[0], brief);
-  EXPECT_EQ(second[0], brief);
-  EXPECT_EQ(third[0], full);
-  // A row of one cell begins with three units.
-  EXPECT_EQ(second[0].data(), first[0].data() + brief.size() + 3);
-  EXPECT_NE(third[0].data(), second[0].data() + brief.size() + 3);
+TEST(CellTextsTest, EachCellHasItsTextHoweverLong) {
+  const Text text(70000, u'b');
+  const ui::CellTexts cells{u"a", text, u"", u"c"};
+  ASSERT_EQ(cells.size(), 4U);
+  EXPECT_EQ(cells[0], u"a");
+  EXPECT_EQ(cells[1], text);
+  EXPECT_EQ(cells[2], u"");
+  EXPECT_EQ(cells[3], u"c");
+  EXPECT_EQ(cells[4], u"");
+  EXPECT_EQ(ui::CellTexts().size(), 0U);
+  EXPECT_EQ(ui::CellTexts()[0], u"");
 }
 
 TEST_F(ControlsTest, AListInColumnsHasRoomForItsHeaderAndItsBorders) {
