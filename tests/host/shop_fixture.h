@@ -6,16 +6,16 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <string>
 
 #include "host/shop.h"
 #include "host/text_encoding.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::host {
 
 /// A folder of its own for each test, and shops in it.
-class ShopFixture : public testing::Test {
+class ShopFixture : public ::testing::Test {
  protected:
   ShopFixture() {
     std::string pattern = (std::filesystem::temp_directory_path() / "tillora-XXXXXX").string();
@@ -42,7 +42,7 @@ class ShopFixture : public testing::Test {
   }
 
   /// The Error that the action raises; a test failure if it raises none.
-  static Error errorOf(const std::function<void()>& action) {
+  static Error errorOf(testing::FunctionRef<void()> action) {
     try {
       action();
     } catch (const Error& error) {

@@ -4,6 +4,7 @@
 #include "identity/frmPasswordSet.h"
 #include "identity/passwords.h"
 #include "tests/testing/freed_memory.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -41,7 +42,7 @@ class PasswordsInMemoryTest : public OptionsTest {
     user.press(Key::enter);
   }
   /// Presses the button of the protection that has a password, and acts in its dialog.
-  void openDialog(frmOptions& dialog, const std::function<void()>& act) {
+  void openDialog(frmOptions& dialog, FunctionRef<void()> act) {
     desk->whenShown([&](ui::Form&) { act(); });
     user.click(button(dialog));
   }

@@ -1,11 +1,11 @@
 // Dialog after dialog, each with all of its pages seen: nothing of them is left.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <iostream>
 #include <memory>
 #include <vector>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/long_run.h"
 #include "tests/testing/memory/failing_memory.h"
 #include "tests/testing/options_test.h"
@@ -30,7 +30,7 @@ class ManyDialogsTest : public OptionsTest {
     friend bool operator==(const Held&, const Held&) = default;
   };
   /// What so many dialogs leave behind, each after `act`.
-  Held heldAfter(int dialogs, const std::function<void()>& act) {
+  Held heldAfter(int dialogs, FunctionRef<void()> act) {
     showOne([] {});  // what is made once is not counted
     const Held before{FailingMemory::blocks(), host.live};
     for (int i = 0; i < dialogs; ++i) showOne(act);
@@ -38,7 +38,7 @@ class ManyDialogsTest : public OptionsTest {
   }
 
  private:
-  void showOne(const std::function<void()>& act) {
+  void showOne(FunctionRef<void()> act) {
     edit([&](frmOptions& dialog) {
       const int pages = dialog.tabOptions.count();
       EXPECT_EQ(pages, 12);

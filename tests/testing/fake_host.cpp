@@ -7,6 +7,7 @@
 
 #include "base/numbers.h"
 #include "support/modJetSQLFixup.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::testing {
 namespace {
@@ -394,7 +395,7 @@ void FakeHost::fillEveryTab() {
   paymentItems = {{u"Cash", u"Cash", u"Sales"}};
 }
 
-void FakeHost::expectFailure(const std::function<void()>& act) {
+void FakeHost::expectFailure(FunctionRef<void()> act) {
   try {
     act();
     ADD_FAILURE() << "the failure was swallowed";

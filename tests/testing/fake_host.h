@@ -9,6 +9,7 @@
 
 #include "component/contract/host_objects.h"
 #include "component/contract/platform.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::testing {
 
@@ -89,7 +90,7 @@ class FakeHost {
   /// The error that all failures raise.
   static Error failure();
   /// Runs `act`, which must raise this very error.
-  static void expectFailure(const std::function<void()>& act);
+  static void expectFailure(FunctionRef<void()> act);
 
   HostObjects objects();
   template <OptionType type>

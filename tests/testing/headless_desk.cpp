@@ -7,6 +7,7 @@
 
 #include "base/letter_case.h"
 #include "tests/testing/edit_text.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::testing {
 namespace {
@@ -101,7 +102,7 @@ bool HeadlessUser::reach(ui::Control& control) const {
   return form()->userMouseDown(control);
 }
 
-void HeadlessUser::mouse(ui::Control& control, const std::function<void()>& act) {
+void HeadlessUser::mouse(ui::Control& control, FunctionRef<void()> act) {
   if (reach(control)) control.form().userDoes(act);
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tests/testing/function_ref.h"
+
 namespace tillora::testing {
 
 OptionsTest::OptionsTest(NumberLocale numbers) : machine(std::move(numbers)) {
@@ -26,19 +28,19 @@ void OptionsTest::TearDown() {
   EXPECT_EQ(host.live, 0);
 }
 
-void OptionsTest::open(const std::function<void(frmOptions&)>& act) {
+void OptionsTest::open(FunctionRef<void(frmOptions&)> act) {
   desk->whenShown([&](ui::Form& form) { act(dynamic_cast<frmOptions&>(form)); });
   EXPECT_TRUE(options_.ShowOptions());
 }
 
-void OptionsTest::edit(const std::function<void(frmOptions&)>& act) {
+void OptionsTest::edit(FunctionRef<void(frmOptions&)> act) {
   open([&](frmOptions& dialog) {
     act(dialog);
     user.accessKey(u'o');
   });
 }
 
-void OptionsTest::openOn(TabPage page, const std::function<void(frmOptions&)>& act) {
+void OptionsTest::openOn(TabPage page, FunctionRef<void(frmOptions&)> act) {
   options_.SelectedTab = static_cast<std::int16_t>(page);
   open(act);
   options_.SelectedTab = 0;
@@ -54,7 +56,7 @@ void OptionsTest::saveDefaults() {
 }
 
 void OptionsTest::expectFailureAt(const std::string& call, TabPage page,
-                                  const std::function<void(frmOptions&)>& act) {
+                                  FunctionRef<void(frmOptions&)> act) {
   const auto stored = host.stored;
   host.calls.clear();
   host.failingCall = call;

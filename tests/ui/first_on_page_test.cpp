@@ -1,6 +1,7 @@
 // Which control gets the focus when a page behind tabs is opened by keyboard.
 #include <gtest/gtest.h>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/headless_desk.h"
 #include "ui/tab_strip.h"
 
@@ -37,7 +38,7 @@ class PagesForm final : public ui::Form {
 
 class FirstOnPage : public ::testing::Test {
  protected:
-  void show(const std::function<void()>& act) {
+  void show(FunctionRef<void()> act) {
     desk.whenShown([&](ui::Form&) { act(); });
     form.showModal();
   }

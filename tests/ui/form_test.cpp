@@ -1,4 +1,5 @@
 #include "ui/form.h"
+#include "tests/testing/function_ref.h"
 
 #include <gtest/gtest.h>
 
@@ -66,7 +67,7 @@ class SampleForm final : public ui::Form {
 
 class FormTest : public ::testing::Test {
  protected:
-  void show(const std::function<void()>& act) {
+  void show(FunctionRef<void()> act) {
     desk.whenShown([&](ui::Form&) {
       form.events.clear();
       act();

@@ -1,11 +1,11 @@
 // Every visible change of a control is reported to its view exactly once.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <ostream>
 #include <utility>
 #include <vector>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/headless_desk.h"
 #include "ui/screen.h"
 #include "ui/up_down.h"
@@ -27,13 +27,12 @@ class ViewUpdatesTest : public ::testing::Test, private ui::FormView {
   ViewUpdatesTest() { form.attach(this); }
   ~ViewUpdatesTest() override { form.attach(nullptr); }
 
-  void expectUpdates(const Updates& expected, const std::function<void()>& change) {
+  void expectUpdates(const Updates& expected, FunctionRef<void()> change) {
     updates_.clear();
     change();
     EXPECT_EQ(updates_, expected);
   }
-  void expectUpdate(const ui::Control& control, Property what,
-                    const std::function<void()>& change) {
+  void expectUpdate(const ui::Control& control, Property what, FunctionRef<void()> change) {
     expectUpdates({{&control, what}}, change);
   }
 

@@ -7,6 +7,7 @@
 #include "tests/component/automation/automation_host.h"
 #include "tests/component/automation/event_listener.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/dialog_person.h"
 
 // The component belongs to a single-threaded apartment; hosts of other threads reach it through the
@@ -23,7 +24,7 @@ using testing::ServerLibrary;
 using win32::ComPtr;
 
 /// Runs something in a thread of its own that belongs to the multi-threaded apartment.
-void inMultiThreadedApartment(const std::function<void()>& body) {
+void inMultiThreadedApartment(testing::FunctionRef<void()> body) {
   std::thread([&] {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     body();

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "tests/component/automation/scripted_object.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::automation {
 namespace {
@@ -20,13 +21,13 @@ class DispatchObjectTest : public ::testing::Test {
   ComPtr<ScriptedObject> scripted = ScriptedObject::make();
   DispatchObject object{ComPtr<IDispatch>(scripted.get()), u"JetDatabase"};
 
-  void gives(const Text& member, const std::function<Variant()>& value) {
+  void gives(const Text& member, testing::FunctionRef<Variant()> value) {
     scripted->add(member, [value](const Call&) { return value(); });
   }
   void fails(const Text& member, const Failing& failing) {
     scripted->add(member, [failing](const Call&) -> Variant { throw failing; });
   }
-  Error failureOf(const std::function<void()>& action) {
+  Error failureOf(testing::FunctionRef<void()> action) {
     try {
       action();
     } catch (const Error& error) {

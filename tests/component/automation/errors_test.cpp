@@ -8,6 +8,7 @@
 #include "identity/ledvane_link.h"
 #include "tests/component/automation/options_fixture.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/embedded_text.h"
 
 // Raises every failure that docs/errors.md lists and compares it with its row.
@@ -104,7 +105,7 @@ Raised late(IDispatch& object, const wchar_t* member, WORD flags,
 }
 
 /// The result of an early-bound call with the thread's error information.
-Raised early(const std::function<HRESULT()>& call) {
+Raised early(testing::FunctionRef<HRESULT()> call) {
   SetErrorInfo(0, nullptr);
   Raised raised{call(), {}, {}};
   ComPtr<IErrorInfo> info;

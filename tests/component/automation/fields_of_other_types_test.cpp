@@ -6,6 +6,7 @@
 #include "operations/pump.h"
 #include "operations/random_price.h"
 #include "tests/component/automation/options_fixture.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::automation {
 namespace {
@@ -45,7 +46,7 @@ class FieldsOfOtherTypes : public OptionsObjectTest {
     return rows;
   }
   /// Opens the dialog on a page, changes nothing of its lists, and presses OK.
-  void save(TabPage page, const std::function<void(frmOptions&)>& look) {
+  void save(TabPage page, testing::FunctionRef<void(frmOptions&)> look) {
     client->put(u"SelectedTab", static_cast<std::int16_t>(page));
     whileOpen([&](frmOptions& dialog) {
       look(dialog);

@@ -11,6 +11,7 @@
 #include "component/automation/host_table.h"
 #include "component/automation/message_boxes.h"
 #include "tests/component/automation/automation_host.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::automation {
 namespace {
@@ -23,7 +24,7 @@ using testing::ScriptedObject;
 using win32::ComPtr;
 using win32::Variant;
 
-std::int32_t errorOf(const std::function<void()>& action) {
+std::int32_t errorOf(testing::FunctionRef<void()> action) {
   try {
     action();
   } catch (const Error& error) {

@@ -11,6 +11,7 @@
 #include "tests/component/automation/automation_host.h"
 #include "tests/component/automation/event_listener.h"
 #include "tests/testing/fake_machine.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/headless_desk.h"
 
 namespace tillora::automation {
@@ -44,7 +45,7 @@ class OptionsObjectTest : public ::testing::Test {
   }
 
   /// Number, source and description of the failure that a late-bound call raises.
-  Error failureOf(const std::function<void()>& action) {
+  Error failureOf(testing::FunctionRef<void()> action) {
     try {
       action();
     } catch (const Error& error) {

@@ -14,6 +14,7 @@
 #include "component/contract/options_tab.h"
 #include "tests/component/automation/automation_host.h"
 #include "tests/component/automation/server_library.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/dialog_person.h"
 #include "tests/testing/win32/other_program.h"
 #include "tests/testing/win32/process_memory.h"
@@ -105,7 +106,7 @@ class PasswordsInProcessTest : public ::testing::Test {
 
   /// Shows the dialog to a person who does this, and searches the memory when ShowOptions has
   /// returned.
-  HRESULT show(const std::function<void()>& act) {
+  HRESULT show(FunctionRef<void()> act) {
     const auto options = server.create();
     options->putref_DBJetObject(automationHost.database.get());
     options->putref_AppObject(automationHost.app.get());

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 
 #include "component/automation/random_price_record.h"
 #include "tests/component/automation/event_listener.h"
 #include "tests/reliability/memory_walk.h"
 #include "tests/reliability/win32/component_program.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/holdings.h"
 
 namespace tillora::testing {
@@ -67,7 +67,7 @@ class ComponentMemoryTest : public ::testing::Test {
   using Mode = FailingMemory::Mode;
 
   /// @param act takes a FailingMemory's number and mode, and returns the allocations
-  void walk(int samples, const std::function<long(long, Mode)>& act) {
+  void walk(int samples, FunctionRef<long(long, Mode)> act) {
     act(FailingMemory::kNever, Mode::once);  // what is made once is not counted
     const Holdings before;
     const auto windows = windowsOfThread();

@@ -1,12 +1,12 @@
 // Dialog after dialog in real windows, each with all of its tabs seen: nothing of them is left.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <iostream>
 #include <memory>
 #include <vector>
 
 #include "tests/reliability/win32/component_program.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/long_run.h"
 #include "tests/testing/memory/failing_memory.h"
 #include "tests/testing/win32/holdings.h"
@@ -33,7 +33,7 @@ class ManyRealDialogsTest : public ::testing::Test {
 
   /// What so many dialogs leave behind, each after `act`.
   /// @param tab that is seen in each
-  Kept keptAfter(int dialogs, int tab, const std::function<void()>& act) {
+  Kept keptAfter(int dialogs, int tab, FunctionRef<void()> act) {
     showOne(tab);  // what is made once is not counted
     const Kept before = kept();
     for (int i = 0; i < dialogs; ++i) {

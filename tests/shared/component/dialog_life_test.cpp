@@ -7,6 +7,7 @@
 #include "sales/frmBrowseItems.h"
 #include "sales/rounding.h"
 #include "support/dialog.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 // What may happen while the host lets messages pass in one of its calls, and how the dialog ends.
@@ -206,7 +207,7 @@ class FailedDialogTest : public DialogLifeTest {
     user.click(dialog.tabs().ledvaneLink.cmdLedvane);
   }
   /// A dialog whose commit fails after `act`.
-  void fail(const std::function<void(frmOptions&)>& act) {
+  void fail(FunctionRef<void(frmOptions&)> act) {
     desk->whenShown([&](ui::Form& form) {
       auto& dialog = dynamic_cast<frmOptions&>(form);
       act(dialog);

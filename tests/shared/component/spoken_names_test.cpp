@@ -2,6 +2,7 @@
 #include <map>
 
 #include "tests/testing/every_dialog.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::testing {
 namespace {
@@ -11,8 +12,7 @@ using ui::Kind;
 class SpokenNames : public EveryDialogTest {
  protected:
   /// Calls `act` with every control that is seen.
-  static void forEachSeen(const ui::Container& holder,
-                          const std::function<void(const ui::Control&)>& act) {
+  static void forEachSeen(const ui::Container& holder, FunctionRef<void(const ui::Control&)> act) {
     for (const ui::Control* control : holder.children()) {
       if (!control->visible()) continue;
       act(*control);

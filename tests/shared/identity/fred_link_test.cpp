@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "identity/company_details.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -33,9 +34,9 @@ class FredLinkTest : public OptionsTest {
     host.store(options::FREDLinkActive, isActive);
     host.store(options::FREDDataFile, file);
   }
-  void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::fred, act); }
+  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::fred, act); }
   /// Opens the tab with an active link and this interval.
-  void openWith(std::int16_t interval, const std::function<void(frmOptions&)>& act) {
+  void openWith(std::int16_t interval, FunctionRef<void(frmOptions&)> act) {
     storeLink(interval, true, u"C:\\FRED\\pos.dat");
     openTab(act);
   }

@@ -4,6 +4,7 @@
 
 #include "tests/testing/desk.h"
 #include "tests/testing/fake_host.h"
+#include "tests/testing/function_ref.h"
 
 namespace tillora::testing {
 namespace {
@@ -23,7 +24,7 @@ class FrmPasswordSetTest : public ::testing::Test {
   }
 
   /// Shows the dialog for this password; returns the one that comes out.
-  Text show(TextView password, const std::function<void()>& act) {
+  Text show(TextView password, FunctionRef<void()> act) {
     dialog.Password = SecretText(Text(password));
     desk->whenShown([&](ui::Form&) { act(); });
     dialog.showModal();

@@ -1,5 +1,6 @@
 #include "identity/frmWebSite.h"
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -14,11 +15,11 @@ class WebSiteDialogTest : public OptionsTest {
     messages.setSettings(nullptr);
     OptionsTest::TearDown();
   }
-  void show(const std::function<void()>& act) {
+  void show(FunctionRef<void()> act) {
     desk->whenShown([&](ui::Form&) { act(); });
     form.showModal();
   }
-  void showEntry(const std::function<void()>& act) {
+  void showEntry(FunctionRef<void()> act) {
     form.EditMode = true;
     form.Description = u"News";
     form.URL = u"http://news";

@@ -4,6 +4,7 @@
 
 #include "operations/end_of_day.h"
 #include "sales/list_columns.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -35,7 +36,7 @@ class LedvaneLinkTest : public OptionsTest {
   void addTerminal(std::int32_t reportingBits) {
     host.terminals.push_back({{u"ReportingBits", reportingBits}});
   }
-  Error raisedBy(const std::function<void(frmOptions&)>& act) {
+  Error raisedBy(FunctionRef<void(frmOptions&)> act) {
     desk->whenShown([&](ui::Form& form) { act(dynamic_cast<frmOptions&>(form)); });
     try {
       options_.ShowOptions();
@@ -673,7 +674,7 @@ TEST_F(LedvaneLinkTest, TheQuestionsComeAfterTheTwoValidations) {
 }
 
 TEST_F(LedvaneLinkTest, AFailureOfTheQuestionsAtTheSaveIsRaisedAndNothingIsWritten) {
-  const auto attempt = [&](const std::function<void()>& before) {
+  const auto attempt = [&](FunctionRef<void()> before) {
     return raisedBy([&](frmOptions& dialog) {
       choose(dialog, kOther);
       before();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "identity/frmWebSite.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -36,9 +37,9 @@ class WebSitesTest : public OptionsTest {
     }
     return sites;
   }
-  void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::web, act); }
+  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::web, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(const std::function<void(frmOptions&)>& act) {
+  void editTab(FunctionRef<void(frmOptions&)> act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

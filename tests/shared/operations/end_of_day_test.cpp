@@ -7,6 +7,7 @@
 #include "operations/frmReportCaptions.h"
 #include "operations/report_captions.h"
 #include "sales/list_columns.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -31,9 +32,9 @@ class EndOfDayTest : public OptionsTest {
     return part(dialog).cmdReports[which];
   }
 
-  void openPage(const std::function<void(frmOptions&)>& act) { openOn(TabPage::eod, act); }
+  void openPage(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::eod, act); }
   /// Opens the tab and presses OK after `act`.
-  void editPage(const std::function<void(frmOptions&)>& act) {
+  void editPage(FunctionRef<void(frmOptions&)> act) {
     openPage([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');
@@ -94,10 +95,10 @@ class EndOfDayTest : public OptionsTest {
     return shown;
   }
   /// What the person does in the next dialog that opens over the options.
-  void inDefaultReports(const std::function<void(frmEODDefaultReports&)>& act) {
+  void inDefaultReports(FunctionRef<void(frmEODDefaultReports&)> act) {
     desk->whenShown([=](ui::Form& form) { act(dynamic_cast<frmEODDefaultReports&>(form)); });
   }
-  void inCaptions(const std::function<void(frmReportCaptions&)>& act) {
+  void inCaptions(FunctionRef<void(frmReportCaptions&)> act) {
     desk->whenShown([=](ui::Form& form) { act(dynamic_cast<frmReportCaptions&>(form)); });
   }
   /// Renames a title and presses OK.

@@ -1,6 +1,7 @@
 #include "operations/frmEODDefaultReports.h"
 
 #include "operations/report_captions.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -28,8 +29,7 @@ class EODDefaultReportsTest : public OptionsTest {
     std::int32_t bits = 0;
   };
   /// Shows the dialog; without another end it is closed by its close box after `act`.
-  Result choose(std::int32_t bits, bool forced,
-                const std::function<void(frmEODDefaultReports&)>& act) {
+  Result choose(std::int32_t bits, bool forced, FunctionRef<void(frmEODDefaultReports&)> act) {
     frmEODDefaultReports dialog(desk->screen(), messages);
     dialog.AppObject = options_.AppObject;
     dialog.Titles = titles;

@@ -1,6 +1,7 @@
 #include "operations/frmPumpGrade.h"
 
 #include "sales/frmBrowseItems.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -18,13 +19,13 @@ class PumpGradeDialogTest : public OptionsTest {
     form.Caption = u"ULP";
     form.Product = u"Fuel:Unleaded";
   }
-  void show(const std::function<void()>& act) {
+  void show(FunctionRef<void()> act) {
     form.DBJetObject = options_.DBJetObject;
     form.SettingsObject = options_.SettingsObject;
     desk->whenShown([&](ui::Form&) { act(); });
     form.showModal();
   }
-  void browse(const std::function<void(frmBrowseItems&)>& act) {
+  void browse(FunctionRef<void(frmBrowseItems&)> act) {
     desk->whenShown([&](ui::Form& shown) { act(dynamic_cast<frmBrowseItems&>(shown)); });
     user.click(form.cmdPumpGrade[frmPumpGrade::browse]);
   }

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "operations/clsRandomPrice.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -25,11 +26,11 @@ class FrmRandomPriceTest : public OptionsTest {
     }
   }
   /// Shows the dialog; `act` is what the person does in it.
-  void show(const std::function<void()>& act) {
+  void show(FunctionRef<void()> act) {
     desk->whenShown([&](ui::Form&) { act(); });
     editor.showModal();
   }
-  void accept(const std::function<void()>& act) {
+  void accept(FunctionRef<void()> act) {
     show([&] {
       act();
       user.click(editor.cmdCommand[frmRandomPrice::ok]);

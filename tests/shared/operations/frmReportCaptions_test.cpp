@@ -1,6 +1,7 @@
 #include "operations/frmReportCaptions.h"
 
 #include "operations/report_captions.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -32,7 +33,7 @@ class ReportCaptionsDialogTest : public OptionsTest {
 
   /// Shows the dialog with `titles` and `details`, which become what is handed back.
   /// @return whether it was cancelled
-  bool show(const std::function<void(frmReportCaptions&)>& act) {
+  bool show(FunctionRef<void(frmReportCaptions&)> act) {
     frmReportCaptions dialog(desk->screen(), messages);
     dialog.Titles = titles;
     dialog.Details = details;

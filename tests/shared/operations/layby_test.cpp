@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "identity/company_details.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -19,9 +20,9 @@ class LaybyTest : public OptionsTest {
  protected:
   static LaybyOptions& tab(frmOptions& dialog) { return dialog.tabs().laybyOptions; }
   static ui::TextBox& box(frmOptions& dialog, int index) { return tab(dialog).txtLayby[index]; }
-  void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::layby, act); }
+  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::layby, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(const std::function<void(frmOptions&)>& act) {
+  void editTab(FunctionRef<void(frmOptions&)> act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.click(dialog.cmdCommand[frmOptions::ok]);

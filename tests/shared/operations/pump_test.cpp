@@ -4,6 +4,7 @@
 
 #include "operations/frmPumpGrade.h"
 #include "sales/frmBrowseItems.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -44,9 +45,9 @@ class PumpTest : public OptionsTest {
     }
     return numbers;
   }
-  void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::pump, act); }
+  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::pump, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(const std::function<void(frmOptions&)>& act) {
+  void editTab(FunctionRef<void(frmOptions&)> act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

@@ -6,6 +6,7 @@
 #include "operations/clsRandomPrice.h"
 #include "operations/frmRandomPrice.h"
 #include "sales/list_columns.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -38,9 +39,9 @@ class RandomPriceTest : public OptionsTest {
   static RandomPrice& tab(frmOptions& dialog) { return dialog.tabs().randomPrice; }
   static ui::ListView& list(frmOptions& dialog) { return tab(dialog).ltvRandomPrice; }
   static ui::CheckBox& active(frmOptions& dialog) { return tab(dialog).chkRandomPrice[0]; }
-  void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::scanning, act); }
+  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::scanning, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(const std::function<void(frmOptions&)>& act) {
+  void editTab(FunctionRef<void(frmOptions&)> act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');
@@ -51,7 +52,7 @@ class RandomPriceTest : public OptionsTest {
     desk->whenShown([act](ui::Form& form) { act(dynamic_cast<Editor&>(form)); });
   }
   /// Selects a row, presses Edit and, after `act`, OK in the editor.
-  void editRow(frmOptions& dialog, int row, const std::function<void(Editor&)>& act) {
+  void editRow(frmOptions& dialog, int row, FunctionRef<void(Editor&)> act) {
     user.clickRow(list(dialog), row);
     whenEditorShown([&](Editor& editor) {
       act(editor);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 #include "ui/buttons.h"
 
@@ -38,12 +39,12 @@ class BrowseItemsTest : public OptionsTest {
   }
 
   /// Shows the browser; returns the value that the caller gets back.
-  Text browse(int type, TextView value, const std::function<void(frmBrowseItems&)>& act) {
+  Text browse(int type, TextView value, FunctionRef<void(frmBrowseItems&)> act) {
     frmBrowseItems browser(desk->screen());
     return browse(browser, type, value, act);
   }
   Text browse(frmBrowseItems& browser, int type, TextView value,
-              const std::function<void(frmBrowseItems&)>& act) {
+              FunctionRef<void(frmBrowseItems&)> act) {
     browser.DBJetObject = options_.DBJetObject;
     browser.SettingsObject = options_.SettingsObject;
     browser.BrowseType = static_cast<std::int16_t>(type);

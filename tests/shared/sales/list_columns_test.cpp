@@ -5,6 +5,7 @@
 
 #include "identity/company_details.h"
 #include "sales/transactions.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -117,8 +118,8 @@ class ListColumnsTest : public OptionsTest {
   ui::CheckListBox& list(frmOptions& dialog, int index) {
     return dialog.tabs().listColumns.lstListShow[index];
   }
-  void openPage(const std::function<void(frmOptions&)>& act) { openOn(TabPage::lists, act); }
-  void editPage(const std::function<void(frmOptions&)>& act) {
+  void openPage(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::lists, act); }
+  void editPage(FunctionRef<void(frmOptions&)> act) {
     openPage([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "sales/frmBrowseItems.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -33,9 +34,9 @@ class RoundingTest : public OptionsTest {
     }
     return selected;
   }
-  void openTab(const std::function<void(frmOptions&)>& act) { openOn(TabPage::rounding, act); }
+  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::rounding, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(const std::function<void(frmOptions&)>& act) {
+  void editTab(FunctionRef<void(frmOptions&)> act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

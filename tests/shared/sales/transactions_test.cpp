@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/options_test.h"
 
 namespace tillora::testing {
@@ -52,8 +53,8 @@ class TransactionsTest : public OptionsTest {
   ui::TextBox& box(frmOptions& dialog, int index) { return part(dialog).txtCaption[index]; }
   ui::Label& label(frmOptions& dialog, int index) { return part(dialog).lblTransaction[index]; }
 
-  void openPage(const std::function<void(frmOptions&)>& act) { openOn(TabPage::transactions, act); }
-  void editPage(const std::function<void(frmOptions&)>& act) {
+  void openPage(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::transactions, act); }
+  void editPage(FunctionRef<void(frmOptions&)> act) {
     openPage([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

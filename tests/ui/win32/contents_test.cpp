@@ -3,6 +3,7 @@
 #include <string>
 
 #include "com/wide_text.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/holdings.h"
 #include "tests/testing/win32/windows_desk.h"
@@ -15,7 +16,7 @@ using ui::Key;
 
 class ContentsTest : public ::testing::Test {
  protected:
-  void show(const std::function<void()>& step) {
+  void show(FunctionRef<void()> step) {
     desk.whenShown([&](ui::Form&) { step(); });
     gallery.showModal();
   }

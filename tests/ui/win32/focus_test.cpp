@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "com/module.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
 
@@ -15,7 +16,7 @@ using ui::Key;
 class FocusTest : public ::testing::Test {
  protected:
   /// Shows the gallery and runs the step in it.
-  void show(const std::function<void()>& step) {
+  void show(FunctionRef<void()> step) {
     desk.whenShown([&](ui::Form&) { step(); });
     gallery.showModal();
     EXPECT_EQ(desk.unusedSteps(), 0);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/windows_desk.h"
 #include "ui/form.h"
 #include "ui/label.h"
@@ -37,7 +38,7 @@ class LabelTest : public ::testing::Test {
     }
     return count;
   }
-  void show(const std::function<void()>& step) {
+  void show(FunctionRef<void()> step) {
     desk.whenShown([&](ui::Form&) { step(); });
     form.showModal();
   }

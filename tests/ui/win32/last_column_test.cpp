@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/modListViewSupport.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 class LastColumn : public ::testing::Test {
  protected:
-  void show(const std::function<void()>& step) {
+  void show(FunctionRef<void()> step) {
     desk.whenShown([&](ui::Form&) {
       desk.user().clickTab(gallery.tabs, 2);
       step();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
 
@@ -14,7 +15,7 @@ using ui::Key;
 class ListViewTest : public ::testing::Test {
  protected:
   /// Shows the gallery with its list in front.
-  void show(const std::function<void()>& step) {
+  void show(FunctionRef<void()> step) {
     desk.whenShown([&](ui::Form&) {
       user.clickTab(gallery.tabs, 2);
       step();

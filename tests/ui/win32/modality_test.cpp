@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "com/module.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
 
@@ -33,7 +34,7 @@ class ModalityTest : public ::testing::Test {
     EXPECT_EQ(desk.windows().topWindow(), nullptr);
   }
   /// Shows the gallery, in which the step makes a handler throw, and expects the failure back.
-  void expectFailure(const std::function<void()>& step) {
+  void expectFailure(FunctionRef<void()> step) {
     desk.whenShown([&](ui::Form&) {
       desk.screen().setPointer(ui::Pointer::hourglass);
       step();

@@ -1,6 +1,7 @@
 // Text that is pasted into a box with a handler for it, in every way that the platform has.
 #include <gtest/gtest.h>
 
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
 
@@ -11,7 +12,7 @@ using ui::Key;
 
 class PasteTest : public ::testing::Test {
  protected:
-  void show(const std::function<void()>& step) {
+  void show(FunctionRef<void()> step) {
     desk.whenShown([&](ui::Form&) {
       user.click(box);
       step();

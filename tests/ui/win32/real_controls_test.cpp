@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "com/module.h"
+#include "tests/testing/function_ref.h"
 #include "tests/testing/win32/gallery.h"
 #include "tests/testing/win32/windows_desk.h"
 #include "ui/win32/raster.h"
@@ -17,13 +17,13 @@ namespace {
 
 class RealControlsTest : public ::testing::Test {
  protected:
-  void show(const std::function<void()>& act) {
+  void show(FunctionRef<void()> act) {
     desk.whenShown([&](ui::Form&) { act(); });
     gallery.showModal();
   }
   HWND window(const ui::Control& control) { return desk.windows().windowOf(control); }
   /// Processes messages until the condition holds, with patience for the platform's timers.
-  bool soon(const std::function<bool()>& isSo, ULONGLONG patience = 20000) {
+  bool soon(FunctionRef<bool()> isSo, ULONGLONG patience = 20000) {
     const ULONGLONG end = GetTickCount64() + patience;
     while (!isSo() && GetTickCount64() < end) {
       MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
@@ -55,7 +55,7 @@ class RealControlsTest : public ::testing::Test {
   /// Moves the pointer there, and once more whenever the condition does not hold within a second:
   /// an earlier move may arrive late, and a control that takes the pointer for gone stops what it
   /// does.
-  bool hover(HWND control, POINT point, const std::function<bool()>& until) {
+  bool hover(HWND control, POINT point, FunctionRef<bool()> until) {
     POINT onScreen = point;
     ClientToScreen(control, &onScreen);
     bool isSo = false;
