@@ -36,6 +36,9 @@ PLATFORM = {
     "windows-x64": ["--target=x86_64-w64-mingw32", "-nostdinc++", f"-isystem{MINGW}",
                     f"-isystem{MINGW}/x86_64-w64-mingw32"],
 }
+# Tests keep what they define in unnamed namespaces. With a namespace of its own in there for each file, the tests of all
+# folders can be one source.
+APART = {"namespace {": "namespace { namespace %s {", "}  // namespace": "} }  // namespace"}
 HEADER = re.compile(r'#include ([<"][^>"]+(?<!\.inc)[>"])$')
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 
@@ -65,6 +68,10 @@ def configuration_of(file):
     return (tests if file.is_relative_to(tests) else ROOT) / ".clang-tidy"
 
 
+def is_test(file):
+    return file.name.endswith("_test.cpp")
+
+
 def configure(preset):
     """A build folder whose compile commands are those of single files."""
     folder = ROOT / "build" / preset / "lint"
@@ -85,14 +92,17 @@ class Joined:
         self.command = command | {"file": str(self.source),
                                   "command": command["command"].replace(command["file"], str(self.source))}
         self.origins = []  # of each line: file and number
-        self.headers, self.precompiled = set(), []
+        self.headers, self.precompiled = {}, []
         lines = []
         for file in files:
             for number, line in enumerate(file.read_text().splitlines(), 1):
                 header = HEADER.match(line)
-                lines.append("" if header and header[1] in self.headers else line)
+                if is_test(file) and line in APART:
+                    line = APART[line].replace("%s", "_".join(file.relative_to(ROOT).with_suffix("").parts))
+                name = header and header[1].strip('<>"')
+                lines.append("" if name in self.headers else line)
                 if header:
-                    self.headers.add(header[1])
+                    self.headers.setdefault(name, header[1])
                 self.origins.append(f"{file.relative_to(ROOT)}:{number}")
         self.source.write_text("\n".join(lines) + "\n")
 
@@ -112,7 +122,8 @@ def joined(files, commands, folder):
     for file in files:
         command = commands[file]
         options = re.sub(r"\S+\.(obj|o|cpp)\b", "", command["command"])
-        groups.setdefault((file.parent, options), []).append(file)
+        folder_of_group = ROOT / "tests" if is_test(file) else file.parent
+        groups.setdefault((folder_of_group, options), []).append(file)
     folder.mkdir(exist_ok=True)
     result = [Joined(group, options, commands[group[0]], folder) for (_, options), group in groups.items()]
     (folder / "compile_commands.json").write_text(json.dumps([each.command for each in result]))
@@ -127,7 +138,7 @@ def precompile(groups, preset, folder):
     for number, (options, members) in enumerate(alike.items()):
         if len(members) < 3:
             continue
-        uses = collections.Counter(name for group in members for name in group.headers if name.startswith("<"))
+        uses = collections.Counter(name for group in members for name in group.headers.values() if name.startswith("<"))
         common = [name for name, count in uses.items() if count > len(members) / 2]
         common.sort(key=lambda name: (name != "<windows.h>", name))  # others need that one first
         source = folder / f"headers-{number}.h"
