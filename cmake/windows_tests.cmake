@@ -1,5 +1,6 @@
 tillora_windows_program(drive FOLDER tools/drive LINK tillora_testing)
 tillora_together(drive REUSE tillora_testing)
+target_compile_options(drive PRIVATE ${TILLORA_TEST_OPTIMISATION})
 tillora_windows_program(com_client FOLDER tests/com_client LINK tillora_core)
 tillora_together(com_client REUSE tillora_win32)
 tillora_sources(failures FOLDERS tests/testing/memory tests/reliability/win32)
@@ -16,9 +17,8 @@ tillora_resources(resources tests/windows
   ${PROJECT_SOURCE_DIR}/docs/type-library.txt ${PROJECT_SOURCE_DIR}/docs/errors.md
   ${PROJECT_SOURCE_DIR}/tests/windows/screen_reader.txt)
 target_sources(windows_tests PRIVATE ${resources})
-# Little optimisation: without any there are ten times the sections, and the linker takes a minute.
-target_compile_options(windows_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Og>)
-tillora_together(windows_tests HEADERS TEST)
+tillora_together(windows_tests REUSE tillora_testing)
+target_compile_options(windows_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
 
 # A desk is a Wine prefix and a display of its own (tools/desk.sh). Tests at one desk run one after the other; desks run
 # side by side. A desk closes when ctest ends.
@@ -69,6 +69,7 @@ endforeach()
 # Clients in processes of their own, with a person at the dialog.
 tillora_windows_program(client_tests FOLDER tests/clients LINK tillora_testing gtest_main)
 tillora_together(client_tests REUSE tillora_testing)
+target_compile_options(client_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
 tillora_unit_tests(client_tests client_tests)
 tillora_at_desk(client_tests scripts)
 
