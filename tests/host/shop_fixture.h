@@ -42,7 +42,7 @@ class ShopFixture : public ::testing::Test {
   }
 
   /// The Error that the action raises; a test failure if it raises none.
-  static Error errorOf(testing::FunctionRef<void()> action) {
+  static Error errorOf(const testing::FunctionRef<void()>& action) {
     try {
       action();
     } catch (const Error& error) {

@@ -42,7 +42,7 @@ class PasswordsInMemoryTest : public OptionsTest {
     user.press(Key::enter);
   }
   /// Presses the button of the protection that has a password, and acts in its dialog.
-  void openDialog(frmOptions& dialog, FunctionRef<void()> act) {
+  void openDialog(frmOptions& dialog, const FunctionRef<void()>& act) {
     desk->whenShown([&](ui::Form&) { act(); });
     user.click(button(dialog));
   }

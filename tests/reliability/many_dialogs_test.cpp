@@ -30,7 +30,7 @@ class ManyDialogsTest : public OptionsTest {
     friend bool operator==(const Held&, const Held&) = default;
   };
   /// What so many dialogs leave behind, each after `act`.
-  Held heldAfter(int dialogs, FunctionRef<void()> act) {
+  Held heldAfter(int dialogs, const FunctionRef<void()>& act) {
     showOne([] {});  // what is made once is not counted
     const Held before{FailingMemory::blocks(), host.live};
     for (int i = 0; i < dialogs; ++i) showOne(act);
@@ -38,7 +38,7 @@ class ManyDialogsTest : public OptionsTest {
   }
 
  private:
-  void showOne(FunctionRef<void()> act) {
+  void showOne(const FunctionRef<void()>& act) {
     edit([&](frmOptions& dialog) {
       const int pages = dialog.tabOptions.count();
       EXPECT_EQ(pages, 12);

@@ -395,7 +395,7 @@ void FakeHost::fillEveryTab() {
   paymentItems = {{u"Cash", u"Cash", u"Sales"}};
 }
 
-void FakeHost::expectFailure(FunctionRef<void()> act) {
+void FakeHost::expectFailure(const FunctionRef<void()>& act) {
   try {
     act();
     ADD_FAILURE() << "the failure was swallowed";

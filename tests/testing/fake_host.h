@@ -90,7 +90,7 @@ class FakeHost {
   /// The error that all failures raise.
   static Error failure();
   /// Runs `act`, which must raise this very error.
-  static void expectFailure(FunctionRef<void()> act);
+  static void expectFailure(const FunctionRef<void()>& act);
 
   HostObjects objects();
   template <OptionType type>

@@ -6,8 +6,9 @@
 
 namespace tillora::testing {
 
-/// A parameter for a function that is called before the call it is given to returns. Tests pass
-/// thousands of lambdas, and for each of them std::function would compile a dozen functions.
+/// The parameter `const FunctionRef<void()>& act`: a function that is called before the call it is
+/// given to returns. It cannot be kept. Tests pass thousands of lambdas, and for each of them
+/// std::function would compile a dozen functions.
 template <class Signature>
 class FunctionRef;
 
@@ -19,6 +20,8 @@ class FunctionRef<Result(Arguments...)> {
   FunctionRef(Function&& function)
       : function_(const_cast<void*>(static_cast<const void*>(std::addressof(function)))),
         call_(&call<std::remove_reference_t<Function>>) {}
+  FunctionRef(const FunctionRef&) = delete;
+  FunctionRef& operator=(const FunctionRef&) = delete;
 
   Result operator()(Arguments... arguments) const {
     return call_(function_, std::forward<Arguments>(arguments)...);

@@ -102,7 +102,7 @@ bool HeadlessUser::reach(ui::Control& control) const {
   return form()->userMouseDown(control);
 }
 
-void HeadlessUser::mouse(ui::Control& control, FunctionRef<void()> act) {
+void HeadlessUser::mouse(ui::Control& control, const FunctionRef<void()>& act) {
   if (reach(control)) control.form().userDoes(act);
 }
 

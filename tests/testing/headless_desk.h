@@ -60,7 +60,7 @@ class HeadlessUser final : public User {
   ui::Form* form() const;
   bool reach(ui::Control& control) const;
   void typeCharacter(char16_t character);
-  void mouse(ui::Control& control, FunctionRef<void()> act);
+  void mouse(ui::Control& control, const FunctionRef<void()>& act);
   void useKey(ui::TextBox& box, ui::Key key, ui::Modifiers modifiers);
 
   HeadlessScreen& screen_;

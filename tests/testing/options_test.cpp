@@ -28,19 +28,19 @@ void OptionsTest::TearDown() {
   EXPECT_EQ(host.live, 0);
 }
 
-void OptionsTest::open(FunctionRef<void(frmOptions&)> act) {
+void OptionsTest::open(const FunctionRef<void(frmOptions&)>& act) {
   desk->whenShown([&](ui::Form& form) { act(dynamic_cast<frmOptions&>(form)); });
   EXPECT_TRUE(options_.ShowOptions());
 }
 
-void OptionsTest::edit(FunctionRef<void(frmOptions&)> act) {
+void OptionsTest::edit(const FunctionRef<void(frmOptions&)>& act) {
   open([&](frmOptions& dialog) {
     act(dialog);
     user.accessKey(u'o');
   });
 }
 
-void OptionsTest::openOn(TabPage page, FunctionRef<void(frmOptions&)> act) {
+void OptionsTest::openOn(TabPage page, const FunctionRef<void(frmOptions&)>& act) {
   options_.SelectedTab = static_cast<std::int16_t>(page);
   open(act);
   options_.SelectedTab = 0;
@@ -56,7 +56,7 @@ void OptionsTest::saveDefaults() {
 }
 
 void OptionsTest::expectFailureAt(const std::string& call, TabPage page,
-                                  FunctionRef<void(frmOptions&)> act) {
+                                  const FunctionRef<void(frmOptions&)>& act) {
   const auto stored = host.stored;
   host.calls.clear();
   host.failingCall = call;

@@ -27,11 +27,11 @@ class OptionsTest : public ::testing::Test {
   void TearDown() override;
 
   /// Calls ShowOptions; `act` is what the person does while the dialog is open.
-  void open(FunctionRef<void(frmOptions&)> act);
+  void open(const FunctionRef<void(frmOptions&)>& act);
   /// The same on another tab.
-  void openOn(TabPage page, FunctionRef<void(frmOptions&)> act);
+  void openOn(TabPage page, const FunctionRef<void(frmOptions&)>& act);
   /// Opens the dialog and presses OK after `act`.
-  void edit(FunctionRef<void(frmOptions&)> act);
+  void edit(const FunctionRef<void(frmOptions&)>& act);
 
   /// Saves the defaults once, as a first use does: what is saved after that changes nothing by
   /// itself. Forgets calls, messages and changes so far.
@@ -39,7 +39,8 @@ class OptionsTest : public ::testing::Test {
 
   /// Opens the dialog on a tab of a host that fails at this call. The failure must come out of
   /// ShowOptions as it was raised, with nothing called after it and no option stored.
-  void expectFailureAt(const std::string& call, TabPage page, FunctionRef<void(frmOptions&)> act);
+  void expectFailureAt(const std::string& call, TabPage page,
+                       const FunctionRef<void(frmOptions&)>& act);
 
   /// Each control has the focus in its turn when Tab is pressed over and over.
   void expectTabOrder(const std::vector<ui::Control*>& order);

@@ -38,7 +38,7 @@ class PagesForm final : public ui::Form {
 
 class FirstOnPage : public ::testing::Test {
  protected:
-  void show(FunctionRef<void()> act) {
+  void show(const FunctionRef<void()>& act) {
     desk.whenShown([&](ui::Form&) { act(); });
     form.showModal();
   }

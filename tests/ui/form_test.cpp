@@ -67,7 +67,7 @@ class SampleForm final : public ui::Form {
 
 class FormTest : public ::testing::Test {
  protected:
-  void show(FunctionRef<void()> act) {
+  void show(const FunctionRef<void()>& act) {
     desk.whenShown([&](ui::Form&) {
       form.events.clear();
       act();

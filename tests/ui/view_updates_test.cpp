@@ -27,12 +27,12 @@ class ViewUpdatesTest : public ::testing::Test, private ui::FormView {
   ViewUpdatesTest() { form.attach(this); }
   ~ViewUpdatesTest() override { form.attach(nullptr); }
 
-  void expectUpdates(const Updates& expected, FunctionRef<void()> change) {
+  void expectUpdates(const Updates& expected, const FunctionRef<void()>& change) {
     updates_.clear();
     change();
     EXPECT_EQ(updates_, expected);
   }
-  void expectUpdate(const ui::Control& control, Property what, FunctionRef<void()> change) {
+  void expectUpdate(const ui::Control& control, Property what, const FunctionRef<void()>& change) {
     expectUpdates({{&control, what}}, change);
   }
 

@@ -24,7 +24,7 @@ using testing::ServerLibrary;
 using win32::ComPtr;
 
 /// Runs something in a thread of its own that belongs to the multi-threaded apartment.
-void inMultiThreadedApartment(testing::FunctionRef<void()> body) {
+void inMultiThreadedApartment(const testing::FunctionRef<void()>& body) {
   std::thread([&] {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     body();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <limits>
 
 #include "tests/component/automation/scripted_object.h"
@@ -21,13 +22,13 @@ class DispatchObjectTest : public ::testing::Test {
   ComPtr<ScriptedObject> scripted = ScriptedObject::make();
   DispatchObject object{ComPtr<IDispatch>(scripted.get()), u"JetDatabase"};
 
-  void gives(const Text& member, testing::FunctionRef<Variant()> value) {
+  void gives(const Text& member, const std::function<Variant()>& value) {
     scripted->add(member, [value](const Call&) { return value(); });
   }
   void fails(const Text& member, const Failing& failing) {
     scripted->add(member, [failing](const Call&) -> Variant { throw failing; });
   }
-  Error failureOf(testing::FunctionRef<void()> action) {
+  Error failureOf(const testing::FunctionRef<void()>& action) {
     try {
       action();
     } catch (const Error& error) {

@@ -105,7 +105,7 @@ Raised late(IDispatch& object, const wchar_t* member, WORD flags,
 }
 
 /// The result of an early-bound call with the thread's error information.
-Raised early(testing::FunctionRef<HRESULT()> call) {
+Raised early(const testing::FunctionRef<HRESULT()>& call) {
   SetErrorInfo(0, nullptr);
   Raised raised{call(), {}, {}};
   ComPtr<IErrorInfo> info;

@@ -46,7 +46,7 @@ class FieldsOfOtherTypes : public OptionsObjectTest {
     return rows;
   }
   /// Opens the dialog on a page, changes nothing of its lists, and presses OK.
-  void save(TabPage page, testing::FunctionRef<void(frmOptions&)> look) {
+  void save(TabPage page, const testing::FunctionRef<void(frmOptions&)>& look) {
     client->put(u"SelectedTab", static_cast<std::int16_t>(page));
     whileOpen([&](frmOptions& dialog) {
       look(dialog);

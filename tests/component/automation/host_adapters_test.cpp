@@ -24,7 +24,7 @@ using testing::ScriptedObject;
 using win32::ComPtr;
 using win32::Variant;
 
-std::int32_t errorOf(testing::FunctionRef<void()> action) {
+std::int32_t errorOf(const testing::FunctionRef<void()>& action) {
   try {
     action();
   } catch (const Error& error) {

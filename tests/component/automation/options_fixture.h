@@ -45,7 +45,7 @@ class OptionsObjectTest : public ::testing::Test {
   }
 
   /// Number, source and description of the failure that a late-bound call raises.
-  Error failureOf(testing::FunctionRef<void()> action) {
+  Error failureOf(const testing::FunctionRef<void()>& action) {
     try {
       action();
     } catch (const Error& error) {

@@ -106,7 +106,7 @@ class PasswordsInProcessTest : public ::testing::Test {
 
   /// Shows the dialog to a person who does this, and searches the memory when ShowOptions has
   /// returned.
-  HRESULT show(FunctionRef<void()> act) {
+  HRESULT show(const FunctionRef<void()>& act) {
     const auto options = server.create();
     options->putref_DBJetObject(automationHost.database.get());
     options->putref_AppObject(automationHost.app.get());

@@ -67,7 +67,7 @@ class ComponentMemoryTest : public ::testing::Test {
   using Mode = FailingMemory::Mode;
 
   /// @param act takes a FailingMemory's number and mode, and returns the allocations
-  void walk(int samples, FunctionRef<long(long, Mode)> act) {
+  void walk(int samples, const FunctionRef<long(long, Mode)>& act) {
     act(FailingMemory::kNever, Mode::once);  // what is made once is not counted
     const Holdings before;
     const auto windows = windowsOfThread();

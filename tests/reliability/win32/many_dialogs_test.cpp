@@ -33,7 +33,7 @@ class ManyRealDialogsTest : public ::testing::Test {
 
   /// What so many dialogs leave behind, each after `act`.
   /// @param tab that is seen in each
-  Kept keptAfter(int dialogs, int tab, FunctionRef<void()> act) {
+  Kept keptAfter(int dialogs, int tab, const FunctionRef<void()>& act) {
     showOne(tab);  // what is made once is not counted
     const Kept before = kept();
     for (int i = 0; i < dialogs; ++i) {

@@ -207,7 +207,7 @@ class FailedDialogTest : public DialogLifeTest {
     user.click(dialog.tabs().ledvaneLink.cmdLedvane);
   }
   /// A dialog whose commit fails after `act`.
-  void fail(FunctionRef<void(frmOptions&)> act) {
+  void fail(const FunctionRef<void(frmOptions&)>& act) {
     desk->whenShown([&](ui::Form& form) {
       auto& dialog = dynamic_cast<frmOptions&>(form);
       act(dialog);

@@ -12,7 +12,8 @@ using ui::Kind;
 class SpokenNames : public EveryDialogTest {
  protected:
   /// Calls `act` with every control that is seen.
-  static void forEachSeen(const ui::Container& holder, FunctionRef<void(const ui::Control&)> act) {
+  static void forEachSeen(const ui::Container& holder,
+                          const FunctionRef<void(const ui::Control&)>& act) {
     for (const ui::Control* control : holder.children()) {
       if (!control->visible()) continue;
       act(*control);

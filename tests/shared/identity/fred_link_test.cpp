@@ -34,9 +34,9 @@ class FredLinkTest : public OptionsTest {
     host.store(options::FREDLinkActive, isActive);
     host.store(options::FREDDataFile, file);
   }
-  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::fred, act); }
+  void openTab(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::fred, act); }
   /// Opens the tab with an active link and this interval.
-  void openWith(std::int16_t interval, FunctionRef<void(frmOptions&)> act) {
+  void openWith(std::int16_t interval, const FunctionRef<void(frmOptions&)>& act) {
     storeLink(interval, true, u"C:\\FRED\\pos.dat");
     openTab(act);
   }

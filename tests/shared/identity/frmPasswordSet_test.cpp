@@ -24,7 +24,7 @@ class FrmPasswordSetTest : public ::testing::Test {
   }
 
   /// Shows the dialog for this password; returns the one that comes out.
-  Text show(TextView password, FunctionRef<void()> act) {
+  Text show(TextView password, const FunctionRef<void()>& act) {
     dialog.Password = SecretText(Text(password));
     desk->whenShown([&](ui::Form&) { act(); });
     dialog.showModal();

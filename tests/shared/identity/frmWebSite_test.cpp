@@ -15,11 +15,11 @@ class WebSiteDialogTest : public OptionsTest {
     messages.setSettings(nullptr);
     OptionsTest::TearDown();
   }
-  void show(FunctionRef<void()> act) {
+  void show(const FunctionRef<void()>& act) {
     desk->whenShown([&](ui::Form&) { act(); });
     form.showModal();
   }
-  void showEntry(FunctionRef<void()> act) {
+  void showEntry(const FunctionRef<void()>& act) {
     form.EditMode = true;
     form.Description = u"News";
     form.URL = u"http://news";

@@ -36,7 +36,7 @@ class LedvaneLinkTest : public OptionsTest {
   void addTerminal(std::int32_t reportingBits) {
     host.terminals.push_back({{u"ReportingBits", reportingBits}});
   }
-  Error raisedBy(FunctionRef<void(frmOptions&)> act) {
+  Error raisedBy(const FunctionRef<void(frmOptions&)>& act) {
     desk->whenShown([&](ui::Form& form) { act(dynamic_cast<frmOptions&>(form)); });
     try {
       options_.ShowOptions();
@@ -674,7 +674,7 @@ TEST_F(LedvaneLinkTest, TheQuestionsComeAfterTheTwoValidations) {
 }
 
 TEST_F(LedvaneLinkTest, AFailureOfTheQuestionsAtTheSaveIsRaisedAndNothingIsWritten) {
-  const auto attempt = [&](FunctionRef<void()> before) {
+  const auto attempt = [&](const FunctionRef<void()>& before) {
     return raisedBy([&](frmOptions& dialog) {
       choose(dialog, kOther);
       before();

@@ -77,16 +77,16 @@ class PasswordsTest : public OptionsTest {
   }
   static std::vector<int> allRows() { return {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}; }
 
-  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::security, act); }
+  void openTab(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::security, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(FunctionRef<void(frmOptions&)> act) {
+  void editTab(const FunctionRef<void(frmOptions&)>& act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');
     });
   }
   /// Presses the row's button and acts in the password dialog.
-  void openDialog(frmOptions& dialog, int row, FunctionRef<void(frmPasswordSet&)> act) {
+  void openDialog(frmOptions& dialog, int row, const FunctionRef<void(frmPasswordSet&)>& act) {
     desk->whenShown([&](ui::Form& form) { act(dynamic_cast<frmPasswordSet&>(form)); });
     user.click(button(dialog, row));
   }

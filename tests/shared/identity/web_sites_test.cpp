@@ -37,9 +37,9 @@ class WebSitesTest : public OptionsTest {
     }
     return sites;
   }
-  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::web, act); }
+  void openTab(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::web, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(FunctionRef<void(frmOptions&)> act) {
+  void editTab(const FunctionRef<void(frmOptions&)>& act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

@@ -32,9 +32,9 @@ class EndOfDayTest : public OptionsTest {
     return part(dialog).cmdReports[which];
   }
 
-  void openPage(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::eod, act); }
+  void openPage(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::eod, act); }
   /// Opens the tab and presses OK after `act`.
-  void editPage(FunctionRef<void(frmOptions&)> act) {
+  void editPage(const FunctionRef<void(frmOptions&)>& act) {
     openPage([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');
@@ -95,10 +95,10 @@ class EndOfDayTest : public OptionsTest {
     return shown;
   }
   /// What the person does in the next dialog that opens over the options.
-  void inDefaultReports(FunctionRef<void(frmEODDefaultReports&)> act) {
+  void inDefaultReports(const std::function<void(frmEODDefaultReports&)>& act) {
     desk->whenShown([=](ui::Form& form) { act(dynamic_cast<frmEODDefaultReports&>(form)); });
   }
-  void inCaptions(FunctionRef<void(frmReportCaptions&)> act) {
+  void inCaptions(const std::function<void(frmReportCaptions&)>& act) {
     desk->whenShown([=](ui::Form& form) { act(dynamic_cast<frmReportCaptions&>(form)); });
   }
   /// Renames a title and presses OK.

@@ -29,7 +29,8 @@ class EODDefaultReportsTest : public OptionsTest {
     std::int32_t bits = 0;
   };
   /// Shows the dialog; without another end it is closed by its close box after `act`.
-  Result choose(std::int32_t bits, bool forced, FunctionRef<void(frmEODDefaultReports&)> act) {
+  Result choose(std::int32_t bits, bool forced,
+                const FunctionRef<void(frmEODDefaultReports&)>& act) {
     frmEODDefaultReports dialog(desk->screen(), messages);
     dialog.AppObject = options_.AppObject;
     dialog.Titles = titles;

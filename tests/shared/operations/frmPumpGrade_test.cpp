@@ -19,13 +19,13 @@ class PumpGradeDialogTest : public OptionsTest {
     form.Caption = u"ULP";
     form.Product = u"Fuel:Unleaded";
   }
-  void show(FunctionRef<void()> act) {
+  void show(const FunctionRef<void()>& act) {
     form.DBJetObject = options_.DBJetObject;
     form.SettingsObject = options_.SettingsObject;
     desk->whenShown([&](ui::Form&) { act(); });
     form.showModal();
   }
-  void browse(FunctionRef<void(frmBrowseItems&)> act) {
+  void browse(const FunctionRef<void(frmBrowseItems&)>& act) {
     desk->whenShown([&](ui::Form& shown) { act(dynamic_cast<frmBrowseItems&>(shown)); });
     user.click(form.cmdPumpGrade[frmPumpGrade::browse]);
   }

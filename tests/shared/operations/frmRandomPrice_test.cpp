@@ -26,11 +26,11 @@ class FrmRandomPriceTest : public OptionsTest {
     }
   }
   /// Shows the dialog; `act` is what the person does in it.
-  void show(FunctionRef<void()> act) {
+  void show(const FunctionRef<void()>& act) {
     desk->whenShown([&](ui::Form&) { act(); });
     editor.showModal();
   }
-  void accept(FunctionRef<void()> act) {
+  void accept(const FunctionRef<void()>& act) {
     show([&] {
       act();
       user.click(editor.cmdCommand[frmRandomPrice::ok]);

@@ -33,7 +33,7 @@ class ReportCaptionsDialogTest : public OptionsTest {
 
   /// Shows the dialog with `titles` and `details`, which become what is handed back.
   /// @return whether it was cancelled
-  bool show(FunctionRef<void(frmReportCaptions&)> act) {
+  bool show(const FunctionRef<void(frmReportCaptions&)>& act) {
     frmReportCaptions dialog(desk->screen(), messages);
     dialog.Titles = titles;
     dialog.Details = details;

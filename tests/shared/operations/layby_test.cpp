@@ -20,9 +20,9 @@ class LaybyTest : public OptionsTest {
  protected:
   static LaybyOptions& tab(frmOptions& dialog) { return dialog.tabs().laybyOptions; }
   static ui::TextBox& box(frmOptions& dialog, int index) { return tab(dialog).txtLayby[index]; }
-  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::layby, act); }
+  void openTab(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::layby, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(FunctionRef<void(frmOptions&)> act) {
+  void editTab(const FunctionRef<void(frmOptions&)>& act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.click(dialog.cmdCommand[frmOptions::ok]);

@@ -45,9 +45,9 @@ class PumpTest : public OptionsTest {
     }
     return numbers;
   }
-  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::pump, act); }
+  void openTab(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::pump, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(FunctionRef<void(frmOptions&)> act) {
+  void editTab(const FunctionRef<void(frmOptions&)>& act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

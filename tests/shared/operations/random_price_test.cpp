@@ -39,9 +39,9 @@ class RandomPriceTest : public OptionsTest {
   static RandomPrice& tab(frmOptions& dialog) { return dialog.tabs().randomPrice; }
   static ui::ListView& list(frmOptions& dialog) { return tab(dialog).ltvRandomPrice; }
   static ui::CheckBox& active(frmOptions& dialog) { return tab(dialog).chkRandomPrice[0]; }
-  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::scanning, act); }
+  void openTab(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::scanning, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(FunctionRef<void(frmOptions&)> act) {
+  void editTab(const FunctionRef<void(frmOptions&)>& act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');
@@ -52,7 +52,7 @@ class RandomPriceTest : public OptionsTest {
     desk->whenShown([act](ui::Form& form) { act(dynamic_cast<Editor&>(form)); });
   }
   /// Selects a row, presses Edit and, after `act`, OK in the editor.
-  void editRow(frmOptions& dialog, int row, FunctionRef<void(Editor&)> act) {
+  void editRow(frmOptions& dialog, int row, const FunctionRef<void(Editor&)>& act) {
     user.clickRow(list(dialog), row);
     whenEditorShown([&](Editor& editor) {
       act(editor);

@@ -21,7 +21,7 @@ class CurrencyConversionTest : public OptionsTest {
   static ui::UpDown& upDown(frmOptions& dialog) { return tab(dialog).udCurrencyConversion; }
 
   /// Opens the tab with this margin stored; the focus is in the box.
-  void openWith(float margin, FunctionRef<void(frmOptions&)> act) {
+  void openWith(float margin, const FunctionRef<void(frmOptions&)>& act) {
     host.store(options::DefaultCurrencyMargin, margin);
     openOn(TabPage::currency, act);
   }

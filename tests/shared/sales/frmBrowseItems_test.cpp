@@ -39,12 +39,12 @@ class BrowseItemsTest : public OptionsTest {
   }
 
   /// Shows the browser; returns the value that the caller gets back.
-  Text browse(int type, TextView value, FunctionRef<void(frmBrowseItems&)> act) {
+  Text browse(int type, TextView value, const FunctionRef<void(frmBrowseItems&)>& act) {
     frmBrowseItems browser(desk->screen());
     return browse(browser, type, value, act);
   }
   Text browse(frmBrowseItems& browser, int type, TextView value,
-              FunctionRef<void(frmBrowseItems&)> act) {
+              const FunctionRef<void(frmBrowseItems&)>& act) {
     browser.DBJetObject = options_.DBJetObject;
     browser.SettingsObject = options_.SettingsObject;
     browser.BrowseType = static_cast<std::int16_t>(type);

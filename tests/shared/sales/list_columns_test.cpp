@@ -118,8 +118,8 @@ class ListColumnsTest : public OptionsTest {
   ui::CheckListBox& list(frmOptions& dialog, int index) {
     return dialog.tabs().listColumns.lstListShow[index];
   }
-  void openPage(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::lists, act); }
-  void editPage(FunctionRef<void(frmOptions&)> act) {
+  void openPage(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::lists, act); }
+  void editPage(const FunctionRef<void(frmOptions&)>& act) {
     openPage([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

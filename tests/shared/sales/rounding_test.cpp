@@ -34,9 +34,9 @@ class RoundingTest : public OptionsTest {
     }
     return selected;
   }
-  void openTab(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::rounding, act); }
+  void openTab(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::rounding, act); }
   /// Opens the tab and presses OK after `act`.
-  void editTab(FunctionRef<void(frmOptions&)> act) {
+  void editTab(const FunctionRef<void(frmOptions&)>& act) {
     openTab([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

@@ -53,8 +53,8 @@ class TransactionsTest : public OptionsTest {
   ui::TextBox& box(frmOptions& dialog, int index) { return part(dialog).txtCaption[index]; }
   ui::Label& label(frmOptions& dialog, int index) { return part(dialog).lblTransaction[index]; }
 
-  void openPage(FunctionRef<void(frmOptions&)> act) { openOn(TabPage::transactions, act); }
-  void editPage(FunctionRef<void(frmOptions&)> act) {
+  void openPage(const FunctionRef<void(frmOptions&)>& act) { openOn(TabPage::transactions, act); }
+  void editPage(const FunctionRef<void(frmOptions&)>& act) {
     openPage([&](frmOptions& dialog) {
       act(dialog);
       user.accessKey(u'o');

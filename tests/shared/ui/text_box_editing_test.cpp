@@ -27,7 +27,7 @@ class TextBoxEditing : public ::testing::TestWithParam<char16_t> {
   };
 
   /// Shows the form with the focus in `box` and this text in it, the caret at its start.
-  void with(TextView text, FunctionRef<void()> act) {
+  void with(TextView text, const FunctionRef<void()>& act) {
     form.box.setText(Text(text));
     desk->whenShown([&](ui::Form&) { act(); });
     form.showModal();

@@ -16,7 +16,7 @@ using ui::Key;
 
 class ContentsTest : public ::testing::Test {
  protected:
-  void show(FunctionRef<void()> step) {
+  void show(const FunctionRef<void()>& step) {
     desk.whenShown([&](ui::Form&) { step(); });
     gallery.showModal();
   }

@@ -16,7 +16,7 @@ using ui::Key;
 class FocusTest : public ::testing::Test {
  protected:
   /// Shows the gallery and runs the step in it.
-  void show(FunctionRef<void()> step) {
+  void show(const FunctionRef<void()>& step) {
     desk.whenShown([&](ui::Form&) { step(); });
     gallery.showModal();
     EXPECT_EQ(desk.unusedSteps(), 0);

@@ -38,7 +38,7 @@ class LabelTest : public ::testing::Test {
     }
     return count;
   }
-  void show(FunctionRef<void()> step) {
+  void show(const FunctionRef<void()>& step) {
     desk.whenShown([&](ui::Form&) { step(); });
     form.showModal();
   }

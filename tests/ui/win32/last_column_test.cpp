@@ -11,7 +11,7 @@ namespace {
 
 class LastColumn : public ::testing::Test {
  protected:
-  void show(FunctionRef<void()> step) {
+  void show(const FunctionRef<void()>& step) {
     desk.whenShown([&](ui::Form&) {
       desk.user().clickTab(gallery.tabs, 2);
       step();

@@ -15,7 +15,7 @@ using ui::Key;
 class ListViewTest : public ::testing::Test {
  protected:
   /// Shows the gallery with its list in front.
-  void show(FunctionRef<void()> step) {
+  void show(const FunctionRef<void()>& step) {
     desk.whenShown([&](ui::Form&) {
       user.clickTab(gallery.tabs, 2);
       step();

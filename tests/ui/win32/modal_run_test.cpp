@@ -94,7 +94,7 @@ class ModalRunTest : public ::testing::Test {
   }
 
   /// Opens this many forms, each from a handler of the one below; acts when the last one is shown.
-  void open(int depth, FunctionRef<void()> act) {
+  void open(int depth, const FunctionRef<void()>& act) {
     for (int i = 0; i < depth; ++i) levels.push_back(std::make_unique<Level>(screen));
     for (int i = 0; i + 1 < depth; ++i) {
       level(i).next.click = [this, i] {
@@ -477,9 +477,9 @@ TEST_F(ModalRunTest, AHostsMessageFilterSeesEveryMessageFirstAndCanUseItUp) {
 class BusyFormTest : public ModalRunTest {
  protected:
   /// Acts inside a handler of the form.
-  void inAHandler(FunctionRef<void()> act) {
+  void inAHandler(const FunctionRef<void()>& act) {
     screen.modalShown = [&](ui::Form&) {
-      gallery.apply.click = act;
+      gallery.apply.click = [&] { act(); };
       post(gallery.apply);
     };
     const LoopWatchdog watchdog;

@@ -34,7 +34,7 @@ class ModalityTest : public ::testing::Test {
     EXPECT_EQ(desk.windows().topWindow(), nullptr);
   }
   /// Shows the gallery, in which the step makes a handler throw, and expects the failure back.
-  void expectFailure(FunctionRef<void()> step) {
+  void expectFailure(const FunctionRef<void()>& step) {
     desk.whenShown([&](ui::Form&) {
       desk.screen().setPointer(ui::Pointer::hourglass);
       step();

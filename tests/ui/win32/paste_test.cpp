@@ -12,7 +12,7 @@ using ui::Key;
 
 class PasteTest : public ::testing::Test {
  protected:
-  void show(FunctionRef<void()> step) {
+  void show(const FunctionRef<void()>& step) {
     desk.whenShown([&](ui::Form&) {
       user.click(box);
       step();

@@ -17,13 +17,13 @@ namespace {
 
 class RealControlsTest : public ::testing::Test {
  protected:
-  void show(FunctionRef<void()> act) {
+  void show(const FunctionRef<void()>& act) {
     desk.whenShown([&](ui::Form&) { act(); });
     gallery.showModal();
   }
   HWND window(const ui::Control& control) { return desk.windows().windowOf(control); }
   /// Processes messages until the condition holds, with patience for the platform's timers.
-  bool soon(FunctionRef<bool()> isSo, ULONGLONG patience = 20000) {
+  bool soon(const FunctionRef<bool()>& isSo, ULONGLONG patience = 20000) {
     const ULONGLONG end = GetTickCount64() + patience;
     while (!isSo() && GetTickCount64() < end) {
       MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
@@ -55,7 +55,7 @@ class RealControlsTest : public ::testing::Test {
   /// Moves the pointer there, and once more whenever the condition does not hold within a second:
   /// an earlier move may arrive late, and a control that takes the pointer for gone stops what it
   /// does.
-  bool hover(HWND control, POINT point, FunctionRef<bool()> until) {
+  bool hover(HWND control, POINT point, const FunctionRef<bool()>& until) {
     POINT onScreen = point;
     ClientToScreen(control, &onScreen);
     bool isSo = false;
