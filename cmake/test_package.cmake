@@ -1,7 +1,7 @@
 # The test package (docs/windows-tests.md): the install component "tests" of both bitnesses, made by
 # tools/test_package.sh.
 tillora_windows_program(run_tests FOLDER tests/package LINK tillora_testing)
-set(programs windows_tests client_tests run_tests drive com_client cpp_client cpp_late_client)
+set(programs windows_tests shared_tests client_tests run_tests drive com_client cpp_client cpp_late_client)
 add_custom_target(test_package DEPENDS ${programs} TilloraOptions TilloraHost)
 
 # install_tests(<arguments of install>...)

@@ -33,8 +33,9 @@ list(FILTER windows_tests INCLUDE REGEX
   "/tests/(com|platform|ui/win32|component/automation|host/automation|reliability/win32|windows)/")
 set(native_tests ${all_tests})
 list(REMOVE_ITEM native_tests ${windows_tests})
-# Behaviour that holds with and without windows is tested on both sides. What the tabs do in real windows does not
-# depend on the bitness, so it is tested in 64 bits only. The controls and the dialog are tested in both.
+# Behaviour that holds with and without windows is tested on both sides: natively in native_tests, for Windows in
+# shared_tests. What the tabs do in real windows does not depend on the bitness, so it is tested in 64 bits only. The
+# controls and the dialog are tested in both.
 set(shared_tests ${all_tests})
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   list(FILTER shared_tests INCLUDE REGEX "/tests/shared/")

@@ -6,7 +6,7 @@ tillora_together(com_client REUSE tillora_win32)
 tillora_sources(failures FOLDERS tests/testing/memory tests/reliability/win32)
 list(REMOVE_ITEM failures ${windows_tests})
 tillora_program(windows_tests
-  SOURCES ${windows_tests} ${shared_tests} ${failures}
+  SOURCES ${windows_tests} ${failures}
   LINK tillora_testing tillora_host_automation tillora_automation
        tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
        tillora_windows_libraries gtest_main)
@@ -20,17 +20,21 @@ target_sources(windows_tests PRIVATE ${resources})
 tillora_together(windows_tests REUSE tillora_testing)
 target_compile_options(windows_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
 
-# A desk is a Wine prefix and a display of its own (tools/desk.sh). Tests at one desk run one after the other; desks run
-# side by side. A desk closes when ctest ends.
+tillora_program(shared_tests
+  SOURCES ${shared_tests}
+  LINK tillora_testing tillora_shop tillora_win32 tillora_core tillora_windows_libraries gtest_main)
+tillora_together(shared_tests REUSE tillora_testing)
+target_compile_options(shared_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
+
+# A desk is a Wine prefix, as a rule with a display of its own (tools/desk.sh). Tests at one desk run one after the
+# other; desks run side by side. A desk closes when ctest ends.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(bits 64)
-  set(unit_desks 2)
 else()
   set(bits 32)
-  set(unit_desks 1)
 endif()
 
-# tillora_at_desk(<test> <desk>)
+# tillora_at_desk(<test> <desk> [unseen])
 function(tillora_at_desk test desk)
   if(NOT TEST desk-${desk})
     # Desks take the processors in turn, each bitness from another one on: chance would put the longest together.
@@ -39,7 +43,7 @@ function(tillora_at_desk test desk)
     list(LENGTH desks turn)
     math(EXPR turn "${turn} + ${bits} / 32")
     add_test(NAME desk-${desk}
-      COMMAND ${PROJECT_SOURCE_DIR}/tools/desk.sh ${bits}-${desk} ${bits} ${PROJECT_BINARY_DIR} ${turn})
+      COMMAND ${PROJECT_SOURCE_DIR}/tools/desk.sh ${bits}-${desk} ${bits} ${PROJECT_BINARY_DIR} ${turn} ${ARGN})
     set_tests_properties(desk-${desk} PROPERTIES FIXTURES_SETUP desk-${desk} TIMEOUT 600)
   endif()
   set_tests_properties(${test} PROPERTIES
@@ -47,23 +51,24 @@ function(tillora_at_desk test desk)
   set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT DESK=${bits}-${desk})
 endfunction()
 
-tillora_unit_test_shards(windows_tests ${unit_desks})
-foreach(desk RANGE 1 ${unit_desks})
-  tillora_at_desk(windows_tests-${desk} ${desk})
-endforeach()
+tillora_unit_tests(windows_tests windows_tests)
+tillora_at_desk(windows_tests windows)
+tillora_unit_tests(shared_tests shared_tests)
+tillora_at_desk(shared_tests shared unseen)
 
 # Long runs, two at a time.
-set(long_desk 1)
+set(desks windows scripts)
 foreach(long IN ITEMS
-    "random_user RandomUser*" "many_dialogs ManyRealDialogsTest*" "host MisbehavingHostTest*"
-    "memory ComponentMemoryTest*" "values RandomValuesTest*:RandomHostTest*"
-    "numbers *NumberFormatRules*:*NumberRules*")
+    "random_user shared_tests RandomUser*" "many_dialogs windows_tests ManyRealDialogsTest*"
+    "host windows_tests MisbehavingHostTest*" "memory windows_tests ComponentMemoryTest*:ComponentEntriesTest*"
+    "values windows_tests RandomValuesTest*:RandomHostTest*"
+    "numbers windows_tests *NumberFormatRules*:*NumberRules*")
   string(REPLACE " " ";" long "${long}")
-  list(GET long 0 name)
-  list(GET long 1 filter)
-  tillora_long_test(long.${name} windows_tests "${filter}")
-  tillora_at_desk(long.${name} ${long_desk})
-  math(EXPR long_desk "${unit_desks} - ${long_desk} + 1")
+  list(POP_FRONT long name program filter)
+  tillora_long_test(long.${name} ${program} "${filter}")
+  list(POP_FRONT desks desk)
+  tillora_at_desk(long.${name} ${desk})
+  list(APPEND desks ${desk})
 endforeach()
 
 # Clients in processes of their own, with a person at the dialog.

@@ -2,7 +2,8 @@
 #
 #   wine_open NAME 64|32|both [DPI]   makes the prefix build/wine/NAME when missing, starts its server;
 #                                afterwards `wine_run` and tools/wine_exec.sh use it. With
-#                                WINE_MANAGED=Y its windows are left to a window manager, with
+#                                WINE_MANAGED=Y its windows are left to a window manager; without it and
+#                                without a display they are there and nobody sees them. With
 #                                WINE_VERSION=10 it is build/wine/NAME-wine10, of that Wine
 #   wine_run SECONDS PROGRAM...  runs a program in it with a time limit
 #   display_open                 starts an X server of our own on a free display, DISPLAY_SIZE large,
@@ -15,10 +16,11 @@
 WINE_HOME=${TILLORA_WINE_HOME:-$REPO/build/wine}
 
 # Raise it when the settings below change: prefixes made with other settings are made anew.
-readonly WINE_SETTINGS_VERSION=2
+readonly WINE_SETTINGS_VERSION=3
 
 wine_registry_settings() {
-  local dpi=$1
+  local dpi=$1 drivers=x11
+  [ "${WINE_MANAGED:-N}" = Y ] || drivers=x11,null
   cat <<REG
 REGEDIT4
 
@@ -27,6 +29,9 @@ REGEDIT4
 
 [HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]
 "ShowCrashDialog"=dword:00000000
+
+[HKEY_CURRENT_USER\\Software\\Wine\\Drivers]
+"Graphics"="$drivers"
 
 [HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]
 "Managed"="${WINE_MANAGED:-N}"

@@ -201,6 +201,7 @@ void TestRun::test(const Bitness& bitness) {
   removeLeftovers(bitness);
   const RegisteredNow before;
   runTests(bitness, "windows_tests", "windows", std::wstring(L"-") + kNeedRegistration);
+  runTests(bitness, "shared_tests", "shared", L"*");
   runTests(bitness, "client_tests", "manifest", kNeedNoRegistration);
   if (!isStopping()) testRegistered(bitness);
   RegDeleteTreeW(HKEY_CURRENT_USER, kTestsKey);
