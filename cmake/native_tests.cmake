@@ -3,7 +3,7 @@ tillora_sources(failures FOLDERS tests/testing/memory tests/reliability)
 list(REMOVE_ITEM failures ${native_tests})
 tillora_program(native_tests
   SOURCES ${native_tests} ${failures}
-  LINK tillora_testing tillora_shop tillora_core gtest_main)
+  LINK tillora_testing tillora_shop tillora_core GTest::gtest_main)
 tillora_together(native_tests REUSE tillora_testing)
 tillora_unit_test_shards(native_tests 2)
 

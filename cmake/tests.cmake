@@ -4,14 +4,18 @@
 # from outside), check (documents, formatting, files that are built), lint, package.
 enable_testing()
 
-set(BUILD_GMOCK OFF CACHE INTERNAL "")
-set(INSTALL_GTEST OFF CACHE INTERNAL "")
-set(gtest_disable_pthreads ${WIN32} CACHE INTERNAL "")
-set(TILLORA_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
-add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 # Little optimisation: more takes as long again, and without any there are ten times the sections for the linker.
 set(TILLORA_TEST_OPTIMISATION $<$<AND:$<CONFIG:Release>,$<COMPILE_LANGUAGE:CXX>>:-Og>)
-target_compile_options(gtest PRIVATE ${TILLORA_TEST_OPTIMISATION})
+if(WIN32)
+  set(BUILD_GMOCK OFF CACHE INTERNAL "")
+  set(INSTALL_GTEST OFF CACHE INTERNAL "")
+  set(gtest_disable_pthreads ON CACHE INTERNAL "")
+  set(TILLORA_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
+  add_subdirectory(${TILLORA_GOOGLETEST_DIR} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+  target_compile_options(gtest PRIVATE ${TILLORA_TEST_OPTIMISATION})
+else()
+  find_package(GTest REQUIRED)
+endif()
 
 # A shared test drives forms without windows natively and real windows on Windows: makeDesk() makes the desk of the side
 # it is built for. Other Windows tests name the headless desk.
@@ -22,7 +26,7 @@ if(WIN32)
 endif()
 tillora_static_library(tillora_testing
   FOLDERS ${testing_folders}
-  LINK ${windows_side} tillora_shop tillora_core gtest)
+  LINK ${windows_side} tillora_shop tillora_core GTest::gtest)
 target_compile_options(tillora_testing PRIVATE ${TILLORA_TEST_OPTIMISATION})
 tillora_together(tillora_testing HEADERS TEST)
 

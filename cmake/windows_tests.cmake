@@ -9,7 +9,7 @@ tillora_program(windows_tests
   SOURCES ${windows_tests} ${failures}
   LINK tillora_testing tillora_host_automation tillora_automation
        tillora_shop tillora_win32 tillora_core TilloraOptions_idl TilloraHost_idl
-       tillora_windows_libraries gtest_main)
+       tillora_windows_libraries GTest::gtest_main)
 # Some tests look at the windows from another program.
 add_dependencies(windows_tests drive)
 tillora_resources(resources tests/windows
@@ -22,7 +22,7 @@ target_compile_options(windows_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
 
 tillora_program(shared_tests
   SOURCES ${shared_tests}
-  LINK tillora_testing tillora_shop tillora_win32 tillora_core tillora_windows_libraries gtest_main)
+  LINK tillora_testing tillora_shop tillora_win32 tillora_core tillora_windows_libraries GTest::gtest_main)
 tillora_together(shared_tests REUSE tillora_testing)
 target_compile_options(shared_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
 
@@ -72,7 +72,7 @@ foreach(long IN ITEMS
 endforeach()
 
 # Clients in processes of their own, with a person at the dialog.
-tillora_windows_program(client_tests FOLDER tests/clients LINK tillora_testing gtest_main)
+tillora_windows_program(client_tests FOLDER tests/clients LINK tillora_testing GTest::gtest_main)
 tillora_together(client_tests REUSE tillora_testing)
 target_compile_options(client_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
 tillora_unit_tests(client_tests client_tests)

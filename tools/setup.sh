@@ -11,7 +11,7 @@ for what in "$@"; do
   case $what in
     run) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools googletest wine wine64 xvfb xdotool imagemagick
       fonts-wine fonts-liberation) ;;
-    native) packages+=(clang-19 libclang-rt-19-dev g++ ccache googletest) ;;
+    native) packages+=(clang-19 libclang-rt-19-dev g++ ccache libgtest-dev) ;;
     windows-x64) packages+=(g++-mingw-w64-x86-64 mingw-w64-tools wine wine64 ccache googletest) ;;
     windows-x86) packages+=(g++-mingw-w64-i686) ;;
     package) packages+=(zip unzip binutils) ;;
