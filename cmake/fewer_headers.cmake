@@ -23,6 +23,9 @@ function(tillora_together target how what)
   else()
     target_precompile_headers(${target} PRIVATE ${TILLORA_${what}_HEADERS})
   endif()
+  # A folder of sources fills a gigabyte; without collecting garbage before that they compile a twelfth faster.
+  target_compile_options(${target} PRIVATE
+    "$<$<COMPILE_LANG_AND_ID:CXX,GNU>:SHELL:--param ggc-min-heapsize=1048576>")
   # What ccache needs to see through a precompiled header.
   target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
 
