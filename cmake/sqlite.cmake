@@ -14,7 +14,7 @@ add_dependencies(sqlite3 sqlite3_source)
 target_include_directories(sqlite3 SYSTEM PUBLIC ${TILLORA_SQLITE_DIR})
 # More optimisation takes twice as long, and the reference host's shop is small. For the
 # native tests it stays as it is: optimising it with line numbers takes most of a minute.
-target_compile_options(sqlite3 PRIVATE $<$<CONFIG:Release>:-O1> -w)
+target_compile_options(sqlite3 PRIVATE $<$<CONFIG:Release>:-Og> -w)
 target_compile_definitions(sqlite3 PRIVATE
   SQLITE_THREADSAFE=1
   SQLITE_OMIT_LOAD_EXTENSION

@@ -1,6 +1,8 @@
 # The test package (docs/windows-tests.md): the install component "tests" of both bitnesses, made by
 # tools/test_package.sh.
 tillora_windows_program(run_tests FOLDER tests/package LINK tillora_testing)
+tillora_together(run_tests REUSE tillora_testing)
+target_compile_options(run_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
 set(programs windows_tests shared_tests client_tests run_tests drive com_client cpp_client cpp_late_client)
 add_custom_target(test_package DEPENDS ${programs} TilloraOptions TilloraHost)
 

@@ -62,7 +62,8 @@ foreach(long IN ITEMS
     "random_user shared_tests RandomUser*" "many_dialogs windows_tests ManyRealDialogsTest*"
     "host windows_tests MisbehavingHostTest*" "memory windows_tests ComponentMemoryTest*:ComponentEntriesTest*"
     "values windows_tests RandomValuesTest*:RandomHostTest*"
-    "numbers windows_tests *NumberFormatRules*:*NumberRules*")
+    "numbers windows_tests *NumberFormatRules*:*NumberRules*"
+    "shortcuts windows_tests MachineTest.AnyShortcut*")
   string(REPLACE " " ";" long "${long}")
   list(POP_FRONT long name program filter)
   tillora_long_test(long.${name} ${program} "${filter}")

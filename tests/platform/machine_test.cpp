@@ -6,10 +6,12 @@
 #include <sddl.h>
 
 #include <algorithm>
+#include <array>
 #include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 
 #include "base/error.h"
 #include "com/wide_text.h"
@@ -17,6 +19,7 @@
 #include "platform/file_dialogs.h"
 #include "platform/file_system.h"
 #include "platform/user_registry.h"
+#include "tests/testing/random_choices.h"
 #include "tests/testing/win32/dialog_person.h"
 
 namespace tillora::win32 {
@@ -116,6 +119,64 @@ TEST_F(MachineTest, LongValuesAreReadWhole) {
     EXPECT_EQ(read.size(), length);
     EXPECT_EQ(read, Text(url.begin(), url.end()));
   }
+}
+
+/// A shortcut file, whole or damaged, with values of any length.
+std::string anyShortcut(testing::RandomChoices& choices) {
+  constexpr std::array<std::string_view, 22> kParts = {"[InternetShortcut]",
+                                                       "[Other]",
+                                                       "[",
+                                                       "]",
+                                                       "URL=",
+                                                       "URL",
+                                                       "=",
+                                                       "\r\n",
+                                                       "\n",
+                                                       "\r",
+                                                       ";",
+                                                       "\"",
+                                                       "'",
+                                                       " ",
+                                                       "\t",
+                                                       "https://shop.example/?a=1",
+                                                       "%20",
+                                                       "\xE9",
+                                                       "\xEF\xBB\xBF",
+                                                       "\xFF\xFE",
+                                                       "\x1A",
+                                                       std::string_view("\0", 1)};
+  std::string content = choices.chance(10) ? "\xFF\xFE" : "";
+  if (choices.chance(70)) content += "[InternetShortcut]\r\nURL=";
+  if (choices.chance(40)) content.append(static_cast<std::size_t>(choices.below(9000)), 'x');
+  for (int parts = choices.below(16); parts > 0; --parts) content += choices.oneOf(kParts);
+  return content;
+}
+
+TEST_F(MachineTest, AnyShortcutFileIsReadAsThePlatformReadsIt) {
+  const int wanted = testing::isLongRun() ? 100000 : 100;
+  testing::RandomChoices choices;
+  std::string room(1 << 20, '\0');
+  std::array<char, MAX_PATH> name{};
+  int found = 0;
+  for (int number = 0; number < wanted; ++number) {
+    const std::string content = anyShortcut(choices);
+    // The platform may remember a file that it has read.
+    const std::string file = std::to_string(number) + ".url";
+    write(file, content);
+    std::array<wchar_t, MAX_PATH> shortPath{};
+    GetShortPathNameW((folder / file).c_str(), shortPath.data(), MAX_PATH);
+    WideCharToMultiByte(CP_ACP, 0, shortPath.data(), -1, name.data(), MAX_PATH, nullptr, nullptr);
+    const DWORD length = GetPrivateProfileStringA("InternetShortcut", "URL", "", room.data(),
+                                                  static_cast<DWORD>(room.size()), name.data());
+    ASSERT_EQ(files.profileValue(path(file), u"InternetShortcut", u"URL"),
+              fromCodePage(GetACP(), room.substr(0, length)))
+        << "seed " << choices.seed() << ", file " << number << ": "
+        << ::testing::PrintToString(content);
+    if (length > 0) ++found;
+    fs::remove(folder / file);
+  }
+  EXPECT_GT(found, wanted / 4);
+  EXPECT_LT(found, wanted);
 }
 
 TEST(CodePage, ReportsCharactersThatItLacks) {
