@@ -27,7 +27,7 @@ constexpr DWORD kMostMinutes = 90;
 
 // Of windows_tests.
 constexpr const wchar_t* kNeedRegistration =
-    L"OptionsServerTest.TheRegisteredClassIsCreatedByNameAndById:UnloadTest.*";
+    L"OptionsServerTest.TheRegisteredClassIsCreatedByNameAndById:UnloadTest.*:ApartmentsTest.*";
 // Of client_tests: only those whose programs find the component by a manifest.
 constexpr const wchar_t* kNeedNoRegistration = L"*AProgramWithAManifest*";
 // Tests write below it, and remove it unless they are ended in the middle.

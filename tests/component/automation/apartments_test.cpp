@@ -177,6 +177,7 @@ TEST_F(ApartmentsTest, AHostsFailureKeepsItsNumberAcrossApartments) {
     AutomationHost objects(host);
     host.failingCall = "OptionsRecord";
     const auto options = createIn(owner);
+    ASSERT_TRUE(options);
     give(*options.get(), objects);
     VARIANT_BOOL shown = VARIANT_TRUE;
     EXPECT_EQ(options->ShowOptions(&shown), FakeHost::failure().number());
