@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cwchar>
 #include <filesystem>
 #include <fstream>
@@ -155,6 +156,7 @@ std::string anyShortcut(testing::RandomChoices& choices) {
 TEST_F(MachineTest, AnyShortcutFileIsReadAsThePlatformReadsIt) {
   const int wanted = testing::isLongRun() ? 100000 : 100;
   testing::RandomChoices choices;
+  if (testing::isLongRun()) std::printf("seed %u\n", choices.seed());
   std::string room(1 << 20, '\0');
   std::array<char, MAX_PATH> name{};
   int found = 0;
