@@ -3,7 +3,10 @@
 tillora_windows_program(run_tests FOLDER tests/package LINK tillora_testing)
 tillora_together(run_tests REUSE tillora_testing)
 target_compile_options(run_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
-set(programs windows_tests shared_tests client_tests run_tests drive com_client cpp_client cpp_late_client)
+set(programs
+  windows_tests shared_tests client_tests run_tests drive com_client cpp_client cpp_late_client TilloraAdministrator)
+target_compile_definitions(run_tests PRIVATE
+  TILLORA_REGISTERED_TESTS=L"${TILLORA_REGISTERED_TESTS}" TILLORA_MANIFEST_TESTS=L"${TILLORA_MANIFEST_TESTS}")
 add_custom_target(test_package DEPENDS ${programs} TilloraOptions TilloraHost)
 
 # install_tests(<arguments of install>...)

@@ -34,27 +34,39 @@ else()
   set(bits 32)
 endif()
 
-# tillora_at_desk(<test> <desk> [unseen])
+# tillora_desk(<desk> [registered|unseen])
+function(tillora_desk desk)
+  # Desks take the processors in turn, each bitness from another one on: chance would put the longest together.
+  set_property(GLOBAL APPEND PROPERTY tillora_desks ${desk})
+  get_property(desks GLOBAL PROPERTY tillora_desks)
+  list(LENGTH desks turn)
+  math(EXPR turn "${turn} + ${bits} / 32")
+  add_test(NAME desk-${desk}
+    COMMAND ${PROJECT_SOURCE_DIR}/tools/desk.sh ${bits}-${desk} ${bits} ${PROJECT_BINARY_DIR} ${turn} ${ARGN})
+  set_tests_properties(desk-${desk} PROPERTIES FIXTURES_SETUP desk-${desk} TIMEOUT 600)
+endfunction()
+
+tillora_desk(windows)
+tillora_desk(shared unseen)
+tillora_desk(scripts registered)
+
+# tillora_at_desk(<test> <desk>)
 function(tillora_at_desk test desk)
-  if(NOT TEST desk-${desk})
-    # Desks take the processors in turn, each bitness from another one on: chance would put the longest together.
-    set_property(GLOBAL APPEND PROPERTY tillora_desks ${desk})
-    get_property(desks GLOBAL PROPERTY tillora_desks)
-    list(LENGTH desks turn)
-    math(EXPR turn "${turn} + ${bits} / 32")
-    add_test(NAME desk-${desk}
-      COMMAND ${PROJECT_SOURCE_DIR}/tools/desk.sh ${bits}-${desk} ${bits} ${PROJECT_BINARY_DIR} ${turn} ${ARGN})
-    set_tests_properties(desk-${desk} PROPERTIES FIXTURES_SETUP desk-${desk} TIMEOUT 600)
-  endif()
   set_tests_properties(${test} PROPERTIES
     FIXTURES_REQUIRED desk-${desk} RESOURCE_LOCK desk-${desk})
   set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT DESK=${bits}-${desk})
 endfunction()
 
-tillora_unit_tests(windows_tests windows_tests)
+# The other Windows tests run where the component is not registered, here as in the test package.
+string(JOIN : TILLORA_REGISTERED_TESTS
+  OptionsServerTest.TheRegisteredClass* UnloadTest.* ApartmentsTest.* AdministratorTest.*
+  MessageBoxesTest.ARegisteredClass* Rows/ErrorsTest.*)
+tillora_unit_tests(windows_tests windows_tests GTEST_FILTER=-${TILLORA_REGISTERED_TESTS})
 tillora_at_desk(windows_tests windows)
+tillora_unit_tests(registered_tests windows_tests GTEST_FILTER=${TILLORA_REGISTERED_TESTS})
+tillora_at_desk(registered_tests scripts)
 tillora_unit_tests(shared_tests shared_tests)
-tillora_at_desk(shared_tests shared unseen)
+tillora_at_desk(shared_tests shared)
 
 # Long runs, two at a time.
 set(desks windows scripts)
@@ -73,11 +85,14 @@ foreach(long IN ITEMS
 endforeach()
 
 # Clients in processes of their own, with a person at the dialog.
-tillora_windows_program(client_tests FOLDER tests/clients LINK tillora_testing GTest::gtest_main)
+tillora_windows_program(client_tests FOLDER tests/clients LINK tillora_testing TilloraOptions_idl GTest::gtest_main)
 tillora_together(client_tests REUSE tillora_testing)
 target_compile_options(client_tests PRIVATE ${TILLORA_TEST_OPTIMISATION})
-tillora_unit_tests(client_tests client_tests)
+set(TILLORA_MANIFEST_TESTS *AProgramWithAManifest*)
+tillora_unit_tests(client_tests client_tests GTEST_FILTER=-${TILLORA_MANIFEST_TESTS})
 tillora_at_desk(client_tests scripts)
+tillora_unit_tests(manifest_tests client_tests GTEST_FILTER=${TILLORA_MANIFEST_TESTS})
+tillora_at_desk(manifest_tests windows)
 
 # A Wine that runs 32-bit programs runs 64-bit ones too.
 file(GLOB scripts CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/tests/scripts

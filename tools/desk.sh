@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# desk.sh NAME 64|32 BUILD TURN [unseen]: a desk for tests of real windows: a Wine prefix and a display of its own, with
-# the automation servers of BUILD registered, all on one processor, the one whose turn it is. It stays open as long as
-# the calling program runs (ctest, as a rule); tools/wine_exec.sh runs programs at the desk that $DESK names. At an
-# unseen desk windows are made, laid out and operated as at others, but not drawn on a display, which takes half the time.
+# desk.sh NAME 64|32 BUILD TURN [registered|unseen]: a desk for tests of real windows: a Wine prefix and a display of its
+# own, on one processor, the one whose turn it is. It stays open as long as the calling program runs (ctest, as a rule);
+# tools/wine_exec.sh runs programs at the desk that $DESK names. At a registered desk the automation servers of BUILD are
+# registered. At an unseen desk windows are made, laid out and operated as at others, but not drawn on a display, which
+# takes half the time.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
 
-name=$1 bits=$2 build=$3 turn=$4 unseen=${5:-}
+name=$1 bits=$2 build=$3 turn=$4 kind=${5:-}
 desk=$REPO/build/desks/$name${WINE_VERSION:+-wine$WINE_VERSION}
 mkdir -p "$(dirname "$desk")"
 
@@ -32,14 +33,14 @@ hold() {
   flock 9 # a desk of the same name may still be closing
   WINE_PROCESSOR=$(processor_in_turn)
   taskset -pc "$WINE_PROCESSOR" "$BASHPID"
-  if [ -n "$unseen" ]; then
+  if [ "$kind" = unseen ]; then
     export DISPLAY=
   else
     display_open 9>&-
   fi
   wine_open "desk-$name" "$bits" 9>&-
-  [ "$bits" = 64 ] || [ -n "$unseen" ] || wine_draws || die "this 32-bit Wine draws nothing"
-  wine_register "$build"
+  [ "$bits" = 64 ] || [ "$kind" = unseen ] || wine_draws || die "this 32-bit Wine draws nothing"
+  [ "$kind" != registered ] || wine_register "$build"
   at_exit "rm -f '$desk.env'"
   declare -px DISPLAY WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_LOADER WINE_TMPDIR WINE_PROCESSOR LC_ALL >"$desk.new"
   mv "$desk.new" "$desk.env"

@@ -16,7 +16,7 @@
 WINE_HOME=${TILLORA_WINE_HOME:-$REPO/build/wine}
 
 # Raise it when the settings below change: prefixes made with other settings are made anew.
-readonly WINE_SETTINGS_VERSION=3
+readonly WINE_SETTINGS_VERSION=4
 
 wine_registry_settings() {
   local dpi=$1 drivers=x11

@@ -1,8 +1,10 @@
 // Programs of either kind of apartment show the dialog, hear its events, may end with the
 // component's objects alive or its dialog open, and find the component by their manifest.
-#include "tests/clients/client_fixture.h"
-
 #include <fstream>
+
+#include "TilloraOptions.h"
+#include "com/bstr.h"
+#include "tests/clients/client_fixture.h"
 
 namespace tillora::testing {
 namespace {
@@ -37,7 +39,26 @@ TEST_P(ApartmentsTest, AProgramMayEndWithObjectsAlive) {
   expectPrinted("leaving");
 }
 
+HRESULT findTypeLibrary() {
+  win32::Bstr path;
+  return QueryPathOfRegTypeLib(LIBID_TilloraOptions, 1, 0, LOCALE_NEUTRAL, path.out());
+}
+
+/// Wine registers a type library that a program finds by its manifest.
+class UnregisteredTypeLibrary {
+ public:
+  UnregisteredTypeLibrary() = default;
+  UnregisteredTypeLibrary(const UnregisteredTypeLibrary&) = delete;
+  UnregisteredTypeLibrary& operator=(const UnregisteredTypeLibrary&) = delete;
+  ~UnregisteredTypeLibrary() {
+    UnRegisterTypeLib(LIBID_TilloraOptions, 1, 0, LOCALE_NEUTRAL,
+                      sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
+  }
+};
+
 TEST_P(ApartmentsTest, AProgramWithAManifestNeedsNoRegistration) {
+  ASSERT_NE(findTypeLibrary(), S_OK) << "it is registered, so this would show nothing";
+  const UnregisteredTypeLibrary afterwards;
   for (const wchar_t* file :
        {L"com_client.exe", L"TilloraOptions.dll", L"TilloraOptions.Component.manifest"}) {
     fs::copy_file(programFolder() / file, folder() / file);

@@ -26,10 +26,9 @@ constexpr DWORD kMinute = 60'000;
 constexpr DWORD kMostMinutes = 90;
 
 // Of windows_tests.
-constexpr const wchar_t* kNeedRegistration =
-    L"OptionsServerTest.TheRegisteredClassIsCreatedByNameAndById:UnloadTest.*:ApartmentsTest.*";
+constexpr const wchar_t* kNeedRegistration = TILLORA_REGISTERED_TESTS;
 // Of client_tests: only those whose programs find the component by a manifest.
-constexpr const wchar_t* kNeedNoRegistration = L"*AProgramWithAManifest*";
+constexpr const wchar_t* kNeedNoRegistration = TILLORA_MANIFEST_TESTS;
 // Tests write below it, and remove it unless they are ended in the middle.
 constexpr const wchar_t* kTestsKey = L"Software\\TilloraOptionsTest";
 

@@ -15,6 +15,7 @@
 #include "host/shop.h"
 #include "identity/start_up_entry.h"
 #include "tests/component/automation/options_fixture.h"
+#include "tests/testing/win32/child_program.h"
 #include "tests/testing/win32/other_program.h"
 
 namespace tillora::testing {
@@ -22,12 +23,6 @@ namespace {
 
 constexpr const wchar_t* kTitle = L"Tillora Administrator";
 constexpr DWORD kPatience = 60000;
-
-std::filesystem::path programFolder() {
-  std::array<wchar_t, MAX_PATH> program{};
-  GetModuleFileNameW(nullptr, program.data(), program.size());
-  return std::filesystem::path(program.data()).parent_path();
-}
 
 /// Reads the texts of a list view of another program, through memory in that program.
 class ListOfOtherProgram {
