@@ -34,7 +34,7 @@ hold() {
   WINE_PROCESSOR=$(processor_in_turn)
   taskset -pc "$WINE_PROCESSOR" "$BASHPID"
   if [ "$kind" = unseen ]; then
-    export DISPLAY=
+    export DISPLAY= XENVIRONMENT=
   else
     display_open 9>&-
   fi
@@ -42,7 +42,7 @@ hold() {
   [ "$bits" = 64 ] || [ "$kind" = unseen ] || wine_draws || die "this 32-bit Wine draws nothing"
   [ "$kind" != registered ] || wine_register "$build"
   at_exit "rm -f '$desk.env'"
-  declare -px DISPLAY WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_LOADER WINE_TMPDIR WINE_PROCESSOR LC_ALL >"$desk.new"
+  declare -px DISPLAY XENVIRONMENT WINEPREFIX WINEDEBUG WINEDLLOVERRIDES WINE_RUNNER WINE_LOADER WINE_TMPDIR WINE_PROCESSOR LC_ALL >"$desk.new"
   mv "$desk.new" "$desk.env"
   tail --pid="$1" -f /dev/null 9>&-
 }

@@ -7,7 +7,7 @@
 #                                WINE_VERSION=10 it is build/wine/NAME-wine10, of that Wine
 #   wine_run SECONDS PROGRAM...  runs a program in it with a time limit
 #   display_open                 starts an X server of our own on a free display, DISPLAY_SIZE large,
-#                                and sets DISPLAY
+#                                and sets DISPLAY and XENVIRONMENT
 # Both are closed when the script ends.
 #
 # WINE_RUNNER is several words, or none:
@@ -170,5 +170,5 @@ display_open() {
   at_exit "kill $! 2>/dev/null"
   read -r -t 20 number <"$pipe" || { rm -f "$pipe"; warn "Xvfb does not start"; return 1; }
   rm -f "$pipe"
-  export DISPLAY=:$number
+  export DISPLAY=:$number XENVIRONMENT=$REPO/tools/x_resources
 }
