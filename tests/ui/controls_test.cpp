@@ -201,6 +201,18 @@ TEST_F(ControlsTest, AMissingCellIsEmpty) {
   EXPECT_EQ(list.text(0, 3), u"");
 }
 
+TEST_F(ControlsTest, ACaptionIsSpokenEvenAfterALabel) {
+  form.add<ui::Label>(u"&Label");
+  EXPECT_EQ(form.add<ui::CheckBox>(u"&Tick").spokenName(), u"Tick");
+  form.add<ui::Label>(u"&Label");
+  EXPECT_EQ(form.add<ui::TextBox>().spokenName(), u"Label");
+}
+
+TEST_F(ControlsTest, AFormWithoutACaptionHasNoSpokenName) {
+  form.setCaption({});
+  EXPECT_EQ(form.spokenName(), u"");
+}
+
 TEST_F(ControlsTest, AnUpDownKeepsToItsRange) {
   auto& upDown = form.add<ui::UpDown>().setRange(5, 60, 10);
   upDown.change = count;

@@ -228,6 +228,13 @@ TEST_F(LayoutTest, AnUpDownTouchesItsBox) {
   EXPECT_GT(label.bounds().left, upDown.bounds().right());
 }
 
+TEST_F(LayoutTest, AnUpDownIsAsHighAsABoxOfOneLine) {
+  ui::UpDown upDown;
+  rows.row({upDown});
+  rows.place({0, 0, 5000, 3000});
+  EXPECT_EQ(upDown.bounds().height, 345);
+}
+
 TEST_F(LayoutTest, ADropDownListIsAsWideAsItsLongestItem) {
   ui::ComboBox combo;
   combo.addItem(u"Each");
@@ -478,6 +485,13 @@ TEST_F(LayoutTest, ColumnsWithoutOneThatFillsKeepTheirWidths) {
   EXPECT_EQ(otherList.bounds().width, 1000);
 }
 
+TEST_F(LayoutTest, OfTwoThatFillARowTheFirstTakesTheRest) {
+  rows.row({fill(box), fill(second)});
+  rows.place({0, 0, 5000, 3000});
+  EXPECT_EQ(second.bounds().width, second.naturalSize().width);
+  EXPECT_EQ(second.bounds().right(), 5000);
+}
+
 TEST_F(LayoutTest, WhatFillsAFullRowHasNoWidth) {
   rows.row({wide(box, twips(1200)), fill(second)});
   rows.place({0, 0, 1000, 3000});
@@ -490,6 +504,7 @@ TEST_F(LayoutTest, ButtonsKeepThePlatformsDistances) {
   form.layOut();
   EXPECT_EQ(cancel.bounds(), (Rect{7725, 5505, 1125, 345}));
   EXPECT_EQ(ok.bounds(), (Rect{6510, 5505, 1125, 345}));
+  EXPECT_EQ(rows.height(8700), 345);
 }
 
 }  // namespace

@@ -45,6 +45,18 @@ TEST_F(CompanyDetailsTest, ShowsTheStoredValues) {
   });
 }
 
+TEST_F(CompanyDetailsTest, ScreenReadersSayWhichDigitsOfANumberABoxHolds) {
+  open([&](frmOptions& dialog) {
+    const std::vector<Text> names = {
+        u"ACN, digits 1 to 3", u"ACN, digits 4 to 6", u"ACN, digits 7 to 9", u"ABN, digits 1 to 2",
+        u"ABN, digits 3 to 5", u"ABN, digits 6 to 8", u"ABN, digits 9 to 11"};
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      EXPECT_EQ(box(dialog, CompanyDetails::firstOfAcn + static_cast<int>(i)).spokenName(),
+                names[i]);
+    }
+  });
+}
+
 TEST_F(CompanyDetailsTest, ShowsEmptyBoxesWhenNothingIsStored) {
   open([&](frmOptions& dialog) {
     expectTexts(dialog, 0, std::vector<Text>(CompanyDetails::count));
