@@ -39,6 +39,8 @@ void CheckListView::show(Property what) {
 }
 
 void CheckListView::showRows() {
+  // The list would otherwise work out its scroll bars after each row.
+  send(WM_SETREDRAW, FALSE);
   int position = 0;
   const auto shown = static_cast<int>(send(LVM_GETITEMCOUNT));
   for (const CheckListBox::Row& row : control().rows()) {
@@ -56,6 +58,7 @@ void CheckListView::showRows() {
     ++position;
   }
   send(LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(LVSCW_AUTOSIZE, 0));
+  send(WM_SETREDRAW, TRUE);
   showChoice();
 }
 

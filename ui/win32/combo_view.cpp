@@ -42,14 +42,16 @@ void ComboView::fitItems() {
 // border.
 void ComboView::fitField() {
   const RECT place = ControlView::pixelBounds();
-  // Some platforms add to the height they are given, so a second step may correct the first.
-  LRESULT text = send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
+  const LRESULT wanted = place.bottom - place.top;
+  const int border = 2 * (GetSystemMetrics(SM_CYEDGE) + GetSystemMetrics(SM_CYBORDER));
+  LRESULT text = wanted - border;
+  // Where the border is another one, a second step corrects the first.
   for (int step = 0; step < 2; ++step) {
     RECT whole{};
     GetWindowRect(window(), &whole);
-    const LRESULT missing = (place.bottom - place.top) - (whole.bottom - whole.top);
+    const LRESULT missing = wanted - (whole.bottom - whole.top);
     if (missing == 0) return;
-    text += missing;
+    if (step > 0) text += missing;
     send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), text);
   }
 }

@@ -29,9 +29,10 @@ RECT ControlView::pixelBounds() const { return formWindow_.metrics().toPixels(co
 
 void ControlView::createWindow(HWND parent, const Style& style) {
   const RECT place = pixelBounds();
-  const DWORD state = (control_.effectivelyEnabled() ? 0 : WS_DISABLED) |
-                      (control_.visible() && !style.hidden ? WS_VISIBLE : 0) |
-                      (startsGroup(control_) ? WS_GROUP : 0);
+  const DWORD state =
+      (control_.effectivelyEnabled() ? 0 : WS_DISABLED) |
+      (control_.visible() && !style.hidden && !IsWindowVisible(parent) ? WS_VISIBLE : 0) |
+      (startsGroup(control_) ? WS_GROUP : 0);
   const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(formWindow_.newId()));
   window_ = CreateWindowExW(
       style.extended | WS_EX_NOPARENTNOTIFY, style.className, forWindow(windowText()).c_str(),
@@ -54,7 +55,7 @@ void ControlView::show(Property what) {
       break;
     case Property::visible:
       if (control_.visible()) {
-        showWindow(window_, SWP_NOZORDER | SWP_NOACTIVATE);
+        showWindow(window_, nullptr, SWP_NOZORDER | SWP_NOACTIVATE);
       } else {
         ShowWindow(window_, SW_HIDE);
       }
@@ -115,7 +116,6 @@ LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wParam
   auto& view = *reinterpret_cast<ControlView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (message == WM_NCDESTROY) {
     view.formWindow_.leave(window);
-    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(view.former_));
     view.window_ = nullptr;
     return CallWindowProcW(view.former_, window, message, wParam, lParam);
   }

@@ -26,7 +26,8 @@ class ControlView {
   Control& control() const { return control_; }
   HWND window() const { return window_; }
 
-  /// Makes the window with the control's whole state. Called once.
+  /// Makes the window with the control's whole state; in a window that is seen it stays hidden.
+  /// Called once.
   virtual void create(HWND parent) = 0;
   /// Updates a property in the window.
   virtual void show(Property what);
@@ -66,7 +67,8 @@ class ControlView {
     bool hidden = false;  ///< shown by the view itself
   };
   /// Creates the window at the control's place, with font, initial text, enabled state and tool
-  /// tip.
+  /// tip. In a window that is seen it stays hidden, so that it appears with all that is in it: each
+  /// window would otherwise be painted on its own.
   void createWindow(HWND parent, const Style& style);
   virtual RECT pixelBounds() const;
   /// The text of a new window: the caption, or what kinds without one show.

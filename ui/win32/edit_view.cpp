@@ -189,7 +189,7 @@ void EditView::fitText() const {
   const bool seen = IsWindowVisible(GetParent(window())) != FALSE;
   SetWindowPos(window(), nullptr, 0, 0, 0, 0,
                SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE |
-                   (seen ? 0U : SWP_NOREDRAW) | (control().visible() ? SWP_SHOWWINDOW : 0U));
+                   (seen ? 0U : SWP_NOREDRAW | (control().visible() ? SWP_SHOWWINDOW : 0U)));
 }
 
 // The platform puts the text of a single line at the top of the client area.

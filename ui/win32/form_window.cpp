@@ -11,6 +11,7 @@
 #include "ui/win32/pictures.h"
 #include "ui/win32/screen.h"
 #include "ui/win32/scrolling.h"
+#include "ui/win32/show_window.h"
 #include "ui/win32/view_factory.h"
 #include "ui/win32/window_text.h"
 
@@ -200,7 +201,7 @@ void FormWindow::createChildren(const Container& container, HWND parent) {
   showDefaultButton();
 }
 
-// A new window comes last.
+// A new window comes last, and is not seen yet if its parent is.
 void FormWindow::createLater(Control& control, HWND parent) {
   create(control, parent);
   HWND after = HWND_TOP;
@@ -208,7 +209,7 @@ void FormWindow::createLater(Control& control, HWND parent) {
     if (before == &control) break;
     if (const HWND window = windowOf(*before)) after = window;
   }
-  SetWindowPos(windowOf(control), after, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  showWindow(windowOf(control), after, SWP_NOACTIVATE);
   showDefaultButton();
 }
 

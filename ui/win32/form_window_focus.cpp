@@ -54,8 +54,6 @@ void FormWindow::showDefaultButton() {
   if (wanted == shownDefault_) return;
   if (shownDefault_) SendMessageW(windowOf(*shownDefault_), BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
   if (wanted) SendMessageW(windowOf(*wanted), BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
-  const int id = wanted ? GetDlgCtrlID(windowOf(*wanted)) : 0;
-  SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(id), 0);
   shownDefault_ = wanted;
 }
 

@@ -105,9 +105,15 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
       // Without a window it comes from accessibility tools and automation.
       if (lParam == 0 && LOWORD(wParam) == IDCANCEL) close();
       return route(message, wParam, lParam).value_or(0);
+    case DM_GETDEFID:
+      return shownDefault_ ? MAKELRESULT(GetDlgCtrlID(windowOf(*shownDefault_)), DC_HASDEFID) : 0;
     case WM_ACTIVATE:
       if (LOWORD(wParam) != WA_INACTIVE) applyFocus();
       return 0;
+    case WM_NCACTIVATE:
+      if (form_.isShown()) return std::nullopt;
+      // A caption that is about to leave the screen need not be painted as an inactive one.
+      return DefWindowProcW(window_, message, wParam, -1);
     case WM_SETFOCUS:
       applyFocus();
       return 0;

@@ -20,19 +20,15 @@ bool holdsTabs(const Container& container) {
 
 }  // namespace
 
-// On a dialog that is shown a frame appears with all that is in it: each of its windows would
-// otherwise be painted on its own.
 void FrameView::create(HWND parent) {
-  const bool hidden = IsWindowVisible(parent) != FALSE;
   if (isGroupBox()) {
-    createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, hidden});
+    createWindow(parent, {WC_BUTTONW, BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
   } else {
-    createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, hidden});
+    createWindow(parent, {FrameClass::kName, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
     if (isPage()) tabBody_ = tabBody(window());
   }
   formWindow().createChildren(control(), window());
   showScrolling(window(), control(), formWindow().metrics());
-  if (hidden && control().visible()) show(Property::visible);
 }
 
 LONG FrameView::role() const { return isGroupBox() ? 0 : ROLE_SYSTEM_PROPERTYPAGE; }
@@ -44,6 +40,17 @@ void FrameView::show(Property what) {
   } else if (what == Property::bounds && isPage()) {
     tabBody_ = tabBody(window());
   }
+}
+
+// What lies behind a control in a group box, which themed controls ask for, has no part of the
+// box's own lines and caption. Painting them would take longer than the control itself.
+bool FrameView::isWithin(const RECT& box, HDC dc) const {
+  const int line = 2 * GetSystemMetrics(SM_CXEDGE);
+  RECT asked{};
+  GetClipBox(dc, &asked);
+  return asked.left >= box.left + line && asked.right <= box.right - line &&
+         asked.top >= box.top + formWindow().metrics().linePixels() &&
+         asked.bottom <= box.bottom - line;
 }
 
 bool FrameView::isPage() const {
@@ -58,7 +65,7 @@ LRESULT FrameView::message(UINT message, WPARAM wParam, LPARAM lParam) {
       RECT area{};
       GetClientRect(window(), &area);
       FillRect(dc, &area, formWindow().background(window(), dc));
-      if (message == WM_PRINTCLIENT && isGroupBox()) break;
+      if (message == WM_PRINTCLIENT && isGroupBox() && !isWithin(area, dc)) break;
       return TRUE;
     }
     case WM_VSCROLL:

@@ -19,6 +19,7 @@ class FrameView final : public ViewOf<Frame> {
   LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  bool isWithin(const RECT& box, HDC dc) const;
   bool isPage() const;
   bool isGroupBox() const { return control().border() == Frame::Border::etched; }
 

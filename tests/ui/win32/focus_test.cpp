@@ -239,6 +239,9 @@ TEST_F(FocusTest, AFocusedButtonLooksLikeTheDefault) {
     const auto style = GetWindowLongPtrW(desk.windows().windowOf(button), GWL_STYLE);
     return (style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
   };
+  const auto defaultId = [&] {
+    return SendMessageW(desk.windows().topWindow(), DM_GETDEFID, 0, 0);
+  };
   show([&] {
     EXPECT_TRUE(looksDefault(gallery.ok));
     user.click(gallery.apply);
@@ -246,10 +249,11 @@ TEST_F(FocusTest, AFocusedButtonLooksLikeTheDefault) {
     EXPECT_FALSE(looksDefault(gallery.ok));
     user.click(gallery.name);
     EXPECT_TRUE(looksDefault(gallery.ok));
+    EXPECT_EQ(defaultId(),
+              MAKELRESULT(GetDlgCtrlID(desk.windows().windowOf(gallery.ok)), DC_HASDEFID));
     gallery.ok.setDefault(false);
     EXPECT_FALSE(looksDefault(gallery.ok));
-    const LRESULT id = SendMessageW(desk.windows().topWindow(), DM_GETDEFID, 0, 0);
-    EXPECT_EQ(HIWORD(id), 0);
+    EXPECT_EQ(defaultId(), 0);
   });
 }
 
