@@ -140,10 +140,10 @@ const frmBrowseItems::Columns& frmBrowseItems::columns() const {
 void frmBrowseItems::onLoad() {
   const ui::BusyPointer busy(screen());
   showHeaders();
-  std::vector<ListItem> found = items();
-  sortRows(found, columns().sorted, screen());
-  ltvItems.setSearchColumn(columns().sorted).setRows(std::move(found));
+  ltvItems.setSearchColumn(columns().sorted).setRows(items());
+  // Before they are put in order: as they were read they lie one after the other.
   autoSizeColumns(ltvItems, 0, ColumnFit::contentsOrHeader);
+  sortRows(ltvItems, columns().sorted);
   preselect();
 }
 

@@ -49,16 +49,13 @@ void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum)
   }
 }
 
-void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& screen) {
+void sortRows(ui::ListView& list, int column) {
   std::vector<TextView> texts;
-  texts.reserve(rows.size());
-  for (const ui::ListItem& row : rows) {
+  texts.reserve(list.rows().size());
+  for (const ui::ListItem& row : list.rows()) {
     texts.push_back(row.texts[static_cast<std::size_t>(column)]);
   }
-  std::vector<ui::ListItem> sorted;
-  sorted.reserve(rows.size());
-  for (const std::size_t row : screen.listOrder(texts)) sorted.push_back(std::move(rows[row]));
-  rows = std::move(sorted);
+  list.putInOrder(list.form().screen().listOrder(texts));
 }
 
 bool toggleHeaderButtons(ui::ListView& list) {

@@ -22,9 +22,9 @@ inline constexpr int kIconColumnWidth = 270;
 /// @param minimum a column that comes out narrower (twips) becomes 1830 twips wide; 0 for none.
 void autoSizeColumns(ui::ListView& list, int column, ColumnFit fit, int minimum = 0);
 
-/// Sorts rows by the texts of a column (from 0) in the platform's order for lists; rows of equal
-/// texts keep their order.
-void sortRows(std::vector<ui::ListItem>& rows, int column, const ui::Screen& screen);
+/// Sorts the rows of a list by the texts of a column (from 0) in the platform's order for lists;
+/// rows of equal texts keep their order.
+void sortRows(ui::ListView& list, int column);
 
 /// Turns headers that can be pressed into flat ones, and back on the next call. A header that would
 /// be left without any style keeps its own. Always returns True.

@@ -211,6 +211,13 @@ ListView& ListView::setRows(std::vector<ListItem> rows) {
   return *this;
 }
 
+ListView& ListView::putInOrder(const std::vector<std::size_t>& order) {
+  std::vector<ListItem> rows;
+  rows.reserve(order.size());
+  for (const std::size_t row : order) rows.push_back(std::move(rows_.at(row)));
+  return setRows(std::move(rows));
+}
+
 ListView& ListView::setRow(int row, ListItem item) {
   requirePosition(row, 0, rows_.size());
   rows_[static_cast<std::size_t>(row)] = std::move(item);

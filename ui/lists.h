@@ -166,6 +166,8 @@ class ListView final : public Control {
   int addRow(ListItem item);
   /// Replaces all rows at once; nothing is selected then.
   ListView& setRows(std::vector<ListItem> rows);
+  /// @param order the present position of each row, from the first to the last
+  ListView& putInOrder(const std::vector<std::size_t>& order);
   ListView& setRow(int row, ListItem item);
   /// If the removed row was selected, the row that takes its place becomes selected (the last one
   /// if it was the last); -1 in an empty list.

@@ -195,6 +195,18 @@ TEST_F(ControlsTest, AListRefusesRowsItDoesNotHave) {
   EXPECT_EQ(list.rowToShow(), -1);
 }
 
+TEST_F(ControlsTest, RowsArePutIntoTheGivenOrderAndNoneIsSelected) {
+  auto& list = form.add<ui::ListView>();
+  list.setRows({{{u"One"}}, {{u"Two"}}, {{u"Three"}}});
+  list.setSelectedRow(1);
+  list.putInOrder({2, 0, 1});
+  EXPECT_EQ(list.text(0, 0), u"Three");
+  EXPECT_EQ(list.text(1, 0), u"One");
+  EXPECT_EQ(list.text(2, 0), u"Two");
+  EXPECT_EQ(list.count(), 3);
+  EXPECT_EQ(list.selectedRow(), -1);
+}
+
 TEST_F(ControlsTest, AMissingCellIsEmpty) {
   auto& list = form.add<ui::ListView>();
   list.addRow({{u"a"}});

@@ -1,5 +1,7 @@
 #include "ui/win32/dpi_context.h"
 
+#include <atomic>
+
 namespace tillora::ui::win32 {
 namespace {
 
@@ -41,6 +43,8 @@ HANDLE setThreadContext(HANDLE context) {
 
 // The program's context while SystemScaling has changed it; else null.
 thread_local HANDLE programsContext = nullptr;
+// Threads with such a context. Asking the thread takes longer than many a call of the program.
+std::atomic<int> changedThreads = 0;
 
 }  // namespace
 
@@ -49,16 +53,18 @@ SystemScaling::SystemScaling() {
   if (!call.setThreadContext || call.awarenessOf(call.threadContext()) != kPerMonitorAware) return;
   former_ = setThreadContext(kSystemAware);
   programsContext = former_;
+  ++changedThreads;
 }
 
 SystemScaling::~SystemScaling() {
   if (!former_) return;
+  --changedThreads;
   programsContext = nullptr;
   setThreadContext(former_);
 }
 
 ProgramsScaling::ProgramsScaling()
-    : ours_(programsContext ? setThreadContext(programsContext) : nullptr) {}
+    : ours_(changedThreads != 0 && programsContext ? setThreadContext(programsContext) : nullptr) {}
 
 ProgramsScaling::~ProgramsScaling() {
   if (ours_) setThreadContext(ours_);

@@ -114,6 +114,14 @@ std::vector<std::uint32_t> pictureOf(HWND control) {
   return {raster.pixels().begin(), raster.pixels().end()};
 }
 
+TEST_F(RealControlsTest, AGroupBoxThatIsPaintedAsAWholeHasItsCaption) {
+  show([&] {
+    const std::vector<std::uint32_t> captioned = pictureOf(window(gallery.group));
+    gallery.group.setCaption(u"Other");
+    EXPECT_NE(pictureOf(window(gallery.group)), captioned);
+  });
+}
+
 TEST_F(RealControlsTest, APasswordLooksLikeAsManyStars) {
   show([&] {
     const HWND secret = window(gallery.secret);
