@@ -34,7 +34,7 @@ hold() {
   WINE_PROCESSOR=$(processor_in_turn)
   taskset -pc "$WINE_PROCESSOR" "$BASHPID"
   if [ "$kind" = unseen ]; then
-    export DISPLAY= XENVIRONMENT=
+    export DISPLAY='' XENVIRONMENT=''
   else
     display_open 9>&-
   fi

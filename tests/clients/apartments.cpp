@@ -44,13 +44,13 @@ HRESULT findTypeLibrary() {
   return QueryPathOfRegTypeLib(LIBID_TilloraOptions, 1, 0, LOCALE_NEUTRAL, path.out());
 }
 
-/// Wine registers a type library that a program finds by its manifest.
-class UnregisteredTypeLibrary {
+/// Takes back that Wine registers a type library that a program finds by its manifest.
+class TypeLibraryRemoval {
  public:
-  UnregisteredTypeLibrary() = default;
-  UnregisteredTypeLibrary(const UnregisteredTypeLibrary&) = delete;
-  UnregisteredTypeLibrary& operator=(const UnregisteredTypeLibrary&) = delete;
-  ~UnregisteredTypeLibrary() {
+  TypeLibraryRemoval() = default;
+  TypeLibraryRemoval(const TypeLibraryRemoval&) = delete;
+  TypeLibraryRemoval& operator=(const TypeLibraryRemoval&) = delete;
+  ~TypeLibraryRemoval() {
     UnRegisterTypeLib(LIBID_TilloraOptions, 1, 0, LOCALE_NEUTRAL,
                       sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
   }
@@ -58,7 +58,7 @@ class UnregisteredTypeLibrary {
 
 TEST_P(ApartmentsTest, AProgramWithAManifestNeedsNoRegistration) {
   ASSERT_NE(findTypeLibrary(), S_OK) << "it is registered, so this would show nothing";
-  const UnregisteredTypeLibrary afterwards;
+  const TypeLibraryRemoval removal;
   for (const wchar_t* file :
        {L"com_client.exe", L"TilloraOptions.dll", L"TilloraOptions.Component.manifest"}) {
     fs::copy_file(programFolder() / file, folder() / file);

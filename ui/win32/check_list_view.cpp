@@ -39,10 +39,11 @@ void CheckListView::show(Property what) {
 }
 
 void CheckListView::showRows() {
-  // The list would otherwise work out its scroll bars after each row.
-  send(WM_SETREDRAW, FALSE);
   int position = 0;
   const auto shown = static_cast<int>(send(LVM_GETITEMCOUNT));
+  const bool grows = shown < static_cast<int>(control().rows().size());
+  // The list would otherwise work out its scroll bars after each new row.
+  if (grows) send(WM_SETREDRAW, FALSE);
   for (const CheckListBox::Row& row : control().rows()) {
     std::wstring text = forWindow(row.text);
     LVITEMW item{};
@@ -58,7 +59,7 @@ void CheckListView::showRows() {
     ++position;
   }
   send(LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(LVSCW_AUTOSIZE, 0));
-  send(WM_SETREDRAW, TRUE);
+  if (grows) send(WM_SETREDRAW, TRUE);
   showChoice();
 }
 

@@ -111,7 +111,7 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
       if (LOWORD(wParam) != WA_INACTIVE) applyFocus();
       return 0;
     case WM_NCACTIVATE:
-      if (form_.isShown()) return std::nullopt;
+      if (wParam || form_.isShown()) return std::nullopt;
       // A caption that is about to leave the screen need not be painted as an inactive one.
       return DefWindowProcW(window_, message, wParam, -1);
     case WM_SETFOCUS:
