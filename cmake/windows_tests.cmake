@@ -57,7 +57,7 @@ function(tillora_at_desk test desk)
   set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT DESK=${bits}-${desk})
 endfunction()
 
-# The other Windows tests run where the component is not registered, here as in the test package.
+# These need the registered component. All others run where it is not registered, as in the test package.
 string(JOIN : TILLORA_REGISTERED_TESTS
   OptionsServerTest.TheRegisteredClass* UnloadTest.* ApartmentsTest.* AdministratorTest.*
   MessageBoxesTest.ARegisteredClass* Rows/ErrorsTest.*)

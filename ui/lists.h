@@ -166,6 +166,7 @@ class ListView final : public Control {
   int addRow(ListItem item);
   /// Replaces all rows at once; nothing is selected then.
   ListView& setRows(std::vector<ListItem> rows);
+  /// Puts the rows into another order; nothing is selected then.
   /// @param order the present position of each row, from the first to the last
   ListView& putInOrder(const std::vector<std::size_t>& order);
   ListView& setRow(int row, ListItem item);

@@ -26,8 +26,7 @@ class ControlView {
   Control& control() const { return control_; }
   HWND window() const { return window_; }
 
-  /// Makes the window with the control's whole state; in a window that is seen it stays hidden.
-  /// Called once.
+  /// Makes the window with the control's whole state. Called once.
   virtual void create(HWND parent) = 0;
   /// Updates a property in the window.
   virtual void show(Property what);

@@ -43,7 +43,7 @@ HANDLE setThreadContext(HANDLE context) {
 
 // The program's context while SystemScaling has changed it; else null.
 thread_local HANDLE programsContext = nullptr;
-// Threads with such a context. Asking the thread takes longer than many a call of the program.
+// Threads with such a context. While there are none, no call of the program has to ask its own.
 std::atomic<int> changedThreads = 0;
 
 }  // namespace

@@ -201,7 +201,7 @@ void FormWindow::createChildren(const Container& container, HWND parent) {
   showDefaultButton();
 }
 
-// A new window comes last, and is not seen yet if its parent is.
+// In the order of windows a new one comes last. In a parent that is seen it is still hidden.
 void FormWindow::createLater(Control& control, HWND parent) {
   create(control, parent);
   HWND after = HWND_TOP;

@@ -42,8 +42,8 @@ void FrameView::show(Property what) {
   }
 }
 
-// What lies behind a control in a group box, which themed controls ask for, has no part of the
-// box's own lines and caption. Painting them would take longer than the control itself.
+// Themed controls in a group box ask it to paint what lies behind them, where none of its lines and
+// no part of its caption is.
 bool FrameView::isWithin(const RECT& box, HDC dc) const {
   const int line = 2 * GetSystemMetrics(SM_CXEDGE);
   RECT asked{};
