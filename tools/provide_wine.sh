@@ -74,7 +74,7 @@ provide_chroot() {
   exec 9>"/tmp/tillora-wine-$1.lock"
   flock 9
   make_chroot "$1" >&2 9>&- || die "Debian $1's Wine is not available on this machine"
-  echo "$REPO/tools/provide_wine.sh in $1"
+  echo "$steady $REPO/tools/provide_wine.sh in $1"
 }
 
 # Debian's Wine 10 crashes if TMPDIR is set.
@@ -90,17 +90,27 @@ run_in_chroot() {
     exec chroot "$CHROOT" sh -c "cd \"\$0\" && exec \"\$@\"" "$PWD" "$@"' _ "${@:2}"
 }
 
+[ "${1:-}" != in ] || run_in_chroot "${@:2}"
+
+# Each 64-bit program needs the address 0x7ffe0000. Kernels that place its heap anywhere in a gigabyte place it there
+# once in thousands of starts; Wine then gives the program up.
+steady=
+if setarch -R true 2>/dev/null; then
+  steady='setarch -R'
+else
+  warn "addresses cannot be kept steady here; a Windows program may fail to start, once in thousands of times"
+fi
+
 case ${WINE_VERSION:-}:${1:-} in
-  *:in) run_in_chroot "${@:2}" ;;
   8:*) provide_chroot bookworm ;;
   10:*) provide_chroot trixie ;;
-  :64) echo ;;
+  :64) echo "$steady" ;;
   :32 | :both)
     release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
     if [ -e "$(chroot_folder "$release")/.complete" ]; then
       provide_chroot "$release"
     elif multiarch_installed || one_at_a_time install_multiarch >&2; then
-      echo
+      echo "$steady"
     else
       provide_chroot "$release"
     fi

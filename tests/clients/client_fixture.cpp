@@ -51,6 +51,11 @@ void ClientTest::script(const wchar_t* file, const std::wstring& arguments) {
   start(L"cscript.exe //nologo " + quoted(source(file)) + L" " + arguments);
 }
 
+std::string ClientTest::drive(const std::wstring& commands) const {
+  return testing::drive(L"of " + std::to_wstring(GetProcessId(client_->process())) + L" -- " +
+                        commands);
+}
+
 void ClientTest::finish(DWORD code) {
   const auto ended = client_->wait(kMostMilliseconds);
   client_.reset();

@@ -11,9 +11,9 @@
 
 namespace tillora::testing {
 
-/// A client runs in a process of its own while the test is the person at the dialog (`drive`). The
-/// component and the reference host must be registered, the programs lie beside this one, and the
-/// scripts where they are in the repository.
+/// A client runs in a process of its own while the test is the person at the dialog (`drive()`).
+/// The component and the reference host must be registered, the programs lie beside this one, and
+/// the scripts where they are in the repository.
 class ClientTest : public ::testing::Test {
  protected:
   ClientTest();
@@ -28,6 +28,9 @@ class ClientTest : public ::testing::Test {
   void program(const wchar_t* name, const std::wstring& arguments);
   /// Run by the system's script host.
   void script(const wchar_t* file, const std::wstring& arguments);
+
+  /// The person at the client's windows (drive.exe); fails at once if the client ends meanwhile.
+  std::string drive(const std::wstring& commands) const;
 
   /// Waits for the client's end; fails unless it ended with this code.
   void finish(DWORD code = 0);

@@ -1,4 +1,7 @@
 // The clients that come with the component, with a person at the dialog.
+#include <stdexcept>
+#include <string>
+
 #include "tests/clients/client_fixture.h"
 
 namespace tillora::testing {
@@ -126,6 +129,17 @@ TEST_F(ClientsTest, LateBoundCppReadsResultAndFailure) {
   program(L"cpp_late_client.exe", shop() + L" 99");
   finish(2);
   expectPrinted("failed: 0x800A8B10 TilloraOptions.Options: Index out of bounds");
+}
+
+TEST_F(ClientsTest, NobodyWaitsForTheDialogOfAClientThatHasEnded) {
+  program(L"cpp_late_client.exe", shop() + L" 99");
+  try {
+    drive(L"wait Options 60");
+    FAIL() << "the dialog was shown";
+  } catch (const std::runtime_error& failure) {
+    EXPECT_NE(std::string(failure.what()).find("the program has ended"), std::string::npos)
+        << failure.what();
+  }
 }
 
 }  // namespace

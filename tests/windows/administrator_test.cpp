@@ -7,6 +7,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -75,15 +76,9 @@ class AdministratorTest : public ::testing::Test {
                 ("administrator-" + std::to_string(GetCurrentProcessId()))) {
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
-    std::wstring line = L"\"" + (programFolder() / (std::wstring(kTitle) + L".exe")).wstring() +
-                        L"\" --database \"" + (folder_ / L"shop.db").wstring() + L"\"";
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process_)) {
-      throw std::runtime_error("the Administrator cannot be run: " +
-                               std::to_string(GetLastError()));
-    }
+    program_.emplace(quoted(programFolder() / (std::wstring(kTitle) + L".exe")) + L" --database " +
+                         quoted(folder_ / L"shop.db"),
+                     folder_ / L"printed.txt");
     drive(std::wstring(L"wait \"") + kTitle + L"\" 60");
     window_ = FindWindowW(L"TilloraAdministrator", nullptr);
     options_ = GetDlgItem(window_, 300);
@@ -91,12 +86,8 @@ class AdministratorTest : public ::testing::Test {
     waitUntil([this] { return SendMessageW(events_, LVM_GETITEMCOUNT, 0, 0) > 0; });
   }
   ~AdministratorTest() override {
-    if (WaitForSingleObject(process_.hProcess, 0) != WAIT_OBJECT_0) {
-      TerminateProcess(process_.hProcess, 9);
-      WaitForSingleObject(process_.hProcess, kPatience);
-    }
-    CloseHandle(process_.hThread);
-    CloseHandle(process_.hProcess);
+    TerminateProcess(program_->process(), 9);
+    WaitForSingleObject(program_->process(), kPatience);
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
   }
@@ -113,7 +104,7 @@ class AdministratorTest : public ::testing::Test {
   HWND focus() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
-    GetGUIThreadInfo(process_.dwThreadId, &info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
     return info.hwndFocus;
   }
   HWND button() const { return FindWindowExW(window_, nullptr, L"Button", nullptr); }
@@ -123,7 +114,7 @@ class AdministratorTest : public ::testing::Test {
                  reinterpret_cast<LPARAM>(text.data()));
     return text.data();
   }
-  ListOfOtherProgram list(HWND window) const { return {process_.hProcess, window}; }
+  ListOfOtherProgram list(HWND window) const { return {program_->process(), window}; }
   RECT inWindow(HWND control) const {
     RECT bounds;
     GetWindowRect(control, &bounds);
@@ -132,7 +123,7 @@ class AdministratorTest : public ::testing::Test {
   }
 
   std::filesystem::path folder_;
-  PROCESS_INFORMATION process_{};
+  std::optional<ChildProgram> program_;
   HWND window_ = nullptr;
   HWND options_ = nullptr;
   HWND events_ = nullptr;
@@ -172,10 +163,7 @@ TEST_F(AdministratorTest, AnApplyShowsWhatItChangedWhileTheDialogIsStillOpen) {
   EXPECT_EQ(events.text(2, 1), L"Options closed; ChangedDataFile is False");
   EXPECT_EQ(stored.row(L"CompanyName")[3], L"Harbour Street Pharmacy & Fuel") << "the mark stays";
   PostMessageW(window_, WM_CLOSE, 0, 0);
-  ASSERT_EQ(WaitForSingleObject(process_.hProcess, kPatience), WAIT_OBJECT_0);
-  DWORD code = 1;
-  GetExitCodeProcess(process_.hProcess, &code);
-  EXPECT_EQ(code, 0U);
+  EXPECT_EQ(program_->wait(kPatience), 0U);
 }
 
 TEST_F(AdministratorTest, AChangeByAnotherProgramIsShownWhenItIsAnnounced) {

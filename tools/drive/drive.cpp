@@ -2,6 +2,8 @@
 //
 //   drive COMMAND [ARGUMENT...] [-- COMMAND [ARGUMENT...]]...
 //
+//   of PROCESS            what is waited for from here on is a window of this program (its id), so
+//                         `wait` fails at once when it has ended
 //   wait TITLE SECONDS    until a top-level window with this title is visible, enabled and has the
 //                         keyboard
 //   gone TITLE SECONDS    until there is none
@@ -24,6 +26,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -77,6 +80,21 @@ KeyStroke parseStroke(std::wstring text) {
   return stroke;
 }
 
+struct HandleCloser {
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using Process = std::unique_ptr<void, HandleCloser>;
+
+/// The program whose windows are waited for, if one was named.
+Process& waitedFor() {
+  static Process program;
+  return program;
+}
+
+bool hasEnded(const Process& program) {
+  return program && WaitForSingleObject(program.get(), 0) == WAIT_OBJECT_0;
+}
+
 HWND need(const std::wstring& title) {
   const HWND window = findWindow(title);
   if (!window) throw std::runtime_error("no such window");
@@ -86,8 +104,10 @@ HWND need(const std::wstring& title) {
 void waitFor(const std::wstring& title, bool shown, double seconds) {
   const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds * 1000);
   for (;;) {
+    const bool ended = hasEnded(waitedFor());
     const HWND window = findWindow(title);
     if (shown ? window && IsWindowEnabled(window) && hasKeyboard(window) : !window) return;
+    if (shown && ended) throw std::runtime_error("never shown; the program has ended");
     if (GetTickCount64() >= end) {
       if (!shown) throw std::runtime_error("still shown");
       if (!window) throw std::runtime_error("never shown");
@@ -173,7 +193,10 @@ void run(const Arguments& words) {
     if (i >= words.size()) throw std::runtime_error("argument missing");
     return words[i];
   };
-  if (command == L"wait") {
+  if (command == L"of") {
+    waitedFor().reset(OpenProcess(SYNCHRONIZE, FALSE, std::stoul(argument(1))));
+    if (!waitedFor()) throw std::runtime_error("no such program");
+  } else if (command == L"wait") {
     waitFor(argument(1), true, std::stod(argument(2)));
   } else if (command == L"gone") {
     waitFor(argument(1), false, std::stod(argument(2)));

@@ -1,7 +1,6 @@
 #include "tests/testing/win32/child_program.h"
 
 #include <array>
-#include <cstdio>
 #include <fstream>
 #include <stdexcept>
 
@@ -14,27 +13,6 @@ std::filesystem::path programFolder() {
 }
 
 std::wstring quoted(const std::filesystem::path& path) { return L"\"" + path.wstring() + L"\""; }
-
-namespace {
-
-// Suspended until it belongs to its job, so that nothing that it starts can be outside.
-PROCESS_INFORMATION startSuspended(std::wstring& commandLine, STARTUPINFOW& startup) {
-  constexpr int kAttempts = 5;
-  PROCESS_INFORMATION started{};
-  DWORD error = ERROR_INTERNAL_ERROR;
-  // On a busy machine Wine may give a program up with this error before it runs.
-  for (int attempt = 0; attempt < kAttempts && error == ERROR_INTERNAL_ERROR; ++attempt) {
-    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED,
-                       nullptr, nullptr, &startup, &started) != FALSE) {
-      return started;
-    }
-    error = GetLastError();
-    std::fprintf(stderr, "%ls cannot be run: error %lu\n", commandLine.c_str(), error);
-  }
-  throw std::runtime_error("cannot be run: error " + std::to_string(error));
-}
-
-}  // namespace
 
 ChildProgram::ChildProgram(std::wstring commandLine, const std::filesystem::path& output)
     : job_(CreateJobObjectW(nullptr, nullptr)) {
@@ -54,7 +32,12 @@ ChildProgram::ChildProgram(std::wstring commandLine, const std::filesystem::path
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESTDHANDLES;
   startup.hStdOutput = startup.hStdError = file;
-  const PROCESS_INFORMATION started = startSuspended(commandLine, startup);
+  PROCESS_INFORMATION started{};
+  // Suspended until it belongs to its job, so that nothing that it starts can be outside.
+  if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr,
+                     nullptr, &startup, &started) == FALSE) {
+    throw std::runtime_error("cannot be run: error " + std::to_string(GetLastError()));
+  }
   process_.reset(started.hProcess);
   const KernelHandle thread(started.hThread);
   AssignProcessToJobObject(job_.get(), process_.get());

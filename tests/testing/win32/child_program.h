@@ -27,6 +27,7 @@ class ChildProgram {
   /// Whatever it prints goes into the file. Throws std::runtime_error if it cannot be run.
   ChildProgram(std::wstring commandLine, const std::filesystem::path& output);
 
+  HANDLE process() const { return process_.get(); }
   /// Its exit code; none if it still runs after this time or if the event is set meanwhile.
   std::optional<DWORD> wait(DWORD milliseconds, HANDLE event = nullptr) const;
 

@@ -3,35 +3,20 @@
 #include <windows.h>
 
 #include <array>
-#include <memory>
 #include <stdexcept>
 #include <string>
 
 #include "com/wide_text.h"
+#include "tests/testing/win32/child_program.h"
 
 namespace tillora::testing {
-namespace {
-
-struct HandleCloser {
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using Handle = std::unique_ptr<void, HandleCloser>;
-
-std::wstring beside(const std::wstring& name) {
-  std::array<wchar_t, MAX_PATH> program{};
-  const std::wstring whole(program.data(),
-                           GetModuleFileNameW(nullptr, program.data(), program.size()));
-  return whole.substr(0, whole.rfind(L'\\') + 1) + name;
-}
-
-}  // namespace
 
 ProgramRun runBeside(const std::wstring& name, const std::wstring& arguments) {
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   HANDLE ends[2]{};
   if (!CreatePipe(&ends[0], &ends[1], &inherited, 0)) throw std::runtime_error("CreatePipe");
-  const Handle reading(ends[0]);
-  Handle writing(ends[1]);
+  const KernelHandle reading(ends[0]);
+  KernelHandle writing(ends[1]);
   SetHandleInformation(reading.get(), HANDLE_FLAG_INHERIT, 0);
 
   STARTUPINFOW startup{};
@@ -39,14 +24,14 @@ ProgramRun runBeside(const std::wstring& name, const std::wstring& arguments) {
   startup.dwFlags = STARTF_USESTDHANDLES;
   startup.hStdOutput = startup.hStdError = writing.get();
   PROCESS_INFORMATION process{};
-  std::wstring line = L"\"" + beside(name) + L"\" " + arguments;
+  std::wstring line = quoted(programFolder() / name) + L" " + arguments;
   if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
                       nullptr, &startup, &process)) {
     throw std::runtime_error(toUtf8(win32::fromWide(name.c_str())) +
                              " cannot be run: " + std::to_string(GetLastError()));
   }
-  const Handle running(process.hProcess);
-  const Handle thread(process.hThread);
+  const KernelHandle running(process.hProcess);
+  const KernelHandle thread(process.hThread);
   writing.reset();
 
   ProgramRun run;
