@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "com/module.h"
+#include "bench/windows/host_window.h"
 #include "host/automation/shop_server.h"
 
 namespace tillora::bench {
@@ -13,8 +13,7 @@ Catalogue::Catalogue(std::int32_t items)
     : folder_(std::filesystem::temp_directory_path() /
               ("tillora-bench-" + std::to_string(GetCurrentProcessId()))),
       shop_(ComPtr<IDispatch>::adopt(host::automation::kShopClass.create()), u"Shop"),
-      owner_(CreateWindowExW(0, L"STATIC", L"Benchmark", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
-                             900, 700, nullptr, nullptr, win32::thisModule(), nullptr)) {
+      owner_(makeHostWindow()) {
   std::filesystem::create_directories(folder_);
   shop_.call(u"OpenSeeded", (folder_ / "shop.db").u16string(), items);
   database_ = ComPtr<IDispatch>(shop_.getObject(u"Database", u"Database").object());

@@ -5,9 +5,9 @@
 
 #include "bench/windows/bare_windows.h"
 #include "bench/windows/benchmarks.h"
+#include "bench/windows/host_window.h"
 #include "bench/windows/measure.h"
 #include "bench/windows/property_sheet.h"
-#include "com/module.h"
 #include "component/frmOptions.h"
 #include "component/options.h"
 #include "tests/testing/fake_host.h"
@@ -170,9 +170,7 @@ class Opening {
     return {.open = timed([&] { dialog = firstPage_->open(owner_.get()); })};
   }
 
-  ui::win32::Window owner_{CreateWindowExW(0, L"STATIC", L"Benchmark",
-                                           WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 900, 700,
-                                           nullptr, nullptr, win32::thisModule(), nullptr)};
+  const ui::win32::Window owner_ = makeHostWindow();
   testing::DrivenScreen screen_;
   testing::FakeHost host_;
   testing::ScriptedMessageBoxes boxes_{screen_};

@@ -45,12 +45,12 @@ void FrameView::show(Property what) {
 // Themed controls in a group box ask it to paint what lies behind them, where none of its lines and
 // no part of its caption is.
 bool FrameView::isWithin(const RECT& box, HDC dc) const {
-  const int line = 2 * GetSystemMetrics(SM_CXEDGE);
+  constexpr int kLine = 4;  // pixels, at most
   RECT asked{};
   GetClipBox(dc, &asked);
-  return asked.left >= box.left + line && asked.right <= box.right - line &&
+  return asked.left >= box.left + kLine && asked.right <= box.right - kLine &&
          asked.top >= box.top + formWindow().metrics().linePixels() &&
-         asked.bottom <= box.bottom - line;
+         asked.bottom <= box.bottom - kLine;
 }
 
 bool FrameView::isPage() const {
