@@ -26,12 +26,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "com/wide_text.h"
+#include "tests/testing/win32/child_program.h"
 #include "tests/testing/win32/key_strokes.h"
 #include "tools/drive/windows_of_others.h"
 
@@ -80,18 +80,13 @@ KeyStroke parseStroke(std::wstring text) {
   return stroke;
 }
 
-struct HandleCloser {
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using Process = std::unique_ptr<void, HandleCloser>;
-
 /// The program whose windows are waited for, if one was named.
-Process& waitedFor() {
-  static Process program;
+KernelHandle& waitedFor() {
+  static KernelHandle program;
   return program;
 }
 
-bool hasEnded(const Process& program) {
+bool hasEnded(const KernelHandle& program) {
   return program && WaitForSingleObject(program.get(), 0) == WAIT_OBJECT_0;
 }
 
