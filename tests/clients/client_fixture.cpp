@@ -52,8 +52,7 @@ void ClientTest::script(const wchar_t* file, const std::wstring& arguments) {
 }
 
 std::string ClientTest::drive(const std::wstring& commands) const {
-  return testing::drive(L"of " + std::to_wstring(GetProcessId(client_->process())) + L" -- " +
-                        commands);
+  return testing::drive(*client_, commands);
 }
 
 void ClientTest::finish(DWORD code) {

@@ -29,7 +29,7 @@ class ClientTest : public ::testing::Test {
   /// Run by the system's script host.
   void script(const wchar_t* file, const std::wstring& arguments);
 
-  /// The person at the client's windows (drive.exe); fails at once if the client ends meanwhile.
+  /// What the person does at the client's windows.
   std::string drive(const std::wstring& commands) const;
 
   /// Waits for the client's end; fails unless it ended with this code.

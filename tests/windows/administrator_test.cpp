@@ -92,6 +92,7 @@ class AdministratorTest : public ::testing::Test {
     std::filesystem::remove_all(folder_, ignored);
   }
 
+  void drive(const std::wstring& commands) const { testing::drive(*program_, commands); }
   template <class Condition>
   static bool waitUntil(Condition&& condition) {
     const ULONGLONG end = GetTickCount64() + kPatience;

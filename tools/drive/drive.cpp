@@ -2,8 +2,8 @@
 //
 //   drive COMMAND [ARGUMENT...] [-- COMMAND [ARGUMENT...]]...
 //
-//   of PROCESS            what is waited for from here on is a window of this program (its id), so
-//                         `wait` fails at once when it has ended
+//   of PROCESS            the id of the program whose windows are waited for: from here on `wait`
+//                         fails at once when that program has ended
 //   wait TITLE SECONDS    until a top-level window with this title is visible, enabled and has the
 //                         keyboard
 //   gone TITLE SECONDS    until there is none

@@ -45,12 +45,12 @@ void FrameView::show(Property what) {
 // Themed controls in a group box ask it to paint what lies behind them, where none of its lines and
 // no part of its caption is.
 bool FrameView::isWithin(const RECT& box, HDC dc) const {
-  constexpr int kLine = 4;  // pixels, at most
+  constexpr int kWidestLine = 4;  // pixels
   RECT asked{};
   GetClipBox(dc, &asked);
-  return asked.left >= box.left + kLine && asked.right <= box.right - kLine &&
+  return asked.left >= box.left + kWidestLine && asked.right <= box.right - kWidestLine &&
          asked.top >= box.top + formWindow().metrics().linePixels() &&
-         asked.bottom <= box.bottom - kLine;
+         asked.bottom <= box.bottom - kWidestLine;
 }
 
 bool FrameView::isPage() const {

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "com/wide_text.h"
-#include "tests/testing/win32/child_program.h"
 
 namespace tillora::testing {
 
@@ -49,6 +48,10 @@ std::string drive(const std::wstring& arguments) {
   const ProgramRun run = runBeside(L"drive.exe", arguments);
   if (run.exitCode != 0) throw std::runtime_error("drive.exe: " + run.printed);
   return run.printed;
+}
+
+std::string drive(const ChildProgram& program, const std::wstring& arguments) {
+  return drive(L"of " + std::to_wstring(GetProcessId(program.process())) + L" -- " + arguments);
 }
 
 }  // namespace tillora::testing

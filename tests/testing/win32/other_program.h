@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "tests/testing/win32/child_program.h"
+
 namespace tillora::testing {
 
 struct ProgramRun {
@@ -15,5 +17,7 @@ ProgramRun runBeside(const std::wstring& name, const std::wstring& arguments);
 /// Runs drive.exe and returns what it printed (UTF-8); throws std::runtime_error if it cannot be
 /// run or fails.
 std::string drive(const std::wstring& arguments);
+/// The same for the windows of a program; fails at once if that ends while one is waited for.
+std::string drive(const ChildProgram& program, const std::wstring& arguments);
 
 }  // namespace tillora::testing
