@@ -11,9 +11,19 @@ import sys
 import xml.etree.ElementTree as ElementTree
 
 
+def test_cases(report):
+    """Those of a report; one that was cut short, as by a full disk, is a failed test itself."""
+    try:
+        return ElementTree.parse(report).iter("testcase")
+    except ElementTree.ParseError as error:
+        case = ElementTree.Element("testcase", classname="report", name=report.name, status="fail")
+        ElementTree.SubElement(case, "failure", message=f"cut short: {error}")
+        return [case]
+
+
 def outcomes_of_program(report):
     """(name, outcome, seconds, reason) of each test of a GoogleTest program."""
-    for case in ElementTree.parse(report).iter("testcase"):
+    for case in test_cases(report):
         name = f"{case.get('classname')}.{case.get('name')}"
         failure, skipped = case.find("failure"), case.find("skipped")
         if failure is not None:
@@ -28,13 +38,15 @@ def outcomes_of_program(report):
 
 def outcomes(folder):
     for report in sorted(folder.glob("ctest*.xml")):
-        for case in ElementTree.parse(report).iter("testcase"):
+        for case in test_cases(report):
             name, status = case.get("name"), case.get("status")
             program = folder / f"{name}.xml"
             if program.exists():
                 tests = list(outcomes_of_program(program))
                 yield from tests
-                if status == "fail" and not any(test[1] == "failed" for test in tests):
+                if not tests:
+                    yield name, "failed", 0, ["it ran no test"]
+                elif status == "fail" and not any(test[1] == "failed" for test in tests):
                     yield name, "failed", 0, ["all its tests passed, but the program failed"]
             elif status == "fail":
                 yield name, "failed", float(case.get("time", 0)), ["see " + str(report)]
