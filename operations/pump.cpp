@@ -66,9 +66,8 @@ void PumpGrades::loadGrades() {
   const auto table = dialog_.database().gradeTable();
   grades_.clear();
   for (table->moveFirst(); !table->atEnd(); table->moveNext()) {
-    const Value key = table->get(fields::grade::GradeNumber);
-    const auto* number = key.as<std::int32_t>();
-    if (number == nullptr || isListed(*number)) continue;
+    const auto number = numberKeyOf(*table, fields::grade::GradeNumber);
+    if (!number || isListed(*number)) continue;
     Text sold = table->text(fields::grade::Product);
     if (sold.empty()) sold = kNoProduct;
     grades_.push_back({*number, std::move(sold), table->text(fields::grade::Caption)});

@@ -10,6 +10,7 @@
 #include "operations/frmRandomPrice.h"
 #include "support/check_box_bits.h"
 #include "support/modListViewSupport.h"
+#include "support/table_rows.h"
 #include "ui/form.h"
 #include "ui/layout.h"
 
@@ -91,11 +92,10 @@ void addMissingFormats(Table& table) {
 
 /// The format of the current row; none if the row has no prefix.
 std::optional<clsRandomPrice> read(Table& table) {
-  const Value prefix = table.get(field::Prefix);
-  const auto* key = prefix.as<std::int32_t>();
-  if (key == nullptr) return std::nullopt;
+  const auto prefix = numberKeyOf(table, field::Prefix);
+  if (!prefix) return std::nullopt;
   clsRandomPrice format;
-  format.mlPrefix = *key;
+  format.mlPrefix = *prefix;
   format.mlFormatID = table.integer(field::FormatID);
   format.mlOptionBits = table.integer(field::OptionBits);
   format.msUOMUnitCaption = table.text(field::UOMUnitCaption);

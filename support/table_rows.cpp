@@ -4,12 +4,18 @@
 
 namespace tillora {
 
-std::optional<Text> keyOf(Table& table, Field key) {
+std::optional<std::int32_t> numberKeyOf(Table& table, Field key) {
   const Value value = table.get(key);
+  const auto* number = value.as<std::int32_t>();
+  return number != nullptr ? std::optional(*number) : std::nullopt;
+}
+
+std::optional<Text> keyOf(Table& table, Field key) {
   if (key.type == FieldType::Long) {
-    const auto* number = value.as<std::int32_t>();
-    return number != nullptr ? std::optional(decimalText(*number)) : std::nullopt;
+    const auto number = numberKeyOf(table, key);
+    return number ? std::optional(decimalText(*number)) : std::nullopt;
   }
+  const Value value = table.get(key);
   const auto* text = value.as<Text>();
   return text != nullptr ? std::optional(*text) : std::nullopt;
 }

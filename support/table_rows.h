@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <set>
@@ -12,6 +13,9 @@ namespace tillora {
 /// The key of the current row: a text as it is, or a whole number in decimal, depending on the
 /// field's type; none if the row holds no such value.
 std::optional<Text> keyOf(Table& table, Field key);
+
+/// A whole number that is the key of the current row; none if the row holds no such value.
+std::optional<std::int32_t> numberKeyOf(Table& table, Field key);
 
 /// Starts editing of the first row that satisfies the criteria, or a new row if there is none. True
 /// for a new row, whose key is still to be set.
