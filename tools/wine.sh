@@ -81,8 +81,8 @@ wine_make_unused() {
   wine_copy_fonts
 }
 
-# wine_make_prefix BITS DPI: a copy of an unused one, which takes three seconds instead of twenty. Windows' own programs, which
-# nobody changes and which take up to 1.3 GB, are linked instead of copied.
+# wine_make_prefix BITS DPI: a copy of an unused one, which takes three seconds instead of twenty. Windows' own programs,
+# which nobody changes and which take up to 1.3 GB, are linked instead of copied.
 wine_make_prefix() {
   local unused=$WINE_HOME/unused-$1${WINE_VERSION:+-wine$WINE_VERSION} stamp folder linked=()
   stamp="$WINE_SETTINGS_VERSION $1 $WINE_RUNNER $(wine_version)"
