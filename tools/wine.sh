@@ -84,13 +84,12 @@ wine_make_unused() {
 # wine_make_prefix BITS DPI: a copy of an unused one, which takes three seconds instead of twenty. Windows' own programs,
 # which nobody changes and which take up to 1.3 GB, are linked instead of copied.
 wine_make_prefix() {
-  local unused=$WINE_HOME/unused-$1${WINE_VERSION:+-wine$WINE_VERSION} stamp folder linked=()
-  stamp="$WINE_SETTINGS_VERSION $1 $WINE_RUNNER $(wine_version)"
+  local unused=$WINE_HOME/unused-$1${WINE_VERSION:+-wine$WINE_VERSION} folder linked=()
   wine_remove_prefix
   (
     flock 8
-    if [ "$(cat "$unused/tillora.stamp" 2>/dev/null)" != "$stamp" ]; then
-      WINEPREFIX=$unused wine_make_unused && echo "$stamp" >"$unused/tillora.stamp" || exit 1
+    if [ "$(cat "$unused/tillora.stamp" 2>/dev/null)" != "$WINE_UNUSED_STAMP" ]; then
+      WINEPREFIX=$unused wine_make_unused && echo "$WINE_UNUSED_STAMP" >"$unused/tillora.stamp" || exit 1
     fi
     for folder in system32 syswow64 winsxs; do
       [ ! -e "$unused/drive_c/windows/$folder" ] || linked+=("drive_c/windows/$folder")
@@ -108,8 +107,6 @@ wine_make_prefix() {
 
 # wine_path FILE: how a Windows program names it.
 wine_path() { printf 'Z:%s\n' "${1//\//\\}"; }
-
-wine_version() { ${WINE_RUNNER:-} "$WINE_LOADER" --version; }
 
 wine_server() {
   timeout --kill-after=5 60 ${WINE_RUNNER:-} wineserver "$@" >/dev/null 2>&1 || true
@@ -136,7 +133,8 @@ wine_open() {
   [ "$bits" != 64 ] || WINE_LOADER=/usr/lib/wine/wine64
   mkdir -p "$WINE_HOME"
   WINE_LOG=$WINE_HOME/$name.log
-  WINE_STAMP="$WINE_SETTINGS_VERSION $bits $dpi ${WINE_MANAGED:-N} $WINE_RUNNER $(wine_version)"
+  WINE_UNUSED_STAMP="$WINE_SETTINGS_VERSION $bits $WINE_RUNNER $(${WINE_RUNNER:-} "$WINE_LOADER" --version)"
+  WINE_STAMP="$dpi ${WINE_MANAGED:-N} $WINE_UNUSED_STAMP"
   : >"$WINE_LOG"
   if [ "$(cat "$WINEPREFIX/tillora.stamp" 2>/dev/null)" != "$WINE_STAMP" ]; then
     wine_make_prefix "$bits" "$dpi" || { warn "the Wine prefix could not be made; see $WINE_LOG"; return 1; }
